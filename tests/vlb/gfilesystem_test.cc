@@ -1,0 +1,173 @@
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "support/temp_folder.h"
+#include "vlb/gfilesystem.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Lets a write fail in the middle, as on a full disk.
+class SmallFilesOnly {
+public:
+  SmallFilesOnly() {
+    before_handler_ = std::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit small = before_;
+    small.rlim_cur = 1000;
+    ::setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~SmallFilesOnly() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, before_handler_);
+  }
+
+private:
+  rlimit before_ = {};
+  void (*before_handler_)(int);
+};
+
+TEST(gFileSystem, wildcards_match_without_case_and_never_explode) {
+  struct {
+    char const *name, *pattern;
+    bool match;
+  } const cases[] = {
+      {"FILE.CPP", "*.cpp", true},
+      {"file.cpp", "*.c", false},
+      {"a", "?", true},
+      {"", "?", false},
+      {"", "*", true},
+      {"", "", true},
+      {"ab", "a", false},
+      {"a.h.h", "*.h", true},
+      {"abcbd", "a*b?", true},
+      {"abcbdd", "a*b?", false},
+      {"mississippi", "m*si*p*i", true},
+      {"a", "**", true},
+      {"a[b]", "a[b]", true},
+      {"a\n", "a*", true},
+  };
+  for (auto const & one : cases)
+    EXPECT_EQ(gFileSystem::matches(one.name, one.pattern) != 0, one.match)
+        << one.name << " " << one.pattern;
+  gString pattern;
+  for (int i = 0; i < 500; ++i)
+    pattern += "a*";
+  EXPECT_FALSE(gFileSystem::matches(std::string(20000, 'a'), pattern + "b"));
+}
+
+TEST(gFileSystem, path_lists_are_split_at_semicolons_and_trimmed) {
+  auto const split = [](char const * list) {
+    std::list<gPathstring> parts;
+    gFileSystem::split_path_list(list, parts, true);
+    std::string text;
+    for (gPathstring const & part : parts)
+      text += "[" + part + "]";
+    return text;
+  };
+  EXPECT_EQ(split(""), "");
+  EXPECT_EQ(split(" ; ;"), "");
+  EXPECT_EQ(split(" a b ;\tc\n;d"), "[a b][c][d]");
+}
+
+TEST(gFileSystem, finding_goes_by_byte_order_and_tells_when_nothing_matches) {
+  TempFolder const folder;
+  for (char const * name : {"b.h", "a.h", "C.h", "x.cc"})
+    folder.write(name);
+  fs::create_directory(folder.path("d.h"));
+  gFileInfo info;
+  ASSERT_NE(gFileSystem::find_first(folder.path("*.h"), info), gFileSystem::no_match);
+  std::string names = info.name;
+  while (gFileSystem::find_next(info))
+    names += " " + info.name + (info.is_dir ? "/" : "");
+  EXPECT_EQ(names, "C.h a.h b.h d.h/");
+  EXPECT_EQ(gFileSystem::find_first(folder.path("*.y"), info), gFileSystem::no_match);
+  EXPECT_EQ(gFileSystem::find_first(folder.path("no/*"), info), gFileSystem::no_match);
+}
+
+TEST(gFileSystem, files_and_folders_are_told_apart) {
+  TempFolder const folder;
+  gPathstring const file = folder.write("f");
+  EXPECT_TRUE(gFileSystem::file_exists(file));
+  EXPECT_FALSE(gFileSystem::dir_exists(file));
+  EXPECT_TRUE(gFileSystem::dir_exists(folder.path()));
+  EXPECT_FALSE(gFileSystem::file_exists(folder.path()));
+  EXPECT_FALSE(gFileSystem::mk_dir(folder.path("x/y")));
+  EXPECT_TRUE(gFileSystem::mk_dirs(folder.path("x/y")));
+  EXPECT_TRUE(gFileSystem::mk_dirs(folder.path("x/y"))) << "it is there";
+  EXPECT_FALSE(gFileSystem::mk_dirs(folder.path("f/y")));
+  EXPECT_FALSE(gFileSystem::remove(folder.path("x"))) << "no file";
+  EXPECT_TRUE(gFileSystem::remove(file));
+  EXPECT_TRUE(gFileSystem::remove(file)) << "gone is gone";
+}
+
+TEST(gFileSystem, clearing_a_folder_leaves_what_links_lead_to) {
+  TempFolder const folder;
+  folder.write("kept/file", "text");
+  folder.write("out/sub/deep/file");
+  folder.write("out/.hidden");
+  fs::create_directory_symlink(folder.path("kept"), folder.path("out/link"));
+  fs::create_directory_symlink(folder.path("kept"), folder.path("out/sub/link"));
+  EXPECT_TRUE(gFileSystem::clear_dir(folder.path("out"), false));
+  EXPECT_TRUE(fs::exists(folder.path("out/sub/deep/file")));
+  EXPECT_FALSE(fs::exists(fs::symlink_status(folder.path("out/link"))));
+  EXPECT_TRUE(gFileSystem::clear_dir(folder.path("out"), true));
+  EXPECT_TRUE(fs::is_empty(folder.path("out")));
+  EXPECT_EQ(folder.read("kept/file"), "text");
+  EXPECT_FALSE(gFileSystem::clear_dir(folder.path("none"), true));
+}
+
+TEST(gFileSystem, reads_any_bytes_but_neither_folders_nor_pipes) {
+  TempFolder const folder;
+  std::string const bytes("a\0\r\n\xff", 5);
+  std::string text = "old";
+  EXPECT_TRUE(gFileSystem::read_file(folder.write("f", bytes), text));
+  EXPECT_EQ(text, bytes);
+  std::string const large(200000, 'x');
+  EXPECT_TRUE(gFileSystem::read_file(folder.write("l", large), text));
+  EXPECT_EQ(text, large);
+  EXPECT_TRUE(gFileSystem::read_file(folder.write("e", ""), text));
+  EXPECT_EQ(text, "");
+  fs::resize_file(folder.write("huge"), std::uintmax_t(1) << 42);
+  ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+  for (char const * bad : {"none", "pipe", ".", "huge"})
+    EXPECT_FALSE(gFileSystem::read_file(folder.path(bad), text)) << bad;
+}
+
+TEST(gFileSystem, an_atomic_write_keeps_mode_and_links_and_leaves_nothing_beside) {
+  TempFolder const folder;
+  gPathstring const file = folder.write("f", "old");
+  fs::permissions(file.c_str(), fs::perms(0640));
+  fs::create_symlink("f", folder.path("link"));
+  EXPECT_TRUE(gFileSystem::write_file_atomic(folder.path("link"), "new"));
+  EXPECT_EQ(folder.read("f"), "new");
+  EXPECT_TRUE(fs::is_symlink(folder.path("link")));
+  EXPECT_EQ(fs::status(file.c_str()).permissions(), fs::perms(0640));
+  EXPECT_TRUE(gFileSystem::write_file_atomic(folder.path("g"), "text"));
+  EXPECT_EQ(folder.read("g"), "text");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 3);
+}
+
+TEST(gFileSystem, a_failed_write_costs_nothing) {
+  TempFolder const folder;
+  folder.write("file", "old");
+  folder.write("dir/x", "x");
+  EXPECT_FALSE(gFileSystem::write_file_atomic(folder.path("file/below"), "new"));
+  EXPECT_FALSE(gFileSystem::write_file_atomic(folder.path("none/f"), "new"));
+  EXPECT_FALSE(gFileSystem::write_file_atomic(folder.path("dir"), "new"));
+  EXPECT_FALSE(gFileSystem::write_file_atomic("/dev/full", "new"));
+  EXPECT_TRUE(fs::exists("/dev/full"));
+  {
+    SmallFilesOnly const limit;
+    EXPECT_FALSE(gFileSystem::write_file_atomic(folder.path("file"), std::string(5000, 'x')));
+  }
+  EXPECT_EQ(folder.read("file"), "old");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 2);
+}
+
+} // namespace

@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include "support/temp_folder.h"
+#include "support/test_outside.h"
+#include "vlb/gexception.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+namespace {
+
+class Messages : public testing::Test {
+protected:
+  // What the system does before a run.
+  static void begin_run(gMsgHandler & log) {
+    log.reset_suppressed();
+    log.reset_counts();
+    log.minlvl_disp(Msg::all);
+    log.minlvl_file(Msg::all);
+    log.err_max = 0;
+  }
+
+  TestOutside outside;
+  TempFolder folder;
+  gMsgHandler log;
+};
+
+TEST_F(Messages, every_severity_has_its_line_form) {
+  log(Msg::info, Msg::redefining_option, "x");
+  log(Msg::status, Msg::analyzing_script);
+  log(Msg::warning, Msg::missing_identifier, "", "a.h:3");
+  log(Msg::warn_hint, Msg::treating_as_unnamed);
+  log(Msg::doc_error, Msg::undefined_citation, "c", "a.h:4");
+  log(Msg::error, Msg::wrong_param_type, "p");
+  log(Msg::err_hint, Msg::expected_type, "int");
+  EXPECT_EQ(outside.report_text(), "INFO: Redefining option: x\n"
+                                   "\nSTATUS: Analyzing script file...\n"
+                                   "WARNING 420: Missing identifier of text unit. (a.h:3)\n"
+                                   "    Treating text unit as unnamed.\n"
+                                   "DOC ERROR 310: Undefined source citation: c (a.h:4)\n"
+                                   "ERROR 133: Wrong parameter type: p\n"
+                                   "    Expected type: int\n");
+  EXPECT_THROW(log(Msg::all, Msg::aborting), gExcInternalErr);
+  EXPECT_THROW(log(static_cast<Msg::type>(8), Msg::aborting), gExcInternalErr);
+}
+
+TEST_F(Messages, display_and_file_have_levels_of_their_own) {
+  ASSERT_TRUE(log.open_logfile(folder.path("ana.log")));
+  log.minlvl_disp(Msg::error);
+  log.minlvl_file(Msg::err_hint);
+  log(Msg::warning, Msg::empty_curclass);
+  log(Msg::doc_error, Msg::empty_subentry, "d");
+  log(Msg::error, Msg::no_citation_open);
+  log(Msg::err_hint, Msg::ignoring_command);
+  log(Msg::warn_hint, Msg::treating_as_unnamed);
+  EXPECT_TRUE(log.close_logfile());
+  EXPECT_EQ(outside.report_text(), "ERROR 110: No source citation open\n");
+  EXPECT_EQ(folder.read("ana.log"), "DOC ERROR 330: Subentry is empty: d\n"
+                                    "ERROR 110: No source citation open\n"
+                                    "    Ignoring command.\n");
+  EXPECT_EQ(log.errors(), 2) << "what isn't shown counts all the same";
+  EXPECT_EQ(log.warnings(), 1);
+}
+
+TEST_F(Messages, free_text_passes_whatever_the_levels_unless_it_has_a_severity) {
+  ASSERT_TRUE(log.open_logfile(folder.path("ana.log")));
+  log.minlvl_disp(Msg::error);
+  log.minlvl_file(Msg::warning);
+  log() << "one " << 1000000 << std::endl << "two\n\nthree";
+  log(Msg::error, Msg::no_citation_open);
+  log(Msg::status) << "dropped" << std::endl;
+  log(Msg::warning) << "file only" << std::endl;
+  log() << "last";
+  EXPECT_TRUE(log.close_logfile());
+  EXPECT_EQ(outside.log_lines,
+            (std::vector<std::string>{"one 1000000", "two", "", "three", "last"}));
+  EXPECT_EQ(folder.read("ana.log"),
+            "one 1000000\ntwo\n\nthree\nERROR 110: No source citation open\n"
+            "file only\nlast\n");
+}
+
+TEST_F(Messages, a_suppressed_report_takes_its_hints_along_and_isnt_counted) {
+  log.suppress({420, 111});
+  log(Msg::warning, Msg::missing_identifier);
+  log(Msg::warn_hint, Msg::treating_as_unnamed);
+  log(Msg::warning, Msg::unparsed_identifier);
+  log(Msg::warn_hint, Msg::treating_as_unnamed);
+  log(Msg::error, Msg::citation_unreadable, "c");
+  log(Msg::err_hint, Msg::ignoring_command);
+  log(Msg::err_hint, Msg::ignoring_definition);
+  EXPECT_EQ(outside.reports.size(), 2u);
+  EXPECT_EQ(log.errors(), 0);
+  EXPECT_EQ(log.warnings(), 1);
+  EXPECT_EQ(log.worst(), Msg::warning);
+  begin_run(log);
+  log(Msg::err_hint, Msg::ignoring_command);
+  log(Msg::error, Msg::citation_unreadable, "c");
+  EXPECT_EQ(outside.reports.size(), 4u) << "the next run reports again";
+}
+
+TEST_F(Messages, the_error_that_reaches_the_limit_is_written_and_ends_the_stage) {
+  log.err_max = 2;
+  log(Msg::warning, Msg::empty_curclass);
+  log(Msg::error, Msg::no_citation_open);
+  try {
+    log(Msg::doc_error, Msg::undefined_citation, "c");
+    FAIL();
+  } catch (gExcFatalErr const & failure) {
+    EXPECT_STREQ(failure.what(), "FATAL ERROR: Maximum error count reached: 2");
+  }
+  EXPECT_EQ(outside.reports.size(), 3u);
+  EXPECT_NO_THROW(log(Msg::err_hint, Msg::aborting)) << "handlers must be able to report";
+  EXPECT_THROW(log(Msg::error, Msg::code_failed), gExcFatalErr) << "or the run would go on";
+  begin_run(log);
+  for (int i = 0; i < 1000; ++i)
+    log(Msg::error, Msg::no_citation_open);
+  EXPECT_EQ(log.errors(), 1000) << "no limit by default";
+}
+
+TEST_F(Messages, the_summary_counts_one_run) {
+  log(Msg::error, Msg::no_citation_open);
+  begin_run(log);
+  log(Msg::warning, Msg::empty_curclass);
+  log() << "demo - ";
+  log.put_summary();
+  log() << std::endl;
+  EXPECT_EQ(outside.log_lines, std::vector<std::string>{"demo - 0 error(s), 1 warning(s)"});
+}
+
+TEST_F(Messages, a_log_that_cannot_be_made_or_written_is_noticed) {
+  EXPECT_FALSE(log.open_logfile(folder.path("no/ana.log")));
+  log(Msg::error, Msg::no_citation_open);
+  EXPECT_TRUE(log.close_logfile()) << "nothing was to be written";
+  if (!std::filesystem::exists("/dev/full"))
+    GTEST_SKIP();
+  ASSERT_TRUE(log.open_logfile("/dev/full"));
+  log(Msg::error, Msg::no_citation_open);
+  EXPECT_FALSE(log.close_logfile());
+  ASSERT_TRUE(log.open_logfile(folder.path("ana.log")));
+  EXPECT_TRUE(log.close_logfile()) << "an earlier failure doesn't stick";
+}
+
+TEST_F(Messages, an_internal_diagnostic_is_free_text_with_its_place) {
+  VLB_UNEXPECTED(" Unknown keyword type: ", 42);
+  std::string text;
+  for (std::string const & line : outside.log_lines)
+    text += line + "\n";
+  EXPECT_TRUE(text.starts_with("INTERNAL ERROR: Please send the following message to the authors:\n"
+                               "    gmsghandler_test.cc("));
+  EXPECT_TRUE(text.ends_with(") Unknown keyword type: 42\n")) << text;
+}
+
+TEST_F(Messages, the_date_has_ten_characters_and_the_time_eight) {
+  log.put_time();
+  log() << std::endl;
+  ASSERT_EQ(outside.log_lines.size(), 1u);
+  std::string shape = outside.log_lines[0];
+  for (char & c : shape)
+    c = Vlb::is_digit(c) ? '9' : c;
+  EXPECT_EQ(shape, "99/99/9999 99:99:99");
+}
+
+TEST_F(Messages, the_status_line_is_kept_and_shown) {
+  Vlb::SetStatus("working", true);
+  EXPECT_EQ(Vlb::GetStatus(), "working");
+  EXPECT_EQ(outside.statuses, std::vector<std::string>{"working"});
+  Vlb::SetStatus("", true);
+}
+
+} // namespace

@@ -1,0 +1,76 @@
+// The port in use, and the status line in front of it.
+#include "vlb/outside.h"
+
+#include <atomic>
+#include <mutex>
+
+namespace {
+
+class Silent : public gOutside {
+public:
+  void box(gString const &, Icon) override {}
+  Answer ask_yes_no(gString const &) override { return Answer::no; }
+  Answer ask_yes_no_cancel(gString const &) override { return Answer::no; }
+  gString choose_open(gString const &, gString const &, gString const &) override { return {}; }
+  gString choose_save(gString const &, gString const &, gString const &, gString const &) override {
+    return {};
+  }
+  bool dialog(gString const &) override { return false; }
+  void title(gString const &) override {}
+  void status(gString const &) override {}
+  void report(Msg::type, gString const &) override {}
+  void log_line(Msg::type, gString const &) override {}
+  void show_msgwindow(bool) override {}
+  void clear_msgwindow() override {}
+};
+
+// Null stands for the silent port.
+std::atomic<gOutside *> port_in_use = nullptr;
+
+// Both the main thread and a worker use the line.
+struct StatusLine {
+  std::mutex lock;
+  gString text;
+};
+
+StatusLine & status_line() {
+  static StatusLine line;
+  return line;
+}
+
+} // namespace
+
+namespace Vlb {
+
+gOutside & outside() {
+  static Silent silent;
+  gOutside * const port = port_in_use;
+  return port ? *port : silent;
+}
+
+gOutside * set_outside(gOutside * port) {
+  return port_in_use.exchange(port);
+}
+
+void SetStatus(gString const & text, bool) {
+  {
+    std::scoped_lock const guard(status_line().lock);
+    status_line().text = text;
+  }
+  outside().status(text);
+}
+
+gString GetStatus() {
+  std::scoped_lock const guard(status_line().lock);
+  return status_line().text;
+}
+
+} // namespace Vlb
+
+void show_msgwindow(bool show) {
+  Vlb::outside().show_msgwindow(show);
+}
+
+void clear_msgwindow() {
+  Vlb::outside().clear_msgwindow();
+}

@@ -1,0 +1,20 @@
+#include "vlb/random_name.h"
+
+#include <chrono>
+#include <unistd.h>
+
+namespace Vlb {
+
+std::string random_name() {
+  unsigned long long value = 0;
+  // Whoever uses the name creates the file exclusively, so a weaker one does no harm.
+  if (::getentropy(&value, sizeof value) != 0)
+    value = static_cast<unsigned long long>(
+        std::chrono::steady_clock::now().time_since_epoch().count());
+  std::string name;
+  for (int digit = 0; digit < 16; ++digit, value >>= 4)
+    name += "0123456789abcdef"[value & 15];
+  return name;
+}
+
+} // namespace Vlb
