@@ -1,0 +1,49 @@
+// A buffer in front of the system's write.
+#include "vlb/parse/output_file.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+bool gOutputFile::open(gPathstring const & path) {
+  close();
+  file_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (file_ < 0)
+    return false;
+  if (!buffer_)
+    buffer_ = std::make_unique_for_overwrite<char[]>(size);
+  return true;
+}
+
+bool gOutputFile::close() {
+  if (file_ < 0)
+    return true;
+  write({buffer_.get(), used_});
+  bool const good = ::close(file_) == 0 && !failed_;
+  file_ = -1;
+  used_ = 0;
+  failed_ = false;
+  return good;
+}
+
+void gOutputFile::flush_for(std::string_view text) {
+  if (file_ < 0)
+    return;
+  write({buffer_.get(), used_});
+  used_ = 0;
+  if (text.size() > size)
+    write(text);
+  else
+    used_ = text.copy(buffer_.get(), text.size());
+}
+
+void gOutputFile::write(std::string_view text) {
+  while (!text.empty() && !failed_) {
+    ssize_t const done = ::write(file_, text.data(), text.size());
+    if (done >= 0)
+      text.remove_prefix(static_cast<std::size_t>(done));
+    else
+      failed_ = errno != EINTR;
+  }
+}

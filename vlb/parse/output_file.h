@@ -1,0 +1,41 @@
+// The file that a preprocessor writes.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "vlb/gpathstring.h"
+
+// Collects what is written and passes it on in large pieces. A failed write is remembered until
+// close(). What is written while no file is open is lost.
+class gOutputFile {
+public:
+  gOutputFile() = default;
+  ~gOutputFile() { close(); }
+  gOutputFile(gOutputFile const &) = delete;
+  gOutputFile & operator=(gOutputFile const &) = delete;
+
+  // False if the file can't be made.
+  bool open(gPathstring const & path);
+  // False if anything couldn't be written. True if no file is open.
+  bool close();
+
+  void put(std::string_view text) {
+    if (text.size() > room())
+      flush_for(text);
+    else
+      used_ = text.copy(buffer_.get() + used_, text.size()) + used_;
+  }
+  void put(char c) { put(std::string_view(&c, 1)); }
+
+private:
+  static constexpr std::size_t size = std::size_t(1) << 16;
+  std::size_t room() const { return file_ < 0 ? 0 : size - used_; }
+  void flush_for(std::string_view text);
+  void write(std::string_view text);
+
+  std::unique_ptr<char[]> buffer_;
+  std::size_t used_ = 0;
+  int file_ = -1;
+  bool failed_ = false;
+};

@@ -1,0 +1,46 @@
+// The frame of all parsers.
+#pragma once
+
+#include "vlb/parse/scan_base.h"
+
+template <class Parser> class gLalrRun;
+
+class gParseBase {
+public:
+  static constexpr int standard_stack_size = 150;
+
+  virtual ~gParseBase() = default;
+
+  // Reports with the scanner's position.
+  virtual void error(Msg::type type, gMessage const & message,
+                     gString const & argument = gString()) const = 0;
+  // A concrete parser answers its own class of scanner, which has a `token_value()`.
+  virtual gScanBase & scanner() = 0;
+  virtual gScanBase const & scanner() const = 0;
+  virtual void reset() = 0;
+
+  // Scanners answer this for a parse that has to give up.
+  static constexpr int give_up = -2;
+  static constexpr int no_token = -1;
+  // The token held as look-ahead; no_token for none. Its text is the scanner's.
+  int lookahead() const { return lookahead_; }
+  // Drops the look-ahead.
+  void clearin() { lookahead_ = no_token; }
+  // The number of states that a parser's stack holds.
+  int stack_size() const { return stack_size_; }
+
+protected:
+  explicit gParseBase(int stack_size = standard_stack_size) : stack_size_(stack_size) {}
+  void set_stack_size(int size) { stack_size_ = size; }
+  // For actions that read tokens themselves; the token's value stays with the scanner until the
+  // parser shifts it.
+  void set_lookahead(int token) { lookahead_ = token; }
+  // Reports a look-ahead that doesn't fit.
+  void report_syntax_error() const;
+
+private:
+  template <class Parser> friend class gLalrRun;
+
+  int lookahead_ = no_token;
+  int stack_size_;
+};
