@@ -20,7 +20,7 @@ public:
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
   fuzz_one([&] {
     static NoStages stages;
-    static mdf_parse parser(stages, 150);
+    static mdf_parse parser(stages);
     parser.reset();
     parser.scanner().open_text(gSrcFile("fuzz.vls", "", 0), fuzz_text(data, size));
     parser.parse();
