@@ -1,0 +1,134 @@
+// Everything of the options that lives as long as the program.
+#include "app/options/options.h"
+
+#include <filesystem>
+
+#include "app/options/attributes.h"
+#include "app/options/completion.h"
+#include "app/options/defaults.h"
+#include "app/options/project.h"
+#include "app/options/settings.h"
+#include "vlb/gexception.h"
+
+namespace {
+
+gPathstring own_folder() {
+  std::error_code error;
+  std::filesystem::path const program = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? gPathstring(".") : gPathstring(program.parent_path().string());
+}
+
+// Made at first use, because the trees below need it while they are built.
+gPathstring & program_folder() {
+  static gPathstring folder = own_folder();
+  return folder;
+}
+
+cMapObj new_project() {
+  cMapObj options;
+  Vapp::build_defaults(options);
+  Vapp::complete_options(options);
+  Vapp::rebuild_values(options);
+  return options;
+}
+
+cMapObj new_settings() {
+  cMapObj options;
+  Vapp::build_ini_defaults(options);
+  return options;
+}
+
+} // namespace
+
+namespace Vapp {
+
+cMapObj options = new_project();
+cMapObj options_ini = new_settings();
+
+std::atomic<bool> ana_active = false;
+std::atomic<bool> ana_success = false;
+std::atomic<bool> output_active = false;
+std::atomic<bool> user_break = false;
+
+gProject & project() {
+  static gProject current;
+  return current;
+}
+
+gPathstring const & program_dir() {
+  return program_folder();
+}
+void set_program_dir(gPathstring const & folder) {
+  program_folder() = folder;
+}
+
+void poll_break() {
+  if (user_break)
+    throw gExcUserBreak();
+}
+
+namespace {
+
+cRef<cObj> step(cRef<cObj> const & at, std::string_view key) {
+  cRef<cObj> const value = at ? at->at(key) : options.at(key);
+  return cat::is_nil(value) ? nullptr : value;
+}
+
+} // namespace
+
+cRef<cObj> option(std::string_view path) {
+  cRef<cObj> at;
+  for (;;) {
+    std::size_t const end = path.find('/');
+    at = step(at, path.substr(0, end));
+    if (!at || end == path.npos)
+      return at;
+    path.remove_prefix(end + 1);
+  }
+}
+
+cRef<cObj> option(std::initializer_list<std::string_view> keys) {
+  cRef<cObj> at;
+  for (std::string_view key : keys)
+    if (at = step(at, key); !at)
+      break;
+  return at;
+}
+
+bool option_bool(std::string_view path, bool fallback) {
+  cat::read(option(path), fallback);
+  return fallback;
+}
+
+int option_int(std::string_view path, int fallback) {
+  cat::read(option(path), fallback);
+  return fallback;
+}
+
+gString option_string(std::string_view path, gString const & fallback) {
+  gString text = fallback;
+  cat::read(option(path), text);
+  return text;
+}
+
+int unit_config(std::string_view unit_type, std::string_view subentry) {
+  int digits = -1;
+  cat::read(option({"unitconfig", unit_type, subentry}), digits);
+  return digits;
+}
+
+std::string & make_absolute_vlp(std::string & path) {
+  gString folder;
+  if (!cat::read(options_ini.at("vlp_dir"), folder) || folder.empty())
+    folder = program_dir();
+  gPathstring absolute(path);
+  absolute.make_absolute(folder);
+  return path = std::move(absolute);
+}
+
+gPathstring option_path(std::string_view path) {
+  std::string text = option_string(path);
+  return gPathstring(make_absolute_vlp(text));
+}
+
+} // namespace Vapp

@@ -1,0 +1,52 @@
+// The two option trees and the flags of a run.
+#pragma once
+
+#include <atomic>
+
+#include "store/cmapobj.h"
+#include "vlb/gpathstring.h"
+#include "vlb/gstrlist.h"
+
+namespace Vapp {
+
+extern cMapObj options;     // the project
+extern cMapObj options_ini; // the user's settings
+
+// Flags that cross threads: each has one writer, the other side polls.
+extern std::atomic<bool> ana_active;    // a run is in progress
+extern std::atomic<bool> ana_success;   // the intermediate code of the last run is usable
+extern std::atomic<bool> output_active; // a conversion is in progress
+extern std::atomic<bool> user_break;    // the user asked for an orderly stop
+
+// Throws gExcUserBreak if user_break is set.
+void poll_break();
+
+// The value under a path of keys with "/" between them, such as "ana/alloc/order"; null if a step
+// is missing or nil.
+cRef<cObj> option(std::string_view path);
+// The same with keys of any form.
+cRef<cObj> option(std::initializer_list<std::string_view> keys);
+
+// Values with a fallback for what is missing or of the wrong type.
+bool option_bool(std::string_view path, bool fallback);
+int option_int(std::string_view path, int fallback);
+gString option_string(std::string_view path, gString const & fallback = gString());
+
+// The digits of unitconfig for a unit type and a subentry; -1 if the subentry isn't permitted.
+int unit_config(std::string_view unit_type, std::string_view subentry);
+inline bool config_fill_out(int digits) {
+  return digits >= 100;
+}
+inline bool config_automatic(int digits) {
+  return digits >= 0 && digits % 100 >= 10;
+}
+inline bool config_verbatim(int digits) {
+  return digits >= 0 && digits % 10 == 1;
+}
+
+// Makes a stored path absolute against the folder of the project file; returns its argument.
+std::string & make_absolute_vlp(std::string & path);
+// The same for the path under an option, as a path.
+gPathstring option_path(std::string_view path);
+
+} // namespace Vapp

@@ -1,0 +1,189 @@
+// A change is made in a copy of the tree, which becomes the project when all rules hold.
+#include "app/options/set_option.h"
+
+#include "app/options/attributes.h"
+#include "app/options/completion.h"
+#include "app/options/defaults.h"
+#include "app/options/option_change.h"
+#include "app/options/option_schema.h"
+#include "app/options/options.h"
+#include "store/cerr.h"
+#include "store/json_text.h"
+
+namespace Vapp {
+
+namespace {
+
+using Path = std::vector<std::string>;
+
+Path split_path(std::string_view text) {
+  Path path(1);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text.substr(i, 2) == "\\/")
+      path.back() += text[++i];
+    else if (text[i] == '/')
+      path.emplace_back();
+    else
+      path.back() += text[i];
+  }
+  for (std::string & key : path)
+    cat::wsp_normalize(key);
+  return path;
+}
+
+cRef<cObj> value_at(cObj const & tree, Path const & path, std::size_t keys) {
+  cRef<cObj> at;
+  for (std::size_t i = 0; i < keys; ++i) {
+    at = at ? at->at(path[i]) : tree.at(path[i]);
+    if (!at)
+      return nullptr;
+  }
+  return at;
+}
+
+std::string key_names(cObj const & map) {
+  std::vector<std::string> names;
+  for (cIterObj it = map.begin(); it.valid(); it++)
+    names.push_back(it.key_as_string());
+  return join(names);
+}
+
+// Tells how far the path is known, and what could follow.
+std::string unknown_key(cObj const & schema, Path const & path) {
+  Path known;
+  for (std::string const & key : path) {
+    known.push_back(key);
+    if (!schema_at(schema, known))
+      break;
+  }
+  std::string const key = known.back();
+  known.pop_back();
+  cRef<cObj> const parent = schema_at(schema, known);
+  cObj const & map = parent ? *parent : schema;
+  return "unknown key \"" + key + "\"" +
+         (map.size() > 0 ? "; known keys are " + key_names(map) : "; there is nothing below it");
+}
+
+bool is_derived(Path const & path) {
+  return path.size() >= 3 && path[0] == "attr" && path[2] == "val";
+}
+
+// Entries that a user adds without a name of their own have numbers for keys.
+cKey entry_key(Path const & path) {
+  bool const group = path.size() == 2 && path[0] == "inputfiles";
+  bool const digits = path.back().find_first_not_of("0123456789") == std::string::npos;
+  int number = -1;
+  if (group && digits && cat::read(cat::make(path.back()), number))
+    return cKey(number);
+  return cKey(path.back());
+}
+
+cMapObj & parent_of(cMapObj & tree, Path const & path) {
+  cMapObj * at = &tree;
+  for (std::size_t i = 0; i + 1 < path.size(); ++i) {
+    cRef<cObj> const next = at->at(path[i]);
+    at = next && next->map() ? next->map() : &at->submap(path[i]);
+  }
+  return *at;
+}
+
+bool remove(cMapObj & tree, Path const & path, std::string & reason) {
+  if (!value_at(tree, path, path.size())) {
+    reason = "there is no such entry";
+    return false;
+  }
+  cMapObj defaults;
+  build_defaults(defaults);
+  // An attribute is deleted or kept, never put back: the rules tell which.
+  defaults.erase("attr");
+  cRef<cObj> const standard = value_at(defaults, path, path.size());
+  cMapObj & parent = parent_of(tree, path);
+  if (standard)
+    parent.set(entry_key(path), standard);
+  else
+    parent.erase(path.back());
+  return true;
+}
+
+// A vector has no holes, so an element is changed or added at the end.
+bool store(cMapObj & tree, Path const & path, cRef<cObj> const & value, std::string & reason) {
+  cMapObj & parent = parent_of(tree, path);
+  if (!parent.entries().is_vector()) {
+    int const present = parent.entries().find(path.back());
+    parent.set(present < 0 ? entry_key(path) : parent.entries().node(present).key(), value);
+    return true;
+  }
+  int index = -1;
+  cat::read(cat::make(path.back()), index);
+  if (index < 0 || index > parent.size()) {
+    reason = "no such element; the vector has " + std::to_string(parent.size());
+    return false;
+  }
+  parent.set(cKey(index), value);
+  return true;
+}
+
+bool change(cMapObj & tree, Path const & path, std::string const & text, std::string & reason) {
+  if (gString(text).wsp_trim() == "null")
+    return remove(tree, path, reason);
+  cRef<cMapObj> const schema = option_schema();
+  cRef<cObj> const known = schema_at(*schema, path);
+  cRef<cObj> const like = known ? known : value_at(tree, path, path.size());
+  if (!like) {
+    reason = unknown_key(*schema, path);
+    return false;
+  }
+  cRef<cObj> value;
+  return from_json(text, like, value, reason) && store(tree, path, value, reason);
+}
+
+// The rules, and what depends on the change.
+bool settle(cMapObj & tree, std::string & reason) {
+  fill_records(tree);
+  gCheck const refusal = check_change(options, tree);
+  if (refusal) {
+    reason = refusal->message.empty() ? "a name is empty" : refusal->message;
+    return false;
+  }
+  try {
+    complete_options(tree);
+    rebuild_values(tree);
+  } catch (cException const & e) {
+    reason = e.as_string();
+    return false;
+  }
+  return true;
+}
+
+} // namespace
+
+bool set_option(std::string_view assignment, std::string & reason) {
+  std::size_t const equals = assignment.find('=');
+  if (equals == assignment.npos || equals == 0) {
+    reason = "KEY=VALUE is wanted";
+    return false;
+  }
+  Path const path = split_path(assignment.substr(0, equals));
+  if (is_derived(path)) {
+    reason = "val is made from valpre and valusr; set valusr";
+    return false;
+  }
+  cMapObj tree;
+  tree.assign(options);
+  if (!change(tree, path, std::string(assignment.substr(equals + 1)), reason) ||
+      !settle(tree, reason))
+    return false;
+  options = tree;
+  return true;
+}
+
+bool get_option_json(std::string_view key, std::string & out) {
+  Path const path = split_path(key);
+  cRef<cObj> const value =
+      key.empty() ? cRef<cObj>::share(&options) : value_at(options, path, path.size());
+  if (value)
+    out = to_json(*value, true);
+  return static_cast<bool>(value);
+}
+
+} // namespace Vapp
