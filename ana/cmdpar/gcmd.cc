@@ -1,0 +1,198 @@
+// Commands place copies of units in the document; the units in the tables stay as they are.
+#include "ana/cmdpar/gcmd.h"
+
+#include "ana/anadat/tables.h"
+#include "app/options/options.h"
+#include "vlb/gfilelist.h"
+#include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+void gCmdSeq::execute(cRef<gOutState> & state) {
+  for (cRef<gCmd> const & command : commands_)
+    command->execute(state);
+}
+
+gSectionCmd::gSectionCmd(gString const & output, gString const & section_template)
+    : output_(output),
+      template_(section_template.empty() ? "STPL_Default" : section_template) {}
+
+void gSectionCmd::execute(cRef<gOutState> & state) {
+  state->section_template = template_;
+  gDocManager.open_section(make_ref<gSectHeader>(output_, template_));
+  state->path_filter.clear();
+  state->file_filter.clear();
+  state->attr_filter.clear();
+  state->class_filter.clear();
+  state->sort_mode = gSortMode::unit_loc;
+}
+
+void gHdlLevelCmd::execute(cRef<gOutState> &) {
+  gDocManager.set_level(level_);
+}
+
+void gFilterCmd::execute(cRef<gOutState> & state) {
+  for (auto const & [attribute, test] : predicate_)
+    state->attr_filter[attribute] = test;
+}
+
+void gNoFilterCmd::execute(cRef<gOutState> & state) {
+  if (name_ == "all")
+    state->attr_filter.clear();
+  else
+    state->attr_filter.erase(name_);
+}
+
+void gFilterSortCmd::execute(cRef<gOutState> & state) {
+  state->sort_mode = mode_;
+}
+
+void gPathFilterCmd::execute(cRef<gOutState> & state) {
+  state->path_filter.clear();
+  gFileSystem::split_path_list(text_, state->path_filter, true);
+  selector_->filters_changed();
+}
+
+namespace {
+
+gMessage const undefined_group("Undefined file group: ");
+
+// Adds the files of all groups with this output name; false if there is no such group.
+bool add_group(gString const & name, std::list<gPathstring> & files) {
+  cRef<cObj> const groups = Vapp::option("inputfiles");
+  bool found = false;
+  if (!groups)
+    return false;
+  for (cIterObj group = groups->begin(); group.valid(); group++) {
+    gString output, paths, names;
+    cat::read(group->at("outgrp"), output);
+    if (output.compare_i(name) != 0)
+      continue;
+    found = true;
+    cat::read(group->at("path"), paths);
+    cat::read(group->at("files"), names);
+    gFileList list(0);
+    list.cur_dir(Vapp::option_path("inputcurdir"));
+    list.add(paths, names, 0);
+    for (gSrcFile const & file : list.files())
+      files.push_back(file.path());
+  }
+  return found;
+}
+
+} // namespace
+
+void gFileFilterCmd::expand() {
+  std::list<gPathstring> written;
+  gFileSystem::split_path_list(text_, written, true);
+  for (gPathstring const & entry : written)
+    if (!cat::is_ident(entry))
+      entries_.push_back(entry);
+    else if (!add_group(entry, entries_))
+      Msg::log(Msg::warning, undefined_group, entry, loc_.make_string());
+}
+
+void gFileFilterCmd::execute(cRef<gOutState> & state) {
+  if (!std::exchange(expanded_, true))
+    expand();
+  state->file_filter = entries_;
+  selector_->filters_changed();
+}
+
+namespace {
+
+void clear_automatic_marks(gDocUnit & unit) {
+  unit.clear_flag(gDocUnit::bookmark);
+  unit.clear_flag(gDocUnit::index_entry);
+}
+
+// A copy of the unit for the current section.
+cRef<gDocUnit> placed_copy(gDocUnit const & unit, cRef<gOutState> & state) {
+  cRef<gDocUnit> copy;
+  unit.clone(copy);
+  copy->compile(state);
+  return copy;
+}
+
+// The name that a command means by its parameter.
+gString resolved_name(gString const & name, gOutState const & state, gLoc const & loc) {
+  if (name != "$curclass")
+    return name;
+  if (!state.class_stack.empty())
+    return state.class_stack.back();
+  Msg::log(Msg::warning, Msg::empty_curclass, "", loc.make_string());
+  return {};
+}
+
+bool find_unit(gString const & name, cRef<gDocUnit> & unit, gLoc const & loc) {
+  if (gUnitNames.find(name, unit, gString()))
+    return true;
+  Msg::log(Msg::doc_error, Msg::unit_not_found, name, loc.make_string());
+  return false;
+}
+
+// Runs the commands of a block inside the unit of its class.
+void run_block(cRef<gDocUnit> const & unit, gString const & name, gCmdSeq & inner,
+               cRef<gOutState> & state) {
+  gDocManager.push_unit(unit);
+  state->class_stack.push_back(name);
+  inner.execute(state);
+  gDocManager.pop_unit();
+  state->class_stack.pop_back();
+}
+
+void restore_class_filter(gOutState & state) {
+  state.class_filter = state.class_stack.empty() ? gString() : state.class_stack.back();
+}
+
+} // namespace
+
+void gOutHdlCmd::execute(cRef<gOutState> &) {
+  auto unit = make_ref<gTextUnit>(gString(), loc_.file(), loc_.line());
+  unit->set_attr("UNITTYPE", "text");
+  clear_automatic_marks(*unit);
+  gStrList text(gString("@hdltoc{"));
+  text.append(toc_text_);
+  text.push_back(gString("}\n"));
+  text.push_back(gString("@hdline{"));
+  text.append(text_);
+  text.push_back(gString("}\n"));
+  unit->add_subentry("text", text);
+  gDocManager.add_unit(unit);
+}
+
+void gOutUnitCmd::execute(cRef<gOutState> & state) {
+  gString const name = resolved_name(name_, *state, loc_);
+  cRef<gDocUnit> unit;
+  if (find_unit(name, unit, loc_))
+    gDocManager.add_unit(placed_copy(*unit, state));
+}
+
+void gOutFilterCmd::execute(cRef<gOutState> & state) {
+  for (cRef<gDocUnit> const & unit : selector_->select(*state))
+    gDocManager.add_unit(placed_copy(*unit, state));
+}
+
+void gOutClassCmd::execute(cRef<gOutState> & state) {
+  gString const name = resolved_name(name_, *state, loc_);
+  state->class_filter = name;
+  cRef<gDocUnit> unit;
+  if (find_unit(name, unit, loc_))
+    run_block(placed_copy(*unit, state), name, *inner_, state);
+  else
+    inner_->execute(state);
+  restore_class_filter(*state);
+}
+
+void gOutClassFilterCmd::execute(cRef<gOutState> & state) {
+  state->attr_filter.try_emplace("UNITTYPE", gAttrTest{{"class"}, true});
+  std::vector<cRef<gDocUnit>> const classes = selector_->select(*state);
+  state->attr_filter.erase("UNITTYPE");
+  for (cRef<gDocUnit> const & unit : classes) {
+    gString const name = unit->name();
+    state->class_filter = name;
+    run_block(placed_copy(*unit, state), name, *inner_, state);
+  }
+  if (!classes.empty())
+    restore_class_filter(*state);
+}

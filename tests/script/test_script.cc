@@ -1,0 +1,251 @@
+#include <fstream>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "ana/anadat/tables.h"
+#include "ana/cmdpar/gcmd.h"
+#include "ana/cmdpar/keywords.h"
+#include "ana/parser/mdf_parse.h"
+#include "ana/parser/mpre_scan.h"
+#include "app/options/options.h"
+#include "script_support.h"
+#include "support/case_file.h"
+#include "vlb/gexception.h"
+#include "vlb/gfilesystem.h"
+
+namespace {
+
+std::string path_of(char const * file) {
+  return std::string(CASE_DIR "/") + file;
+}
+
+TEST(Script, tokens) {
+  check_cases(path_of("tokens.cases"), tokens_of);
+}
+TEST(Script, templates) {
+  check_cases(path_of("templates.cases"), templates_of);
+}
+TEST(Script, text_elements) {
+  check_cases(path_of("text_elements.cases"), pieces_of);
+}
+TEST(Script, commands) {
+  check_cases(path_of("commands.cases"), run_script);
+}
+
+// The folder of a script with files to include.
+class IncludeFolder {
+public:
+  IncludeFolder() : path(testing::TempDir() + "vellumar_mpre") {
+    gFileSystem::mk_dirs(path);
+    gFileSystem::mk_dirs(path + "/folder");
+    write("inc.vls", "one\n! stays\n");
+    write("bom.vls", "\xEF\xBB\xBFtwo");
+    Vapp::options["vls_file"] = cat::make(path + "/main.vls");
+  }
+  void write(char const * name, std::string const & text) const {
+    std::ofstream(path + "/" + name, std::ios::binary) << text;
+  }
+  std::string without_path(std::string text) const {
+    for (std::size_t at; (at = text.find(path)) != std::string::npos;)
+      text.replace(at, path.size(), "DIR");
+    return text;
+  }
+
+  std::string const path;
+};
+
+std::string preprocessed(std::string const & script) {
+  ScriptProject project;
+  IncludeFolder const folder;
+  mpre_scan scanner(gScanBase::standard_size);
+  scanner.open_text(gSrcFile(folder.path + "/main.vls", gPathstring(), 0), script);
+  scanner.open_outfile(gSrcFile(folder.path + "/out", gPathstring(), 0));
+  EXPECT_EQ(scanner.scan(), 0);
+  EXPECT_EQ(scanner.close_outfile(), 0);
+  std::string text;
+  gFileSystem::read_file(folder.path + "/out", text);
+  return folder.without_path(text + project.reports());
+}
+
+TEST(Script, preprocessing) {
+  check_cases(path_of("mpre.cases"), preprocessed);
+}
+
+TEST(Script, long_lines_and_white_space_fit_through_every_limit) {
+  std::string const much(5000, ' ');
+  EXPECT_EQ(preprocessed("a!" + much + "\n" + much + "b"), "a\n" + much + "b");
+  std::string const lines(5000, '\n');
+  EXPECT_EQ(tokens_of(lines + "@document" + lines + "@outfilter" + lines),
+            "5001: 275\n10001: 315\n");
+}
+
+TEST(Script, a_text_as_long_as_the_limit_ends_the_script) {
+  auto text = [](std::size_t n) { return "@em{" + std::string(n, 'x') + "}"; };
+  EXPECT_NO_THROW(tokens_of(text(1023)));
+  EXPECT_THROW(tokens_of(text(1024)), gExcFatalErr);
+}
+
+TEST(Script, deep_nesting_is_refused_and_costs_the_script_only) {
+  std::string nested;
+  for (int n = 0; n < 100000; ++n)
+    nested += "@b{";
+  EXPECT_THROW(pieces_of(nested), gExcFatalErr);
+  EXPECT_EQ(run_script("@document @outfilter"), "run\ngenerate <>\nSTPL_Default <> ( - )\n");
+}
+
+TEST(Script, grammar_has_no_conflicts) {
+  std::ifstream file(GRAMMAR_DIR "/mdf_l.conflicts");
+  std::string counts;
+  std::getline(file, counts);
+  EXPECT_EQ(counts, "0 shift/reduce, 0 reduce/reduce");
+}
+
+TEST(Numbers, measures) {
+  auto read = [](char const * text) {
+    auto const [number, unit] = gVLParseBase::read_measure(text);
+    return number + "|" + unit;
+  };
+  EXPECT_EQ(read("10 cm"), "10|cm");
+  EXPECT_EQ(read("10cm"), "10|cm");
+  EXPECT_EQ(read("0.50 %"), "0.5|%");
+  EXPECT_EQ(read("1e3pt"), "1000|pt");
+  for (char const * bad : {"", "3", "cm", "-1 cm", "3 in", "3cmx"})
+    EXPECT_EQ(read(bad), "|") << bad;
+}
+
+TEST(Numbers, font_sizes_and_integers) {
+  auto size = [](gString text) { return gVLParseBase::read_font_size(text) ? text : "none"; };
+  EXPECT_EQ(size("120pt"), "120%");
+  EXPECT_EQ(size(" 80.0"), "80%");
+  for (char const * bad : {"", "x", "0", "-5"})
+    EXPECT_EQ(size(bad), "none") << bad;
+
+  auto integer = [](char const * text) {
+    int value = 0;
+    return gVLParseBase::read_int(text, value) ? std::to_string(value) : "none";
+  };
+  EXPECT_EQ(integer("12"), "12");
+  EXPECT_EQ(integer("+3"), "3");
+  EXPECT_EQ(integer("-1"), "-1");
+  EXPECT_EQ(integer("99999999999"), "2147483647");
+  for (char const * bad : {"", "+", "-", "+-1", "x", "3x", "0x1", " 1"})
+    EXPECT_EQ(integer(bad), "none") << bad;
+}
+
+TEST(Vocabulary, tables) {
+  EXPECT_EQ(gVlsCommands.size(), 79u);
+  auto token = [](char const * name) { return (*gDocCommands.lookup(name))->token; };
+  EXPECT_EQ(token("@b_cite"), 257);
+  EXPECT_EQ(token("@xe"), 333);
+  EXPECT_EQ(token("@sub"), token("@sub1"));
+  EXPECT_EQ(token("@subtitle"), token("@subtitle1"));
+  EXPECT_EQ(gDocVars.size(), 8u);
+  EXPECT_EQ(gCppKeywords.size(), 48u);
+  EXPECT_EQ(gPasKeywords.size(), 87u);
+  EXPECT_EQ(*gCppKeywords.lookup("while"), 333);
+  EXPECT_EQ(gCppKeywords.lookup("int"), nullptr);
+  EXPECT_EQ(*gPasKeywords.lookup("xor"), 348);
+}
+
+cRef<cObj> keyword(char const * word, char const * separators) {
+  auto pair = make_ref<cVectorObj>();
+  pair->append(cat::make(word));
+  pair->append(cat::make(separators));
+  auto list = make_ref<cVectorObj>();
+  list->append(pair);
+  return list;
+}
+
+TEST(Vocabulary, keywords_follow_the_options_of_each_run) {
+  ScriptProject const project;
+  cAttr const units = Vapp::options["ana"]["srcpat_unit"];
+  units["one"]["kwd"] = keyword("@twice", "");
+  units["one"]["idspec"] = cat::make(2);
+  units["one"]["attr"]["UNITTYPE"] = cat::make("class");
+  units["text"]["kwd"] = keyword("@x", "");
+  units["spt_2star"]["attr"]["UNITTYPE"] = cat::make("function");
+  Vapp::options["ana"]["srcpat_subentry"]["note"]["kwd"] = keyword("Note", ":");
+  gUEKeywords.build_keywords();
+  ASSERT_EQ(gUEKeywords.size(), 3u);
+  gKwd const & unit = **gUEKeywords.lookup("@twice");
+  EXPECT_EQ(unit.kind, gKwd::synt_unit);
+  EXPECT_EQ(unit.pattern->idspec, gUnitPattern::complex);
+  EXPECT_EQ(*unit.pattern->attr.find("UNITTYPE"), "class");
+  EXPECT_EQ((*gUEKeywords.lookup("@x"))->kind, gKwd::text_unit);
+  EXPECT_EQ((*gUEKeywords.lookup("Note"))->subentry, "note");
+  EXPECT_EQ((*gUEKeywords.lookup("Note"))->separators, ":");
+  EXPECT_EQ(*gUEKeywords.star_pattern()->attr.find("UNITTYPE"), "function");
+  EXPECT_FALSE(gUEKeywords.slash_pattern());
+
+  // A subentry takes a keyword from a unit, and what is gone from the options is gone.
+  Vapp::options["ana"]["srcpat_subentry"]["note"]["kwd"] = keyword("@twice", "");
+  units["spt_2star"] = cat::make_nil();
+  gUEKeywords.build_keywords();
+  EXPECT_EQ(gUEKeywords.size(), 2u);
+  EXPECT_EQ((*gUEKeywords.lookup("@twice"))->kind, gKwd::subentry_kwd);
+  EXPECT_FALSE(gUEKeywords.star_pattern());
+}
+
+TEST(Selecting, groups_of_files_stand_for_their_files) {
+  ScriptProject project;
+  IncludeFolder const folder;
+  folder.write("a.h", "");
+  folder.write("b.h", "");
+  for (char const * group : {"Headers", "none"}) {
+    Vapp::options["inputfiles"][group]["outgrp"] = cat::make(group);
+    Vapp::options["inputfiles"][group]["path"] = cat::make(folder.path);
+    Vapp::options["inputfiles"][group]["files"] = cat::make("*.h");
+  }
+  Vapp::options["inputfiles"]["none"]["files"] = cat::make("*.none");
+  auto entries = [](char const * text) {
+    auto state = make_ref<gOutState>();
+    gFileFilterCmd(text, gLoc(), make_ref<gUnitSelector>()).execute(state);
+    std::string all;
+    for (gPathstring const & entry : state->file_filter)
+      all += entry.file_name() + (entry.is_absolute() ? " " : "? ");
+    return all;
+  };
+  EXPECT_EQ(entries("x.h; headers; NONE; y.h"), "x.h? a.h b.h y.h? ");
+  EXPECT_EQ(entries("none"), "");
+  EXPECT_EQ(project.reports(), "");
+}
+
+TEST(Selecting, units_without_code_are_left_out_if_the_project_says_so) {
+  ScriptProject const project;
+  enter_units("unit named class A f:1\nunit named text T f:2\n");
+  auto count = [](bool miss_output) {
+    Vapp::options["ana"]["alloc"]["miss_output"] = cat::make(miss_output);
+    gOutState state;
+    return gUnitSelector().select(state).size();
+  };
+  EXPECT_EQ(count(true), 2u);
+  EXPECT_EQ(count(false), 1u);
+}
+
+// The index of classes must choose what the rule says, in the order of the tables.
+TEST(Selecting, members_of_a_class_are_those_that_the_rule_names) {
+  ScriptProject const project;
+  std::mt19937 random(7);
+  std::vector<cRef<gDocUnit>> all;
+  gSrcFile const file(gPathstring("/p/a.h"), gPathstring(), 0);
+  for (int line = 1; line <= 300; ++line) {
+    gStrList names;
+    for (unsigned parts = 1 + random() % 4; parts > 0; --parts)
+      names.push_back(gString(random() % 2 ? "A" : "B"));
+    all.push_back(make_ref<gSyntUnit>(names, "::", file, line));
+    gNamedUnits.insert_at(all.back()->loc(), all.back());
+  }
+  gUnitSelector selector;
+  for (char const * name : {"A", "B", "A::B", "B::A::A", "C", "A::B::A::B"}) {
+    gOutState state;
+    state.class_filter = name;
+    std::vector<cRef<gDocUnit>> expected;
+    for (cRef<gDocUnit> const & unit : all)
+      if (gUnitSelector::belongs_to(*unit, name))
+        expected.push_back(unit);
+    EXPECT_EQ(selector.select(state), expected) << name;
+  }
+}
+
+} // namespace
