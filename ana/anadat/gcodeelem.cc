@@ -1,0 +1,47 @@
+// Code elements and the names of their types.
+#include "ana/anadat/gcodeelem.h"
+
+#include <array>
+
+namespace {
+
+struct UnitTypeName {
+  int type;
+  char const * name;
+};
+
+constexpr std::array<UnitTypeName, 10> unit_types{{{ut_undefined, "undefined"},
+                                                   {ut_class, "class"},
+                                                   {ut_function, "function"},
+                                                   {ut_member, "member"},
+                                                   {ut_method, "method"},
+                                                   {ut_event, "event"},
+                                                   {ut_property, "property"},
+                                                   {ut_type, "type"},
+                                                   {ut_var, "var"},
+                                                   {ut_unit, "unit"}}};
+
+} // namespace
+
+gString unit_type_name(int type) {
+  for (UnitTypeName const & one : unit_types)
+    if (one.type == type)
+      return one.name;
+  return {};
+}
+
+int unit_type_value(std::string_view name) {
+  for (UnitTypeName const & one : unit_types)
+    if (name == one.name)
+      return one.type;
+  return ut_undefined;
+}
+
+gCodeElem::gCodeElem(gStrList const & names, gSrcFile const & file, int line, int type,
+                     gString const & decl, gString const & visibility, int flags)
+    : names(names),
+      loc(file, line),
+      type(type),
+      flags(flags),
+      decl(decl),
+      visibility(visibility) {}

@@ -1,0 +1,56 @@
+// A declared thing, and the bits that classify it.
+#pragma once
+
+#include "vlb/gsrcfile.h"
+#include "vlb/gstrlist.h"
+
+// Unit types: one bit each, shared by code elements, text units and the option ana/alloc/gen_unit.
+enum gUnitType : int {
+  ut_undefined = 0,
+  ut_class = 1,
+  ut_function = 2,
+  ut_member = 4,
+  ut_method = 8,
+  ut_event = 0x10,
+  ut_property = 0x20,
+  ut_type = 0x40,
+  ut_var = 0x80,
+  ut_unit = 0x100,
+};
+
+// Specifiers written in a C/C++ declaration.
+enum gSpecifier : int {
+  spec_auto = 1,
+  spec_register = 2,
+  spec_static = 4,
+  spec_extern = 8,
+  spec_mutable = 0x10,
+  spec_inline = 0x20,
+  spec_virtual = 0x40,
+  spec_explicit = 0x80,
+  spec_typedef = 0x100,
+  spec_friend = 0x200,
+};
+
+// "class" and so on; empty for an unknown value. The inverse gives 0 for an unknown text.
+gString unit_type_name(int type);
+int unit_type_value(std::string_view name);
+
+// One class, function, method, variable, member, type, property or unit that a source declares.
+// Held by cRef; after the code analysis only `type` may still change (association).
+struct gCodeElem : cShared {
+  // A negative line raises gExcInternalErr.
+  gCodeElem(gStrList const & names, gSrcFile const & file, int line, int type, gString const & decl,
+            gString const & visibility, int flags);
+
+  // The qualified name, joined by the separator of the file's language.
+  gString name() const { return names.make_string(loc.file().name_sep()); }
+
+  gStrList names; // outermost scope first
+  gLoc loc;       // the line that the parser noted, in the input file under analysis
+  int type;       // one gUnitType
+  int flags;      // union of gSpecifier
+  gString decl;   // the declaration's text, white space normalised
+  gString visibility;
+  gString heritage; // the base clause as text
+};

@@ -1,0 +1,81 @@
+// A bound unit has two accounts of the same thing: what its author wrote and what the source
+// declares. Here they are merged, and differences and gaps reported.
+#include "ana/anadat/tables.h"
+#include "app/options/options.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+namespace {
+
+// A free function is a method, and a variable a member, once the code shows a class around it.
+bool is_refined(gString const & own, gString const & code) {
+  return (own == "function" && code == "method") || (own == "var" && code == "member");
+}
+
+} // namespace
+
+// True if the code's value counts.
+bool gDocUnit::report_difference(gMessage const & message, gString const & own,
+                                 gString const & code) {
+  bool const adopt = Vapp::option_bool("ana/alloc/diffattr_code", true);
+  if (!Vapp::option_bool("ana/alloc/diffattr_err", true))
+    return adopt;
+  Msg::log(Msg::doc_error, message, own, loc_.make_string());
+  if (adopt)
+    Msg::log(Msg::err_hint, Msg::adopting_code_value, code);
+  else
+    Msg::log(Msg::err_hint, Msg::retaining_unit_value);
+  return adopt;
+}
+
+void gDocUnit::merge_attr(gString const & name, gString const & code, gMessage const & message) {
+  gString const & own = get_attr(name);
+  bool const silent = own == "undefined" || own == code || is_refined(own, code);
+  bool const adopt = silent || report_difference(message, own, code);
+  set_attr(name, adopt ? code : gString(own));
+}
+
+void gDocUnit::merge_text(gString const & subentry, gString const & code) {
+  if (Vapp::config_automatic(Vapp::unit_config(get_attr("UNITTYPE"), subentry)))
+    set_subentry(subentry, gStrList(Vlb::escape_atc(code)));
+}
+
+void gDocUnit::update_from_code() {
+  if (!code_elem_)
+    return;
+  gCodeElem const & ce = *code_elem_;
+  names_ = Names(code_elem_);
+  take_label();
+  set_name_sep(ce.loc.file().name_sep());
+  merge_attr("UNITTYPE", unit_type_name(ce.type), Msg::unittype_differs);
+  merge_attr("VISIBILITY", ce.visibility, Msg::visibility_differs);
+  merge_attr("VIRTUALITY", ce.flags & spec_virtual ? "virtual" : "nonvirtual",
+             Msg::virtuality_differs);
+  merge_text("@declaration", ce.decl);
+  merge_text("@heritage", ce.heritage);
+}
+
+void gSyntUnit::check() const {
+  gString const where = loc().make_string();
+  if (!code_elem() && Vapp::option_bool("ana/alloc/miss_warn", true))
+    Msg::log(Msg::warning, Msg::no_code_element, name(), where);
+  gString const & type = get_attr("UNITTYPE");
+  for (gSubEntries::Entry const & entry : subentries())
+    if (Vapp::unit_config(type, *entry.name) < 0)
+      Msg::log(Msg::doc_error, Msg::subentry_not_permitted, *entry.name, where);
+  cRef<cObj> const config = Vapp::option({"unitconfig", type});
+  if (!config || !config->map())
+    return;
+  for (cIterObj it = config->begin(); it.valid(); it++) {
+    gString const subentry = it.key_as_string();
+    if (!Vapp::config_fill_out(Vapp::unit_config(type, subentry)))
+      continue;
+    gSubText const * text = subentries().find(subentry);
+    if (!text || text->is_wsp())
+      Msg::log(Msg::doc_error, Msg::empty_subentry, subentry, where);
+  }
+}
+
+bool is_missing(gDocUnit const & unit) {
+  return !unit.code_elem() && (unit_type_value(unit.get_attr("UNITTYPE")) & 0x1FF) != 0;
+}

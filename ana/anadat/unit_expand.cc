@@ -1,0 +1,172 @@
+// What only the document can settle is settled while a copy is written: by then every unit of the
+// document is known, and a reference can lead forward.
+#include "ana/anadat/pieces.h"
+#include "ana/anadat/tables.h"
+#include "app/options/options.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+namespace {
+
+// "$curfile" gives "@macro<cur_file>{} ".
+gString macro_text(std::string_view variable) {
+  return "@macro<cur_" + std::string(variable.substr(4)) + ">{} ";
+}
+
+gString quoted(gString const & text) {
+  return "\"" + text + "\"";
+}
+
+} // namespace
+
+gString gDocUnit::variable(std::string_view name) const {
+  if (name == "$name")
+    return first_name();
+  if (name == "$qname")
+    return this->name();
+  if (name == "$cname")
+    return second_name();
+  return curclass_ ? *curclass_ : enclosing_class();
+}
+
+// Headline units aren't compiled: for them the class is the unit that they stand in.
+gString gDocUnit::enclosing_class() const {
+  for (gDocNode const * node = parent(); node; node = node->parent())
+    if (auto const * unit = dynamic_cast<gDocUnit const *>(node))
+      return unit->name();
+  return gString();
+}
+
+void gDocUnit::expand_subentries() {
+  for (std::size_t i = 0; i < subentries_.size(); ++i) {
+    gSubEntries::Entry const & entry = std::as_const(subentries_).begin()[i];
+    if (Vlb::has_placeholder(entry.text) && !is_verbatim(*entry.name))
+      expand(subentries_.begin()[i].text);
+  }
+}
+
+void gDocUnit::expand(gStrList & list) {
+  for (auto it = list.begin(); it != list.end();)
+    expand_text(list, it, false);
+}
+
+void gDocUnit::expand(cRef<gTextList> & list, bool keep_references) {
+  if (!list || !Vlb::has_placeholder(list->list))
+    return;
+  list = make_ref<gTextList>(list->list);
+  for (auto it = list->list.begin(); it != list->list.end();)
+    expand_text(list->list, it, keep_references && Vlb::piece_kind(**it) == gPiece::reference);
+}
+
+void gDocUnit::expand_links() {
+  expand(link_line_, true);
+  expand(srclink_text_, false);
+}
+
+void gDocUnit::expand_text(gStrList & list, gStrList::iterator & it, bool skip) {
+  switch (skip ? gPiece::plain : Vlb::piece_kind(**it)) {
+  case gPiece::citation:
+    expand_citation(list, it);
+    return;
+  case gPiece::variable:
+  case gPiece::curclass:
+    list.set(it, Vlb::escape_atc(variable(**it)));
+    break;
+  case gPiece::macro:
+    list.set(it, macro_text(**it));
+    break;
+  case gPiece::index:
+    list.set(it, Vlb::index_mark("xetplbkmk"));
+    break;
+  case gPiece::reference:
+    expand_reference(list, it);
+    return;
+  case gPiece::alias:
+    expand_alias(list, it);
+    return;
+  case gPiece::attribute:
+    expand_attribute(list, it);
+    return;
+  default:
+    break;
+  }
+  ++it;
+}
+
+// "@cref", the window type, the target: the text behind it is left to the next calls.
+void gDocUnit::expand_reference(gStrList & list, gStrList::iterator & it) {
+  auto const window = ++it;
+  if (it == list.end() || ++it == list.end())
+    return;
+  auto const place = it++;
+  gString name = **place;
+  gPiece const kind = Vlb::piece_kind(name);
+  if (kind == gPiece::variable || kind == gPiece::curclass) {
+    gString const value = variable(name);
+    if (value.empty())
+      Msg::log(Msg::warning, Msg::empty_unit_variable, name, loc_.make_string());
+    name = value;
+  } else {
+    name.unescape('\\');
+  }
+  gString target;
+  if (gDocManager.resolve_reference(outline_, name, target)) {
+    list.set(place, "<" + target + ">");
+    return;
+  }
+  Msg::log(Msg::doc_error, Msg::target_not_found, quoted(name), loc_.make_string());
+  list.set(window, "<void>");
+  list.set(place, "<>");
+}
+
+void gDocUnit::expand_alias(gStrList & list, gStrList::iterator & it) {
+  auto const command = it++;
+  if (it == list.end())
+    return;
+  gString const upper = Vlb::to_upper(**it);
+  if (gBookmarks.contains(upper)) {
+    list.set(it++, "<" + upper + ">");
+    return;
+  }
+  Msg::log(Msg::doc_error, Msg::target_not_found, quoted(**it), loc_.make_string());
+  list.set(command, "");
+  it = list.erase(it);
+}
+
+void gDocUnit::expand_attribute(gStrList & list, gStrList::iterator & it) {
+  auto const command = it++;
+  if (it == list.end())
+    return;
+  gStrList text;
+  cat::read(Vapp::option({"attr", **it, "val", get_attr(**it)}), text);
+  list.set(command, text.make_string(""));
+  it = list.erase(it);
+}
+
+void gDocUnit::expand_citation(gStrList & list, gStrList::iterator & it) {
+  list.set(it++, "@endp\n@b_verbatim\n");
+  if (it == list.end())
+    return;
+  list.set(it, citation_text(**it));
+  list.insert(++it, gString("\n@e_verbatim\n@endp\n"));
+}
+
+gString gDocUnit::citation_text(gString const & name) const {
+  cRef<gCitation> citation;
+  if (!gCitations.find(name, citation)) {
+    Msg::log(Msg::doc_error, Msg::undefined_citation, name, loc_.make_string());
+    return gString();
+  }
+  citation->read();
+  if (citation->state() == gCitation::unread) {
+    Msg::log(Msg::error, Msg::citation_unreadable, name, loc_.make_string());
+    return gString();
+  }
+  if (citation->state() == gCitation::end_of_file)
+    Msg::log(Msg::warning, Msg::citation_end_of_file, name, loc_.make_string());
+  gSubText text(citation->text());
+  int const tab_width = Vapp::option_int("ana/tab_width", 4);
+  text.strip_indent(text.common_indent(tab_width), tab_width);
+  text.add_indent(Vapp::option_int("ana/verb_indent", 4));
+  return Vlb::escape_atc(text.make_string(""));
+}
