@@ -1,0 +1,76 @@
+// Token numbers of C/C++. Numbers below 256 are the characters themselves.
+#pragma once
+
+enum cpp_token : int {
+  // Keywords that the grammar knows.
+  KW_ASM = 257,
+  KW_AUTO,
+  KW_CATCH,
+  KW_CLASS,
+  KW_CONST,
+  KW_DELETE,
+  KW_ENUM,
+  KW_EXPLICIT,
+  KW_EXPORT,
+  KW_EXTERN,
+  KW_FRIEND,
+  KW_INLINE,
+  KW_MUTABLE,
+  KW_NAMESPACE,
+  KW_NEW,
+  KW_OPERATOR,
+  KW_PRIVATE,
+  KW_PROTECTED,
+  KW_PUBLIC,
+  KW_REGISTER,
+  KW_STATIC,
+  KW_STRUCT,
+  KW_TEMPLATE,
+  KW_THROW,
+  KW_TRY,
+  KW_TYPEDEF,
+  KW_TYPENAME,
+  KW_UNION,
+  KW_USING,
+  KW_VIRTUAL,
+  KW_VOLATILE,
+
+  SCOPE = 288,
+  PTR_PAREN = 289, // a "(" with "*" or "&" next
+  DECL_MACRO = 290,
+  IDENTIFIER = 291,
+  INTEGER = 292,
+  SCOPE_NAME = 293, // an identifier with "::" next
+  STRING = 294,
+
+  AND_AND = 295,
+  AND_ASSIGN,
+  ARROW,
+  ARROW_STAR,
+  MINUS_MINUS,
+  DIV_ASSIGN,
+  EQUAL,
+  GREATER_EQUAL,
+  PLUS_PLUS,
+  LESS_EQUAL,
+  SHIFT_LEFT,
+  SHIFT_LEFT_ASSIGN,
+  MINUS_ASSIGN,
+  MOD_ASSIGN,
+  TIMES_ASSIGN,
+  NOT_EQUAL,
+  OR_ASSIGN,
+  OR_OR,
+  PLUS_ASSIGN,
+  SHIFT_RIGHT,
+  SHIFT_RIGHT_ASSIGN,
+  XOR_ASSIGN,
+
+  // 317 to 333: keywords of statements and expressions, which no declaration holds.
+  CHAR_LITERAL = 334,
+  DOT_STAR = 335,
+  ELLIPSIS = 336,
+  FLOAT_NUMBER = 337,
+  BLANKS = 338, // white space, while the parser collects text
+  PIECE = 339,  // a stretch of skipped source without a bracket that counts
+};

@@ -1,0 +1,124 @@
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "ana/anadat/tables.h"
+#include "cpp/cpp_support.h"
+#include "parse/grammar_conflicts.h"
+#include "support/case_file.h"
+
+namespace {
+
+// A project with a macro reads skipped source token by token, one without in pieces.
+std::string with_some_macro(std::string const & text) {
+  take_options("%macro NEVER_USED 1 0 0\n");
+  std::string const result = parse(text);
+  take_options("");
+  return result;
+}
+
+std::string repeated(int n, std::string const & text) {
+  std::string all;
+  for (; n > 0; --n)
+    all += text;
+  return all;
+}
+
+} // namespace
+
+TEST(CppScanner, GivesTheTokensOfTheCode) {
+  check_cases(CASE_DIR "/tokens.cases",
+              [](std::string const & input) { return tokens(take_options(input)); });
+}
+
+TEST(CppParser, LeavesTheElementsOfDeclarations) {
+  check_cases(CASE_DIR "/elements.cases",
+              [](std::string const & input) { return parse(take_options(input)); });
+}
+
+TEST(CppParser, ElementsAreTheSameWithAndWithoutMacrosInTheProject) {
+  for (Case const & one : read_cases(CASE_DIR "/elements.cases"))
+    if (!one.input.starts_with("%")) {
+      EXPECT_EQ(with_some_macro(one.input), one.expected) << one.name;
+    }
+}
+
+TEST(CppParser, SkippedSourceIsTheSameInPiecesAndInTokens) {
+  static char const * const words[] = {"(",
+                                       ")",
+                                       "[",
+                                       "]",
+                                       "{",
+                                       "}",
+                                       "<",
+                                       ">",
+                                       "<<",
+                                       ">>=",
+                                       "->",
+                                       "->*",
+                                       "--",
+                                       "-=",
+                                       "-",
+                                       ",",
+                                       ";",
+                                       "\"",
+                                       "'",
+                                       "\\",
+                                       "@",
+                                       "a",
+                                       "b ",
+                                       "1.0e-5",
+                                       "'\"'",
+                                       "\"}\"",
+                                       " ",
+                                       "\n",
+                                       "/",
+                                       "=",
+                                       ">=",
+                                       "\\n",
+                                       "L",
+                                       "::",
+                                       "&",
+                                       "*",
+                                       "@_vlbcom } > ) @_vlecom "};
+  static char const * const heads[] = {"int f(",   "int v[",        "A<",       "void g() {",
+                                       "int i = ", "enum E { a = ", "template<"};
+  std::mt19937 random(3);
+  take_options("");
+  for (int n = 0; n < 3000; ++n) {
+    std::string text = heads[random() % std::size(heads)];
+    for (unsigned i = random() % 30; i > 0; --i)
+      text += words[random() % std::size(words)];
+    text += " \n)]}> x; };";
+    ASSERT_EQ(parse(text), with_some_macro(text)) << text;
+  }
+}
+
+TEST(CppParser, CommentsWithATextUnitAreNotCandidates) {
+  take_options("");
+  std::string const text = "@_vlbcom a\nb @_vlecom \n\n@_vlbcom c @_vlecom \nint x;";
+  gSrcFile const file(gPathstring("a.h"), gPathstring(), 1);
+  gNamedUnits.insert_at({file, 2}, make_ref<gTextUnit>("u", file, 2));
+  EXPECT_EQ(parse(text), "5 var x undefined 0 [int x;]\ncomment 4-4\n");
+  gNamedUnits.reset();
+  gUnnamedUnits.insert_at({file, 5}, make_ref<gTextUnit>("", file, 5));
+  EXPECT_EQ(parse(text), "5 var x undefined 0 [int x;]\ncomment 1-2\ncomment 4-4\n");
+  gUnnamedUnits.reset();
+}
+
+TEST(CppParser, HoldsOutDeepAndLongInput) {
+  take_options("");
+  EXPECT_EQ(parse("void f() " + repeated(100000, "{(") + repeated(100000, ")}") + " int x;"),
+            "1 var x undefined 0 [int x;]\n");
+  EXPECT_EQ(parse("int" + repeated(5000, "\n") + "x;"), "5001 var x undefined 0 [int x;]\n");
+  EXPECT_EQ(parse(repeated(5000, "\n") + "void f(" + repeated(5000, " ") + ");"),
+            "5001 function f undefined 0 [void f();]\n");
+  EXPECT_EQ(parse(repeated(40, "namespace n {") + repeated(40, "}")),
+            "FATAL ERROR: Stack overflow in the parser\n");
+  EXPECT_EQ(parse("char c[] = \"" + std::string(2000, 's') + "\";"),
+            "FATAL ERROR: Token buffer overflow in the scanner\n");
+}
+
+TEST(CppGrammar, HasTheConflictsThatTheOrderOfItsRulesDecides) {
+  EXPECT_EQ(grammar_conflicts("cpp_l"), "14 shift/reduce, 7 reduce/reduce");
+}

@@ -1,0 +1,249 @@
+#include "cpp/cpre_naive.h"
+
+#include <algorithm>
+#include <regex>
+#include <utility>
+#include <vector>
+
+namespace {
+
+enum Condition {
+  code,
+  macro_args,
+  text,
+  line_head,
+  frame_skip,
+  frame_tail,
+  after,
+  skip,
+  directive
+};
+
+struct Naive {
+  std::string const & in;
+  NaiveOptions const & options;
+  std::size_t at = 0;
+  std::string out{}, close{}, frame{};
+  Condition condition = code;
+  char previous = '\n';
+  bool line_comment = false, keep_args = false;
+
+  std::string run() {
+    while (at < in.size())
+      step();
+    return out + close + frame;
+  }
+  void step();
+
+  // What actions do; they answer false for reject.
+  bool drop(std::string const & token, Condition next) {
+    condition = next;
+    at += token.size();
+    previous = in[at - 1];
+    return true;
+  }
+  bool echo(std::string const & token, Condition next) {
+    out += token;
+    return drop(token, next);
+  }
+  bool hold(std::string const & token, Condition next) {
+    frame += token;
+    return drop(token, next);
+  }
+  bool open(std::string const & token, bool is_line_comment, std::string const & mark) {
+    line_comment = is_line_comment;
+    out += mark;
+    return drop(token, line_head);
+  }
+  bool in_frame(std::string const & token) const { return options.frame.find(token) != token.npos; }
+  bool in_line(std::string const & token) const { return options.line.find(token) != token.npos; }
+};
+
+using N = Naive;
+using T = std::string const;
+
+struct Rule {
+  std::vector<Condition> conditions;
+  bool at_line_head;
+  char const * pattern;
+  std::size_t context; // length of what the pattern looks at behind the match
+  bool (*act)(N &, T &);
+};
+
+#define ESCAPE R"re(\\(?:['"?\\abfnrtv]|[0-7]{1,3}|x[0-9A-Fa-f]+))re"
+#define REST_OF_LINE R"re((?:[^\n\\]|\\\n|\\)*)re"
+
+bool echo_code(N & n, T & t) {
+  return n.echo(t, code);
+}
+bool close_block(N & n, T & t) {
+  if (n.line_comment)
+    return false;
+  n.frame.clear();
+  n.close = "@_vlecom ";
+  return n.drop(t, after);
+}
+bool end_line(N & n, T & t) {
+  n.frame.clear();
+  if (!n.line_comment)
+    return n.echo(t, line_head);
+  n.close = "@_vlecom ";
+  n.condition = after;
+  return true;
+}
+bool line_head_character(N & n, T & t) {
+  n.hold(t, line_head);
+  if (!n.in_line(t)) {
+    n.at -= std::exchange(n.frame, "").size();
+    n.condition = frame_skip;
+  }
+  return true;
+}
+bool tail_character(N & n, T & t) {
+  n.hold(t, n.in_frame(t) ? frame_tail : text);
+  if (n.condition == text)
+    n.out += std::exchange(n.frame, "");
+  return true;
+}
+bool macro_call(N & n, T & t) {
+  n.keep_args = t == "ARGS";
+  return n.options.macros && (t == "CALL" || n.keep_args) && n.drop(t, macro_args);
+}
+bool macro_arguments(N & n, T & t) {
+  if (n.keep_args)
+    n.out += t.substr(1, t.size() - 2);
+  return n.drop(t, code);
+}
+bool not_followed(N & n, T &) {
+  n.out += std::exchange(n.close, "");
+  n.condition = code;
+  return true;
+}
+
+std::vector<Condition> const comment = {text, line_head, frame_skip, frame_tail};
+Rule const rules[] = {
+    {{code},
+     true,
+     R"re([ \t]*#[ \t]*el(?:if|se))re" REST_OF_LINE,
+     0,
+     [](N & n, T & t) { return n.drop(t, skip); }},
+    {{code}, true, R"([ \t]*#)", 0, [](N & n, T & t) { return n.drop(t, directive); }},
+    {{directive},
+     false,
+     R"(\\\n)",
+     0,
+     [](N & n, T & t) { return n.drop(t, n.condition) && (n.out += '\n', true); }},
+    {{directive}, false, R"([^\n])", 0, [](N & n, T & t) { return n.drop(t, directive); }},
+    {{directive}, false, R"(\n)", 0, echo_code},
+    {{skip},
+     true,
+     R"re([ \t]*#endif)re" REST_OF_LINE,
+     0,
+     [](N & n, T & t) { return n.drop(t, code); }},
+    {{skip}, false, R"([^\n])", 0, [](N & n, T & t) { return n.drop(t, skip); }},
+    {{skip}, false, R"(\n)", 0, [](N & n, T & t) { return n.echo(t, skip); }},
+    {{code}, false, R"re(L?'(?:[^'\\\n]|)re" ESCAPE ")*'", 0, echo_code},
+    {{code}, false, R"re(L?"(?:[^"\\\n]|)re" ESCAPE ")*\"", 0, echo_code},
+    {{code}, false, R"re([A-Za-z_][A-Za-z_0-9]*(?=\())re", 1, macro_call},
+    {{code},
+     false,
+     R"([A-Za-z_][A-Za-z_0-9]*)",
+     0,
+     [](N & n, T & t) {
+       return n.options.macros && t == "GONE" ? n.drop(t, code) : n.echo(t, code);
+     }},
+    {{macro_args}, false, R"re(\([^)]*\))re", 0, macro_arguments},
+    {{code},
+     false,
+     R"re(/\*\*(?=[ \t\n]))re",
+     1,
+     [](N & n, T & t) {
+       return n.open(t, false, n.options.star ? "@_vlbcom @_vlukwd " : "@_vlbcom ");
+     }},
+    {{code}, false, R"(/\*)", 0, [](N & n, T & t) { return n.open(t, false, "@_vlbcom "); }},
+    {{code},
+     false,
+     R"re(///(?=[ \t\n]))re",
+     1,
+     [](N & n, T & t) {
+       return n.open(t, true, n.options.slash ? "@_vlbcom  @_vlukwd " : "@_vlbcom ");
+     }},
+    {{code}, false, R"(//)", 0, [](N & n, T & t) { return n.open(t, true, "@_vlbcom "); }},
+    {{code}, false, R"([^])", 0, echo_code},
+    {comment, false, R"([ \t]*\*/)", 0, close_block},
+    {comment, false, R"([ \t]*\n)", 0, end_line},
+    {{text},
+     false,
+     R"([^])",
+     0,
+     [](N & n, T & t) { return n.in_frame(t) ? n.hold(t, frame_tail) : n.echo(t, text); }},
+    {{line_head, frame_tail},
+     false,
+     R"([ \t]+)",
+     0,
+     [](N & n, T & t) { return n.hold(t, n.condition); }},
+    {{line_head}, false, R"([^])", 0, line_head_character},
+    {{frame_skip}, false, R"([ \t]+)", 0, [](N & n, T & t) { return n.echo(t, frame_skip); }},
+    {{frame_skip},
+     false,
+     R"([^])",
+     0,
+     [](N & n, T & t) {
+       return n.in_frame(t) ? n.drop(t, frame_skip) && (n.out += ' ', true) : n.echo(t, text);
+     }},
+    {{frame_tail}, false, R"([^])", 0, tail_character},
+    {{after},
+     false,
+     R"([ \t]*\n?[ \t]*/[*/])",
+     0,
+     [](N & n, T & t) { return n.open(t, t.back() == '/', t.substr(0, t.size() - 2) + "  "); }},
+    {{after}, false, R"([^])", 0, not_followed},
+};
+
+std::regex const & compiled(std::size_t rule) {
+  static std::vector<std::regex> const all = [] {
+    std::vector<std::regex> patterns;
+    for (Rule const & one : rules)
+      patterns.emplace_back(one.pattern);
+    return patterns;
+  }();
+  return all[rule];
+}
+
+// The length that a rule takes with its context; 0 if it doesn't match.
+std::size_t match(Naive const & n, std::size_t rule) {
+  Rule const & one = rules[rule];
+  bool const holds = std::count(one.conditions.begin(), one.conditions.end(), n.condition) > 0;
+  std::smatch found;
+  if (!holds || (one.at_line_head && n.previous != '\n') ||
+      !std::regex_search(n.in.begin() + static_cast<std::ptrdiff_t>(n.at), n.in.end(), found,
+                         compiled(rule), std::regex_constants::match_continuous))
+    return 0;
+  return static_cast<std::size_t>(found.length()) + one.context;
+}
+
+void Naive::step() {
+  std::vector<bool> rejected(std::size(rules));
+  for (;;) {
+    std::size_t best = 0, best_length = 0;
+    for (std::size_t rule = 0; rule < std::size(rules); ++rule)
+      if (std::size_t const length = rejected[rule] ? 0 : match(*this, rule);
+          length > best_length) {
+        best = rule;
+        best_length = length;
+      }
+    if (best_length == 0) {
+      drop(in.substr(at, 1), condition);
+      return;
+    }
+    if (rules[best].act(*this, in.substr(at, best_length - rules[best].context)))
+      return;
+    rejected[best] = true;
+  }
+}
+
+} // namespace
+
+std::string naive_preprocess(std::string const & source, NaiveOptions const & options) {
+  return Naive{.in = source, .options = options}.run();
+}

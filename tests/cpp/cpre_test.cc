@@ -1,0 +1,107 @@
+#include <algorithm>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "cpp/cpp_support.h"
+#include "cpp/cpre_naive.h"
+#include "support/case_file.h"
+
+namespace {
+
+// Blanks at the ends of lines matter here, so each line end is shown.
+std::string with_visible_ends(std::string const & text) {
+  std::string out;
+  for (char c : text)
+    out += c == '\n' ? std::string("$\n") : std::string(1, c);
+  return out;
+}
+
+std::string random_source(std::mt19937 & random) {
+  static char const * const words[] = {
+      "/*",    "*/",    "//",       "/**",       "/** ",     "///",  "/// ",      "*",     "*",
+      "/",     "|",     "-",        "=====",     "\n",       "\n",   "\n",        "\n\n",  " ",
+      "  \t",  "a",     "word",     "L",         "\"",       "'",    "\\",        "#",     "#else",
+      "#if",   "#elif", "\n#endif", "(",         ")",        "\\\n", "\n  #else", "\xC3",  "'x'",
+      "1",     "*****", "****",     "  # endif", "KEEP",     "CALL", "CALL()",    "ARGS(", "GONE",
+      "+ - *", " * ",   "\"s\"",    "\\n",       "\n#define"};
+  std::string source;
+  for (unsigned n = random() % 60; n > 0; --n)
+    source += words[random() % std::size(words)];
+  return source;
+}
+
+} // namespace
+
+TEST(Preprocessor, MarksCommentsAndDropsDirectives) {
+  check_cases(CASE_DIR "/cpre.cases", [](std::string const & input) {
+    return with_visible_ends(preprocess(take_options(input)));
+  });
+}
+
+TEST(Preprocessor, RunsGiveWhatTheSingleRulesGive) {
+  std::mt19937 random(1);
+  NaiveOptions const variants[] = {
+      {.star = true, .slash = true},
+      {.frame = " a*\xC3", .line = "w-"},
+      {.frame = "", .line = ""},
+      {.star = true, .macros = true},
+  };
+  for (NaiveOptions const & options : variants) {
+    std::string lines = "%frame " + options.frame + "\n%line " + options.line + "\n";
+    if (options.star)
+      lines += "%2star\n";
+    if (options.slash)
+      lines += "%3slash\n";
+    if (options.macros)
+      lines += "%macro KEEP 0 0 0\n%macro GONE 0 1 0\n%macro CALL 1 1 0\n%macro ARGS 1 2 0\n";
+    take_options(lines);
+    for (int n = 0; n < 400; ++n) {
+      std::string source = random_source(random);
+      if (options.macros) // an argument list without an end is a row of reports
+        source += ")";
+      ASSERT_EQ(preprocess(source), naive_preprocess(source, options)) << source;
+    }
+  }
+}
+
+TEST(Preprocessor, KeepsTheNumberOfLines) {
+  std::mt19937 random(2);
+  take_options("");
+  for (int n = 0; n < 2000; ++n) {
+    std::string source = random_source(random);
+    // A continued #else or #endif takes its lines with it.
+    std::erase(source, '\\');
+    std::string const copy = preprocess(source);
+    ASSERT_EQ(std::count(source.begin(), source.end(), '\n'),
+              std::count(copy.begin(), copy.end(), '\n'))
+        << source;
+  }
+}
+
+TEST(Preprocessor, TakesLongStretchesInPieces) {
+  take_options("");
+  std::string const blanks(5000, ' ');
+  std::string const stars(5000, '*');
+  std::string const words = "a b" + std::string(5000, 'c');
+  struct {
+    std::string source, expected;
+  } const cases[] = {
+      {words + "\n" + blanks + "\n;", words + "\n" + blanks + "\n;"},
+      {std::string(5000, '\n') + "#if\n;", std::string(5001, '\n') + ";"},
+      {"#define " + words + "\n;", "\n;"},
+      {"#else " + words + "\\\n" + words + "\n" + words + "\n#endif " + words + "\n;", "\n\n\n;"},
+      {"/*" + stars + "*/;", "@_vlbcom @_vlecom ;"},
+      {"/* " + words + blanks + "x*/;", "@_vlbcom  " + words + blanks + "x@_vlecom ;"},
+  };
+  for (auto const & [source, expected] : cases)
+    EXPECT_EQ(try_preprocess(source), expected);
+}
+
+TEST(Preprocessor, GivesUpOnLiteralsBeyondTheLimit) {
+  take_options("");
+  std::string const literal = "\"" + std::string(1021, 's') + "\"";
+  EXPECT_EQ(try_preprocess(literal + ";"), literal + ";");
+  EXPECT_EQ(try_preprocess("\"ss" + literal.substr(1) + ";"),
+            "FATAL ERROR: Token buffer overflow in the scanner");
+}
