@@ -15,8 +15,10 @@ constexpr std::size_t unindexed = 12;
 std::uint32_t hash_text(std::string_view key) {
   return static_cast<std::uint32_t>(std::hash<std::string_view>()(key));
 }
+// The upper bits come down, so that keys with common lower bits spread too.
 std::uint32_t hash_number(int key) {
-  return static_cast<std::uint32_t>(key) * 2654435769u;
+  std::uint32_t const hash = static_cast<std::uint32_t>(key) * 2654435769u;
+  return hash ^ (hash >> 16);
 }
 std::uint32_t hash_key(cKey const & key) {
   return key.is_number ? hash_number(key.number) : hash_text(key.text);
@@ -104,6 +106,10 @@ void cAttrHash::erase(int first, int last) {
   first = std::clamp(first, 0, size());
   last = std::clamp(last, first, size());
   nodes_.erase(nodes_.begin() + first, nodes_.begin() + last);
+  renumber(first);
+}
+
+void cAttrHash::renumber(int first) {
   if (vector_)
     for (int i = first; i < size(); ++i)
       nodes_[i].key_.number = i;

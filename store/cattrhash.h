@@ -53,12 +53,21 @@ public:
   int insert(cKey const & key);
   int append();
   void erase(int first, int last);
+  // Removes the entries for which test(entry) is true, with one walk; true if there were any.
+  template <class Test> bool erase_if(Test const & test) {
+    bool const found = std::erase_if(nodes_, test) > 0;
+    if (found)
+      renumber(0);
+    return found;
+  }
   void clear();
   void sort_by_key();
 
 private:
   int find_text(std::string_view key) const;
   template <class Equal> int find_hashed(std::uint32_t hash, Equal const & equal) const;
+  // What depends on positions, from `first` on.
+  void renumber(int first);
   void add_to_index(int position);
   void rebuild_index();
 

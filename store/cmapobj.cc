@@ -13,7 +13,7 @@ cMapObj & cMapObj::operator=(cMapObj const & other) {
 
 cMapObj & cMapObj::submap(std::string const & key) {
   cRef<cObj> value = at(key);
-  if (!value || !value->map()) {
+  if (!value || &value->type() != &cat::type_map()) {
     value = make_ref<cMapObj>();
     set(key, value);
   }
@@ -22,7 +22,7 @@ cMapObj & cMapObj::submap(std::string const & key) {
 
 cMapObj & cMapObj::submap(cRef<cObj> const & key) {
   cRef<cObj> value = getattr(key);
-  if (!value || !value->map()) {
+  if (!value || &value->type() != &cat::type_map()) {
     value = make_ref<cMapObj>();
     set(cat::key_of(key), value);
   }

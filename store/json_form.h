@@ -16,7 +16,8 @@ constexpr int json_max_depth = 200;
 // A text with more values than this is refused: an empty map takes fifty times its text.
 constexpr int json_max_values = 1000000;
 
-// False if the value is nested too deeply; `out` then holds a part. With `pretty` one entry a line.
+// False if the value is nested too deeply or has too many values for read_json. With `pretty` one
+// entry a line.
 bool write_json(cObj const & object, cJsonForm form, bool pretty, std::string & out);
 
 struct cJsonResult {

@@ -102,7 +102,11 @@ std::string shortened(std::string_view text) {
 cJsonResult Builder::run() {
   CountingIterator const first(text_.data(), &reached_);
   CountingIterator const last(text_.data() + text_.size(), &reached_);
-  if (!nlohmann::json::sax_parse(first, last, this))
+  bool good = nlohmann::json::sax_parse(first, last, this);
+  // The library takes a zero byte for the end, whatever follows.
+  if (std::size_t const zero = text_.find('\0'); good && zero != text_.npos)
+    good = fail_at(zero + 1, "a zero byte");
+  if (!good)
     result_.value = nullptr;
   return result_;
 }

@@ -20,10 +20,17 @@ cRef<cObj> plain_bytes(cRef<cObj> const & value) {
   return text && utf8_to_bytes(*text, bytes) ? cat::make(bytes) : nullptr;
 }
 
+// A key of bytes is written as "$b:" and its bytes as characters.
+std::string plain_key(std::string const & key) {
+  std::string bytes;
+  bool const of_bytes = key.starts_with("$b:") && utf8_to_bytes(key.substr(3), bytes);
+  return of_bytes ? bytes : key;
+}
+
 bool shape_map(cObj const & value, cObj const & like, cRef<cObj> & out, std::string & reason) {
   auto result = make_ref<cMapObj>();
   for (cIterObj it = value.begin(); it.valid(); it++) {
-    std::string const key = it.key_as_string();
+    std::string const key = plain_key(it.key_as_string());
     cRef<cObj> const known = like.at(key);
     cRef<cObj> const sibling = known ? known : like.at("*");
     if (!sibling && like.size() > 0) {

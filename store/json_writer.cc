@@ -18,6 +18,8 @@ public:
         out_(out) {}
 
   bool value(cObj const & object, int depth);
+  // As many as a reader of the text would count.
+  int values() const { return values_; }
 
 private:
   bool container(cMapObj const & map, int depth);
@@ -35,9 +37,11 @@ private:
   cJsonForm form_;
   bool pretty_;
   std::string & out_;
+  int values_ = 0;
 };
 
 bool Writer::value(cObj const & object, int depth) {
+  ++values_;
   if (cMapObj const * map = object.map())
     return depth < json_max_depth && container(*map, depth);
   if (auto const * flag = cat::value_of<bool>(object))
@@ -85,12 +89,12 @@ bool Writer::container(cMapObj const & map, int depth) {
 
 void Writer::key(cKey const & key) {
   bool const utf8 = is_utf8(key.text);
-  if (!typed())
-    quoted(utf8 ? key.as_string() : bytes_to_utf8(key.text));
+  if (!utf8)
+    quoted("$b:" + bytes_to_utf8(key.text));
+  else if (!typed())
+    quoted(key.as_string());
   else if (key.is_number)
     quoted("$i:" + key.as_string());
-  else if (!utf8)
-    quoted("$b:" + bytes_to_utf8(key.text));
   else
     quoted(key.text.starts_with('$') ? "$" + key.text : key.text);
   out_ += colon();
@@ -101,6 +105,7 @@ void Writer::text(std::string const & text) {
     quoted(text);
     return;
   }
+  ++values_;
   out_ += '{';
   field("$bytes");
   quoted(bytes_to_utf8(text));
@@ -108,6 +113,7 @@ void Writer::text(std::string const & text) {
 }
 
 void Writer::list(gStrList const & list) {
+  values_ += 1 + static_cast<int>(list.size());
   if (typed()) {
     out_ += '{';
     field("$list");
@@ -123,6 +129,7 @@ void Writer::list(gStrList const & list) {
 }
 
 void Writer::macro(gCppMacro const & macro) {
+  values_ += 5; // the record and its fields
   if (typed()) {
     out_ += '{';
     field("$macro");
@@ -155,5 +162,6 @@ void Writer::new_line(int depth) {
 } // namespace
 
 bool write_json(cObj const & object, cJsonForm form, bool pretty, std::string & out) {
-  return Writer(form, pretty, out).value(object, 0);
+  Writer writer(form, pretty, out);
+  return writer.value(object, 0) && writer.values() <= json_max_values;
 }

@@ -1,5 +1,5 @@
-// Folder patterns are expanded component by component over lists of folders; the walk below "**"
-// keeps its own stack, since a tree may be deeper than the machine's.
+// Folder patterns are expanded component by component over lists of folders, and the walk below
+// "**" keeps its own stack: patterns and trees may be deeper than the machine's.
 #include "vlb/folder.h"
 
 #include <algorithm>
@@ -15,6 +15,8 @@ namespace {
 
 using namespace Vlb;
 using Folders = std::vector<gPathstring>;
+
+constexpr char wildcards[] = "*?";
 
 gPathstring joined(gPathstring const & folder, gString const & name) {
   return gPathstring(folder).append(name);
@@ -58,7 +60,10 @@ bool leads_upwards(gPathstring const & folder, FolderEntry const & entry) {
 // one below the start.
 class Walk {
 public:
-  explicit Walk(gPathstring const & start) : folders_{start} {}
+  explicit Walk(Folders const & starts) {
+    for (gPathstring const & start : starts)
+      (is_link(start) ? links_ : folders_).push_back(start);
+  }
 
   Folders all() {
     Folders visited;
@@ -73,6 +78,11 @@ public:
   }
 
 private:
+  static bool is_link(gPathstring const & folder) {
+    struct stat info;
+    return ::lstat(folder.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+  }
+
   gPathstring next() {
     auto & from = folders_.empty() ? links_ : folders_;
     gPathstring folder = std::move(from.front());
@@ -101,12 +111,19 @@ private:
   std::set<std::pair<dev_t, ino_t>> seen_;
 };
 
-Folders walks_from(Folders const & starts) {
-  Folders visited;
-  for (gPathstring const & start : starts)
-    for (gPathstring & folder : Walk(start).all())
-      visited.push_back(std::move(folder));
-  return visited;
+Folders existing(Folders const & parents, gString const & name) {
+  Folders found;
+  for (gPathstring const & parent : parents)
+    if (gFileSystem::dir_exists(joined(parent, name)))
+      found.push_back(joined(parent, name));
+  return found;
+}
+
+// One component further down.
+Folders below(Folders const & parents, gString const & name) {
+  return name == "**"         ? Walk(parents).all()
+         : has_wildcard(name) ? matching_folders(parents, name)
+                              : existing(parents, name);
 }
 
 } // namespace
@@ -140,23 +157,24 @@ bool leads_to_folder(gPathstring const & folder, FolderEntry const & entry) {
 }
 
 bool has_wildcard(std::string_view text) {
-  return text.find_first_of("*?") != text.npos;
+  return text.find_first_of(wildcards) != text.npos;
 }
 
 std::vector<gPathstring> expand_folders(gPathstring const & pattern) {
-  if (!has_wildcard(pattern))
-    return gFileSystem::dir_exists(pattern) ? Folders{pattern} : Folders{};
-  gPathstring const parent = pattern.dir_name();
-  gString const name = pattern.file_name();
-  Folders const parents = parent.size() < pattern.size() ? expand_folders(parent) : Folders{};
-  if (name == "**")
-    return walks_from(parents);
-  if (has_wildcard(name))
-    return matching_folders(parents, name);
+  constexpr char sep = gPathstring::Dir_sep;
+  std::string_view rest = pattern;
+  // What has no wildcards is looked up as a whole.
+  std::size_t const plain = rest.rfind(sep, rest.find_first_of(wildcards));
+  std::size_t const start = has_wildcard(rest) ? plain + 1 : rest.size();
   Folders found;
-  for (gPathstring const & one : parents)
-    if (gFileSystem::dir_exists(joined(one, name)))
-      found.push_back(joined(one, name));
+  if (gPathstring const first{gString(rest.substr(0, start))}; gFileSystem::dir_exists(first))
+    found.push_back(first);
+  rest.remove_prefix(start);
+  while (!rest.empty() && !found.empty()) {
+    std::size_t const end = std::min(rest.find(sep), rest.size());
+    found = below(found, gString(rest.substr(0, end)));
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
   return found;
 }
 

@@ -25,9 +25,9 @@ bool leads_to_folder(gPathstring const & folder, FolderEntry const & entry);
 
 bool has_wildcard(std::string_view text);
 
-// The existing folders that an absolute path stands for. Its components may have "*" and "?"; "**"
-// as the last one stands for the folder itself and all below it. Below it hidden folders are left
-// out, and no folder comes twice, however links lead to it.
+// The existing folders that an absolute, normalised path stands for. Its components may have "*"
+// and "?"; a component "**" stands for the folder itself and all below it. Below it hidden folders
+// are left out, and no folder comes twice, however links lead to it.
 std::vector<gPathstring> expand_folders(gPathstring const & pattern);
 
 } // namespace Vlb

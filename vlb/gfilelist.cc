@@ -61,9 +61,10 @@ void gFileList::add(gString const & paths, gString const & files, int) {
         add_from(one, patterns);
     for (Pattern const & pattern : patterns)
       if (!pattern.found)
-        problems_.push_back(
-            "No file matches: " +
-            (folders.size() == 1 ? gPathstring(folders[0]).append(pattern.typed) : pattern.typed));
+        problems_.push_back("No file matches: " +
+                            (folders.size() == 1
+                                 ? gPathstring(pattern.typed).make_absolute(folders[0])
+                                 : pattern.typed));
   }
 }
 

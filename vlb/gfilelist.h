@@ -15,11 +15,11 @@ public:
   bool cur_dir(gPathstring const & dir);
   // `paths`: folders, `files`: names or wildcards, both separated by ";". Adds each matching
   // regular file. An empty `paths` stands for the current folder. A component of a folder may have
-  // wildcards too, and "**" as its last one stands for the folder and all below it. Hidden files
-  // and folders only match a pattern that begins with a point itself. A file name without
-  // wildcards that doesn't exist is compared without regard to case. A file name with folders is
-  // taken against each of `paths`. What can't be found (a folder that is missing, a pattern without
-  // a file) is told in problems().
+  // wildcards too, and a component "**" stands for the folder and all below it. Hidden files and
+  // folders only match a pattern that begins with a point itself. A file name without wildcards
+  // that doesn't exist is compared without regard to case. A file name with folders is taken
+  // against each of `paths`. What can't be found (a folder that is missing, a pattern without a
+  // file) is told in problems().
   void add(gString const & paths, gString const & files, int flags);
   void clear();
 

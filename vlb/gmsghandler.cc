@@ -47,6 +47,8 @@ public:
 
   Msg::type minimum_display = Msg::all;
   Msg::type minimum_file = Msg::all;
+  // The last report was suppressed, and with it the hints up to the next report or line.
+  bool drop_hints = false;
 
 protected:
   int_type overflow(int_type c) override {
@@ -78,6 +80,7 @@ private:
   void end_line() {
     gString const line(std::move(line_));
     line_.clear();
+    drop_hints = false;
     if (passes(type_, minimum_display))
       Vlb::outside().log_line(type_, line);
     write(type_, line);
@@ -150,6 +153,20 @@ char const * prefix_of(Msg::type type) {
   throw gExcInternalErr("Unexpected Msg::type", "", Vlb::source_place(__FILE__, __LINE__));
 }
 
+// A control character would break or cut the line, or steer the terminal that shows it.
+void add_shown(gString & line, std::string_view text) {
+  constexpr char hex[] = "0123456789abcdef";
+  for (char const c : text) {
+    auto const byte = static_cast<unsigned char>(c);
+    if ((byte >= ' ' && byte != 127) || c == '\t')
+      line += c;
+    else if (c == '\n' || c == '\0')
+      line += c == '\n' ? "\\n" : "\\0";
+    else
+      line.append({'\\', 'x', hex[byte >> 4], hex[byte & 15]});
+  }
+}
+
 gString line_of(Msg::type type, gMessage const & message, gString const & argument,
                 gString const & where) {
   gString line(prefix_of(type));
@@ -159,9 +176,12 @@ gString line_of(Msg::type type, gMessage const & message, gString const & argume
     line += ": ";
   }
   line += message.text;
-  line += argument;
-  if (!where.empty())
-    line += " (" + where + ")";
+  add_shown(line, argument);
+  if (!where.empty()) {
+    line += " (";
+    add_shown(line, where);
+    line += ')';
+  }
   return line;
 }
 
@@ -182,14 +202,16 @@ void gMsgHandler::operator()(Msg::type type, gMessage const & message, gString c
     ++errors_;
   if (type >= Msg::warning && !is_hint(type))
     worst_ = std::max(worst_, type);
-  if (err_max > 0 && errors_ >= err_max && type >= Msg::doc_error)
+  if (err_max > 0 && errors_ >= err_max && type >= Msg::doc_error) {
+    limit_reached_ = true;
     throw gExcFatalErr("Maximum error count reached: ", std::to_string(err_max));
+  }
 }
 
 bool gMsgHandler::suppressed(Msg::type type, gMessage const & message) {
   if (!is_hint(type))
-    suppress_hints_ = message.number != 0 && suppressed_numbers_.count(message.number) != 0;
-  return suppress_hints_;
+    buffer_->drop_hints = message.number != 0 && suppressed_numbers_.contains(message.number);
+  return buffer_->drop_hints;
 }
 
 void gMsgHandler::minlvl_disp(Msg::type type) {
@@ -210,7 +232,7 @@ bool gMsgHandler::close_logfile() {
 
 void gMsgHandler::reset_suppressed() {
   suppressed_numbers_.clear();
-  suppress_hints_ = false;
+  buffer_->drop_hints = false;
 }
 
 void gMsgHandler::suppress(std::set<int> const & numbers) {
@@ -221,6 +243,7 @@ void gMsgHandler::reset_counts() {
   errors_ = 0;
   warnings_ = 0;
   worst_ = Msg::all;
+  limit_reached_ = false;
 }
 
 void gMsgHandler::put_summary() {

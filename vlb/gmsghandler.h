@@ -54,7 +54,8 @@ public:
 
   using gLogStream::operator();
   // Line form: prefix word, a blank and the number if it isn't 0, ": ", text, argument, and
-  // " (where)" if there is a position; hints have their four blanks and the text.
+  // " (where)" if there is a position; hints have their four blanks and the text. Control
+  // characters of argument and position are written as "\n", "\0" or "\x1b"; a tab stays.
   void operator()(Msg::type type, gMessage const & message, gString const & argument = gString(),
                   gString const & where = gString());
 
@@ -64,9 +65,9 @@ public:
   bool open_logfile(gString const & path);
   // False if something couldn't be written.
   bool close_logfile();
-  // Begins a new run with this set of numbers switched off: their reports and the hints behind
-  // them are neither written nor counted.
+  // Begins a new run with no number switched off.
   void reset_suppressed();
+  // Switches numbers off: their reports and the hints behind them are neither written nor counted.
   void suppress(std::set<int> const & numbers);
   void reset_counts();
   // "N error(s), M warning(s)".
@@ -78,17 +79,20 @@ public:
   // Msg::all if there was none.
   Msg::type worst() const { return worst_; }
 
+  // True from the report that raised gExcFatalErr for err_max on, until reset_counts(): that error
+  // ends the run, so a guard that would go on with the next file passes it on.
+  bool limit_reached() const { return limit_reached_; }
+
   int err_max = 0; // maximum number of errors; 0 for no limit
 
 private:
-  friend class gLogStream::Buffer;
   bool suppressed(Msg::type type, gMessage const & message);
 
   int errors_ = 0;
   int warnings_ = 0;
   Msg::type worst_ = Msg::all;
+  bool limit_reached_ = false;
   std::set<int> suppressed_numbers_;
-  bool suppress_hints_ = false;
 };
 
 namespace Msg {

@@ -84,6 +84,7 @@ gMessage const no_hierarchy_for_file(461, "No class hierarchy for this file type
 
 // Without a number: information, progress, hints.
 gMessage const redefining_option("Redefining option: ");
+gMessage const undefined_file_group("Undefined file group: ");
 gMessage const overwriting_headline("Overwriting the unit's headline.");
 gMessage const overwriting_columns("Overwriting column definition of table template.");
 gMessage const analyzing_script("Analyzing script file...");

@@ -80,6 +80,7 @@ extern gMessage const no_hierarchy_for_file;       // 461
 
 // Without a number: information, progress, hints.
 extern gMessage const redefining_option;
+extern gMessage const undefined_file_group;
 extern gMessage const overwriting_headline;
 extern gMessage const overwriting_columns;
 extern gMessage const analyzing_script;

@@ -43,7 +43,8 @@ StatusLine & status_line() {
 namespace Vlb {
 
 gOutside & outside() {
-  static Silent silent;
+  // Never destroyed: the sink may write its last line when the process ends.
+  static gOutside & silent = *new Silent;
   gOutside * const port = port_in_use;
   return port ? *port : silent;
 }

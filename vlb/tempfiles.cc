@@ -174,7 +174,8 @@ void gFileSystem::remove_temp_files() noexcept {
         std::memcpy(path + length + 1, slot.name, sizeof slot.name);
         ::unlink(path);
       }
-  if (::rmdir(folder) == 0)
+  // A folder that someone else removed is replaced by a new one, too.
+  if (::rmdir(folder) == 0 || errno == ENOENT)
     folder_owner = 0;
   errno = saved;
 }

@@ -3,6 +3,7 @@
 
 #include "ana/anadat/tables.h"
 #include "app/options/options.h"
+#include "vlb/gexception.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
@@ -55,8 +56,6 @@ void gPathFilterCmd::execute(cRef<gOutState> & state) {
 
 namespace {
 
-gMessage const undefined_group("Undefined file group: ");
-
 // Adds the files of all groups with this output name; false if there is no such group.
 bool add_group(gString const & name, std::list<gPathstring> & files) {
   cRef<cObj> const groups = Vapp::option("inputfiles");
@@ -89,7 +88,7 @@ void gFileFilterCmd::expand() {
     if (!cat::is_ident(entry))
       entries_.push_back(entry);
     else if (!add_group(entry, entries_))
-      Msg::log(Msg::warning, undefined_group, entry, loc_.make_string());
+      Msg::log(Msg::warning, Msg::undefined_file_group, entry, loc_.make_string());
 }
 
 void gFileFilterCmd::execute(cRef<gOutState> & state) {
@@ -131,10 +130,19 @@ bool find_unit(gString const & name, cRef<gDocUnit> & unit, gLoc const & loc) {
   return false;
 }
 
+// An outline that gets too deep ends the run; the block tells where.
+void open_block(cRef<gDocUnit> const & unit, gLoc const & loc) {
+  try {
+    gDocManager.push_unit(unit);
+  } catch (gExcRange const &) {
+    throw gExcFatalErr("Class blocks are nested too deep: ", loc.make_string());
+  }
+}
+
 // Runs the commands of a block inside the unit of its class.
 void run_block(cRef<gDocUnit> const & unit, gString const & name, gCmdSeq & inner,
-               cRef<gOutState> & state) {
-  gDocManager.push_unit(unit);
+               cRef<gOutState> & state, gLoc const & loc) {
+  open_block(unit, loc);
   state->class_stack.push_back(name);
   inner.execute(state);
   gDocManager.pop_unit();
@@ -147,7 +155,7 @@ void restore_class_filter(gOutState & state) {
 
 } // namespace
 
-void gOutHdlCmd::execute(cRef<gOutState> &) {
+void gOutHdlCmd::execute(cRef<gOutState> & state) {
   auto unit = make_ref<gTextUnit>(gString(), loc_.file(), loc_.line());
   unit->set_attr("UNITTYPE", "text");
   clear_automatic_marks(*unit);
@@ -158,6 +166,7 @@ void gOutHdlCmd::execute(cRef<gOutState> &) {
   text.append(text_);
   text.push_back(gString("}\n"));
   unit->add_subentry("text", text);
+  unit->expand_table(state);
   gDocManager.add_unit(unit);
 }
 
@@ -178,7 +187,7 @@ void gOutClassCmd::execute(cRef<gOutState> & state) {
   state->class_filter = name;
   cRef<gDocUnit> unit;
   if (find_unit(name, unit, loc_))
-    run_block(placed_copy(*unit, state), name, *inner_, state);
+    run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
   else
     inner_->execute(state);
   restore_class_filter(*state);
@@ -191,7 +200,7 @@ void gOutClassFilterCmd::execute(cRef<gOutState> & state) {
   for (cRef<gDocUnit> const & unit : classes) {
     gString const name = unit->name();
     state->class_filter = name;
-    run_block(placed_copy(*unit, state), name, *inner_, state);
+    run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
   }
   if (!classes.empty())
     restore_class_filter(*state);

@@ -2,14 +2,18 @@
 #include "ana/cmdpar/gtextparsebase.h"
 
 #include "ana/anadat/gdocunit.h"
+#include "ana/cmdpar/keywords.h"
 
 namespace {
 
-gStrList framed(gString const & head, gStrList const & text, char const * tail) {
-  gStrList pieces(head);
+gStrList closed(gStrList pieces, gStrList const & text, char const * tail) {
   pieces.append(text);
   pieces.push_back(gString(tail));
   return pieces;
+}
+
+gStrList framed(gString const & head, gStrList const & text, char const * tail) {
+  return closed(gStrList(head), text, tail);
 }
 
 } // namespace
@@ -26,12 +30,22 @@ gStrList gTextParseBase::note(gString const & name, gParamList & params) {
   return framed("@" + name + "{", params.pieces(0), "}\n");
 }
 
+gStrList gTextParseBase::with_word(char const * open, gString const & word,
+                                   char const * close) const {
+  if (!expands_words() || !gDocVars.contains(word))
+    return gStrList(open + word + close);
+  gStrList pieces{gString(open)};
+  pieces.push_back(word);
+  pieces.push_back(gString(close));
+  return pieces;
+}
+
 gStrList gTextParseBase::definition(gParamList & params) {
   if (!check_params("dfn", params))
     return {};
   gString const key = Vlb::escape_atc(params.pieces(0).make_string(""));
   gStrList pieces(gString("@_vlxe"));
-  pieces.push_back("<><" + key + "><><><> ");
+  pieces.append(with_word("<><", key, "><><><> "));
   pieces.append(framed("@dfn{", params.pieces(0), "} "));
   return pieces;
 }
@@ -39,7 +53,7 @@ gStrList gTextParseBase::definition(gParamList & params) {
 gStrList gTextParseBase::underline(gParamList & params) {
   if (!check_params("ul", params))
     return {};
-  return framed("@ul<" + params.word(1) + ">{", params.pieces(0), "} ");
+  return closed(with_word("@ul<", params.word(1), ">{"), params.pieces(0), "} ");
 }
 
 gStrList gTextParseBase::font_size(gParamList & params) {
@@ -56,7 +70,7 @@ gStrList gTextParseBase::font_size(gParamList & params) {
 gStrList gTextParseBase::named_format(gParamList & params) {
   if (!check_params("fmt", params))
     return {};
-  return framed("@fmt<" + params.word(0) + ">{", params.pieces(1), "} ");
+  return closed(with_word("@fmt<", params.word(0), ">{"), params.pieces(1), "} ");
 }
 
 gStrList gTextParseBase::code_text(gStrList pieces) {

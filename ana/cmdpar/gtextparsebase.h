@@ -8,6 +8,10 @@
 // of the parameters; a command that fails gives no pieces.
 class gTextParseBase : public gVLParseBase {
 protected:
+  // True where a variable may stand for a word in the head of a command: it is a piece of its own
+  // then, and gets its value with the other pieces.
+  virtual bool expands_words() const { return false; }
+
   // Commands that put their text between braces, by their name without "@": inline formats end
   // with a blank, notes with a line feed.
   gStrList format(gString const & name, gParamList & params);
@@ -35,6 +39,7 @@ protected:
   std::pair<int, int> hierarchy_levels(gParamList & params);
 
 private:
+  gStrList with_word(char const * open, gString const & word, char const * close) const;
   gStrList references(gParamList const & params, gStrList const & text) const;
   int hierarchy_level(gParamList const & params, std::string_view option) const;
 };

@@ -21,6 +21,8 @@ public:
   void reset() override;
 
 protected:
+  bool expands_words() const override { return true; }
+
   // The document.
   void run_stages();
   void finish_document(gParamList & params, gCmdSeq & commands);

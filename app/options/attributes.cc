@@ -20,8 +20,8 @@ bool add_values(cMapObj & values, cObj const & record, char const * key) {
 bool rebuild(cObj & record) {
   auto values = make_ref<cMapObj>();
   cRef<cObj> const old = record.at("val");
-  bool const good = record.map() && (!old || old->map()) && add_values(*values, record, "valpre") &&
-                    add_values(*values, record, "valusr");
+  bool const good = &record.type() == &cat::type_map() && (!old || old->map()) &&
+                    add_values(*values, record, "valpre") && add_values(*values, record, "valusr");
   if (good)
     record["val"] = values;
   return good;
@@ -88,13 +88,11 @@ bool drop_dangling_attributes(cMapObj & options) {
   bool dropped = false;
   for (cIterObj pattern = patterns.begin(); pattern.valid(); pattern++) {
     cRef<cObj> const used = (*pattern).at("attr");
-    std::vector<std::string> dangling;
-    for (cIterObj it = used ? used->begin() : cIterObj(nullptr); it.valid(); it++)
-      if (!(attributes / it.key_as_string() / "val" / cat::as_string(it.valref())))
-        dangling.push_back(it.key_as_string());
-    for (std::string const & name : dangling)
-      used->erase(name);
-    dropped = dropped || !dangling.empty();
+    auto const is_dangling = [&](cAttrNode const & entry) {
+      return !(attributes / entry.key().as_string() / "val" / cat::as_string(entry.value));
+    };
+    if (used && used->map() && used->map()->entries().erase_if(is_dangling))
+      dropped = true;
   }
   return dropped;
 }

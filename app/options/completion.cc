@@ -13,7 +13,8 @@ void complete_unit_types(cMapObj & options, char const * values) {
   for (cIterObj it = types->begin(); it.valid(); it++) {
     std::string const type = it.key_as_string();
     cRef<cObj> const entry = config.at(type);
-    if (type != "undefined" && type != "text" && !(entry && entry->map()))
+    bool const present = entry && &entry->type() == &cat::type_map();
+    if (type != "undefined" && type != "text" && !present)
       config.set(type, Vapp::default_unit_config(type));
   }
 }
@@ -38,12 +39,17 @@ std::vector<Vapp::gDanglingSubentry> remove_dangling(cMapObj & options) {
   std::vector<Vapp::gDanglingSubentry> dangling;
   cMapObj const & subentries = options.submap("ana").submap("srcpat_subentry");
   cMapObj & config = options.submap("unitconfig");
-  for (cIterObj type = config.begin(); type.valid(); type++)
-    for (cIterObj it = (*type).begin(); it.valid(); it++)
-      if (!subentries.at(it.key_as_string()))
-        dangling.push_back({type.key_as_string(), it.key_as_string()});
-  for (auto const & [type, subentry] : dangling)
-    config.at(type)->erase(subentry);
+  for (cIterObj type = config.begin(); type.valid(); type++) {
+    auto const is_dangling = [&](cAttrNode const & entry) {
+      std::string const subentry = entry.key().as_string();
+      if (subentries.at(subentry))
+        return false;
+      dangling.push_back({type.key_as_string(), subentry});
+      return true;
+    };
+    if (cMapObj * entries = type->map())
+      entries->entries().erase_if(is_dangling);
+  }
   return dangling;
 }
 

@@ -2,6 +2,7 @@
 #include "app/options/defaults.h"
 
 #include "app/options/settings.h"
+#include "store/ctypeobj.h"
 
 namespace {
 
@@ -153,7 +154,31 @@ void subentry(cMapObj & patterns, char const * name, std::initializer_list<Keywo
   patterns.set(name, record);
 }
 
+// A vector serves as a map with numbers for keys where any key may stand.
+bool fits(cObj const & value, cObj const & standard) {
+  if (standard.map())
+    return value.map() && (standard.size() == 0 || &value.type() == &standard.type());
+  return cat::new_of(standard.type())->convert(value);
+}
+
+void restore(cMapObj & options, cMapObj const & defaults) {
+  for (cIterObj it = defaults.begin(); it.valid(); it++) {
+    std::string const key = it.key_as_string();
+    cRef<cObj> const value = options.at(key);
+    if (!value || !fits(*value, *it))
+      options.set(key, it.valref());
+    else if (&value->type() == &cat::type_map() && key != "attr")
+      restore(*value->map(), *it->map());
+  }
+}
+
 } // namespace
+
+void Vapp::restore_wrong_types(cMapObj & options) {
+  cMapObj defaults;
+  build_defaults(defaults);
+  restore(options, defaults);
+}
 
 void Vapp::build_defaults(cMapObj & options) {
   project_frame(options);

@@ -8,6 +8,9 @@ namespace Vapp {
 // Assigns every key of a new project but `unitconfig` and the source patterns, which only the
 // completion makes, so that a project keeps its own.
 void build_defaults(cMapObj & options);
+// Puts the defaults in the place of values that can't have the type of their key. Attributes are
+// left to rebuild_values, which refuses what is damaged.
+void restore_wrong_types(cMapObj & options);
 // Removes the paths in the program's folder that stand for "use the default", so that a project
 // file holds nothing of the machine it was saved on; build_defaults brings them back.
 void drop_default_paths(cMapObj & options);

@@ -2,10 +2,13 @@
 // new or changed, and then through those that are gone.
 #include "app/options/option_change.h"
 
+#include <unordered_set>
+
 #include "app/options/attributes.h"
 #include "app/options/number_rules.h"
 #include "app/options/pattern_rules.h"
 #include "app/options/unitconfig_rules.h"
+#include "store/json_text.h"
 
 namespace Vapp {
 
@@ -96,23 +99,20 @@ gCheck check_keyword_pair(cObj const & after, cObj const & pair, gKeywordPlace c
   return check_new_keyword(after, cat::as_string(pair.at(0)), cat::as_string(pair.at(1)), place);
 }
 
-// The first position of an element that is equal; -1 if there is none.
-int position_of(cRef<cObj> const & vector, cObj const & element) {
-  for (cIterObj it = vector ? vector->begin() : cIterObj(nullptr); it.valid(); it++)
-    if ((*it).equal(element))
-      return it.pos();
-  return -1;
-}
-
-// A keyword that stood there before keeps its right, unless it is repeated now.
+// A keyword that stood there before keeps its right, as often as it stood there.
 gCheck check_keywords(cObj const & after, std::string const & holder, cObj const & record,
                       cRef<cObj> const & old) {
+  std::unordered_multiset<std::string> known;
+  cRef<cObj> const old_keywords = old / "kwd";
+  for (cIterObj it = old_keywords ? old_keywords->begin() : cIterObj(nullptr); it.valid(); it++)
+    known.insert(to_json(*it));
   cRef<cObj> const keywords = record.at("kwd");
-  for (int i = 0; keywords && i < keywords->size(); ++i) {
-    cObj const & pair = *keywords->at(i);
-    if (position_of(old / "kwd", pair) >= 0 && position_of(keywords, pair) == i)
+  for (cIterObj it = keywords ? keywords->begin() : cIterObj(nullptr); it.valid(); it++) {
+    if (auto const same = known.find(to_json(*it)); same != known.end()) {
+      known.erase(same);
       continue;
-    if (gCheck const refusal = check_keyword_pair(after, pair, {holder, i}))
+    }
+    if (gCheck const refusal = check_keyword_pair(after, *it, {holder, it.pos()}))
       return refusal;
   }
   return std::nullopt;

@@ -39,6 +39,8 @@ cRef<cMapObj> attribute_record() {
   record->set("com", cat::make(""));
   record->set("valpre", any_key(text_list()));
   record->set("valusr", any_key(text_list()));
+  // Derived, so it's made anew whatever is given; it stands in what is shown.
+  record->set("val", any_key(text_list()));
   return record;
 }
 

@@ -58,6 +58,7 @@ bool gProject::read(gPathstring const & path) {
   load_error_.clear();
   if (!file2map(path.c_str(), options, &load_error_))
     return false;
+  restore_wrong_types(options);
   try {
     rebuild_values(options);
   } catch (cException const & e) {

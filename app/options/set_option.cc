@@ -68,16 +68,6 @@ bool is_derived(Path const & path) {
   return path.size() >= 3 && path[0] == "attr" && path[2] == "val";
 }
 
-// Entries that a user adds without a name of their own have numbers for keys.
-cKey entry_key(Path const & path) {
-  bool const group = path.size() == 2 && path[0] == "inputfiles";
-  bool const digits = path.back().find_first_not_of("0123456789") == std::string::npos;
-  int number = -1;
-  if (group && digits && cat::read(cat::make(path.back()), number))
-    return cKey(number);
-  return cKey(path.back());
-}
-
 cMapObj & parent_of(cMapObj & tree, Path const & path) {
   cMapObj * at = &tree;
   for (std::size_t i = 0; i + 1 < path.size(); ++i) {
@@ -99,7 +89,7 @@ bool remove(cMapObj & tree, Path const & path, std::string & reason) {
   cRef<cObj> const standard = value_at(defaults, path, path.size());
   cMapObj & parent = parent_of(tree, path);
   if (standard)
-    parent.set(entry_key(path), standard);
+    parent.set(path.back(), standard);
   else
     parent.erase(path.back());
   return true;
@@ -110,7 +100,7 @@ bool store(cMapObj & tree, Path const & path, cRef<cObj> const & value, std::str
   cMapObj & parent = parent_of(tree, path);
   if (!parent.entries().is_vector()) {
     int const present = parent.entries().find(path.back());
-    parent.set(present < 0 ? entry_key(path) : parent.entries().node(present).key(), value);
+    parent.set(present < 0 ? cKey(path.back()) : parent.entries().node(present).key(), value);
     return true;
   }
   int index = -1;
@@ -121,6 +111,25 @@ bool store(cMapObj & tree, Path const & path, cRef<cObj> const & value, std::str
   }
   parent.set(cKey(index), value);
   return true;
+}
+
+// Names and separators of subject lines are stored without needless blanks, however they were
+// typed.
+cRef<cObj> tidied(std::string const & key, cRef<cObj> const & value) {
+  if (key == "slsep") {
+    std::string text = cat::as_string(value);
+    cat::wsp_normalize(text);
+    return cat::make(text);
+  }
+  if (&value->type() != &cat::type_map())
+    return value;
+  auto map = make_ref<cMapObj>();
+  for (cIterObj it = value->begin(); it.valid(); it++) {
+    std::string name = it.key_as_string();
+    cat::wsp_normalize(name);
+    map->set(name, tidied(name, it.valref()));
+  }
+  return map;
 }
 
 bool change(cMapObj & tree, Path const & path, std::string const & text, std::string & reason) {
@@ -134,7 +143,8 @@ bool change(cMapObj & tree, Path const & path, std::string const & text, std::st
     return false;
   }
   cRef<cObj> value;
-  return from_json(text, like, value, reason) && store(tree, path, value, reason);
+  return from_json(text, like, value, reason) &&
+         store(tree, path, tidied(path.back(), value), reason);
 }
 
 // The rules, and what depends on the change.

@@ -86,9 +86,29 @@ TEST_F(Project, FilesKeepWhatTheyHaveAndGetDefaultsForTheRest) {
   EXPECT_FALSE(Vapp::option("atc_title")) << "nothing stays of the project before";
 }
 
+TEST_F(Project, ValuesOfTheWrongTypeCountAsAbsent) {
+  folder.write("a.vlp", R"({"ana": {"tab_width": "8", "cpp_ext": {}, "pas_ext": null, "alloc": 5,
+                                    "srcpat_unit": 1, "srcpat_subentry": [1]},
+                            "attr": [], "msg": null, "unitconfig": {"class": [1, 2]},
+                            "inputfiles": [{"path": "src"}]})");
+  ASSERT_TRUE(project.load(folder.path("a.vlp"), false));
+  EXPECT_EQ(shown(), "");
+  EXPECT_EQ(Vapp::option_int("ana/tab_width", 0), 8) << "what can be converted is kept";
+  EXPECT_EQ(Vapp::option_string("ana/cpp_ext"), "c; cpp; cxx; h; hpp; hxx");
+  EXPECT_EQ(Vapp::option_string("ana/pas_ext"), "p; pas");
+  EXPECT_EQ(Vapp::option_int("ana/alloc/gen_unit", 0), 11);
+  EXPECT_EQ(Vapp::option_int("msg/err_max", 9), 0);
+  EXPECT_TRUE(Vapp::option("ana/srcpat_unit/spt_class/kwd"));
+  EXPECT_TRUE(Vapp::option("ana/srcpat_subentry/@sline/kwd"));
+  EXPECT_TRUE(Vapp::option("attr/UNITTYPE/val/class"));
+  EXPECT_EQ(Vapp::unit_config("class", "@heritage"), 11);
+  EXPECT_EQ(Vapp::option_string("inputfiles/0/path"), "src");
+}
+
 TEST_F(Project, FailedLoadsAreToldAndAskedAgain) {
   folder.write("cut.vlp", "{\n\"ana\": {");
   folder.write("corrupt.vlp", R"({"attr": {"UNITTYPE": {"valusr": 3}}})");
+  folder.write("vector.vlp", R"({"attr": {"X": []}})");
   load_fails("missing.vlp");
   load_fails("cut.vlp");
   EXPECT_TRUE(project.load_error().starts_with(folder.path("cut.vlp:2: "))) << project.load_error();
@@ -96,6 +116,7 @@ TEST_F(Project, FailedLoadsAreToldAndAskedAgain) {
                           "'.\nPlease choose a different project file.\n";
   EXPECT_NE(shown().find("open: Open Project\n" + box + "open: Open Project\n"), std::string::npos);
   std::streambuf * const before = eros().rdbuf(nullptr);
+  load_fails("vector.vlp");
   load_fails("corrupt.vlp");
   eros().rdbuf(before);
   EXPECT_TRUE(project.load_error().ends_with("corrupt.vlp: Bad project file"));

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "parse/test_scan.h"
 #include "support/test_outside.h"
@@ -46,7 +47,9 @@ TEST_F(Input, line_ends_and_byte_order_mark_are_read_away) {
 
 TEST_F(Input, what_cannot_be_read_is_a_fatal_error) {
   TestScan scan({"."});
-  for (std::string const & wrong : {path + ".none", ::testing::TempDir(), std::string("/dev/zero")})
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  for (std::string const & wrong :
+       {path + ".none", ::testing::TempDir(), std::string("/dev/zero"), path})
     try {
       scan.open_infile(gSrcFile(wrong, "", 0));
       ADD_FAILURE() << wrong;

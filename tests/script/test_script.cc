@@ -94,6 +94,25 @@ TEST(Script, deep_nesting_is_refused_and_costs_the_script_only) {
   EXPECT_EQ(run_script("@document @outfilter"), "run\ngenerate <>\nSTPL_Default <> ( - )\n");
 }
 
+TEST(Script, class_blocks_that_are_nested_too_deep_tell_their_place) {
+  auto script = [](int blocks) {
+    std::string text = "unit named class A f:1\n@document @hdlevel<6>";
+    for (int n = 0; n < blocks; ++n)
+      text += "\n@b_outclass<A>";
+    text += " @hdline{x}";
+    for (int n = 0; n < blocks; ++n)
+      text += " @e_outclass";
+    return text;
+  };
+  EXPECT_NO_THROW(run_script(script(1)));
+  try {
+    run_script(script(2));
+    ADD_FAILURE();
+  } catch (gExcFatalErr const & fault) {
+    EXPECT_EQ(fault.text(), "FATAL ERROR: Class blocks are nested too deep: s.vls:3");
+  }
+}
+
 TEST(Script, grammar_has_no_conflicts) {
   std::ifstream file(GRAMMAR_DIR "/mdf_l.conflicts");
   std::string counts;

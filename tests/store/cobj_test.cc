@@ -62,6 +62,20 @@ TEST(Map, TextAndNumberKeysDiffer) {
   EXPECT_EQ(map.size(), 3);
 }
 
+// Either would take minutes if it grew with the square.
+TEST(Map, NumberKeysSpreadAndManyEntriesGoAtOnce) {
+  cMapObj map;
+  for (int i = 0; i < 1 << 16; ++i)
+    map.set(cKey(i << 15), cat::make(i));
+  EXPECT_EQ(cat::as_index(map.at(4000 << 15)), 4000);
+  auto const odd = [](cAttrNode const & node) { return cat::as_index(node.value) % 2 == 1; };
+  EXPECT_TRUE(map.entries().erase_if(odd));
+  EXPECT_FALSE(map.entries().erase_if(odd));
+  EXPECT_EQ(map.size(), 1 << 15);
+  EXPECT_FALSE(map.at(1 << 15));
+  EXPECT_EQ(cat::as_index(map.at(4000 << 15)), 4000);
+}
+
 TEST(Map, CopiesShareUntilTheyAreDetached) {
   cMapObj map;
   map["sub"]["x"] = cat::make(1);

@@ -153,11 +153,29 @@ TEST(TextForm, NestingAndSizeHaveLimits) {
   deeper["above"] = cRef<cObj>(map.clone());
   EXPECT_FALSE(write_json(deeper, cJsonForm::typed, true, text));
   EXPECT_FALSE(text2map("{\"k\":" + std::string(1000000, '['), "f", map, &reason));
-  std::string many = "{\"k\":[0";
-  for (int i = 0; i < json_max_values; ++i)
+}
+
+// Writing and reading count alike, so that nothing is written that can't be read.
+TEST(TextForm, ThereIsALimitOfValues) {
+  std::string many = R"({"k":[{"$macro":{"name":"F","parameterized":true,"action":1,)"
+                     R"("interpretation":0}},{"$list":["a"]},{"$bytes":"ÿ"})";
+  for (int i = 13; i < json_max_values; ++i)
     many += ",0";
-  EXPECT_FALSE(text2map(many + "]}", "f", map, &reason));
+  cMapObj map;
+  std::string reason, text;
+  EXPECT_TRUE(text2map(many + "]}", "f", map, &reason)) << reason;
+  EXPECT_TRUE(write_json(map, cJsonForm::typed, true, text));
+  map.at("k")->append(cat::make(0));
+  EXPECT_FALSE(write_json(map, cJsonForm::typed, true, text));
+  EXPECT_FALSE(text2map(many + ",0]}", "f", map, &reason));
   EXPECT_EQ(reason, "f:1: too many values");
+}
+
+TEST(TextForm, NothingMayFollowAZeroByte) {
+  cMapObj map;
+  std::string reason;
+  EXPECT_FALSE(text2map(std::string_view("{\n}\n\0{", 6), "f", map, &reason));
+  EXPECT_EQ(reason, "f:3: a zero byte");
 }
 
 TEST(TextForm, FilesAreMergedAndReplacedAsAWhole) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -12,7 +13,9 @@ class TempFolder {
 public:
   TempFolder() {
     std::string made = (std::filesystem::temp_directory_path() / "vltest-XXXXXX").string();
-    path_ = ::mkdtemp(made.data()) ? made : std::string();
+    if (!::mkdtemp(made.data()))
+      throw std::runtime_error("cannot make " + made);
+    path_ = made;
   }
   TempFolder(TempFolder const &) = delete;
   TempFolder & operator=(TempFolder const &) = delete;

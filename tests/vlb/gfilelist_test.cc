@@ -55,6 +55,7 @@ TEST_F(FileList, folders_times_names) {
       {"**", "*.cc;?.h", "a.h B.h b.h src/one/c.h src/one/deep/d.h src/two/e.h src/two/f.cc x.cc"},
       {"", ".#*", ".#a.h"},
       {"src", "", ""},
+      {"**/deep", "*.h", "src/one/deep/d.h"},
   };
   for (auto const & [paths, files, expected] : cases)
     EXPECT_EQ(added(paths, files), expected) << paths << " | " << files;
@@ -72,6 +73,7 @@ TEST_F(FileList, what_is_missing_is_told_once) {
   EXPECT_EQ(added("src/one", "*.cc;c.h"), "src/one/c.h ! No file matches: src/one/*.cc");
   EXPECT_EQ(added("src/one;src/two", "*.pas"), "! No file matches: *.pas");
   EXPECT_EQ(added("a.h", "*"), "! Folder does not exist: a.h");
+  EXPECT_EQ(added("src", "/no/such.h"), "! No file matches: /no/such.h");
   EXPECT_FALSE(list.cur_dir(folder.path("none")));
 }
 
@@ -82,7 +84,20 @@ TEST_F(FileList, links_neither_loop_nor_leave_nor_repeat) {
   folder.write("other/o.h");
   fs::create_directory_symlink(folder.path("other"), folder.path("src/other"));
   fs::create_symlink("nowhere", folder.path("src/dangling.h"));
+  EXPECT_EQ(added("src/*o/**", "e.h"), "src/two/e.h") << "also under two names";
   EXPECT_EQ(added("src/**", "*.h"), "src/one/c.h src/one/deep/d.h src/other/o.h src/two/e.h");
+}
+
+TEST_F(FileList, a_pattern_of_many_components_ends) {
+  std::string deep = "deep";
+  for (int i = 0; i < 60; ++i)
+    deep += "/d";
+  folder.write(deep + "/f.h");
+  EXPECT_EQ(added("deep/**/**/**/**/**/**", "*.h"), deep + "/f.h");
+  std::string stars = "src";
+  for (int i = 0; i < 500000; ++i)
+    stars += "/*";
+  EXPECT_TRUE(added(stars, "*.h").starts_with("! Folder does not exist: src/*/*"));
 }
 
 TEST_F(FileList, a_large_tree_takes_time_in_proportion) {

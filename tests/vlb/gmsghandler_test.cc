@@ -1,8 +1,11 @@
+#include <cstdlib>
+
 #include <gtest/gtest.h>
 
 #include "support/temp_folder.h"
 #include "support/test_outside.h"
 #include "vlb/gexception.h"
+#include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 
@@ -78,6 +81,13 @@ TEST_F(Messages, free_text_passes_whatever_the_levels_unless_it_has_a_severity) 
             "file only\nlast\n");
 }
 
+TEST_F(Messages, a_report_is_one_line_whatever_its_argument_holds) {
+  log(Msg::error, Msg::invalid_param, std::string("a\nb\0c\t\x1b[2J\r\x7f\xc2\xb4\\n", 16),
+      "a\n.h:1");
+  EXPECT_EQ(outside.report_text(),
+            "ERROR 134: Invalid parameter: a\\nb\\0c\t\\x1b[2J\\x0d\\x7f\xc2\xb4\\n (a\\n.h:1)\n");
+}
+
 TEST_F(Messages, a_suppressed_report_takes_its_hints_along_and_isnt_counted) {
   log.suppress({420, 111});
   log(Msg::warning, Msg::missing_identifier);
@@ -88,19 +98,23 @@ TEST_F(Messages, a_suppressed_report_takes_its_hints_along_and_isnt_counted) {
   log(Msg::err_hint, Msg::ignoring_command);
   log(Msg::err_hint, Msg::ignoring_definition);
   EXPECT_EQ(outside.reports.size(), 2u);
+  log() << "FATAL ERROR: the end" << std::endl;
+  log(Msg::err_hint, Msg::next_file);
+  EXPECT_EQ(outside.reports.size(), 3u) << "a hint behind free text isn't one of theirs";
   EXPECT_EQ(log.errors(), 0);
   EXPECT_EQ(log.warnings(), 1);
   EXPECT_EQ(log.worst(), Msg::warning);
   begin_run(log);
   log(Msg::err_hint, Msg::ignoring_command);
   log(Msg::error, Msg::citation_unreadable, "c");
-  EXPECT_EQ(outside.reports.size(), 4u) << "the next run reports again";
+  EXPECT_EQ(outside.reports.size(), 5u) << "the next run reports again";
 }
 
 TEST_F(Messages, the_error_that_reaches_the_limit_is_written_and_ends_the_stage) {
   log.err_max = 2;
   log(Msg::warning, Msg::empty_curclass);
   log(Msg::error, Msg::no_citation_open);
+  EXPECT_FALSE(log.limit_reached());
   try {
     log(Msg::doc_error, Msg::undefined_citation, "c");
     FAIL();
@@ -109,8 +123,10 @@ TEST_F(Messages, the_error_that_reaches_the_limit_is_written_and_ends_the_stage)
   }
   EXPECT_EQ(outside.reports.size(), 3u);
   EXPECT_NO_THROW(log(Msg::err_hint, Msg::aborting)) << "handlers must be able to report";
+  EXPECT_TRUE(log.limit_reached()) << "or a guard would go on with the next file";
   EXPECT_THROW(log(Msg::error, Msg::code_failed), gExcFatalErr) << "or the run would go on";
   begin_run(log);
+  EXPECT_FALSE(log.limit_reached());
   for (int i = 0; i < 1000; ++i)
     log(Msg::error, Msg::no_citation_open);
   EXPECT_EQ(log.errors(), 1000) << "no limit by default";
@@ -157,6 +173,28 @@ TEST_F(Messages, the_date_has_ten_characters_and_the_time_eight) {
   for (char & c : shape)
     c = Vlb::is_digit(c) ? '9' : c;
   EXPECT_EQ(shape, "99/99/9999 99:99:99");
+}
+
+TEST_F(Messages, the_manual_tells_every_numbered_report_with_its_text) {
+  std::string catalogue, manual;
+  std::string const root = VELLUMAR_SOURCE_DIR;
+  ASSERT_TRUE(gFileSystem::read_file(root + "/vlb/messages.cc", catalogue));
+  ASSERT_TRUE(gFileSystem::read_file(root + "/doc/messages.md", manual));
+  int found = 0;
+  for (std::size_t at = 0; (at = catalogue.find('(', at + 1)) != catalogue.npos;) {
+    std::string const number = std::to_string(std::atoi(catalogue.c_str() + at + 1));
+    // Numbers begin with 10; nothing reports an empty filter.
+    if (number.size() < 2 || number == "440")
+      continue;
+    ++found;
+    std::size_t const from = catalogue.find('"', at) + 1;
+    gString text = catalogue.substr(from, catalogue.find("\");", from) - from);
+    std::size_t const row = manual.find("\n| " + number + " | ");
+    ASSERT_NE(row, manual.npos) << number;
+    std::string const line = manual.substr(row + 1, manual.find('\n', row + 1) - row - 1);
+    EXPECT_NE(line.find(" | " + text.wsp_rmright() + " | "), line.npos) << line;
+  }
+  EXPECT_GT(found, 60);
 }
 
 TEST_F(Messages, the_status_line_is_kept_and_shown) {

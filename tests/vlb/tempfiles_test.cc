@@ -100,6 +100,14 @@ TEST_F(TempFiles, removing_all_forgets_nothing_and_the_next_run_starts_anew) {
   }
 }
 
+TEST_F(TempFiles, a_folder_that_someone_removed_costs_one_run_only) {
+  gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+  fs::remove_all(path.dir_name().c_str());
+  EXPECT_EQ(gFileSystem::get_temp_file_name("~vl"), "");
+  gFileSystem::remove_temp_files();
+  EXPECT_NE(gFileSystem::get_temp_file_name("~vl"), "");
+}
+
 TEST_F(TempFiles, threads_may_make_and_remove_at_once) {
   auto const work = [] {
     for (int i = 0; i < 500; ++i)

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,6 +19,8 @@ constexpr char quote_lead = '\xC2'; // in front of the quote in UTF-8
 // UTF-8 has no bytes from F8 on.
 constexpr char shielded_quote = '\xF8';
 constexpr char shielded_other_quote = '\xF9';
+
+constexpr off_t largest_file = std::numeric_limits<int>::max();
 
 // Buffers of ordinary files are kept for the next one; that of a huge file isn't.
 constexpr std::size_t kept_capacity = std::size_t(1) << 20;
@@ -72,7 +75,7 @@ bool valid_utf8(char const * at, char const * end) {
 
 bool gInputText::read(gPathstring const & path) {
   clear();
-  int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  int const file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   if (file < 0)
     return false;
   bool const good = read_from(file);
@@ -84,10 +87,10 @@ bool gInputText::read(gPathstring const & path) {
   return good;
 }
 
-// A device could go on for ever.
+// A device could go on for ever, and a pipe never begin.
 bool gInputText::read_from(int file) {
   struct stat about;
-  if (::fstat(file, &about) != 0 || !(S_ISREG(about.st_mode) || S_ISFIFO(about.st_mode)))
+  if (::fstat(file, &about) != 0 || !S_ISREG(about.st_mode) || about.st_size > largest_file)
     return false;
   grow(static_cast<std::size_t>(about.st_size) + 2);
   for (;;) {

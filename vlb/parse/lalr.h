@@ -63,7 +63,9 @@ public:
 
   int run() {
     base_.clearin();
-    push(0, {});
+    base_.recovery_ = 0;
+    Value nothing;
+    push(0, nothing);
     for (;;) {
       int const state = top();
       if (state == tables_.final_state)
@@ -89,7 +91,7 @@ private:
 
   int top() const { return states_[height_ - 1]; }
 
-  void push(int state, Value value) {
+  void push(int state, Value & value) {
     if (height_ == states_.size())
       throw gExcFatalErr("Stack overflow in the parser", "");
     states_[height_] = static_cast<gLalrTables::Number>(state);
@@ -115,9 +117,10 @@ private:
 
   void shift(int state) {
     base_.clearin();
-    push(state, parser_.scanner().token_value().take());
-    if (recovery_ > 0)
-      --recovery_;
+    push(state, parser_.scanner().token_value());
+    parser_.scanner().token_value().clear();
+    if (base_.recovery_ > 0)
+      --base_.recovery_;
   }
 
   void reduce(int rule) {
@@ -125,24 +128,25 @@ private:
     Value result;
     parser_.reduce(rule, values_.data() + (height_ - length), result);
     pop(length);
-    push(tables_.next_state(top(), rule), std::move(result));
+    push(tables_.next_state(top(), rule), result);
   }
 
   // A first fault is reported, then the stack is popped to a state that knows how to go on behind
   // `error`. Until three tokens have been shifted, further faults aren't reported; and if none has
   // been shifted since, the token itself is what doesn't fit, and is dropped.
   bool recover() {
-    if (recovery_ == recovery_tokens) {
+    if (base_.recovery_ == recovery_tokens) {
       bool const more = base_.lookahead_ != 0;
       base_.clearin();
       return more;
     }
-    if (recovery_ == 0)
+    if (base_.recovery_ == 0)
       base_.report_syntax_error();
-    recovery_ = recovery_tokens;
+    base_.recovery_ = recovery_tokens;
     for (; height_ > 0; pop(1))
       if (int const state = tables_.action(top(), gLalrTables::error_symbol); state > 0) {
-        push(state, {});
+        Value nothing;
+        push(state, nothing);
         return true;
       }
     return false;
@@ -154,7 +158,6 @@ private:
   std::vector<gLalrTables::Number> states_;
   std::vector<Value> values_;
   std::size_t height_ = 0;
-  int recovery_ = 0;
 };
 
 // Runs a parser over its input: 0 if it was accepted, 1 if parsing had to give up. The parser is of

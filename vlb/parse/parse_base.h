@@ -35,6 +35,8 @@ protected:
   // For actions that read tokens themselves; the token's value stays with the scanner until the
   // parser shifts it.
   void set_lookahead(int token) { lookahead_ = token; }
+  // True while the tokens behind a fault count, so that the parser has to shift each by itself.
+  bool recovering() const { return recovery_ > 0; }
   // Reports a look-ahead that doesn't fit.
   void report_syntax_error() const;
 
@@ -42,5 +44,6 @@ private:
   template <class Parser> friend class gLalrRun;
 
   int lookahead_ = no_token;
+  int recovery_ = 0; // tokens to shift until faults are reported again
   int stack_size_;
 };

@@ -165,8 +165,11 @@ int gScanBase::wrap() {
   return 1;
 }
 
+// A hint continues the report in front of it, which has told the position.
 void gScanBase::error(Msg::type type, gMessage const & message, gString const & argument) const {
-  Msg::log(type, message, argument, gLoc(infile_, std::max(line_, 0)).make_string());
+  bool const hint = type == Msg::err_hint || type == Msg::warn_hint;
+  Msg::log(type, message, argument,
+           hint ? gString() : gLoc(infile_, std::max(line_, 0)).make_string());
 }
 
 // A line feed would break the report's line, and a NUL cut it.

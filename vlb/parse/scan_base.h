@@ -100,6 +100,8 @@ public:
   // For actions: the token, in place; valid until the next scan().
   std::string_view token() const { return {token_, static_cast<std::size_t>(length_)}; }
   int length() const { return length_; }
+  // Bytes of the input up to the end of the token.
+  std::ptrdiff_t position() const { return next_ - input_.begin(); }
   // The token as a value, with the bytes of the file (see shield_quotes).
   gString value() const { return plain(token()); }
   // Bytes of the file for bytes of the machine.
