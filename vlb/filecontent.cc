@@ -93,8 +93,9 @@ bool replace_file(std::string const & path, std::string_view text, struct stat c
   Descriptor file(create_beside(path, beside));
   if (!file)
     return false;
-  bool done = write_all(file.number(), text);
-  done = done && (!old || take_mode(file.number(), *old));
+  // The mode first: nobody may read the new text who couldn't read the old one.
+  bool done = !old || take_mode(file.number(), *old);
+  done = done && write_all(file.number(), text);
   done = done && ::fsync(file.number()) == 0;
   done = file.close() && done;
   done = done && std::rename(beside.c_str(), path.c_str()) == 0;

@@ -5,9 +5,10 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 
 namespace {
 
@@ -32,20 +33,13 @@ char const * access_word(int access) {
                                      : "";
 }
 
-// The words that the project shows for an attribute's value.
-gString display_text(std::string_view attribute, std::string_view value) {
-  gStrList text;
-  cat::read(Vapp::option({"attr", attribute, "val", value}), text);
-  return text.make_string("");
-}
-
 // The text of an inheritance step by its access bits; a block has few different ones.
 gString relation_label(int access) {
   gString label;
   if (*access_word(access))
-    label = display_text("VISIBILITY", access_word(access));
+    label = Vlb::attribute_text("VISIBILITY", access_word(access));
   label += ' ';
-  label += display_text("VIRTUALITY", access & access_virtual ? "virtual" : "nonvirtual");
+  label += Vlb::attribute_text("VIRTUALITY", access & access_virtual ? "virtual" : "nonvirtual");
   return label.wsp_norm();
 }
 
@@ -76,10 +70,15 @@ struct gClassTable::Walk {
     ++classes;
   }
 
+  // The height of a class, and how many levels were looked at to find it.
+  struct Height {
+    int limit, level;
+  };
+
   gOutline const & from;
   std::vector<void const *> path;
-  std::map<std::pair<void const *, int>, int> levels; // by class and limit
-  std::map<int, gString> labels;                      // by access
+  std::unordered_map<void const *, Height> heights;
+  std::map<int, gString> labels; // by access
   int classes = 0;
 };
 
@@ -126,17 +125,20 @@ int gClassTable::class_level(gString const & name, int limit, Walk & walk) const
   cRef<gBaseClause> const * clause = limit == 0 ? nullptr : lookup(name);
   if (!clause)
     return 0;
-  std::pair<void const *, int> const key(clause, limit);
-  auto const known = walk.levels.find(key);
-  if (known != walk.levels.end())
-    return known->second;
+  auto const known = walk.heights.find(clause);
+  if (known != walk.heights.end()) {
+    auto const [looked_at, level] = known->second;
+    if (level < looked_at || limit <= looked_at)
+      return std::min(level, limit);
+  }
   Walk::Step step(walk, clause);
   if (!step.ok)
     return 0;
   int highest = 0;
   for (gBaseEntry const & base : (*clause)->entries)
     highest = std::max(highest, class_level(base.name, limit - 1, walk));
-  return walk.levels[key] = 1 + highest;
+  walk.heights[clause] = {limit, 1 + highest};
+  return 1 + highest;
 }
 
 void gClassTable::base_list(gStrList & out, gString const & name, int level, Walk & walk) const {

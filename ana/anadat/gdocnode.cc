@@ -9,6 +9,25 @@
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 
+namespace {
+
+// A running head belongs to no unit: an attribute has the text of its undefined value.
+gStrList settled(gStrList list) {
+  for (auto it = list.begin(); it != list.end(); ++it) {
+    gPiece const kind = Vlb::piece_kind(**it);
+    auto const next = std::next(it);
+    if (kind == gPiece::index) {
+      list.set(it, Vlb::index_mark("xetplbkmk"));
+    } else if (kind == gPiece::attribute && next != list.end()) {
+      list.set(it, Vlb::attribute_text(**next, "undefined"));
+      list.erase(next);
+    }
+  }
+  return list;
+}
+
+} // namespace
+
 void gDocNode::emit(std::ostream & stream) {
   Vapp::poll_break();
   for (cRef<gDocNode> const & child : children())
@@ -68,7 +87,7 @@ void gSectHeader::write_head(std::ostream & stream) {
   Vlb::put(stream, ">\n@b_secthead\n");
   for (auto const & [key, opening] : prints) {
     Vlb::put(stream, opening);
-    Vlb::put_pieces(stream, gVLAttributes.list({"secttpl", template_, key}));
+    Vlb::put_pieces(stream, settled(gVLAttributes.list({"secttpl", template_, key})));
     Vlb::put(stream, "}\n");
   }
   Vlb::put(stream, "@e_secthead\n");

@@ -44,7 +44,7 @@ public:
   gString sort_key() const;
 
   // Appends to a subentry, or makes it.
-  void add_subentry(gString const & name, gStrList const & text);
+  void add_subentry(gString const & name, gStrList text);
   // Replaces a subentry, or makes it.
   void set_subentry(gString const & name, gStrList const & text);
   gSubEntries & subentries() { return subentries_; }
@@ -107,15 +107,13 @@ protected:
   void expand(gStrList & list);
   // Settles a list that may be shared. With `keep_references` they stay as they were written.
   void expand(cRef<gTextList> & list, bool keep_references);
-  // Writes a list of the templates or the script, settled.
-  void write_expanded(std::ostream & stream, gStrList const & list);
   // Settles everything that is written with the head.
   void expand_links();
   void write_link_block(std::ostream & stream) const;
   // Writes a text with its white space normalised, in a frame with a title; false, and nothing is
   // written, if it is empty or white space alone.
-  bool write_text(std::ostream & stream, std::string_view before, gStrList const & title,
-                  std::string_view middle, gSubText const & text, std::string_view behind);
+  static bool write_text(std::ostream & stream, std::string_view before, gStrList const & title,
+                         std::string_view middle, gSubText const & text, std::string_view behind);
   // Lets the texts go: a placed copy is written once, and quoted sources can be long.
   void release_texts();
   // True if unitconfig has "Verbatim" for this subentry of the unit's type.
@@ -150,7 +148,6 @@ private:
   gString citation_text(gString const & name) const;
   // The plain value of a unit variable or $curclass.
   gString variable(std::string_view name) const;
-  gString enclosing_class() const;
   void write_index(std::ostream & stream, std::string_view label) const;
 
   gSubEntries subentries_;
@@ -207,7 +204,9 @@ private:
   void compile_hierarchy(gUnitLook const & look);
   void write_item(std::ostream & stream, gContentsItem const & item, gStrList const & headline);
   void write_subentry(std::ostream & stream, gContentsItem const & item);
-  void write_verbatim(std::ostream & stream, gContentsItem const & item, gSubText const & text);
+  void write_verbatim(std::ostream & stream, gStrList const & title, gSubText const & text) const;
+  // The pieces of an item; they are put into `copy` if they must be settled.
+  gStrList const & settled(gContentsItem const & item, gStrList & copy);
   void write_hierarchy(std::ostream & stream) const;
 
   cRef<gTextList> headline_; // null for none of its own

@@ -33,6 +33,8 @@ bool has_placeholder(gStrList const & list);
 
 // The settled form of "@_vlxe", with a label of its own made from `stem`.
 gString index_mark(std::string_view stem);
+// The text that the project shows for the value of an attribute; the settled form of "@outattr".
+gString attribute_text(gString const & attribute, gString const & value);
 
 // The first and last piece of a verbatim block or a citation.
 bool begins_verbatim(std::string_view piece);

@@ -93,7 +93,7 @@ bool gDocUnit::write_text(std::ostream & stream, std::string_view before, gStrLi
   if (text.is_wsp())
     return false;
   Vlb::put(stream, before);
-  write_expanded(stream, title);
+  Vlb::put_pieces(stream, title);
   Vlb::put(stream, middle);
   if (has_white_piece(text)) {
     gSubText normal = text;
@@ -104,16 +104,6 @@ bool gDocUnit::write_text(std::ostream & stream, std::string_view before, gStrLi
   }
   Vlb::put(stream, behind);
   return true;
-}
-
-void gDocUnit::write_expanded(std::ostream & stream, gStrList const & list) {
-  if (!Vlb::has_placeholder(list)) {
-    Vlb::put_pieces(stream, list);
-    return;
-  }
-  gStrList copy = list;
-  expand(copy);
-  Vlb::put_pieces(stream, copy);
 }
 
 void gDocUnit::release_texts() {
@@ -154,6 +144,7 @@ void gSyntUnit::emit(std::ostream & stream) {
 
 void gSyntUnit::write_item(std::ostream & stream, gContentsItem const & item,
                            gStrList const & headline) {
+  gStrList copy;
   switch (item.kind) {
   case gContentsItem::headline:
     if (!headline.is_wsp())
@@ -169,29 +160,43 @@ void gSyntUnit::write_item(std::ostream & stream, gContentsItem const & item,
     write_subentry(stream, item);
     break;
   case gContentsItem::text:
-    write_expanded(stream, item.pieces);
+    Vlb::put_pieces(stream, settled(item, copy));
     break;
   }
 }
 
-void gSyntUnit::write_subentry(std::ostream & stream, gContentsItem const & item) {
-  gSubText const * text = std::as_const(*this).subentries().find(item.word);
-  if (!text)
-    return;
-  if (item.word == "@sline")
-    write_text(stream, "@sline{", {}, "", *text, "}\n");
-  else if (item.verbatim)
-    write_verbatim(stream, item, *text);
-  else
-    write_text(stream, "@subentry<1> @subtitle{", item.pieces, "}\n", *text, "\n");
+gStrList const & gSyntUnit::settled(gContentsItem const & item, gStrList & copy) {
+  if (!item.variable)
+    return item.pieces;
+  copy = item.pieces;
+  expand(copy);
+  return copy;
 }
 
-void gSyntUnit::write_verbatim(std::ostream & stream, gContentsItem const & item,
-                               gSubText const & text) {
+void gSyntUnit::write_subentry(std::ostream & stream, gContentsItem const & item) {
+  gSubText const * text = std::as_const(*this).subentries().find(item.word);
+  if (item.word == "@sline") {
+    if (text)
+      write_text(stream, "@sline{", {}, "", *text, "}\n");
+    return;
+  }
+  gStrList copy;
+  // What is wrong with a title is told even where the text is missing.
+  gStrList const & title = settled(item, copy);
+  if (!text)
+    return;
+  if (item.verbatim)
+    write_verbatim(stream, title, *text);
+  else
+    write_text(stream, "@subentry<1> @subtitle{", title, "}\n", *text, "\n");
+}
+
+void gSyntUnit::write_verbatim(std::ostream & stream, gStrList const & title,
+                               gSubText const & text) const {
   if (text.is_wsp())
     return;
   Vlb::put(stream, "@subentry<1> @subtitle{");
-  write_expanded(stream, item.pieces);
+  Vlb::put_pieces(stream, title);
   Vlb::put(stream, "} @b_verbatim\n");
   int const indent = text.common_indent(look()->tab_width);
   if (indent == 0 && !has_tab(text)) { // most declarations

@@ -19,6 +19,12 @@ gString quoted(gString const & text) {
 
 } // namespace
 
+gString Vlb::attribute_text(gString const & attribute, gString const & value) {
+  gStrList text;
+  cat::read(Vapp::option({"attr", attribute, "val", value}), text);
+  return text.make_string("");
+}
+
 gString gDocUnit::variable(std::string_view name) const {
   if (name == "$name")
     return first_name();
@@ -26,15 +32,7 @@ gString gDocUnit::variable(std::string_view name) const {
     return this->name();
   if (name == "$cname")
     return second_name();
-  return curclass_ ? *curclass_ : enclosing_class();
-}
-
-// Headline units aren't compiled: for them the class is the unit that they stand in.
-gString gDocUnit::enclosing_class() const {
-  for (gDocNode const * node = parent(); node; node = node->parent())
-    if (auto const * unit = dynamic_cast<gDocUnit const *>(node))
-      return unit->name();
-  return gString();
+  return curclass_ ? *curclass_ : gString();
 }
 
 void gDocUnit::expand_subentries() {
@@ -137,9 +135,7 @@ void gDocUnit::expand_attribute(gStrList & list, gStrList::iterator & it) {
   auto const command = it++;
   if (it == list.end())
     return;
-  gStrList text;
-  cat::read(Vapp::option({"attr", **it, "val", get_attr(**it)}), text);
-  list.set(command, text.make_string(""));
+  list.set(command, Vlb::attribute_text(**it, get_attr(**it)));
   it = list.erase(it);
 }
 

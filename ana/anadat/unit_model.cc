@@ -81,8 +81,8 @@ gString gDocUnit::label() const {
   return make_label(stem, std::to_string(label_number_));
 }
 
-void gDocUnit::add_subentry(gString const & name, gStrList const & text) {
-  subentries_[name].append(text);
+void gDocUnit::add_subentry(gString const & name, gStrList text) {
+  subentries_[name].append(std::move(text));
 }
 
 void gDocUnit::set_subentry(gString const & name, gStrList const & text) {

@@ -176,6 +176,14 @@ TEST_F(DocumentTest, ADiamondOfBasesEndsTheBlock) {
   EXPECT_EQ(gCppClasses.class_level("a40", hier_all), 40);
   EXPECT_LT(gCppClasses.hierarchy("a40", {}, hier_all, 0).size(), 50000u);
   EXPECT_LT(gCppClasses.hierarchy("a0", {}, 0, hier_all).size(), 50000u);
+  // Looked at once for each number of levels, this one takes seconds.
+  for (int i = 1; i <= 250; ++i) {
+    auto clause = make_ref<gBaseClause>();
+    for (int k = i; k-- > 0;)
+      clause->append({"d" + std::to_string(k), access_public});
+    gCppClasses.insert_class("d" + std::to_string(i), clause);
+  }
+  EXPECT_EQ(gCppClasses.class_level("d250", hier_all), 250);
   for (int i = 0; i < 100000; ++i)
     insert("c" + std::to_string(i + 1), {"c" + std::to_string(i)});
   EXPECT_EQ(gCppClasses.class_level("c7", 3), 3);

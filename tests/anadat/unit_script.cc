@@ -283,6 +283,7 @@ void UnitScript::place(Words const & words) {
     if (words[0] == "headline") {
       unit_ = make_ref<gTextUnit>("", gSrcFile("s.vls", "", 0), 1);
       unit_->add_subentry("text", pieces_of(rest(words, 1)));
+      unit_->expand_table(state_);
       gDocManager.add_unit(unit_);
       return;
     }
