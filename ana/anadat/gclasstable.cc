@@ -86,7 +86,10 @@ gString gClassTable::Walk::reference(std::string_view key, gString const & name,
   gString target;
   bool const found = gDocManager.resolve_reference(from, gString(key), target);
   gString text = found ? "<main><" + target : "<void><";
-  text += "><><" + std::to_string(level) + ">{" + Vlb::escape_atc(name) + "}";
+  // As written, but for what would end the text in braces.
+  gString shown = name;
+  shown.escape("}@\\", '\\');
+  text += "><><" + std::to_string(level) + ">{" + shown + "}";
   return text;
 }
 

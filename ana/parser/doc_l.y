@@ -121,18 +121,18 @@ qualified_name: ID { $$ = first_name(std::move($1)); }
               | qualified_name '.' ID { $$ = scoped_name(std::move($1), ".", std::move($3)); }
               ;
 
-first_part: entry_text { add_text("@description", $1); }
-          | SUBJECT_BEGIN subject_text { add_text("@sline", $2); }
+first_part: entry_text { add_text("@description", std::move($1)); }
+          | SUBJECT_BEGIN subject_text { add_text("@sline", std::move($2)); }
           | SUBJECT_BEGIN subject_text SUBJECT_END entry_text {
-              add_text("@sline", $2);
-              add_text("@description", $4);
+              add_text("@sline", std::move($2));
+              add_text("@description", std::move($4));
             }
           ;
 subentries: %empty
           | subentries subentry
           ;
-subentry: SUBJECT_KW subject_text { add_text("@sline", $2); }
-        | SUBENTRY_KW entry_text { add_text($1->subentry, $2); }
+subentry: SUBJECT_KW subject_text { add_text("@sline", std::move($2)); }
+        | SUBENTRY_KW entry_text { add_text($1->subentry, std::move($2)); }
         ;
 opt_end: END
        | %empty
@@ -179,7 +179,7 @@ param_word: WORD ;
 
 /* Continuous texts. */
 
-text_unit: TEXTUNIT_KW opt_name new_text_unit body opt_end { enter_text_unit($4); } ;
+text_unit: TEXTUNIT_KW opt_name new_text_unit body opt_end { enter_text_unit(std::move($4)); } ;
 opt_name: %empty { $$.clear(); }
         | ID
         ;

@@ -10,6 +10,6 @@ public:
   int parse() override { return run_lalr(*this); }
 
   // For the driver; made of the grammar.
-  void reduce(int rule, Value * rhs, Value & result);
+  bool reduce(int rule, Value * rhs, Value & result);
   static gLalrTables const & tables();
 };

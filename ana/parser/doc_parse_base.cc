@@ -22,5 +22,6 @@ gStrList doc_parse_base::joined(gStrList & text, gStrList & more) {
 
 gStrList doc_parse_base::joined_text(gStrList & text, Doc::Text & more) {
   text.push_back(std::move(more));
+  take_texts([&](Doc::Text & next) { text.push_back(std::move(next)); });
   return std::move(text);
 }

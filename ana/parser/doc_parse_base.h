@@ -21,7 +21,7 @@ protected:
   cRef<gString> piece(std::string_view text) { return scanner_.piece(text); }
   // Both take what they join out of its place: text grows by a piece at a time.
   static gStrList joined(gStrList & text, gStrList & more);
-  static gStrList joined_text(gStrList & text, Doc::Text & more);
+  gStrList joined_text(gStrList & text, Doc::Text & more);
   void illegal(gMessage const & what) const { error(Msg::error, what); }
 
   // Units that document something. A name is a list: the separator of its parts, then the parts.
@@ -33,7 +33,7 @@ protected:
   static gStrList first_name(gString part);
   static gStrList scoped_name(gStrList name, gString const & separator, gString part);
   // Text of white space alone leaves no subentry.
-  void add_text(gString const & subentry, gStrList const & text);
+  void add_text(gString const & subentry, gStrList text);
   void set_headline(gStrList const & text);
   void set_hierarchy(Doc::Levels levels);
   Doc::Levels class_levels(gParamList & params) const;
@@ -44,8 +44,8 @@ protected:
 
   // Continuous texts: "@text\n" stands in front of the first text behind each headline.
   void begin_text_unit(gString const & name);
-  void enter_text_unit(gStrList const & body);
-  gStrList running_text(cRef<gString> text);
+  void enter_text_unit(gStrList body);
+  gStrList running_text(Doc::Text text);
   gStrList running_element(gStrList element);
   gStrList joined_head(gStrList body, gStrList head);
   gStrList section_head(int level, gParamList & params);
@@ -96,6 +96,17 @@ protected:
 private:
   gSyntUnit & synt_unit() { return static_cast<gSyntUnit &>(*cur_unit_); }
   void enter(bool is_named);
+  // Takes the words that follow a word in its place: most of a text is words, and the parser need
+  // not turn for each of them.
+  template <class Use> void take_texts(Use use) {
+    if (recovering())
+      return;
+    int token = scanner_.scan();
+    for (; token == Doc::TEXT; token = scanner_.scan())
+      use(scanner_.token_value().as<Doc::Text>());
+    set_lookahead(token);
+  }
+  void add_running_text(gStrList & pieces, Doc::Text text);
   void read_table_template();
   int class_level(gParamList const & params, std::string_view option) const;
 

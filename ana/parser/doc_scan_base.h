@@ -116,8 +116,8 @@ private:
 
   // How keywords begin: nearly all candidates fail here, without a look-up.
   struct KeywordIndex {
-    std::array<unsigned char, 256> kinds{}; // by first character, the kinds that begin with it
-    std::size_t longest = 0;                // bytes
+    std::array<unsigned char, 1024> kinds{}; // by first two characters, the kinds that begin so
+    std::size_t longest = 0;                 // bytes
   };
 
   void index_keywords();
@@ -127,14 +127,16 @@ private:
   int open_unit(Doc::Keyword keyword);
   int open_subentry(Doc::Keyword keyword);
 
+  // A subject line, and the text of a unit, with a subject line in front if its pattern has one.
   int begin_subject();
+  int begin_text();
   bool in_slsep(char c) const;
   int max_subject_lines() const { return cur_pattern_ ? cur_pattern_->slspec : 0; }
   void push(Return place) { return_stack_.push_back(place); }
   void go_back();
   void check_variable();
-  int begin_item(Doc::Token token);
   int end_subject();
+  int own_text(); // the token as a piece
   int blank();
   int escaped_word();
 

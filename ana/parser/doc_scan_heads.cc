@@ -15,11 +15,14 @@ void remove_space(gString & text) {
 
 int doc_scan_base::begin_subject() {
   begin(BODY);
-  if (max_subject_lines() < 1)
-    return scan_go_on;
   in_subject_ = true;
   subject_lines_ = 1;
   return SUBJECT_BEGIN;
+}
+
+int doc_scan_base::begin_text() {
+  begin(BODY);
+  return max_subject_lines() < 1 ? int(scan_go_on) : begin_subject();
 }
 
 bool doc_scan_base::in_slsep(char c) const {
@@ -27,12 +30,17 @@ bool doc_scan_base::in_slsep(char c) const {
 }
 
 int doc_scan_base::choose_identifier() {
-  int const form = cur_pattern_ ? cur_pattern_->idspec : gUnitPattern::none;
   back();
-  if (form == gUnitPattern::none)
-    return begin_subject();
-  begin(form == gUnitPattern::unqualified ? IDENT : DECL);
-  return scan_go_on;
+  switch (cur_pattern_ ? cur_pattern_->idspec : gUnitPattern::none) {
+  case gUnitPattern::unqualified:
+    begin(IDENT);
+    return scan_go_on;
+  case gUnitPattern::complex:
+    begin(DECL);
+    return scan_go_on;
+  default:
+    return begin_text();
+  }
 }
 
 int doc_scan_base::plain_identifier() {
@@ -43,14 +51,14 @@ int doc_scan_base::plain_identifier() {
 
 int doc_scan_base::missing_identifier() {
   error(Msg::warning, Msg::missing_identifier);
-  Msg::log(Msg::warn_hint, Msg::treating_as_unnamed); // the warning has told the position
+  error(Msg::warn_hint, Msg::treating_as_unnamed);
   return leave_for(AFTERID);
 }
 
 int doc_scan_base::behind_identifier() {
   if (max_subject_lines() < 1 || !in_slsep(token().back()))
     back();
-  return begin_subject();
+  return begin_text();
 }
 
 int doc_scan_base::head_keyword_or_reject(gLanguage language, Token token) {
@@ -87,7 +95,7 @@ int doc_scan_base::head_separator_or_reject() {
 }
 
 int doc_scan_base::head_line_end() {
-  return !cur_pattern_ || cur_pattern_->slsep.empty() ? begin_subject() : scan_go_on;
+  return !cur_pattern_ || cur_pattern_->slsep.empty() ? begin_text() : scan_go_on;
 }
 
 int doc_scan_base::begin_template() {

@@ -1,5 +1,7 @@
 // The text of a unit: words, white space, items, commands, and the stretches that have rules of
 // their own, namely code text, references, index entries and verbatim blocks.
+#include <algorithm>
+
 #include "ana/parser/doc_scan_base.h"
 #include "vlb/messages.h"
 
@@ -8,6 +10,12 @@ using namespace Doc;
 int doc_scan_base::text_token(std::string_view text) {
   value_.set(pool_.get(text));
   return TEXT;
+}
+
+// Bytes of ASCII are the same in the file and in the machine.
+int doc_scan_base::own_text() {
+  bool const is_ascii = std::all_of(token().begin(), token().end(), [](char c) { return c >= 0; });
+  return is_ascii ? text_token(token()) : text_token(value());
 }
 
 int doc_scan_base::blank() {
@@ -65,7 +73,7 @@ int doc_scan_base::body_word() {
 int doc_scan_base::body_quote(Token token, int condition) {
   at_entry_ = false;
   if (verbatim_)
-    return text_token(value());
+    return own_text();
   push(Return::body);
   begin(condition);
   return token;
@@ -88,7 +96,7 @@ int doc_scan_base::body_variable() {
   at_entry_ = false;
   if (!verbatim_)
     check_variable();
-  return text_token(value());
+  return own_text();
 }
 
 // A backslash protects the next character, but not the end of the comment: what looks like a
@@ -104,7 +112,7 @@ int doc_scan_base::body_text() {
     if (end != std::string_view::npos)
       cut_to(static_cast<int>(end));
   }
-  return text_token(value());
+  return own_text();
 }
 
 int doc_scan_base::end_subject() {
@@ -118,12 +126,12 @@ int doc_scan_base::empty_line() {
     return end_subject();
   if (in_table_)
     return scan_go_on;
-  return verbatim_ ? text_token(value()) : int(ENDP);
+  return verbatim_ ? own_text() : int(ENDP);
 }
 
 // The rest of a run of empty lines that is longer than a token may be.
 int doc_scan_base::further_empty_lines() {
-  return verbatim_ ? text_token(value()) : scan_go_on;
+  return verbatim_ ? own_text() : scan_go_on;
 }
 
 int doc_scan_base::line_end() {
@@ -135,7 +143,7 @@ int doc_scan_base::line_end() {
 int doc_scan_base::blanks() {
   if (in_table_)
     return scan_go_on;
-  return verbatim_ ? text_token(value()) : blank();
+  return verbatim_ ? own_text() : blank();
 }
 
 int doc_scan_base::escaped_text() {
@@ -162,5 +170,5 @@ int doc_scan_base::index_line_break() {
 int doc_scan_base::verbatim_line_end() {
   if (in_subject_)
     ++subject_lines_;
-  return text_token(value());
+  return own_text();
 }

@@ -51,9 +51,9 @@ gStrList doc_parse_base::scoped_name(gStrList name, gString const & separator, g
   return name;
 }
 
-void doc_parse_base::add_text(gString const & subentry, gStrList const & text) {
+void doc_parse_base::add_text(gString const & subentry, gStrList text) {
   if (!text.is_wsp())
-    cur_unit_->add_subentry(subentry, text);
+    cur_unit_->add_subentry(subentry, std::move(text));
 }
 
 // A command that failed gives no pieces and costs nothing else.
@@ -78,8 +78,9 @@ int doc_parse_base::class_level(gParamList const & params, std::string_view opti
   if (!params.has_option(option))
     return hier_all;
   gString const text = params.option(option);
+  char const * const digits = text.data() + (text.starts_with('+') && !text.starts_with("+-"));
   int level = 0;
-  auto const [end, fault] = std::from_chars(text.data(), text.data() + text.size(), level);
+  auto const [end, fault] = std::from_chars(digits, text.data() + text.size(), level);
   if (fault == std::errc() && level >= 0)
     return level;
   error(Msg::error, Msg::invalid_hierarchy_level, text);
@@ -116,18 +117,23 @@ void doc_parse_base::begin_text_unit(gString const & name) {
   text_pending_ = true;
 }
 
-void doc_parse_base::enter_text_unit(gStrList const & body) {
-  cur_unit_->add_subentry("text", body);
+void doc_parse_base::enter_text_unit(gStrList body) {
+  cur_unit_->add_subentry("text", std::move(body));
   enter(!cur_unit_->first_name().empty());
 }
 
-gStrList doc_parse_base::running_text(cRef<gString> text) {
-  gStrList pieces;
+void doc_parse_base::add_running_text(gStrList & pieces, Doc::Text text) {
   if (text_pending_ && !text->wsp_only()) {
     pieces.push_back(piece("@text\n"));
     text_pending_ = false;
   }
   pieces.push_back(std::move(text));
+}
+
+gStrList doc_parse_base::running_text(Doc::Text text) {
+  gStrList pieces;
+  add_running_text(pieces, std::move(text));
+  take_texts([&](Doc::Text & next) { add_running_text(pieces, std::move(next)); });
   return pieces;
 }
 

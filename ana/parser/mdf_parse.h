@@ -10,6 +10,6 @@ public:
   int parse() override { return run_lalr(*this); }
 
   // Made from the grammar.
-  void reduce(int rule, Value * rhs, Value & result);
+  bool reduce(int rule, Value * rhs, Value & result);
   static gLalrTables const & tables();
 };

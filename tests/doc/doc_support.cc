@@ -45,6 +45,8 @@ DocWorld::DocWorld() {
   add_unit({"@n"}, "", pattern(1, 1, ":;", "member"));
   add_unit({"@d"}, "", pattern(2, 1, ";", "class"));
   add_unit({"@l"}, "", pattern(2, 1, "", "method"));
+  add_unit({"@z"}, "", pattern(2, 0, ";", "class"));
+  add_unit({"@o"}, "", pattern(3, 0, "", "class"));
   add_unit({"@x", "@text"}, "", pattern(0, 0, "", "text"));
   add_subentry("@description", "@description", "");
   add_subentry("@description", "Description", ":");

@@ -113,12 +113,13 @@ TEST(DocParse, PatternsOfSpecialOpeners) {
   ASSERT_TRUE(gUEKeywords.star_pattern());
   doc_parse parser;
   parser.reset();
-  std::string text = "@_vlbcom @_vlukwd  star @_vlecom @_vlbcom  @_vlukwd  slash @_vlecom ";
+  std::string text = "\n\n@_vlbcom @_vlukwd  star @_vlecom @_vlbcom  @_vlukwd  slash @_vlecom ";
   parser.scanner().open_text(gSrcFile(gPathstring("a.cpp"), gPathstring(), 1), text);
   EXPECT_EQ(parser.parse(), 0);
   ASSERT_EQ(gUnnamedUnits.total(), 1u);
   gDocUnit & unit = *(*gUnnamedUnits.begin()).value->begin()->second;
   EXPECT_EQ(unit.get_attr("UNITTYPE"), "class");
+  EXPECT_EQ(unit.loc().line(), 3);
   EXPECT_EQ(show(*unit.subentries().find("@description")), " |star| ");
   EXPECT_EQ(world.outside.report_text(), "");
 }
@@ -154,6 +155,9 @@ TEST(DocParse, WorstInputs) {
        "FATAL ERROR: Stack overflow in the parser"},
       {marked("/* @f " + std::string(1023, 'x') + " */"), "read 1"},
       {marked("/* @f " + std::string(1024, 'x') + " */"), overflow},
+      {marked("/* @f" + many(100'000, " @em{a}\n- b\n") + "*/"), "read 1"},
+      {marked("/*" + many(100'000, "@f a\n") + "*/"), "read 100000"},
+      {marked("/* @f a" + std::string(1'000'000, '\n') + "b */"), "read 1"},
       {marked("/* @f a" + std::string(5000, ' ') + "b" + std::string(5000, '\n') + "c */"),
        "read 1"},
       {marked("/* @n " + std::string(5000, '\n') + "id" + std::string(5000, ' ') + "b */"),

@@ -42,7 +42,7 @@ public:
   }
   std::string notes;
 
-  void reduce(int rule, Value * rhs, Value & result);
+  bool reduce(int rule, Value * rhs, Value & result);
   static gLalrTables const & tables();
 
   ListScan & scanner() override { return scan_; }

@@ -126,9 +126,17 @@ private:
   void reduce(int rule) {
     auto const length = static_cast<std::size_t>(tables_.lengths[rule]);
     Value result;
-    parser_.reduce(rule, values_.data() + (height_ - length), result);
-    pop(length);
-    push(tables_.next_state(top(), rule), result);
+    bool const acted = parser_.reduce(rule, values_.data() + (height_ - length), result);
+    if (length == 0) {
+      push(tables_.next_state(top(), rule), result);
+      return;
+    }
+    // The first symbol's place becomes that of the left side.
+    pop(length - 1);
+    if (acted)
+      values_[height_ - 1] = std::move(result);
+    states_[height_ - 1] =
+        static_cast<gLalrTables::Number>(tables_.next_state(states_[height_ - 2], rule));
   }
 
   // A first fault is reported, then the stack is popped to a state that knows how to go on behind
@@ -162,7 +170,8 @@ private:
 
 // Runs a parser over its input: 0 if it was accepted, 1 if parsing had to give up. The parser is of
 // a class that derives from gParseBase and has `Value` (a gValue), `reduce` and `tables`; the two
-// functions are made of its grammar. Its scanner has `Value & token_value()`.
+// functions are made of its grammar, and `reduce` answers false for a rule without an action. Its
+// scanner has `Value & token_value()`.
 template <class Parser> int run_lalr(Parser & parser) {
   return gLalrRun<Parser>(parser).run();
 }

@@ -64,14 +64,14 @@ gLalrTables const all_tables = {
 
 gLalrTables const & b4_percent_define_get([[api.parser.class]])::tables() { return all_tables; }
 
-void b4_percent_define_get([[api.parser.class]])::reduce(int rule, Value * rhs, Value & result) {
+bool b4_percent_define_get([[api.parser.class]])::reduce(int rule, Value * rhs, Value & result) {
   @{@{maybe_unused@}@} Value * const last = rhs + lengths@{rule@} - 1;
   switch (rule) {
 b4_user_actions
   default:
-    if (lengths@{rule@} > 0)
-      result = rhs->take();
+    return false;
   }
+  return true;
 }
 b4_epilogue[]dnl
 b4_output_end

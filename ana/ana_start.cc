@@ -1,0 +1,99 @@
+// The steps in front of a run. They use the port alone, so a menu handler and the command line can
+// share them.
+
+#include "ana/ana_start.h"
+
+#include "app/options/options.h"
+#include "vlb/outside.h"
+
+namespace {
+
+bool refuse(gString const & text, gOutside::Icon icon = gOutside::Icon::exclamation) {
+  Vlb::outside().box(text, icon);
+  return false;
+}
+
+bool warn_outdir() {
+  bool warn = true;
+  cat::read(Vapp::options_ini.at("warn_outdir"), warn);
+  return warn;
+}
+
+gString folder_text(gOutputFolder const & folder, char const * behind) {
+  return "Folder '" + folder.path() + "' " + behind;
+}
+
+// Says so if the folder is one that is never emptied.
+bool is_protected(gOutputFolder const & folder) {
+  gString const reason = folder.exists() ? folder.protection() : gString();
+  if (!reason.empty())
+    refuse(folder_text(folder, "is never emptied: ") + reason + ".", gOutside::Icon::stop);
+  return !reason.empty();
+}
+
+bool needs_question(gOutputFolder const & folder, gOverwrite overwrite) {
+  if (!folder.exists() || overwrite == gOverwrite::allow || !warn_outdir())
+    return false;
+  return overwrite == gOverwrite::ask || !(folder.empty() || folder.only_own_files());
+}
+
+// The folder that the user settles on; null if the run is called off. A folder that was chosen
+// instead is asked about too, unless questions come without regard to what a folder holds.
+std::unique_ptr<gOutputFolder> settle_folder(gOverwrite overwrite) {
+  for (bool again = true;;) {
+    auto folder = std::make_unique<gOutputFolder>();
+    if (is_protected(*folder))
+      return nullptr;
+    if (!again || !needs_question(*folder, overwrite))
+      return folder;
+    if (overwrite == gOverwrite::refuse_foreign) {
+      refuse(folder_text(*folder, "already exists and holds files that no run has left there."));
+      return nullptr;
+    }
+    gOutside::Answer const answer = Vlb::outside().ask_yes_no_cancel(
+        folder_text(*folder, "already exists.\nThe contents of this folder will be "
+                             "deleted.\n\nDo you want to choose a different folder?"));
+    if (answer == gOutside::Answer::no)
+      return folder;
+    if (answer == gOutside::Answer::cancel || !Vlb::outside().dialog("gDefineOutdir"))
+      return nullptr;
+    again = overwrite != gOverwrite::ask;
+  }
+}
+
+bool has_input() {
+  cRef<cObj> const groups = Vapp::option("inputfiles");
+  return groups && groups->size() > 0;
+}
+
+} // namespace
+
+bool ana_check_project() {
+  if (!has_input())
+    return refuse("No input files specified.");
+  if (Vapp::option_string("vls_file").empty())
+    return refuse("No script file specified.");
+  if (Vapp::option_string("out_dir").empty())
+    return refuse("No output folder specified.");
+  return true;
+}
+
+std::unique_ptr<gOutputFolder> ana_prepare_folder(gOverwrite overwrite) {
+  std::unique_ptr<gOutputFolder> folder = settle_folder(overwrite);
+  if (!folder)
+    return nullptr;
+  bool const made = folder->exists() || folder->create();
+  if (!made) {
+    refuse(folder_text(*folder, "could not be created."), gOutside::Icon::stop);
+    return nullptr;
+  }
+  if (!folder->lock()) {
+    refuse(folder_text(*folder, "is in use by another run."), gOutside::Icon::stop);
+    return nullptr;
+  }
+  if (!folder->clear()) {
+    refuse(folder_text(*folder, "could not be emptied."), gOutside::Icon::stop);
+    return nullptr;
+  }
+  return folder;
+}

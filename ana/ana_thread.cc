@@ -1,0 +1,156 @@
+// The frame of a run: state before and after it, the log, the two passes over the script. The
+// stages happen inside the second pass, when the parser meets @document.
+
+#include "ana/ana_thread.h"
+
+#include "ana/anadat/tables.h"
+#include "ana/cmdpar/keywords.h"
+#include "ana/parser/mdf_parse.h"
+#include "ana/parser/mpre_scan.h"
+#include "ana/progress.h"
+#include "ana/stages.h"
+#include "app/options/options.h"
+#include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+#include "vlb/outside.h"
+
+namespace {
+
+constexpr int scanner_size = 1024;
+
+void log_text(gException const & fault) {
+  Msg::log() << fault.text() << std::endl;
+}
+
+bool abort_script(gMessage const & message) {
+  Msg::log(Msg::error, message);
+  Msg::log(Msg::err_hint, Msg::aborting);
+  return false;
+}
+
+// Runs a pass over the script; a result other than 0 and a fatal error both end the run.
+template <class Pass> bool guarded(gMessage const & failure, Pass pass) {
+  try {
+    return pass() == 0 || abort_script(failure);
+  } catch (gExcFatalErr const & fault) {
+    log_text(fault);
+    Msg::log(Msg::err_hint, Msg::aborting);
+    return false;
+  }
+}
+
+bool preprocess_script(gPathstring const & script, gPathstring const & copy) {
+  return guarded(Msg::preprocessing_failed, [&] {
+    mpre_scan scanner(scanner_size);
+    scanner.open_infile(gSrcFile(script, "", 0));
+    scanner.open_outfile(gSrcFile(copy, script, 0));
+    int const result = scanner.scan();
+    if (scanner.close_outfile() == 0)
+      return result;
+    Msg::log(Msg::error, Msg::cannot_close, copy);
+    return 1;
+  });
+}
+
+bool parse_script(gPathstring const & script, gPathstring const & copy) {
+  gStages stages;
+  bool const parsed = guarded(Msg::script_failed, [&] {
+    mdf_parse parser(stages);
+    parser.set_input(gSrcFile(copy, script, 0));
+    return parser.parse();
+  });
+  return parsed && !stages.failed();
+}
+
+// The suppressed numbers are a list of digits with anything between them.
+std::set<int> suppressed_numbers() {
+  std::set<int> numbers;
+  int number = 0;
+  bool in_number = false;
+  for (char c : Vapp::option_string("msg/suppress") + ",") {
+    if (Vlb::is_digit(c)) {
+      number = number < 100000 ? number * 10 + (c - '0') : number;
+      in_number = true;
+    } else if (in_number) {
+      numbers.insert(number);
+      number = 0;
+      in_number = false;
+    }
+  }
+  return numbers;
+}
+
+void run_project() {
+  gPathstring script = Vapp::option_path("vls_file");
+  script.normalize(true);
+  Vapp::ana_success = ana_run_script(script);
+}
+
+// What a run leaves open when it was broken off.
+void clean_up() {
+  Msg::log.close_logfile();
+  gFileSystem::remove_temp_files();
+  Global::objects().reset_all();
+}
+
+} // namespace
+
+bool ana_open_log() {
+  Msg::log.reset_suppressed();
+  Msg::log.suppress(suppressed_numbers());
+  Msg::log.reset_counts();
+  Msg::log.err_max = Vapp::option_int("msg/err_max", 0);
+  Msg::log.minlvl_disp(Msg::all);
+  Msg::log.minlvl_file(Msg::all);
+  gPathstring path = Vapp::option_path("out_dir");
+  path.append("ana.log");
+  bool const opened = Msg::log.open_logfile(path);
+  // The head of the log stands there at every level.
+  Msg::log(Msg::status) << std::endl;
+  Msg::log.put_time();
+  Msg::log(Msg::status) << std::endl;
+  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp", 0)));
+  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file", 0)));
+  if (!opened)
+    Msg::log(Msg::error, Msg::cannot_write, path);
+  return opened;
+}
+
+bool ana_run_script(gPathstring const & script) {
+  gStatusLine restore;
+  bool const logged = ana_open_log();
+  Msg::log(Msg::status, Msg::analyzing_input);
+  Msg::log(Msg::status, Msg::analyzing_script);
+  Msg::log(Msg::status) << "  " << script << std::endl;
+  gPathstring const copy = gFileSystem::get_temp_file_name("~vl");
+  if (copy.empty())
+    Msg::log(Msg::error, Msg::cannot_write, gFileSystem::temp_dir());
+  bool const done = !copy.empty() && preprocess_script(script, copy) && parse_script(script, copy);
+  if (!copy.empty() && !gFileSystem::remove(copy))
+    Msg::log(Msg::error, Msg::cannot_remove, copy);
+  bool const log_complete = Msg::log.close_logfile();
+  if (logged && !log_complete)
+    Msg::log(Msg::error, Msg::cannot_write, Vapp::option_path("out_dir").append("ana.log"));
+  return done && logged && log_complete;
+}
+
+void ana_thread() {
+  gStatusLine restore;
+  Vapp::ana_active = true;
+  Vapp::ana_success = false;
+  try {
+    gUEKeywords.build_keywords();
+    Msg::cur_errtaglist().reset();
+    gCounters.units = 0;
+    run_project();
+  } catch (gException const & fault) {
+    log_text(fault);
+  } catch (std::exception const & fault) {
+    Msg::log() << "Exception: " << fault.what() << std::endl;
+  } catch (...) {
+    Msg::log() << "Exception" << std::endl;
+  }
+  clean_up();
+  Vapp::ana_active = false;
+}

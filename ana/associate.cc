@@ -1,0 +1,200 @@
+// Reads gComments, gNamedUnits, gUnnamedUnits, gUnitNames and the class tables.
+// Changes gCodeElems (types), binds texts to them, and fills gGeneratedUnits.
+// Each code element in turn searches for a text. A text that a better method finds later changes
+// hands, and the element that had it searches again.
+
+#include "ana/association.h"
+
+#include <limits>
+
+#include "ana/progress.h"
+#include "ana/stages.h"
+#include "app/options/options.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+namespace {
+
+// Numbers from a vector of options; positions that it doesn't have stay 0.
+std::array<int, 8> read_numbers(std::string_view path) {
+  std::array<int, 8> numbers{};
+  cRef<cObj> const vector = Vapp::option(path);
+  if (!vector)
+    return numbers;
+  std::size_t i = 0;
+  for (cIterObj it = vector->begin(); it.valid() && i < numbers.size(); it++)
+    cat::read(it.valref(), numbers[i++]);
+  return numbers;
+}
+
+// A function or variable that belongs to a known class is its method or member. The parser can't
+// tell where the definition stands outside the class.
+void correct_type(gCodeElem & ce) {
+  if ((ce.type != ut_function && ce.type != ut_var) || ce.names.size() < 2)
+    return;
+  gString const & parent = **std::next(ce.names.rbegin());
+  bool const pascal = ce.loc.file().language() == gLanguage::pascal;
+  if ((pascal ? gPasClasses : gCppClasses).contains(parent))
+    ce.type = ce.type == ut_function ? ut_method : ut_member;
+}
+
+// True if the table has an entry between the two lines; with `inclusive` also on the lower one.
+template <class Table>
+bool blocked(Table const & table, gSrcFile const & file, int a, int b, bool inclusive) {
+  auto const * map = table.map_of(file);
+  auto const [low, high] = std::minmax(a, b);
+  return map && map->has_in(inclusive ? low : low + 1, high);
+}
+
+void generate_unit(cRef<gCodeElem> const & ce) {
+  gSrcFile const & file = ce->loc.file();
+  auto unit = make_ref<gSyntUnit>(ce->names, file.name_sep(), file, ce->loc.line());
+  unit->bind(ce, 1);
+  unit->update_from_code();
+  gString const name = unit->name();
+  if (auto * list = gGeneratedUnits.lookup(name))
+    list->push_back(unit);
+  else
+    gGeneratedUnits.insert(name, {unit});
+}
+
+} // namespace
+
+gAllocOptions gAllocOptions::read() {
+  gAllocOptions options;
+  options.order = read_numbers("ana/alloc/order");
+  options.prio = read_numbers("ana/alloc/prio");
+  options.gen_unit = Vapp::option_int("ana/alloc/gen_unit", 11);
+  options.gen_private = Vapp::option_bool("ana/alloc/gen_private", false);
+  options.gen_static = Vapp::option_bool("ana/alloc/gen_static", false);
+  options.gen_extern = Vapp::option_bool("ana/alloc/gen_extern", false);
+  return options;
+}
+
+template <class Text>
+gAssociation::Outcome gAssociation::take(Text & text, cRef<gCodeElem> const & ce, int rank) {
+  cRef<gCodeElem> const old = text.code_elem();
+  if (old && text.rank() >= rank)
+    return {};
+  text.bind(ce, rank);
+  return {true, old};
+}
+
+// The one comment or unnamed unit next to the element, if nothing lies between the two.
+template <class Table>
+gAssociation::Outcome gAssociation::take_near(Table const & table, cRef<gCodeElem> const & ce,
+                                              bool before, bool comment, int rank) const {
+  gSrcFile const & file = ce->loc.file();
+  auto const * map = table.map_of(file);
+  if (!map)
+    return {};
+  int const line = ce->loc.line();
+  auto candidate = map->lower_bound(line);
+  if (candidate == (before ? map->begin() : map->end()))
+    return {};
+  if (before)
+    --candidate;
+  int const other = candidate->first;
+  if (blocked(gNamedUnits, file, line, other, !before) ||
+      (comment && blocked(gUnnamedUnits, file, line, other, !before)) ||
+      blocked(gCodeElems, file, line, other, !before))
+    return {};
+  return take(*candidate->second, ce, rank);
+}
+
+gFileUnits * gAssociation::units_of(gSrcFile const & file) {
+  auto const * map = gNamedUnits.map_of(file);
+  if (!map)
+    return nullptr;
+  std::unique_ptr<gFileUnits> & units = file_units_[map];
+  if (!units)
+    units = std::make_unique<gFileUnits>(*map);
+  return units.get();
+}
+
+gAssociation::Outcome gAssociation::take_named(cRef<gCodeElem> const & ce, bool before, int rank) {
+  gFileUnits * units = units_of(ce->loc.file());
+  if (!units)
+    return {};
+  int const line = ce->loc.line();
+  constexpr int last = std::numeric_limits<int>::max();
+  gDocUnit * unit = units->find(ce->name(), ce->loc.file().name_sep(), before ? 1 : line,
+                                before ? line : last, rank);
+  return unit ? take(*unit, ce, rank) : Outcome();
+}
+
+gAssociation::Outcome gAssociation::take_far(cRef<gCodeElem> const & ce, bool folders, int rank) {
+  if (gUnitNames.empty())
+    return {};
+  auto const * list = gUnitNames.lookup(ce->name());
+  if (!list)
+    return {};
+  std::unique_ptr<gFarNamesakes> & units = far_units_[list->get()];
+  if (!units)
+    units = std::make_unique<gFarNamesakes>(**list);
+  gDocUnit * unit = units->find(ce->loc.file(), folders, rank);
+  return unit ? take(*unit, ce, rank) : Outcome();
+}
+
+gAssociation::Outcome gAssociation::try_method(int method, cRef<gCodeElem> const & ce, int rank) {
+  switch (method) {
+  case comment_before:
+  case comment_after:
+    return take_near(gComments, ce, method == comment_before, true, rank);
+  case unnamed_before:
+  case unnamed_after:
+    return take_near(gUnnamedUnits, ce, method == unnamed_before, false, rank);
+  case named_before:
+  case named_after:
+    return take_named(ce, method == named_before, rank);
+  case other_file:
+  case other_folder:
+    return take_far(ce, method == other_folder, rank);
+  }
+  return {};
+}
+
+gAssociation::Outcome gAssociation::search(cRef<gCodeElem> const & ce) {
+  for (std::size_t i = 0; i < options_.order.size(); ++i) {
+    if (options_.prio[i] <= 0)
+      continue;
+    Outcome outcome = try_method(options_.order[i], ce, options_.prio[i]);
+    if (outcome.bound)
+      return outcome;
+  }
+  return {};
+}
+
+bool gAssociation::should_generate(gCodeElem const & ce) const {
+  bool const variable = ce.type == ut_var;
+  return (ce.type & options_.gen_unit) != 0 &&
+         (options_.gen_private || ce.visibility != "private") &&
+         (options_.gen_static || !(variable || ce.type == ut_function) ||
+          !(ce.flags & spec_static)) &&
+         (options_.gen_extern || !variable || !(ce.flags & spec_extern));
+}
+
+// Taking a text is the last thing that a search does, so the chain of those that lose theirs is a
+// loop. It ends, because each step raises the rank of a binding.
+void gAssociation::associate(cRef<gCodeElem> const & first) {
+  for (cRef<gCodeElem> ce = first; ce;) {
+    correct_type(*ce);
+    Outcome outcome = search(ce);
+    if (!outcome.bound && should_generate(*ce))
+      generate_unit(ce);
+    ce = outcome.displaced;
+  }
+}
+
+void ana_associate() {
+  Msg::log(Msg::status, Msg::associating);
+  gAssociation association(gAllocOptions::read());
+  gProgress progress(Msg::associating, gCodeElems.total());
+  for (auto const & file : gCodeElems) {
+    for (auto const & [line, ce] : *file.value) {
+      Vapp::poll_break();
+      association.associate(ce);
+      progress.step();
+    }
+  }
+}

@@ -1,0 +1,82 @@
+// Reads all tables. Fills gDocManager by the commands of the script, and then the output folder.
+
+#include "ana/anadat/gatcfile.h"
+#include "ana/anadat/tables.h"
+#include "ana/cmdpar/gcmd.h"
+#include "ana/stages.h"
+#include "app/options/options.h"
+#include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+namespace {
+
+void compile(gCmdSeq & commands) {
+  Msg::log(Msg::status, Msg::compiling);
+  auto state = make_ref<gOutState>();
+  state->cur_dir = gFileSystem::get_curdir();
+  gPathstring const input_dir = Vapp::option_path("inputcurdir");
+  if (gFileSystem::dir_exists(input_dir))
+    state->cur_dir = input_dir;
+  state->miss_output = Vapp::option_bool("ana/alloc/miss_output", true);
+  commands.execute(state);
+}
+
+bool write_document(gPathstring const & path, std::set<gString> const & outputs) {
+  Msg::log(Msg::status) << "  " << path << std::endl;
+  gFileSystem::mk_dirs(path.dir_name());
+  gAtcFile file(path);
+  if (!file.is_open())
+    return false;
+  ana_atc_header(file.stream(), outputs);
+  gDocManager.root().emit(file.stream());
+  file.stream() << "\n@e_atc\n";
+  return file.close() && !gDocManager.write_failed();
+}
+
+void log_summary() {
+  gPathstring const script = Vapp::option_string("vls_file");
+  Msg::log() << std::endl << script.file_name() << " - ";
+  Msg::log.put_summary();
+  Msg::log() << std::endl;
+}
+
+} // namespace
+
+gPathstring ana_atc_path(gString const & output) {
+  gPathstring name = output;
+  name.normalize(true);
+  if (name.empty())
+    name = gPathstring(Vapp::option_string("vls_file")).base_name();
+  gPathstring path = Vlb::atx_path(name);
+  return path.empty() ? path : path.set_extension("atc");
+}
+
+void ana_atc_header(std::ostream & stream, std::set<gString> const & outputs) {
+  gPathstring const path = Vapp::option_string("atc_file");
+  stream << "@verinfo<VL_10>\n@outfile<" << path.base_name() << ">\n"
+         << "@b_wintype\n"
+            "@wintype<main><Main Window>\n"
+            "@wintype<subwin><Subwindow>\n"
+            "@wintype<popup><Popup>\n"
+            "@e_wintype\n"
+            "@b_atxfiles\n";
+  for (gString const & output : outputs)
+    stream << "@atxfile<" << Vlb::escape_atc(output) << ".atx>\n";
+  stream << "@e_atxfiles\n@unitcount<" << gDocManager.unit_count() << ">\n";
+}
+
+bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString const & output) {
+  compile(commands);
+  Msg::log(Msg::status, Msg::generating);
+  gPathstring const path = ana_atc_path(output);
+  bool written = false;
+  if (path.empty()) {
+    Msg::log(Msg::error, Msg::cannot_write, output);
+  } else {
+    Vapp::options["atc_file"] = cat::make(path);
+    written = write_document(path, outputs);
+  }
+  log_summary();
+  return written;
+}

@@ -1,0 +1,41 @@
+// The stages of a run, as the script asks for them.
+#pragma once
+
+#include <list>
+#include <set>
+
+#include "ana/cmdpar/script_stages.h"
+#include "vlb/gsrcfile.h"
+
+class gStages : public gScriptStages {
+public:
+  void run() override;
+  void generate(gCmdSeq & commands, std::set<gString> const & outputs,
+                gString const & output) override;
+  void refused() override { failed_ = true; }
+  // True if something that the run owes could not be written, or the script was refused.
+  bool failed() const { return failed_; }
+
+private:
+  bool failed_ = false;
+};
+
+// Each stage works on the tables of ana/anadat/tables.h; none calls another. Faults are reported,
+// and cost no more than the file or item that they are in; gExcUserBreak passes through.
+void ana_input_files();
+// False if a temporary file couldn't be written.
+bool ana_preprocess(std::list<gSrcFile> const & files);
+void ana_text_units(std::list<gSrcFile> const & files);
+void ana_program_code(std::list<gSrcFile> const & files);
+void ana_associate();
+void ana_update_units();
+void ana_check();
+void ana_delete_temp();
+
+// Runs the output commands and writes the document. False if something couldn't be written.
+bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString const & output);
+// Path of the .atc file for the option `output` of @document; empty if it leads out of the output
+// folder.
+gPathstring ana_atc_path(gString const & output);
+// The head of the .atc file, whose path stands in the option atc_file.
+void ana_atc_header(std::ostream & stream, std::set<gString> const & outputs);

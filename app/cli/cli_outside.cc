@@ -1,0 +1,143 @@
+// Everything on standard error goes through print_line, so that the status line is never in the
+// way of a report.
+
+#include "app/cli/cli_outside.h"
+
+#include <cstdio>
+#include <iostream>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include "app/options/options.h"
+
+namespace {
+
+std::size_t terminal_width() {
+  winsize size{};
+  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 1 ? size.ws_col : 80;
+}
+
+void put(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+// A line from the user; false at the end of the input.
+bool read_answer(std::string const & prompt, std::string & answer) {
+  put(prompt);
+  std::fflush(stderr);
+  return static_cast<bool>(std::getline(std::cin, answer));
+}
+
+} // namespace
+
+gCliOutside::gCliOutside() : before_(Vlb::set_outside(this)), terminal_(isatty(STDERR_FILENO)) {}
+
+gCliOutside::~gCliOutside() {
+  erase_status();
+  Vlb::set_outside(before_);
+}
+
+bool gCliOutside::interactive() {
+  return isatty(STDIN_FILENO) && isatty(STDERR_FILENO);
+}
+
+void gCliOutside::draw_status() const {
+  if (!terminal_ || status_.empty())
+    return;
+  put("\r\033[K" + status_.substr(0, terminal_width() - 1));
+  std::fflush(stderr);
+}
+
+void gCliOutside::erase_status() const {
+  if (terminal_ && !status_.empty())
+    put("\r\033[K");
+}
+
+void gCliOutside::print_line(std::string_view line) {
+  erase_status();
+  put(line);
+  put("\n");
+  draw_status();
+}
+
+void gCliOutside::tell(std::string const & text) {
+  std::lock_guard const guard(mutex_);
+  print_line("vellumar: " + text);
+}
+
+void gCliOutside::box(gString const & text, Icon) {
+  tell(text);
+}
+
+// Questions with two answers offer a dialog or the saving of changes, which no command wants.
+gOutside::Answer gCliOutside::ask_yes_no(gString const &) {
+  return Answer::no;
+}
+
+gOutside::Answer gCliOutside::ask_yes_no_cancel(gString const & text) {
+  std::string answer;
+  while (interactive() && read_answer(text + " [y/n/c] ", answer)) {
+    switch (answer.empty() ? ' ' : answer[0]) {
+    case 'y':
+    case 'Y':
+      return Answer::yes;
+    case 'n':
+    case 'N':
+      return Answer::no;
+    case 'c':
+    case 'C':
+      return Answer::cancel;
+    }
+  }
+  return Answer::cancel;
+}
+
+gString gCliOutside::choose_open(gString const &, gString const &, gString const &) {
+  return "";
+}
+
+gString gCliOutside::choose_save(gString const &, gString const &, gString const &,
+                                 gString const &) {
+  return "";
+}
+
+bool gCliOutside::dialog(gString const & name) {
+  std::string folder;
+  if (name != "gDefineOutdir" || !interactive() || !read_answer("Output folder: ", folder) ||
+      folder.empty())
+    return false;
+  Vapp::options["out_dir"] = cat::make(folder);
+  return true;
+}
+
+void gCliOutside::title(gString const &) {}
+
+void gCliOutside::status(gString const & text) {
+  std::lock_guard const guard(mutex_);
+  if (text == status_)
+    return;
+  erase_status();
+  status_ = text;
+  draw_status();
+}
+
+void gCliOutside::report(Msg::type, gString const & line) {
+  std::lock_guard const guard(mutex_);
+  if (quiet_)
+    return;
+  // In the log an empty line stands in front of each stage.
+  std::string_view text = line;
+  text.remove_prefix(text.starts_with('\n'));
+  print_line(text);
+}
+
+// Lines that only tell which file is read, and what belongs to no run, are for the log.
+void gCliOutside::log_line(Msg::type type, gString const & line) {
+  std::lock_guard const guard(mutex_);
+  if (!quiet_ && Vapp::ana_active && type != Msg::status && !line.empty())
+    print_line(line);
+}
+
+void gCliOutside::show_msgwindow(bool) {}
+void gCliOutside::clear_msgwindow() {}

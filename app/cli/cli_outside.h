@@ -1,0 +1,48 @@
+// The port for a terminal, or for a program that reads standard error.
+#pragma once
+
+#include <mutex>
+
+#include "vlb/outside.h"
+
+// Reports go to standard error, one a line. Where that is a terminal, the status line is redrawn
+// in place and gone at the end; elsewhere no control characters are written. Questions are only
+// asked where someone can answer; otherwise the answer is the one that changes nothing.
+class gCliOutside : public gOutside {
+public:
+  gCliOutside();
+  ~gCliOutside() override;
+
+  // No reports; refusals are still told.
+  void set_quiet(bool quiet) { quiet_ = quiet; }
+  // True if a question can be asked.
+  static bool interactive();
+  // A line of the command itself, such as why it refuses.
+  void tell(std::string const & text);
+
+  void box(gString const & text, Icon icon) override;
+  Answer ask_yes_no(gString const & text) override;
+  Answer ask_yes_no_cancel(gString const & text) override;
+  gString choose_open(gString const & title, gString const & filter, gString const & dir) override;
+  gString choose_save(gString const & title, gString const & filter, gString const & ext,
+                      gString const & dir) override;
+  bool dialog(gString const & name) override;
+  void title(gString const & text) override;
+
+  void status(gString const & text) override;
+  void report(Msg::type type, gString const & line) override;
+  void log_line(Msg::type type, gString const & line) override;
+  void show_msgwindow(bool show) override;
+  void clear_msgwindow() override;
+
+private:
+  void print_line(std::string_view line);
+  void draw_status() const;
+  void erase_status() const;
+
+  gOutside * before_;
+  std::mutex mutex_; // status and reports come from the worker
+  gString status_;
+  bool terminal_;
+  bool quiet_ = false;
+};

@@ -1,0 +1,65 @@
+// vellumar check: tells which files a project has, and what it no longer finds.
+
+#include <iostream>
+
+#include "app/cli/commands.h"
+#include "app/cli/exit_status.h"
+#include "app/options/options.h"
+#include "vlb/gfilelist.h"
+#include "vlb/gfilesystem.h"
+
+namespace {
+
+class Check {
+public:
+  explicit Check(gCommandContext & context) : context_(context) {}
+
+  int run() {
+    gPathstring const root = Vapp::option_path("inputcurdir");
+    if (!gFileSystem::dir_exists(root))
+      complain("Folder does not exist: " + root);
+    gPathstring const script = Vapp::option_path("vls_file");
+    if (!gFileSystem::file_exists(script))
+      complain("The script does not exist: " + script);
+    cRef<cObj> const groups = Vapp::option("inputfiles");
+    if (!groups || groups->size() == 0)
+      complain("No input files specified.");
+    else
+      for (cIterObj group = groups->begin(); group.valid(); group++)
+        check_group(*group, root);
+    return good_ ? exit_ok : exit_failed;
+  }
+
+private:
+  void complain(std::string const & text) {
+    context_.outside.tell(text);
+    good_ = false;
+  }
+
+  void check_group(cObj const & group, gPathstring const & root) {
+    std::string const path = cat::as_string(group.at("path"));
+    std::string const names = cat::as_string(group.at("files"));
+    std::string const name = cat::as_string(group.at("outgrp"));
+    gFileList files(0);
+    files.cur_dir(root);
+    files.add(path, names, 5);
+    std::cout << path << "|" << names << (name.empty() ? "" : "|" + name) << ": " << files.size()
+              << (files.size() == 1 ? " file\n" : " files\n");
+    for (gString const & problem : files.problems())
+      complain(problem);
+  }
+
+  gCommandContext & context_;
+  bool good_ = true;
+};
+
+} // namespace
+
+void add_check(CLI::App & app, gCommandContext & context) {
+  auto const project = std::make_shared<std::string>();
+  CLI::App * command = app.add_subcommand("check", "Expand the file groups of a project");
+  command->add_option("PROJECT", *project, "The project file")->required();
+  command->callback([project, &context] {
+    context.status = load_project(*project, context) ? Check(context).run() : int(exit_refused);
+  });
+}

@@ -1,0 +1,23 @@
+// The commands of the program, one file each.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "app/cli/cli_outside.h"
+
+// What the commands share: the port, and the status that the chosen command leaves.
+struct gCommandContext {
+  gCliOutside & outside;
+  int status = 0;
+};
+
+// Each enters its command with its arguments; when the command line names it, it runs and sets the
+// status. The context must outlive the parsing.
+void add_new(CLI::App & app, gCommandContext & context);
+void add_get(CLI::App & app, gCommandContext & context);
+void add_set(CLI::App & app, gCommandContext & context);
+void add_check(CLI::App & app, gCommandContext & context);
+void add_analyze(CLI::App & app, gCommandContext & context);
+
+// Loads a project; false, and a line on standard error, if it can't be read.
+bool load_project(std::string const & path, gCommandContext & context);

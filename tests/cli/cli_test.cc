@@ -1,0 +1,237 @@
+// The program as its users meet it: statuses, streams, and what it must never delete.
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "program.h"
+
+namespace {
+
+TEST(cli, tells_usage) {
+  Sandbox box;
+  EXPECT_EQ(box.run("--version").out.substr(0, 9), "vellumar ");
+  struct {
+    char const * arguments;
+    int status;
+  } const rows[] = {
+      {"--help", 0},
+      {"analyze --help", 0},
+      {"", 2},
+      {"nonsense", 2},
+      {"analyze", 2},
+      {"analyze p.vlp --nonsense", 2},
+      {"get missing.vlp", 2},
+      {"analyze missing.vlp", 2},
+      {"set missing.vlp a=b", 2},
+      {"check missing.vlp", 2},
+      {"analyze p.vlp --fail-on info", 2},
+  };
+  for (auto const & row : rows) {
+    Answer const answer = box.run(row.arguments);
+    EXPECT_EQ(answer.status, row.status) << row.arguments;
+    EXPECT_EQ(answer.out.empty(), row.status != 0) << row.arguments;
+    EXPECT_EQ(answer.err.empty(), row.status == 0) << row.arguments;
+  }
+}
+
+TEST(cli, makes_and_changes_a_project) {
+  Sandbox box;
+  box.write("src/a.h", "");
+  std::string const make =
+      "new p.vlp --script s.vls --out o --root . --input 'src|*.h|api' --input 'x;y|*.c'";
+  EXPECT_EQ(box.run(make).status, 0);
+  EXPECT_EQ(box.run(make).status, 2);
+  EXPECT_EQ(box.run(make + " --force").status, 0);
+  EXPECT_EQ(box.run("new q.vlp --script s --out o --input 'no group'").status, 2);
+  EXPECT_FALSE(box.exists("q.vlp"));
+  EXPECT_EQ(box.run("get p.vlp vls_file").out, "\"s.vls\"\n");
+  EXPECT_EQ(box.run("get p.vlp inputfiles/1/outgrp").out, "\"api\"\n");
+  EXPECT_EQ(box.run("get p.vlp inputfiles/1/count").out, "1\n");
+  EXPECT_EQ(box.run("set p.vlp ana/tab_width=8 'ana/alloc/prio=[1,2,3,4,5,6,7,8]'").status, 0);
+  EXPECT_EQ(box.run("get p.vlp ana/tab_width").out, "8\n");
+  EXPECT_EQ(box.run("get p.vlp ana/nothing").status, 2);
+  EXPECT_NE(box.run("get p.vlp").out.find("\"tab_width\""), std::string::npos);
+  std::string const before = text_of(box.path("p.vlp"));
+  EXPECT_EQ(box.run("set p.vlp ana/verb_indent=2 ana/tab_width=wide").status, 2);
+  EXPECT_EQ(text_of(box.path("p.vlp")), before);
+  box.write("cut.vlp", before.substr(0, before.size() / 2));
+  Answer const cut = box.run("get cut.vlp ana/tab_width");
+  EXPECT_EQ(cut.status, 2);
+  EXPECT_NE(cut.err.find("cut.vlp:"), std::string::npos) << cut.err;
+}
+
+TEST(cli, checks_the_input_of_a_project) {
+  Sandbox box;
+  box.make_project();
+  Answer answer = box.run("check p.vlp");
+  EXPECT_EQ(answer.status, 0);
+  EXPECT_EQ(answer.out, "src|*.h: 1 file\n");
+  std::filesystem::remove(box.path("doc.vls"));
+  std::filesystem::remove_all(box.path("src"));
+  answer = box.run("check p.vlp");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("Folder does not exist: "), std::string::npos);
+  EXPECT_NE(answer.err.find("doc.vls"), std::string::npos);
+}
+
+TEST(cli, analyzes_with_reports_on_standard_error) {
+  Sandbox box;
+  box.make_project();
+  Answer const answer = box.run("analyze p.vlp");
+  EXPECT_EQ(answer.status, 0);
+  EXPECT_EQ(answer.out, "");
+  std::string const report = "WARNING 412: Unknown @-identifier: @nix (" + box.path("src/a.h:1)\n");
+  EXPECT_NE(answer.err.find("\nSTATUS: Analyzing text units...\n" + report), std::string::npos)
+      << answer.err;
+  EXPECT_EQ(answer.err.find("\n\n"), std::string::npos);
+  EXPECT_EQ(answer.err.find_first_of("\r\033"), std::string::npos);
+  EXPECT_NE(text_of(box.path("out/ana.log")).find(report), std::string::npos);
+  EXPECT_TRUE(box.exists("out/doc.atc"));
+}
+
+TEST(cli, run_options_hold_for_one_run) {
+  Sandbox box;
+  box.make_project();
+  std::string const before = text_of(box.path("p.vlp"));
+  EXPECT_EQ(box.run("analyze p.vlp -q").err, "");
+  EXPECT_EQ(box.run("analyze p.vlp --fail-on warning").status, 3);
+  EXPECT_EQ(box.run("analyze p.vlp --fail-on error").status, 0);
+  EXPECT_EQ(box.run("analyze p.vlp --fail-on warning --suppress 1,412").status, 0);
+  EXPECT_EQ(text_of(box.path("out/ana.log")).find("412"), std::string::npos);
+  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=other --set msg/lvl_disp=7").err,
+            "doc.vls - 0 error(s), 1 warning(s)\n");
+  EXPECT_TRUE(box.exists("other/doc.atc"));
+  EXPECT_EQ(box.run("analyze p.vlp --set ana/nothing=1").status, 2);
+  EXPECT_EQ(box.run("analyze p.vlp --set vls_file=none.vls").status, 1);
+  EXPECT_EQ(text_of(box.path("p.vlp")), before);
+}
+
+TEST(cli, shows_the_first_thing_that_is_missing) {
+  Sandbox box;
+  box.make_project();
+  EXPECT_EQ(box.run("analyze p.vlp --set inputfiles/1=null --set out_dir= --set vls_file=").err,
+            "vellumar: No input files specified.\n");
+  EXPECT_EQ(box.run("analyze p.vlp --set out_dir= --set vls_file=").err,
+            "vellumar: No script file specified.\n");
+  Answer const answer = box.run("analyze p.vlp --set out_dir=");
+  EXPECT_EQ(answer.err, "vellumar: No output folder specified.\n");
+  EXPECT_EQ(answer.status, 2);
+}
+
+TEST(cli, empties_only_what_a_run_has_left) {
+  Sandbox box;
+  box.make_project();
+  EXPECT_EQ(box.run("analyze p.vlp --set vls_file=none.vls").status, 1);
+  EXPECT_EQ(box.run("analyze p.vlp").status, 0); // over what the failed run left
+  EXPECT_EQ(box.run("analyze p.vlp").status, 0);
+  box.write("out/notes.txt", "mine");
+  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
+  EXPECT_EQ(text_of(box.path("out/notes.txt")), "mine");
+  EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
+  EXPECT_FALSE(box.exists("out/notes.txt"));
+  box.write("out/doc.atx", "a file of another kind with that name");
+  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
+  box.write("foreign/ana.log", "the log of something else");
+  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=foreign").status, 2);
+  EXPECT_TRUE(box.exists("foreign/ana.log"));
+  std::filesystem::create_directory(box.path("fresh"));
+  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=fresh").status, 0);
+}
+
+TEST(cli, never_empties_a_folder_that_holds_more_than_output) {
+  Sandbox box;
+  box.make_project();
+  box.write("deep/er/b.h", "void b();\n");
+  box.write("home/me/file", "");
+  box.write("scripts/doc.vls", "@document\n@outfilter\n");
+  std::filesystem::create_directory_symlink(box.path("src"), box.path("link"));
+  setenv("HOME", box.path("home/me").c_str(), 1);
+  std::string const inputs =
+      " --set 'inputfiles/1/path=src;deep/**' --set vls_file=scripts/doc.vls";
+  for (char const * folder : {"/", ".", "..", "src", "src/../src/.", "link", "link/", "deep",
+                              "deep/er", "home/me", "home", "scripts", "p.vlp/.."}) {
+    Answer const answer =
+        box.run(std::string("analyze p.vlp --overwrite --set out_dir=") + folder + inputs);
+    EXPECT_EQ(answer.status, 2) << folder << answer.err;
+  }
+  for (char const * file : {"p.vlp", "src/a.h", "deep/er/b.h", "home/me/file", "scripts/doc.vls"})
+    EXPECT_TRUE(box.exists(file)) << file;
+}
+
+TEST(cli, links_in_the_output_folder_are_not_followed) {
+  Sandbox box;
+  box.make_project();
+  box.run("analyze p.vlp");
+  box.write("precious/file", "");
+  std::filesystem::create_directory_symlink(box.path("precious"), box.path("out/link"));
+  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
+  EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
+  EXPECT_TRUE(box.exists("precious/file"));
+}
+
+TEST(cli, refuses_an_output_folder_that_cannot_be_made) {
+  Sandbox box;
+  box.make_project();
+  box.write("file", "");
+  Answer const answer = box.run("analyze p.vlp --set out_dir=file/out");
+  EXPECT_EQ(answer.status, 2);
+  EXPECT_EQ(answer.err, "vellumar: Folder '" + box.path("file/out") + "' could not be created.\n");
+}
+
+// A source that takes long enough to be stopped in the middle, whatever the machine.
+void make_long_project(Sandbox const & box) {
+  box.make_project();
+  std::string text;
+  for (int i = 0; i < 4000; ++i)
+    text += "/* @function Does it. */\nvoid f" + std::to_string(i) + "();\n";
+  for (int i = 0; i < 150; ++i)
+    box.write("src/b" + std::to_string(i) + ".h", text);
+}
+
+void wait_for(Sandbox const & box, char const * stage) {
+  for (int i = 0; i < 2000; ++i) {
+    if (text_of(box.path("out/ana.log")).find(stage) != std::string::npos)
+      return;
+    usleep(5000);
+  }
+  FAIL() << stage;
+}
+
+int end_of(int child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+TEST(cli, stops_in_an_orderly_way) {
+  Sandbox box;
+  make_long_project(box);
+  int const child = box.start("analyze p.vlp");
+  wait_for(box, "Preprocessing");
+  EXPECT_EQ(box.run("analyze p.vlp").status, 2); // while the first one works
+  kill(child, SIGINT);
+  EXPECT_EQ(end_of(child), 130);
+  EXPECT_TRUE(text_of(box.path("out/ana.log")).ends_with("User aborted program.\n"));
+  EXPECT_TRUE(std::filesystem::is_empty(box.path("tmp")) ||
+              !std::filesystem::exists(box.path("tmp/~vl")));
+  for (auto const & entry : std::filesystem::directory_iterator(box.path("tmp")))
+    EXPECT_FALSE(entry.path().filename().string().starts_with("~vl"));
+}
+
+TEST(cli, leaves_no_temporary_file_when_terminated) {
+  Sandbox box;
+  make_long_project(box);
+  int const child = box.start("analyze p.vlp");
+  wait_for(box, "Preprocessing");
+  kill(child, SIGTERM);
+  EXPECT_EQ(end_of(child), 128 + SIGTERM);
+  for (auto const & entry : std::filesystem::directory_iterator(box.path("tmp")))
+    EXPECT_FALSE(entry.path().filename().string().starts_with("~vl"));
+}
+
+} // namespace
