@@ -7,6 +7,7 @@ cRef<gCodeElem> cpp_parse_base::enter_element(gStrList && names, int line, int t
       make_ref<gCodeElem>(gStrList(), cur_file(), line, type, gString(), visibility_, flags);
   element->names = std::move(names);
   element->decl = std::move(decl);
+  count_text(scope_bytes_ + element->decl.size());
   gCodeElems.insert_at(element->loc, element);
   return element;
 }
@@ -20,16 +21,20 @@ int cpp_parse_base::type_of(gCppDecl const & decl, gCppDcltor const & declarator
   return in_class ? ut_member : ut_var;
 }
 
+// All declarators of a declaration have its line, so the last one alone stays in the table.
 gString cpp_parse_base::declare(gCppDecl & decl, int line, bool with_body) {
   decl.finish();
-  for (gCppDcltorRef const & declarator : decl.dcltors) {
+  if (!decl.dcltors.empty()) {
+    gString const prefix = take_template_prefix();
+    gCppDcltor & declarator = *decl.dcltors.back();
     int const function = class_depth_ > 0 ? ut_method : ut_function;
-    int const type = with_body ? function : type_of(decl, *declarator);
-    gString text = take_template_prefix() + linkage_prefix() + decl.spec_text;
-    text += declarator->text();
+    int const type = with_body ? function : type_of(decl, declarator);
+    gString text = (decl.dcltors.size() == 1 ? prefix : gString()) + linkage_prefix();
+    text += decl.spec_text;
+    text += declarator.text();
     text.wsp_norm();
     text += ';';
-    enter_element(declarator->take_qualified_name(scope_), line, type, std::move(text), decl.flags);
+    enter_element(declarator.take_qualified_name(scope_), line, type, std::move(text), decl.flags);
   }
   return decl.spec_text + ";\n";
 }
@@ -55,6 +60,7 @@ gString cpp_parse_base::class_head(gStrList & key_and_names, int line, gBasesRef
   names.append(key_and_names);
   gString decl = take_template_prefix() + linkage_prefix() + head;
   decl.wsp_norm();
+  count_text((scope_bytes_ + head.size()) * (1 + bases->entries.size()));
   gCppClasses.insert_class(names.make_string("::"), bases);
   enter_element(std::move(names), line, ut_class, std::move(decl), 0)->heritage = heritage;
   enter_class(*key, key_and_names);

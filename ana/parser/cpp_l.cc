@@ -27,8 +27,8 @@ gScanDefinition const definitions[] = {
 template <int token> int operator_token(S & s) {
   return s.token_with_text(token);
 }
-int piece(S &) {
-  return PIECE;
+int piece(S & s) {
+  return s.piece();
 }
 
 gScanRule<S> const rules[] = {

@@ -163,7 +163,8 @@ linkage_mark: %empty { push_linkage($<gString>0); } ;
 
 decl_elements:
     decl_element { $$.append(std::move($1)); }
-  | decl_elements decl_element { $$ = std::move($1); $$.append(std::move($2)); }
+  | decl_elements decl_element
+      { $$ = std::move($1); $$.append(std::move($2)); check_length($$.elems.size()); }
   ;
 
 decl_element:
@@ -231,7 +232,8 @@ bases_opt:
 
 base_list:
     base_spec { $$ = make_ref<gBaseClause>(); $$->append($1); }
-  | base_list ',' base_spec { $$ = std::move($1); $$->append($3); }
+  | base_list ',' base_spec
+      { $$ = std::move($1); $$->append($3); check_length($$->entries.size()); }
   ;
 
 base_spec:
@@ -381,7 +383,8 @@ nested_opt:
 
 nested:
     SCOPE_NAME "::" { $$.push_back(std::move($1)); }
-  | nested SCOPE_NAME "::" { $$ = std::move($1); $$.push_back(std::move($2)); }
+  | nested SCOPE_NAME "::"
+      { $$ = std::move($1); $$.push_back(std::move($2)); check_length($$.size()); }
   ;
 
 ptr_op:
@@ -467,7 +470,7 @@ conv_word: global_opt nested_opt name { $$ = full_name($1, $2, $3); } ;
 
 ptr_ops:
     %empty
-  | ptr_ops ptr_op { $$ = std::move($1); $$.push_front($2); }
+  | ptr_ops ptr_op { $$ = std::move($1); $$.push_front($2); check_length($$.size()); }
   ;
 
 // Functions

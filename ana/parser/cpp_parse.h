@@ -11,5 +11,5 @@ public:
 
   static gLalrTables const & tables();
   // The action of a rule: from the values of its symbols to that of its left side.
-  void reduce(int rule, Value * rhs, Value & result);
+  bool reduce(int rule, Value * rhs, Value & result);
 };

@@ -34,6 +34,8 @@ protected:
   void leave_scope();
   void enter_class(std::string_view key, gStrList const & names);
   void leave_class();
+  // A name, a base clause, the left side of a declaration: gExcFatalErr beyond any sensible length.
+  static void check_length(std::size_t parts);
   void push_linkage(gString const & literal) { linkage_stack_.push_back(literal); }
   void pop_linkage() { linkage_stack_.pop_back(); }
   gString linkage_prefix() const;
@@ -68,6 +70,7 @@ protected:
 private:
   class Collecting;
   int next_skipped();
+  void count_text(std::size_t bytes);
 
   gString take_template_prefix() { return std::exchange(template_prefix_, gString()); }
   int type_of(gCppDecl const & decl, gCppDcltor const & declarator) const;
@@ -82,6 +85,8 @@ private:
   std::vector<gString> visibility_stack_; // of what is around the open class bodies
   gStrList scope_;                        // names of all open namespaces and classes
   std::vector<int> scope_added_;          // how many of them each one has added
+  std::size_t scope_bytes_ = 0;           // memory of these names
+  std::size_t text_bytes_ = 0;            // made so far for the elements of the file
   std::vector<gString> linkage_stack_;    // string literals of the open linkage specifications
   gString template_prefix_;               // waits for the declaration behind its head
 };

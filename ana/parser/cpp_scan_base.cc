@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "ana/cmdpar/keywords.h"
+#include "ana/parser/cpp_long_words.h"
 
 namespace {
 
@@ -62,6 +63,7 @@ int cpp_scan_base::scope_name() {
 }
 
 int cpp_scan_base::identifier() {
+  keep_words_whole(*this);
   return classify(IDENTIFIER);
 }
 
@@ -74,7 +76,13 @@ int cpp_scan_base::macro_token(int code, gString && text) {
   return code == gCppMacroTable::identifier ? IDENTIFIER : DECL_MACRO;
 }
 
+int cpp_scan_base::piece() {
+  keep_words_whole(*this);
+  return PIECE;
+}
+
 int cpp_scan_base::macro_name(int otherwise) {
+  keep_words_whole(*this);
   gCppMacro const * macro = macros_.find(token());
   if (macro && !macro->parameterized)
     return macro_token(macro->interpretation, gString(token()));

@@ -46,6 +46,7 @@ public:
   int pointer_paren() const { return collect_ ? '(' : int(PTR_PAREN); }
   int scope_name();
   int identifier();
+  int piece();
   int macro_call();
   int macro_name(int otherwise);
   int macro_arguments();

@@ -26,7 +26,7 @@ gScanRule<S> const rules[] = {
     {code, R"re(^[ \t]*#[ \t]*el(if|se))re", [](S & s) { return s.drop_and_enter(S::TAIL_ELSE); }},
     {code, R"re(\R^[ \t]*#)re", [](S & s) { return s.drop_and_enter(S::DIRECTIVE); }},
     {in({S::PLAIN_CODE}), R"re(\R([^'"/#\n]|{chr}|{str}|\n[ \t\n]*[^'"/#\n \t])+)re",
-     [](S & s) { return s.echo(); }},
+     [](S & s) { return s.plain_code(); }},
     {code, R"re(\R[ \t\n]*\n)re", [](S & s) { return s.echo(); }},
     {in({S::CODE}), R"re(\R[^'"/#\nA-Za-z_]+)re", [](S & s) { return s.echo(); }},
     {in({S::CODE}), "L?{chr}", [](S & s) { return s.echo(); }},

@@ -3,6 +3,7 @@
 // become blanks, then its text is copied, with frame characters held back in case the line ends.
 #include "ana/parser/cpre_scan_base.h"
 
+#include "ana/parser/cpp_long_words.h"
 #include "app/options/options.h"
 
 namespace {
@@ -34,6 +35,11 @@ void cpre_scan_base::load_options() {
 int cpre_scan_base::echo() {
   ECHO(token());
   return scan_go_on;
+}
+
+int cpre_scan_base::plain_code() {
+  keep_words_whole(*this);
+  return echo();
 }
 
 int cpre_scan_base::drop_and_enter(int condition) {
@@ -155,25 +161,28 @@ int cpre_scan_base::skip_frame() {
     else
       break;
   if (i < text.size()) {
-    // The first character of the text decides nothing more; behind it comes the text's own rule.
-    std::size_t const first = i++;
-    i += frame_chars_.find_in(text.substr(i));
     begin(CMT_TEXT);
-    ECHO(text.substr(first, i - first));
-    cut_to(static_cast<int>(i));
+    write_text(text.substr(i));
   }
   return scan_go_on;
 }
 
 int cpre_scan_base::comment_text() {
-  std::size_t const plain_text = frame_chars_.find_in(token());
-  if (plain_text > 0) {
-    cut_to(static_cast<int>(plain_text));
-    return echo();
+  write_text(token());
+  return scan_go_on;
+}
+
+// Frame characters with text behind them are text; those at the end may be the line's tail.
+void cpre_scan_base::write_text(std::string_view text) {
+  std::size_t end = text.size();
+  while (end > 0 && (is_blank(text[end - 1]) || frame_chars_.has(text[end - 1])))
+    --end;
+  std::size_t const tail = end + frame_chars_.find_in(text.substr(end));
+  ECHO(text.substr(0, tail));
+  if (tail < text.size()) {
+    begin(CMT_FRAMETAIL);
+    frame_run_ += text.substr(tail);
   }
-  cut_to(1);
-  begin(CMT_FRAMETAIL);
-  return hold_blanks();
 }
 
 int cpre_scan_base::frame_tail() {

@@ -30,6 +30,7 @@ public:
   // What the rules call. Code, directives and branches:
   int drop() { return scan_go_on; }
   int echo();
+  int plain_code();
   int drop_and_enter(int condition);
   int continue_directive();
   int end_directive();
@@ -56,6 +57,7 @@ public:
 
 private:
   int give_head_back();
+  void write_text(std::string_view text);
   // The condition of code that suits the macros of the project.
   int code() const { return macros_.empty() ? PLAIN_CODE : CODE; }
 

@@ -115,8 +115,33 @@ TEST(CppParser, HoldsOutDeepAndLongInput) {
             "5001 function f undefined 0 [void f();]\n");
   EXPECT_EQ(parse(repeated(40, "namespace n {") + repeated(40, "}")),
             "FATAL ERROR: Stack overflow in the parser\n");
-  EXPECT_EQ(parse("char c[] = \"" + std::string(2000, 's') + "\";"),
-            "FATAL ERROR: Token buffer overflow in the scanner\n");
+}
+
+TEST(CppParser, GivesUpOnWordsAndLiteralsBeyondTheLimit) {
+  take_options("");
+  std::string const word(1023, 'w'), fault = "FATAL ERROR: Token buffer overflow in the scanner\n";
+  EXPECT_EQ(parse("void f() { " + word + " } int x;"), "1 var x undefined 0 [int x;]\n");
+  EXPECT_EQ(parse("int w" + word + ";"), fault);
+  EXPECT_EQ(parse("void f() { w" + word + " }"), fault);
+  EXPECT_EQ(parse("char c[] = \"" + word.substr(1) + "\";"), fault);
+}
+
+TEST(CppParser, GivesUpWhereTheElementsWouldTakeMoreMemoryThanTheSource) {
+  take_options("");
+  std::string const fault = "FATAL ERROR: Too much text in the declarations of the file\n";
+  std::string const endless = "FATAL ERROR: Too many parts in one declaration\n";
+  std::string const members = repeated(20000, "int x;");
+  auto end_of = [](std::string const & result) { return result.substr(result.rfind("FATAL")); };
+  EXPECT_EQ(end_of(parse("class " + repeated(20000, "A::") + "B {" + members + "};")), fault);
+  EXPECT_EQ(end_of(parse("class A<" + repeated(30000, "a,") + "> : B" + repeated(30000, ",B") +
+                         " {" + members + "};")),
+            fault);
+  EXPECT_EQ(parse(repeated(100001, "word ") + ";"), endless);
+  EXPECT_EQ(parse(repeated(100001, "A::") + "x;"), endless);
+  EXPECT_EQ(parse("class A : B" + repeated(100001, ",B") + " {};"), endless);
+  std::string const specifiers = repeated(20000, "const ");
+  EXPECT_EQ(parse(specifiers + "a" + repeated(20000, ",a") + ";"),
+            "1 var a undefined 0 [" + specifiers + "a;]\n");
 }
 
 TEST(CppGrammar, HasTheConflictsThatTheOrderOfItsRulesDecides) {

@@ -84,10 +84,11 @@ TEST(Preprocessor, TakesLongStretchesInPieces) {
   std::string const blanks(5000, ' ');
   std::string const stars(5000, '*');
   std::string const words = "a b" + std::string(5000, 'c');
+  std::string const code = std::string(1020, ' ') + "longword" + blanks + "\n";
   struct {
     std::string source, expected;
   } const cases[] = {
-      {words + "\n" + blanks + "\n;", words + "\n" + blanks + "\n;"},
+      {code + blanks + "\n;", code + blanks + "\n;"},
       {std::string(5000, '\n') + "#if\n;", std::string(5001, '\n') + ";"},
       {"#define " + words + "\n;", "\n;"},
       {"#else " + words + "\\\n" + words + "\n" + words + "\n#endif " + words + "\n;", "\n\n\n;"},
@@ -98,10 +99,11 @@ TEST(Preprocessor, TakesLongStretchesInPieces) {
     EXPECT_EQ(try_preprocess(source), expected);
 }
 
-TEST(Preprocessor, GivesUpOnLiteralsBeyondTheLimit) {
+TEST(Preprocessor, GivesUpOnWordsAndLiteralsBeyondTheLimit) {
   take_options("");
-  std::string const literal = "\"" + std::string(1021, 's') + "\"";
-  EXPECT_EQ(try_preprocess(literal + ";"), literal + ";");
-  EXPECT_EQ(try_preprocess("\"ss" + literal.substr(1) + ";"),
-            "FATAL ERROR: Token buffer overflow in the scanner");
+  std::string const word(1023, 'w'), literal = "\"" + word.substr(2) + "\"";
+  for (std::string const & good : {" a " + word + ";", "12" + word + ";", literal + ";"})
+    EXPECT_EQ(try_preprocess(good), good);
+  for (std::string const & bad : {" a w" + word + ";", "12w" + word, "'\\" + literal + "'"})
+    EXPECT_EQ(try_preprocess(bad), "FATAL ERROR: Token buffer overflow in the scanner");
 }
