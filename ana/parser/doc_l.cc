@@ -139,7 +139,7 @@ gScanRule<S> const rules[] = {
     {in({BODY}), R"(\R{ws}+)", [](S & s) { return s.blanks(); }},
 
     // Behind an empty line. Items count there whatever their indentation.
-    {in({PARSTART}), R"(\R{keyword})", [](S & s) { return s.keyword_or_reject(all_kinds, false); }},
+    {in({PARSTART}), R"(\R{keyword})", [](S & s) { return s.keyword_or_text(); }},
     {in({PARSTART}), R"(\R{words}{sep})", [](S & s) { return s.plain_keyword_or_reject(true); }},
     {in({PARSTART}), R"(\R{words})", [](S & s) { return s.plain_keyword_or_reject(false); }},
     {in({PARSTART}), R"(\R-{ws}+)",

@@ -49,6 +49,7 @@ public:
 
   // Keywords: the whole test. `separator_in_token`: a separator is part of the token.
   int keyword_or_reject(unsigned kinds, bool separator_in_token);
+  int keyword_or_text();
   // At the beginning of a paragraph, where the option decides about keywords of units.
   int plain_keyword_or_reject(bool separator_in_token);
 
@@ -124,6 +125,7 @@ private:
   bool may_be_keyword(std::string_view text, unsigned kinds) const;
   Candidate candidate() const;
   gKwd * find_keyword(Candidate const & candidate, unsigned kinds) const;
+  int take_keyword(gKwd * keyword, Candidate const & found, bool separator_in_token);
   int open_unit(Doc::Keyword keyword);
   int open_subentry(Doc::Keyword keyword);
 

@@ -98,8 +98,19 @@ int doc_scan_base::keyword_or_reject(unsigned kinds, bool separator_in_token) {
     return scan_reject;
   Candidate const found = candidate();
   gKwd * const keyword = find_keyword(found, kinds);
-  if (!keyword)
-    return scan_reject;
+  return keyword ? take_keyword(keyword, found, separator_in_token) : scan_reject;
+}
+
+// A shorter match would be another word: the text of a paragraph may begin with any command.
+int doc_scan_base::keyword_or_text() {
+  Candidate const found = candidate();
+  if (gKwd * const keyword = find_keyword(found, units | subentries))
+    return take_keyword(keyword, found, false);
+  at_entry_ = false;
+  return leave_for(BODY);
+}
+
+int doc_scan_base::take_keyword(gKwd * keyword, Candidate const & found, bool separator_in_token) {
   bool const give_separator_back = found.separator && !separator_in_token;
   cut_to(static_cast<int>(found.length - (give_separator_back ? 1 : 0)));
   if (keyword->kind == gKwd::subentry_kwd)
