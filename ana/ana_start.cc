@@ -27,7 +27,8 @@ gString folder_text(gOutputFolder const & folder, char const * behind) {
 bool is_protected(gOutputFolder const & folder) {
   gString const reason = folder.exists() ? folder.protection() : gString();
   if (!reason.empty())
-    refuse(folder_text(folder, "is never emptied: ") + reason + ".", gOutside::Icon::stop);
+    refuse(folder_text(folder, "is never emptied: ") + reason + ". Choose another output folder.",
+           gOutside::Icon::stop);
   return !reason.empty();
 }
 
@@ -47,7 +48,8 @@ std::unique_ptr<gOutputFolder> settle_folder(gOverwrite overwrite) {
     if (!again || !needs_question(*folder, overwrite))
       return folder;
     if (overwrite == gOverwrite::refuse_foreign) {
-      refuse(folder_text(*folder, "already exists and holds files that no run has left there."));
+      refuse(folder_text(*folder, "already exists and holds files that no run has left there. "
+                                  "--overwrite deletes them."));
       return nullptr;
     }
     gOutside::Answer const answer = Vlb::outside().ask_yes_no_cancel(
@@ -88,11 +90,14 @@ std::unique_ptr<gOutputFolder> ana_prepare_folder(gOverwrite overwrite) {
     return nullptr;
   }
   if (!folder->lock()) {
-    refuse(folder_text(*folder, "is in use by another run."), gOutside::Icon::stop);
+    refuse(folder_text(*folder, "is in use by another run. Wait for its end, or choose "
+                                "another output folder."),
+           gOutside::Icon::stop);
     return nullptr;
   }
   if (!folder->clear()) {
-    refuse(folder_text(*folder, "could not be emptied."), gOutside::Icon::stop);
+    refuse(folder_text(*folder, "could not be emptied. See who may write in it."),
+           gOutside::Icon::stop);
     return nullptr;
   }
   return folder;

@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -22,6 +23,7 @@ namespace {
 
 constexpr char const * record_name = ".vellumar";
 constexpr char const * record_head = "vellumar output folder";
+constexpr char const * unreadable = "/";
 
 fs::path resolved(std::string const & path) {
   std::error_code error;
@@ -73,11 +75,25 @@ std::set<std::string> input_folders() {
 
 // Text files of the output begin with their version, so a name alone doesn't make a file one.
 bool is_intermediate(fs::path const & path) {
-  if (path.extension() != ".atc" && path.extension() != ".atx")
+  constexpr std::string_view head = "@verinfo<";
+  std::error_code error;
+  if ((path.extension() != ".atc" && path.extension() != ".atx") ||
+      !fs::is_regular_file(path, error))
     return false;
   std::ifstream file(path);
-  std::string line;
-  return !std::getline(file, line) || line.starts_with("@verinfo<");
+  char begin[head.size()];
+  file.read(begin, sizeof begin);
+  return file.gcount() == 0 || head == std::string_view(begin, file.gcount());
+}
+
+// By what the environment says and by what the system knows; the first can be missing or changed.
+std::vector<std::string> home_folders() {
+  std::vector<std::string> folders;
+  if (char const * home = std::getenv("HOME"); home && *home)
+    folders.push_back(home);
+  if (passwd const * user = getpwuid(getuid()); user && user->pw_dir && *user->pw_dir)
+    folders.push_back(user->pw_dir);
+  return folders;
 }
 
 } // namespace
@@ -100,7 +116,8 @@ bool gOutputFolder::empty() const {
   return fs::is_empty(path_.c_str(), error) && !error;
 }
 
-// Everything below the folder by its name from there; folders end with a separator.
+// Everything below the folder by its name from there; folders end with a separator. A part that
+// can't be read is a name that no run can have left.
 std::set<std::string> gOutputFolder::contents() const {
   std::set<std::string> names;
   std::error_code error;
@@ -110,6 +127,8 @@ std::set<std::string> gOutputFolder::contents() const {
     bool const folder = it->is_directory(error) && !it->is_symlink(error);
     names.insert(it->path().lexically_relative(root).string() + (folder ? "/" : ""));
   }
+  if (error)
+    names.insert(unreadable);
   return names;
 }
 
@@ -126,6 +145,8 @@ std::set<std::string> gOutputFolder::recorded() const {
 }
 
 bool gOutputFolder::is_own(std::string const & name, std::set<std::string> const & known) const {
+  if (name == unreadable)
+    return false;
   if (known.contains(name) || name == "ana.log")
     return true;
   // A run that was cut off hasn't written its list.
@@ -147,8 +168,10 @@ gString gOutputFolder::protection() const {
   fs::path const own = resolved(path_);
   if (own == own.root_path())
     return "it is the root of the file system";
-  if (char const * home = std::getenv("HOME"); home && *home && holds(own, resolved(home)))
-    return "it holds the home folder";
+  for (std::string const & home : home_folders()) {
+    if (holds(own, resolved(home)))
+      return "it holds the home folder";
+  }
   std::string project = ".";
   if (holds(own, resolved(Vapp::make_absolute_vlp(project))))
     return "it holds the project";

@@ -61,11 +61,14 @@ cRef<gDocUnit> unit_of(gCmt const & comment, gCommentReader & reader) {
 void comments_to_units(Pace & pace) {
   gCommentReader reader;
   for (auto const & file : gComments) {
+    std::vector<gLineObjMap<cRef<gDocUnit>>::Entry> units;
     for (auto const & [line, comment] : *file.value) {
       pace.step();
       if (comment->code_elem())
-        gUnnamedUnits.insert_at(comment->loc(), unit_of(*comment, reader));
+        units.emplace_back(line, unit_of(*comment, reader));
     }
+    if (!units.empty())
+      gUnnamedUnits.insert_all(file.value->begin()->second->file(), units);
   }
 }
 

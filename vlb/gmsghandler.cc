@@ -126,6 +126,19 @@ void gLogStream::put_time() {
   (*this)() << text;
 }
 
+void Vlb::add_shown(gString & line, std::string_view text) {
+  constexpr char hex[] = "0123456789abcdef";
+  for (char const c : text) {
+    auto const byte = static_cast<unsigned char>(c);
+    if ((byte >= ' ' && byte != 127) || c == '\t')
+      line += c;
+    else if (c == '\n' || c == '\0')
+      line += c == '\n' ? "\\n" : "\\0";
+    else
+      line.append({'\\', 'x', hex[byte >> 4], hex[byte & 15]});
+  }
+}
+
 namespace {
 
 bool is_hint(Msg::type type) {
@@ -153,20 +166,6 @@ char const * prefix_of(Msg::type type) {
   throw gExcInternalErr("Unexpected Msg::type", "", Vlb::source_place(__FILE__, __LINE__));
 }
 
-// A control character would break or cut the line, or steer the terminal that shows it.
-void add_shown(gString & line, std::string_view text) {
-  constexpr char hex[] = "0123456789abcdef";
-  for (char const c : text) {
-    auto const byte = static_cast<unsigned char>(c);
-    if ((byte >= ' ' && byte != 127) || c == '\t')
-      line += c;
-    else if (c == '\n' || c == '\0')
-      line += c == '\n' ? "\\n" : "\\0";
-    else
-      line.append({'\\', 'x', hex[byte >> 4], hex[byte & 15]});
-  }
-}
-
 gString line_of(Msg::type type, gMessage const & message, gString const & argument,
                 gString const & where) {
   gString line(prefix_of(type));
@@ -176,10 +175,10 @@ gString line_of(Msg::type type, gMessage const & message, gString const & argume
     line += ": ";
   }
   line += message.text;
-  add_shown(line, argument);
+  Vlb::add_shown(line, argument);
   if (!where.empty()) {
     line += " (";
-    add_shown(line, where);
+    Vlb::add_shown(line, where);
     line += ')';
   }
   return line;

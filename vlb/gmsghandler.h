@@ -95,6 +95,12 @@ private:
   std::set<int> suppressed_numbers_;
 };
 
+namespace Vlb {
+// Appends text that may hold anything, such as a file's name. A control character would break or
+// cut the line, or steer the terminal that shows it.
+void add_shown(gString & line, std::string_view text);
+} // namespace Vlb
+
 namespace Msg {
 extern gMsgHandler log;
 gErrTagList & cur_errtaglist();

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <mutex>
 #include <sys/stat.h>
@@ -34,6 +35,7 @@ struct Chunk {
 // What the handler reads. The process is told apart because a child inherits the list.
 std::atomic<Chunk *> first_chunk = nullptr;
 std::atomic<pid_t> folder_owner = 0; // 0: there is no folder
+std::atomic<bool> ended = false;     // the process is about to go
 char folder[max_folder + 1];
 
 // What only get_temp_file_name and remove use, under the lock.
@@ -117,6 +119,24 @@ void delist(std::string const & name) {
   all.slots.erase(found);
 }
 
+// Removes the files of the listed slots, or those of all slots, and the folder. Called by signal
+// handlers.
+void remove_files(bool all_slots) {
+  char path[max_folder + 1 + max_name + 1];
+  std::size_t const length = std::strlen(folder);
+  std::memcpy(path, folder, length);
+  path[length] = '/';
+  for (Chunk * chunk = first_chunk; chunk; chunk = chunk->next)
+    for (Slot & slot : chunk->slots)
+      if (slot.listed.exchange(false) || (all_slots && *slot.name)) {
+        std::memcpy(path + length + 1, slot.name, sizeof slot.name);
+        ::unlink(path);
+      }
+  // A folder that someone else removed is replaced by a new one, too.
+  if (::rmdir(folder) == 0 || errno == ENOENT)
+    folder_owner = 0;
+}
+
 bool is_temp_path(std::string_view path) {
   std::string_view const own = folder;
   return folder_owner == ::getpid() && path.size() > own.size() && path.starts_with(own) &&
@@ -136,7 +156,7 @@ gPathstring gFileSystem::get_temp_file_name(gString const & prefix) {
     return {};
   Book & all = book();
   std::scoped_lock const guard(all.lock);
-  if (!make_folder(all, prefix))
+  if (ended || !make_folder(all, prefix))
     return {};
   std::string const name = prefix + Vlb::random_name();
   Slot * const slot = free_slot(all);
@@ -164,18 +184,19 @@ void gFileSystem::remove_temp_files() noexcept {
   if (folder_owner != ::getpid())
     return;
   int const saved = errno;
-  char path[max_folder + 1 + max_name + 1];
-  std::size_t const length = std::strlen(folder);
-  std::memcpy(path, folder, length);
-  path[length] = '/';
-  for (Chunk * chunk = first_chunk; chunk; chunk = chunk->next)
-    for (Slot & slot : chunk->slots)
-      if (slot.listed.exchange(false)) {
-        std::memcpy(path + length + 1, slot.name, sizeof slot.name);
-        ::unlink(path);
-      }
-  // A folder that someone else removed is replaced by a new one, too.
-  if (::rmdir(folder) == 0 || errno == ENOENT)
-    folder_owner = 0;
+  remove_files(false);
   errno = saved;
+}
+
+// Another thread may be about to make a file, or open one by its name, so the folder is tried again
+// until it goes.
+void gFileSystem::end_temp_files() noexcept {
+  constexpr int tries = 100;
+  constexpr timespec pause = {0, 1'000'000};
+  ended = true;
+  remove_temp_files();
+  for (int i = 0; i < tries && folder_owner == ::getpid(); ++i) {
+    ::nanosleep(&pause, nullptr);
+    remove_files(true);
+  }
 }

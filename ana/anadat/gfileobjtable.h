@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "store/ghash.h"
@@ -25,6 +26,22 @@ public:
       place->second = std::move(value);
     else
       entries_.insert(place, Entry(line, std::move(value)));
+  }
+
+  // The same for entries by ascending line, in one go.
+  void set_all(std::vector<Entry> const & added) {
+    std::vector<Entry> merged;
+    merged.reserve(entries_.size() + added.size());
+    auto old = entries_.begin();
+    for (Entry const & entry : added) {
+      for (; old != entries_.end() && old->first < entry.first; ++old)
+        merged.push_back(std::move(*old));
+      if (old != entries_.end() && old->first == entry.first)
+        ++old;
+      merged.push_back(entry);
+    }
+    std::move(old, entries_.end(), std::back_inserter(merged));
+    entries_ = std::move(merged);
   }
 
   iterator begin() const { return entries_.begin(); }
@@ -58,6 +75,13 @@ public:
     auto map = make_ref<Map>();
     map->set(loc.line(), std::move(value));
     this->insert(loc.file().opath(), map);
+  }
+
+  // Enters objects of one file, by ascending line.
+  void insert_all(gSrcFile const & file, std::vector<typename Map::Entry> const & entries) {
+    if (!map_of(file))
+      this->insert(file.opath(), make_ref<Map>());
+    map_of(file)->set_all(entries);
   }
 
   // The map of a file; null if the table has nothing of it.

@@ -1,5 +1,5 @@
 // Everything on standard error goes through print_line, so that the status line is never in the
-// way of a report.
+// way of a report. A line is one write, so that the lines of two programs don't mix.
 
 #include "app/cli/cli_outside.h"
 
@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "app/options/options.h"
+#include "vlb/gmsghandler.h"
 
 namespace {
 
@@ -20,6 +21,19 @@ std::size_t terminal_width() {
 
 void put(std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+// Names of files may hold control characters; the line feeds are those of the text itself.
+std::string shown(std::string_view text) {
+  gString result;
+  for (;;) {
+    std::size_t const end = text.find('\n');
+    Vlb::add_shown(result, text.substr(0, end));
+    if (end == text.npos)
+      return result;
+    result += '\n';
+    text.remove_prefix(end + 1);
+  }
 }
 
 // A line from the user; false at the end of the input.
@@ -34,7 +48,7 @@ bool read_answer(std::string const & prompt, std::string & answer) {
 gCliOutside::gCliOutside() : before_(Vlb::set_outside(this)), terminal_(isatty(STDERR_FILENO)) {}
 
 gCliOutside::~gCliOutside() {
-  erase_status();
+  put(erasure());
   Vlb::set_outside(before_);
 }
 
@@ -42,23 +56,17 @@ bool gCliOutside::interactive() {
   return isatty(STDIN_FILENO) && isatty(STDERR_FILENO);
 }
 
-void gCliOutside::draw_status() const {
-  if (!terminal_ || status_.empty())
-    return;
-  put("\r\033[K" + status_.substr(0, terminal_width() - 1));
-  std::fflush(stderr);
+// What takes the status line off the terminal, and what draws it.
+std::string gCliOutside::erasure() const {
+  return terminal_ && !status_.empty() ? "\r\033[K" : "";
 }
 
-void gCliOutside::erase_status() const {
-  if (terminal_ && !status_.empty())
-    put("\r\033[K");
+std::string gCliOutside::drawing() const {
+  return terminal_ ? status_.substr(0, terminal_width() - 1) : "";
 }
 
 void gCliOutside::print_line(std::string_view line) {
-  erase_status();
-  put(line);
-  put("\n");
-  draw_status();
+  put(erasure() + shown(line) + "\n" + drawing());
 }
 
 void gCliOutside::tell(std::string const & text) {
@@ -77,7 +85,7 @@ gOutside::Answer gCliOutside::ask_yes_no(gString const &) {
 
 gOutside::Answer gCliOutside::ask_yes_no_cancel(gString const & text) {
   std::string answer;
-  while (interactive() && read_answer(text + " [y/n/c] ", answer)) {
+  while (interactive() && read_answer(shown(text) + " [y/n/c] ", answer)) {
     switch (answer.empty() ? ' ' : answer[0]) {
     case 'y':
     case 'Y':
@@ -117,9 +125,9 @@ void gCliOutside::status(gString const & text) {
   std::lock_guard const guard(mutex_);
   if (text == status_)
     return;
-  erase_status();
-  status_ = text;
-  draw_status();
+  std::string const erased = erasure();
+  status_ = shown(text);
+  put(erased + drawing());
 }
 
 void gCliOutside::report(Msg::type, gString const & line) {

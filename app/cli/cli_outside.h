@@ -37,8 +37,8 @@ public:
 
 private:
   void print_line(std::string_view line);
-  void draw_status() const;
-  void erase_status() const;
+  std::string erasure() const;
+  std::string drawing() const;
 
   gOutside * before_;
   std::mutex mutex_; // status and reports come from the worker

@@ -7,6 +7,7 @@
 #include "app/options/options.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
 
 namespace {
 
@@ -43,8 +44,9 @@ private:
     gFileList files(0);
     files.cur_dir(root);
     files.add(path, names, 5);
-    std::cout << path << "|" << names << (name.empty() ? "" : "|" + name) << ": " << files.size()
-              << (files.size() == 1 ? " file\n" : " files\n");
+    gString group_text;
+    Vlb::add_shown(group_text, path + "|" + names + (name.empty() ? "" : "|" + name));
+    std::cout << group_text << ": " << files.size() << (files.size() == 1 ? " file\n" : " files\n");
     for (gString const & problem : files.problems())
       complain(problem);
   }

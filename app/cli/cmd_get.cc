@@ -20,10 +20,11 @@ void add_get(CLI::App & app, gCommandContext & context) {
       return;
     std::string text;
     if (!Vapp::get_option_json(arguments->key, text)) {
-      context.outside.tell("There is no option '" + arguments->key + "'");
+      context.outside.tell("There is no option '" + arguments->key +
+                           "'; without a key, all of them are printed");
       return;
     }
-    std::cout << text << (text.ends_with('\n') ? "" : "\n") << std::flush;
-    context.status = std::cout ? exit_ok : exit_failed;
+    std::cout << text << (text.ends_with('\n') ? "" : "\n");
+    context.status = exit_ok;
   });
 }

@@ -68,7 +68,7 @@ int write_project(Arguments const & arguments, gCommandContext & context) {
     return exit_refused;
   Vapp::project().create({path, arguments.root, groups, arguments.out, arguments.script});
   count_files();
-  return Vapp::project().save() ? exit_ok : exit_failed;
+  return save_project(context) ? exit_ok : exit_failed;
 }
 
 } // namespace

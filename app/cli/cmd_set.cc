@@ -2,20 +2,15 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/exit_status.h"
-#include "app/options/project.h"
-#include "app/options/set_option.h"
 
 namespace {
 
 int change_project(std::vector<std::string> const & assignments, gCommandContext & context) {
   for (std::string const & assignment : assignments) {
-    std::string reason;
-    if (!Vapp::set_option(assignment, reason)) {
-      context.outside.tell(assignment + ": " + reason);
+    if (!assign_option(assignment, context))
       return exit_refused;
-    }
   }
-  return Vapp::project().save() ? exit_ok : exit_failed;
+  return save_project(context) ? exit_ok : exit_failed;
 }
 
 } // namespace

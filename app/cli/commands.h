@@ -21,3 +21,7 @@ void add_analyze(CLI::App & app, gCommandContext & context);
 
 // Loads a project; false, and a line on standard error, if it can't be read.
 bool load_project(std::string const & path, gCommandContext & context);
+// Writes it; false, and a line on standard error, if that fails.
+bool save_project(gCommandContext & context);
+// Applies KEY=VALUE to the loaded project; false, and a line on standard error, if it is refused.
+bool assign_option(std::string const & assignment, gCommandContext & context);

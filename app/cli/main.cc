@@ -1,5 +1,8 @@
 // The program vellumar: documentation from sources, without a window system.
 
+#include <csignal>
+#include <iostream>
+
 #include "app/cli/commands.h"
 #include "app/cli/exit_status.h"
 #include "app/options/defaults.h"
@@ -17,9 +20,31 @@ void prepare(gCommandContext & context) {
   Global::objects().init_all();
 }
 
+// A write that fails is an error to report and not the end of the process.
+void ignore_write_signals() {
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+int run(CLI::App & app, int argc, char ** argv, gCommandContext & context) {
+  try {
+    app.parse(argc, argv);
+  } catch (CLI::ParseError const & error) {
+    context.status = app.exit(error) == 0 ? exit_ok : exit_refused;
+  } catch (std::exception const & fault) {
+    context.outside.tell(fault.what());
+    context.status = exit_failed;
+  }
+  if (std::cout.flush())
+    return context.status;
+  context.outside.tell("Cannot write to standard output");
+  return exit_failed;
+}
+
 } // namespace
 
 int main(int argc, char ** argv) {
+  ignore_write_signals();
   gCliOutside outside;
   gCommandContext context{outside};
   CLI::App app("Documentation from C and C++ sources", "vellumar");
@@ -31,10 +56,5 @@ int main(int argc, char ** argv) {
   add_set(app, context);
   add_check(app, context);
   add_analyze(app, context);
-  try {
-    app.parse(argc, argv);
-  } catch (CLI::ParseError const & error) {
-    return app.exit(error) == 0 ? exit_ok : exit_refused;
-  }
-  return context.status;
+  return run(app, argc, argv, context);
 }

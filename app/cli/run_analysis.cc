@@ -11,7 +11,6 @@
 #include "app/cli/exit_status.h"
 #include "app/cli/run_options.h"
 #include "app/options/options.h"
-#include "app/options/set_option.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 
@@ -20,12 +19,12 @@ namespace {
 extern "C" void on_interrupt(int) {
   if (!Vapp::user_break.exchange(true))
     return;
-  gFileSystem::remove_temp_files();
+  gFileSystem::end_temp_files();
   _exit(exit_interrupted);
 }
 
 extern "C" void on_terminate(int signal) {
-  gFileSystem::remove_temp_files();
+  gFileSystem::end_temp_files();
   _exit(128 + signal);
 }
 
@@ -62,11 +61,8 @@ Msg::type severity(std::string const & name) {
 
 bool apply_settings(gRunOptions const & options, gCommandContext & context) {
   for (std::string const & assignment : options.set) {
-    std::string reason;
-    if (!Vapp::set_option(assignment, reason)) {
-      context.outside.tell("--set " + assignment + ": " + reason);
+    if (!assign_option(assignment, context))
       return false;
-    }
   }
   std::string numbers = Vapp::option_string("msg/suppress");
   for (int number : options.suppress)
@@ -105,8 +101,12 @@ void gRunOptions::add_to(CLI::App & command) {
 }
 
 int run_analysis(gRunOptions const & options, gCommandContext & context) {
-  if (!apply_settings(options, context) || !ana_check_project())
+  if (!apply_settings(options, context))
     return exit_refused;
+  if (!ana_check_project()) {
+    context.outside.tell("'vellumar set' or --set changes inputfiles, vls_file and out_dir.");
+    return exit_refused;
+  }
   std::unique_ptr<gOutputFolder> const folder = ana_prepare_folder(overwrite_policy(options));
   if (!folder)
     return exit_refused;

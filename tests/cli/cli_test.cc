@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <vector>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -58,6 +59,8 @@ TEST(cli, makes_and_changes_a_project) {
   EXPECT_NE(box.run("get p.vlp").out.find("\"tab_width\""), std::string::npos);
   std::string const before = text_of(box.path("p.vlp"));
   EXPECT_EQ(box.run("set p.vlp ana/verb_indent=2 ana/tab_width=wide").status, 2);
+  EXPECT_EQ(box.run("set p.vlp ana/tab_width=$(head -c 100000 /dev/zero | tr '\\0' x)").err,
+            "vellumar: ana/tab_width: a value of the type string where int is wanted\n");
   EXPECT_EQ(text_of(box.path("p.vlp")), before);
   box.write("cut.vlp", before.substr(0, before.size() / 2));
   Answer const cut = box.run("get cut.vlp ana/tab_width");
@@ -114,12 +117,14 @@ TEST(cli, run_options_hold_for_one_run) {
 TEST(cli, shows_the_first_thing_that_is_missing) {
   Sandbox box;
   box.make_project();
+  std::string const advice =
+      "vellumar: 'vellumar set' or --set changes inputfiles, vls_file and out_dir.\n";
   EXPECT_EQ(box.run("analyze p.vlp --set inputfiles/1=null --set out_dir= --set vls_file=").err,
-            "vellumar: No input files specified.\n");
+            "vellumar: No input files specified.\n" + advice);
   EXPECT_EQ(box.run("analyze p.vlp --set out_dir= --set vls_file=").err,
-            "vellumar: No script file specified.\n");
+            "vellumar: No script file specified.\n" + advice);
   Answer const answer = box.run("analyze p.vlp --set out_dir=");
-  EXPECT_EQ(answer.err, "vellumar: No output folder specified.\n");
+  EXPECT_EQ(answer.err, "vellumar: No output folder specified.\n" + advice);
   EXPECT_EQ(answer.status, 2);
 }
 
@@ -130,7 +135,9 @@ TEST(cli, empties_only_what_a_run_has_left) {
   EXPECT_EQ(box.run("analyze p.vlp").status, 0); // over what the failed run left
   EXPECT_EQ(box.run("analyze p.vlp").status, 0);
   box.write("out/notes.txt", "mine");
-  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
+  Answer const refusal = box.run("analyze p.vlp");
+  EXPECT_EQ(refusal.status, 2);
+  EXPECT_NE(refusal.err.find("--overwrite"), std::string::npos) << refusal.err;
   EXPECT_EQ(text_of(box.path("out/notes.txt")), "mine");
   EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
   EXPECT_FALSE(box.exists("out/notes.txt"));
@@ -183,6 +190,30 @@ TEST(cli, refuses_an_output_folder_that_cannot_be_made) {
   EXPECT_EQ(answer.err, "vellumar: Folder '" + box.path("file/out") + "' could not be created.\n");
 }
 
+TEST(cli, takes_a_failed_write_for_an_error) {
+  Sandbox box;
+  box.make_project();
+  std::string const before = text_of(box.path("p.vlp"));
+  Answer answer = box.run("--version && (" VELLUMAR_PROGRAM " get p.vlp >/dev/full)");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_EQ(answer.err, "vellumar: Cannot write to standard output\n");
+  answer = box.run("--version && ulimit -f 1 && " VELLUMAR_PROGRAM " set p.vlp ana/tab_width=8");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_EQ(text_of(box.path("p.vlp")), before);
+}
+
+TEST(cli, keeps_control_characters_of_names_from_the_terminal) {
+  Sandbox box;
+  box.make_project();
+  for (char const * arguments : {"get 'a\033[2J.vlp'", "set p.vlp 'a\033[2J=1'",
+                                 "analyze p.vlp --set 'inputfiles/1/files=\033[2J.h'",
+                                 "analyze p.vlp --set 'out_dir=p.vlp/\033[2J'"}) {
+    Answer const answer = box.run(arguments);
+    EXPECT_EQ(answer.err.find('\033'), std::string::npos) << answer.err;
+    EXPECT_NE(answer.err.find("\\x1b[2J"), std::string::npos) << answer.err;
+  }
+}
+
 // A source that takes long enough to be stopped in the middle, whatever the machine.
 void make_long_project(Sandbox const & box) {
   box.make_project();
@@ -202,6 +233,13 @@ void wait_for(Sandbox const & box, char const * stage) {
   FAIL() << stage;
 }
 
+int temp_files(Sandbox const & box) {
+  int count = 0;
+  for (auto const & entry : std::filesystem::directory_iterator(box.path("tmp")))
+    count += entry.path().filename().string().starts_with("~vl");
+  return count;
+}
+
 int end_of(int child) {
   int status = 0;
   waitpid(child, &status, 0);
@@ -217,21 +255,33 @@ TEST(cli, stops_in_an_orderly_way) {
   kill(child, SIGINT);
   EXPECT_EQ(end_of(child), 130);
   EXPECT_TRUE(text_of(box.path("out/ana.log")).ends_with("User aborted program.\n"));
-  EXPECT_TRUE(std::filesystem::is_empty(box.path("tmp")) ||
-              !std::filesystem::exists(box.path("tmp/~vl")));
-  for (auto const & entry : std::filesystem::directory_iterator(box.path("tmp")))
-    EXPECT_FALSE(entry.path().filename().string().starts_with("~vl"));
+  EXPECT_EQ(temp_files(box), 0);
 }
 
-TEST(cli, leaves_no_temporary_file_when_terminated) {
+// The worker is making one temporary file after the other when the signals come.
+TEST(cli, leaves_no_temporary_file_when_it_has_to_end_at_once) {
   Sandbox box;
   make_long_project(box);
-  int const child = box.start("analyze p.vlp");
-  wait_for(box, "Preprocessing");
-  kill(child, SIGTERM);
-  EXPECT_EQ(end_of(child), 128 + SIGTERM);
-  for (auto const & entry : std::filesystem::directory_iterator(box.path("tmp")))
-    EXPECT_FALSE(entry.path().filename().string().starts_with("~vl"));
+  for (int i = 0; i < 1500; ++i)
+    box.write("src/a" + std::to_string(i) + ".h", "void f();\n");
+  struct {
+    std::vector<int> signals;
+    int status;
+  } const rows[] = {
+      {{SIGTERM}, 128 + SIGTERM}, {{SIGHUP}, 128 + SIGHUP}, {{SIGINT, SIGINT, SIGINT}, 130}};
+  for (auto const & row : rows) {
+    int const child = box.start("analyze p.vlp");
+    wait_for(box, "Preprocessing");
+    for (int signal : row.signals) {
+      usleep(3000);
+      kill(child, signal);
+    }
+    // An interrupt behind the end of the run meets no handler.
+    int const end = end_of(child);
+    EXPECT_TRUE(end == row.status || (row.status == 130 && end == -SIGINT)) << end;
+    EXPECT_EQ(temp_files(box), 0) << row.status;
+    std::filesystem::remove_all(box.path("out"));
+  }
 }
 
 } // namespace
