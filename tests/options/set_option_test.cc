@@ -1,8 +1,9 @@
-// Changes by path and JSON. A case: assignments, one a line; "?key" shows a value. A refusal shows
-// its reason, and a check behind it sees that nothing was changed.
+// Changes by path and JSON. A case: assignments, parted by " ; " or line ends; "?key key" shows
+// values. A refusal shows its reason on one line, and a check sees that nothing was changed.
 #include "app/options/set_option.h"
 
 #include <gtest/gtest.h>
+#include <regex>
 #include <sstream>
 
 #include "app/options/options.h"
@@ -13,13 +14,11 @@
 namespace {
 
 std::string show(std::string const & key) {
-  std::string json;
-  if (!Vapp::get_option_json(key, json))
-    return "(none)\n";
+  std::string json, reason;
   cRef<cObj> value;
-  std::string reason;
-  from_json(json, nullptr, value, reason);
-  return to_json(*value) + "\n";
+  return Vapp::get_option_json(key, json) && from_json(json, nullptr, value, reason)
+             ? to_json(*value)
+             : "(none)";
 }
 
 std::string change(std::string const & assignment) {
@@ -29,16 +28,26 @@ std::string change(std::string const & assignment) {
   if (Vapp::set_option(assignment, reason))
     return "";
   EXPECT_TRUE(Vapp::options.equal(before)) << assignment;
-  return "refused: " + reason + "\n";
+  return std::regex_replace(reason, std::regex("\n"), "/") + "\n";
+}
+
+std::string answer(std::string const & command) {
+  if (!command.starts_with('?'))
+    return change(command);
+  std::istringstream keys(command.substr(1));
+  std::string shown;
+  for (std::string key; keys >> key;)
+    shown += (shown.empty() ? "" : "  ") + show(key);
+  return shown + "\n";
 }
 
 TEST(SetOption, ChangesWhatTheRulesAllow) {
   check_cases(CASE_DIR "/set_option.cases", [](std::string const & input) {
     Vapp::project().load_defaults();
     std::string shown;
-    std::istringstream lines(input);
-    for (std::string line; std::getline(lines, line);)
-      shown += line.starts_with('?') ? show(line.substr(1)) : change(line);
+    std::istringstream commands(std::regex_replace(input, std::regex(" ; "), "\n"));
+    for (std::string command; std::getline(commands, command);)
+      shown += answer(command);
     return shown;
   });
 }

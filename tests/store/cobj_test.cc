@@ -4,6 +4,7 @@
 
 #include "store/cerr.h"
 #include "store/ctypeobj.h"
+#include "store/json_text.h"
 
 namespace {
 
@@ -16,19 +17,20 @@ std::string keys(cObj const & map) {
 
 TEST(Map, ReadingCreatesNothingAndWritingCreatesTheWay) {
   cMapObj map;
-  EXPECT_FALSE(map["x"].getattr());
-  EXPECT_FALSE(map["x"]["y"].getattr());
-  EXPECT_FALSE(map / "x" / "y");
+  EXPECT_FALSE(map["x"].getattr() || map["x"]["y"].getattr() || map / "x" / "y");
   EXPECT_EQ(keys(map), "");
   map["a"]["b"] = cat::make(3);
-  int number = 0;
-  EXPECT_TRUE(cat::read(map["a"]["b"], number));
-  EXPECT_EQ(number, 3);
   EXPECT_EQ(&(*map["nil"]).type(), &cat::type_nil());
-  EXPECT_EQ(keys(map), "a nil ");
+  EXPECT_EQ(to_json(map), R"({"a":{"b":3},"nil":null})");
   // A value in the way is replaced, as one of the wrong type counts as absent.
   map["nil"]["deep"]["er"] = cat::make(true);
   EXPECT_TRUE(map / "nil" / "deep" / "er");
+  cRef<cObj> const same = map["a"]["b"].force_type(cat::type_int());
+  EXPECT_EQ(map / "a" / "b", same);
+  map["a"].force_type(cat::type_vector())->append(cat::make(2));
+  EXPECT_EQ(to_json(*map.at("a")), "[2]");
+  EXPECT_TRUE(map["none"] == map["neither"]);
+  EXPECT_FALSE(map["none"] == map["a"]);
 }
 
 TEST(Map, KeepsTheOrderOfInsertionAndFindsEveryKey) {
@@ -53,13 +55,11 @@ TEST(Map, TextAndNumberKeysDiffer) {
   cMapObj map;
   map["3"] = cat::make("text");
   map[3] = cat::make("number");
+  map.append(cat::make("next"));
   EXPECT_EQ(cat::as_string(map.at("3")), "text");
   EXPECT_EQ(cat::as_string(map.at(3)), "number");
-  map.append(cat::make("next"));
-  EXPECT_EQ(cat::as_string(map.at(4)), "next");
   EXPECT_EQ(cat::as_string(map.at("4")), "next") << "digits reach a number";
   EXPECT_EQ(cat::as_index(map.end().key()), -1);
-  EXPECT_EQ(map.size(), 3);
 }
 
 // Either would take minutes if it grew with the square.
@@ -76,41 +76,24 @@ TEST(Map, NumberKeysSpreadAndManyEntriesGoAtOnce) {
   EXPECT_EQ(cat::as_index(map.at(4000 << 15)), 4000);
 }
 
-TEST(Map, CopiesShareUntilTheyAreDetached) {
-  cMapObj map;
+TEST(Map, CopiesShareUntilTheyAreDetachedAndAssignsAreDeep) {
+  cMapObj map, to;
   map["sub"]["x"] = cat::make(1);
   cMapObj shared(map), detached(map);
   detached.detach(true);
-  map["sub"]["x"] = cat::make(2);
-  EXPECT_EQ(cat::as_string(shared["sub"]["x"]), "2");
-  EXPECT_EQ(cat::as_string(detached["sub"]["x"]), "1");
-}
-
-TEST(Map, AssignCopiesDeeplyAndEqualComparesDeeply) {
-  cMapObj from, to;
-  from["v"] = make_ref<cVectorObj>();
-  from["v"].getattr()->append(cat::make(gStrList("x")));
-  from["m"]["k"] = cat::make(gCppMacro{"FOO", true, 1, 0});
-  EXPECT_TRUE(to.assign(from));
-  EXPECT_TRUE(to.equal(from));
-  from["v"].getattr()->at(0)->assign(*cat::make(gStrList("y")));
-  EXPECT_FALSE(to.equal(from));
-  EXPECT_FALSE(to.assign(*cat::make(1)));
+  EXPECT_TRUE(to.assign(map));
+  EXPECT_TRUE(to.equal(map));
+  map["sub"]["x"] = cat::make(gStrList("2"));
+  EXPECT_EQ(to_json(shared), R"({"sub":{"x":["2"]}})");
+  EXPECT_EQ(to_json(detached) + to_json(to), R"({"sub":{"x":1}}{"sub":{"x":1}})");
+  EXPECT_FALSE(to.equal(map));
+  EXPECT_FALSE(to.assign(*cat::make(1)) || to.add(*cat::make(1)));
   EXPECT_FALSE(to.assign(cVectorObj())) << "a vector is no map";
   // Copying a part over its whole mustn't free the part first.
-  EXPECT_TRUE(to.assign(*to.at("m")));
-  EXPECT_EQ(keys(to), "k ");
-}
-
-TEST(Map, AddReplacesAndAppends) {
-  cMapObj a, b;
-  a["x"] = cat::make(1);
-  b["x"] = cat::make(2);
-  b["y"] = cat::make(3);
-  EXPECT_TRUE(a.add(b));
-  EXPECT_EQ(keys(a), "x y ");
-  EXPECT_EQ(cat::as_string(a["x"]), "2");
-  EXPECT_FALSE(a.add(*cat::make(1)));
+  EXPECT_TRUE(to.assign(*to.at("sub")));
+  map["x"] = cat::make(3);
+  EXPECT_TRUE(to.add(map));
+  EXPECT_EQ(to_json(to), R"({"x":3,"sub":{"x":["2"]}})");
 }
 
 TEST(Vector, RenumbersWhenElementsGo) {
@@ -121,10 +104,8 @@ TEST(Vector, RenumbersWhenElementsGo) {
   EXPECT_EQ(keys(vector), "0 1 2 3 ");
   EXPECT_EQ(cat::as_string(vector.at("1")), "30");
   vector.erase(2, 99);
-  EXPECT_EQ(vector.size(), 2);
   vector[4] = cat::make("far");
-  EXPECT_TRUE(cat::is_nil(vector.at(3)));
-  EXPECT_EQ(cat::as_string(vector.at(4)), "far");
+  EXPECT_EQ(to_json(vector), R"([0,30,null,null,"far"])");
 }
 
 TEST(Values, ConvertAsAWholeOrNotAtAll) {
@@ -132,41 +113,23 @@ TEST(Values, ConvertAsAWholeOrNotAtAll) {
   int number = 7;
   std::string text;
   gStrList list;
-  EXPECT_TRUE(cat::read(cat::make(2), flag));
-  EXPECT_TRUE(flag);
-  EXPECT_TRUE(cat::read(cat::make("3"), number));
-  EXPECT_EQ(number, 3);
+  EXPECT_TRUE(cat::read(cat::make(2), flag) && flag);
+  EXPECT_TRUE(cat::read(cat::make("3"), number) && number == 3);
   for (char const * bad : {"3x", "", " 3", "99999999999", "true"})
     EXPECT_FALSE(cat::read(cat::make(bad), number)) << bad;
+  EXPECT_FALSE(cat::read(nullptr, number) || cat::read(cat::make_nil(), number));
   EXPECT_EQ(number, 3);
-  EXPECT_FALSE(cat::read(nullptr, number));
-  EXPECT_FALSE(cat::read(cat::make_nil(), number));
-  EXPECT_TRUE(cat::read(cat::make(-5), text));
-  EXPECT_EQ(text, "-5");
-  EXPECT_FALSE(cat::read(make_ref<cMapObj>(), text));
-  EXPECT_TRUE(cat::read(cat::make("one"), list));
-  EXPECT_EQ(list, gStrList("one"));
-  EXPECT_FALSE(cat::read(cat::make(gStrList("one")), text));
-}
-
-TEST(Values, AReaderThatConvertsLeavesTheCountOfObjectsAlone) {
+  EXPECT_TRUE(cat::read(cat::make(-5), text) && text == "-5");
+  EXPECT_FALSE(cat::read(make_ref<cMapObj>(), text) || cat::read(cat::make(gStrList("1")), text));
+  EXPECT_TRUE(cat::read(cat::make("one"), list) && list == gStrList("one"));
+  EXPECT_TRUE(cat::is_ident("_a1"));
+  for (char const * bad : {"", "1a", "a b", "a-b", "\xC3\xA4"})
+    EXPECT_FALSE(cat::is_ident(bad)) << bad;
   cRef<cObj> const value = cat::make("12");
   int const before = cObjBase::ob_count;
-  int number = 0;
   cat::read(value, number);
   { cMapObj const temporary; }
-  EXPECT_EQ(cObjBase::ob_count, before);
-}
-
-TEST(Proxy, ForceTypeReplacesOnlyAnotherType) {
-  cMapObj map;
-  map["x"] = cat::make(1);
-  cRef<cObj> const same = map["x"].force_type(cat::type_int());
-  EXPECT_EQ(map.at("x"), same);
-  map["x"].force_type(cat::type_vector())->append(cat::make(2));
-  EXPECT_EQ(map.at("x")->size(), 1);
-  EXPECT_TRUE(map["none"] == map["neither"]);
-  EXPECT_FALSE(map["none"] == map["x"]);
+  EXPECT_EQ(cObjBase::ob_count, before) << "a reader that converts frees what it makes";
 }
 
 TEST(Types, MethodsOfTheMacroTypeWorkByName) {
@@ -179,10 +142,8 @@ TEST(Types, MethodsOfTheMacroTypeWorkByName) {
   EXPECT_TRUE(in >> *macro);
   EXPECT_EQ(*macro, (gCppMacro{"BAR", false, 2, 1}));
   cRef<cObj> const reference = made->call("newref");
-  EXPECT_TRUE(reference->is_ObjDR());
-  EXPECT_TRUE(reference->equal(*made));
+  EXPECT_TRUE(reference->is_ObjDR() && reference->equal(*made));
   EXPECT_FALSE(made->call("no such method"));
-  EXPECT_EQ(cat::find_type("cppmacro"), &made->type());
 }
 
 TEST(Types, AFailedAssignOfAMacroIsTold) {
@@ -206,18 +167,9 @@ TEST(Types, ModifiersAndInsertionsEndWithTheirScope) {
   {
     cTypeModifier const modifier(type, "m", two);
     cTypeInsert const insert(type);
-    EXPECT_EQ(type.tmember("m"), two);
-    EXPECT_EQ(cat::find_type("child"), &type);
+    EXPECT_TRUE(type.tmember("m") == two && cat::find_type("child") == &type);
   }
-  EXPECT_EQ(type.tmember("m"), one);
-  EXPECT_EQ(cat::find_type("child"), nullptr);
-  EXPECT_TRUE(type.is_a(parent));
-}
-
-TEST(Texts, IdentifiersAreAscii) {
-  EXPECT_TRUE(cat::is_ident("_a1"));
-  for (char const * bad : {"", "1a", "a b", "a-b", "\xC3\xA4"})
-    EXPECT_FALSE(cat::is_ident(bad)) << bad;
+  EXPECT_TRUE(type.tmember("m") == one && !cat::find_type("child"));
 }
 
 } // namespace

@@ -7,16 +7,8 @@
 
 namespace {
 
-std::vector<std::string> keys_of(gHash<int> const & table) {
-  std::vector<std::string> keys;
-  for (auto const & entry : table)
-    keys.push_back(entry.key);
-  return keys;
-}
-
 TEST(Hash, FunctionMultipliesBeforeTheExclusiveOr) {
   chash_fun<std::string> const hash;
-  EXPECT_EQ(hash(""), 0u);
   EXPECT_EQ(hash("ab"), (97u * 31u) ^ 98u);
   EXPECT_EQ(hash("\xFF"), 255u) << "bytes are unsigned";
 }
@@ -61,7 +53,7 @@ TEST(Hash, AgreesWithAReferenceMapUnderRandomOperations) {
 
 TEST(Hash, IteratesInTheOrderOfInsertionThroughGrowthAndRemoval) {
   gHash<int> table;
-  std::vector<std::string> expected;
+  std::vector<std::string> expected, keys;
   for (int i = 0; i < 1000; ++i)
     table.insert(std::to_string(i), i);
   int const * const stays = table.lookup("3");
@@ -74,7 +66,9 @@ TEST(Hash, IteratesInTheOrderOfInsertionThroughGrowthAndRemoval) {
     expected.push_back(std::to_string(i));
   table.insert("0", 7);
   expected.push_back("0");
-  EXPECT_EQ(keys_of(table), expected);
+  for (auto const & entry : table)
+    keys.push_back(entry.key);
+  EXPECT_EQ(keys, expected);
 }
 
 TEST(Hash, FreedSlotsNeitherHideKeysNorStopSearches) {

@@ -7,7 +7,7 @@
 
 #include "store/cerr.h"
 #include "store/json_form.h"
-#include "support/case_file.h"
+#include "store/json_text.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -26,12 +26,20 @@ public:
       return cat::make(text());
     case 3:
       return cat::make(gCppMacro{text(), random_() % 2 == 0, 2, -1});
-    case 4:
-      return list();
+    case 4: {
+      gStrList list;
+      for (unsigned i = random_() % 4; i > 0; --i)
+        list.push_back(gString(text()));
+      return cat::make(list);
+    }
     case 5:
       return cat::make_nil();
-    case 6:
-      return vector(depth);
+    case 6: {
+      auto vector = make_ref<cVectorObj>();
+      for (unsigned i = random_() % 4; i > 0; --i)
+        vector->append(value(depth - 1));
+      return vector;
+    }
     default:
       return map(depth);
     }
@@ -53,18 +61,6 @@ private:
     for (unsigned i = random_() % 5; i > 0; --i)
       text += static_cast<char>(random_() % (random_() % 2 ? 256 : 128));
     return text;
-  }
-  cRef<cObj> list() {
-    gStrList list;
-    for (unsigned i = random_() % 4; i > 0; --i)
-      list.push_back(gString(text()));
-    return cat::make(list);
-  }
-  cRef<cObj> vector(int depth) {
-    auto vector = make_ref<cVectorObj>();
-    for (unsigned i = random_() % 4; i > 0; --i)
-      vector->append(value(depth - 1));
-    return vector;
   }
 
   std::mt19937 random_;
@@ -118,21 +114,51 @@ TEST(TextForm, DamageIsRefusedWholly) {
   }
 }
 
-// What a file does to a map that holds {"old": 1, "sub": {"kept": true}}: the merged map, or the
-// reason.
-TEST(TextForm, ReadsAndRefuses) {
-  check_cases(CASE_DIR "/text_form.cases", [](std::string const & input) {
+// What a file does to a map that holds other things.
+TEST(TextForm, FilesAreMergedMapByMap) {
+  cMapObj map;
+  map["old"] = cat::make(1);
+  map["sub"]["kept"] = cat::make(true);
+  std::string reason, text;
+  EXPECT_TRUE(text2map(R"({"sub": {"new": 2}, "old": "text"})", "f", map, &reason)) << reason;
+  EXPECT_EQ(to_json(map), R"({"old":"text","sub":{"kept":true,"new":2}})");
+  EXPECT_TRUE(text2map(R"({"old": {"in": [["@c", ""], ["a", ":"]]}, "sub": [1, 2],
+                       "list": {"$list": ["a", {"$bytes": "\u00e4"}]}})",
+                       "f", map, &reason));
+  write_json(map, cJsonForm::typed, true, text);
+  EXPECT_EQ(text,
+            "{\n  \"old\": {\n    \"in\": [\n      [\"@c\", \"\"],\n      [\"a\", \":\"]\n    ]\n"
+            "  },\n  \"sub\": [1, 2],\n  \"list\": {\"$list\": [\"a\", {\"$bytes\": \"ä\"}]}\n}");
+}
+
+TEST(TextForm, RefusalsTellTheLineAndArePublished) {
+  char const * const rows[][2] = {
+      {"{\n\"a\": 1,\n\"a\": 2\n}", "f:3: the key \"a\" stands twice"},
+      {"{\"a\": 1, \"$b:a\": 2}", "f:1: the key \"$b:a\" stands twice"},
+      {"{\n\"a\": 3000000000\n}", "f:2: the number 3000000000 is out of range"},
+      {"{\"a\": 1.5}", "f:1: the number 1.5 is no integer, or out of range"},
+      {"{\"a\": 99999999999999999999}",
+       "f:1: the number 99999999999999999999 is no integer, or out of range"},
+      {"{\n\"a\": 1,\n\"b\":\n", "f:4: syntax error while parsing value - unexpected end of input; "
+                                 "expected '[', '{', or a literal"},
+      {"{} x", "f:1: syntax error while parsing value - invalid literal; last read: '{} x'; "
+               "expected end of input"},
+      {"[1]", "f:1: no map of keys and values"},
+      {"{\"$list\": []}", "f:1: no map of keys and values"},
+      {"{\"a\": {\"$set\": 1}}", "f:1: a key \"$set\" that begins with \"$\""},
+      {"{\"a\": {\"$list\": [], \"b\": 1}}", "f:1: a key \"b\" where an object has to end"},
+      {"{\"a\": {\"$list\": [1]}}", "f:1: a bad value of \"$list\""},
+      {"{\"a\": {\"$macro\": {\"name\": \"X\", \"body\": 1}}}", "f:1: a bad value of \"$macro\""},
+      {"{\"a\": {\"$bytes\": \"Ā\"}}", "f:1: a bad value of \"$bytes\""}};
+  for (auto const & [text, expected] : rows) {
     cMapObj map;
-    map["old"] = cat::make(1);
-    map["sub"]["kept"] = cat::make(true);
-    std::string reason, text;
+    std::string reason;
     unsigned published = 0;
     cErrSlot const slot([&](cErr & error) { published = error.code(); });
-    if (!text2map(input, "f", map, &reason))
-      return reason + (published ? "" : " (not published)") + "\n";
-    write_json(map, cJsonForm::typed, true, text);
-    return text + "\n";
-  });
+    EXPECT_FALSE(text2map(text, "f", map, &reason)) << text;
+    EXPECT_EQ(reason, expected);
+    EXPECT_NE(published, 0u) << text;
+  }
 }
 
 TEST(TextForm, NestingAndSizeHaveLimits) {
