@@ -30,7 +30,6 @@ TEST_F(Input, line_ends_and_byte_order_mark_are_read_away) {
       {"\r\r\n\n\r", "\r\n\n\r"},
       {"\xEF\xBB\xBF\xEF\xBB\xBF\r\n", "\xEF\xBB\xBF\n"},
       {"\xEF\xBB", "\xEF\xBB"},
-      {"", ""},
       {std::string(200000, 'x') + "\r\n", std::string(200000, 'x') + "\n"},
   };
   TestScan scan({"."});
@@ -41,7 +40,6 @@ TEST_F(Input, line_ends_and_byte_order_mark_are_read_away) {
       read += static_cast<char>(c);
     EXPECT_EQ(read, text);
     EXPECT_EQ(scan.close_infile(), 0);
-    EXPECT_EQ(scan.input(), -1);
   }
 }
 
@@ -50,12 +48,8 @@ TEST_F(Input, what_cannot_be_read_is_a_fatal_error) {
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   for (std::string const & wrong :
        {path + ".none", ::testing::TempDir(), std::string("/dev/zero"), path})
-    try {
-      scan.open_infile(gSrcFile(wrong, "", 0));
-      ADD_FAILURE() << wrong;
-    } catch (gExcFatalErr const & fault) {
-      EXPECT_EQ(fault.text(), "FATAL ERROR: Cannot read from file: " + wrong);
-    }
+    EXPECT_EQ(fault_of([&] { scan.open_infile(gSrcFile(wrong, "", 0)); }),
+              "FATAL ERROR: Cannot read from file: " + wrong);
 }
 
 TEST_F(Input, unmatched_characters_are_reported_and_skipped_but_nul_once_a_file) {
@@ -96,16 +90,13 @@ TEST_F(Input, quote_marks_of_code_text_depend_on_the_encoding) {
     EXPECT_EQ(scan.notes_of(bytes), notes);
     EXPECT_EQ(values, bytes);
   }
-  TestScan unshielded({"[\\xB4]", "[^\\xB4]+"});
-  EXPECT_EQ(unshielded.notes_of("\xC2\xB4"), "1<\xC2>0<\xB4>");
-}
-
-TEST_F(Input, shielded_characters_are_reported_as_the_file_has_them) {
-  TestScan scan({"[a-z]"});
-  scan.shield_quotes(true);
-  scan.notes_of("a\xC2\xB4");
+  TestScan letters({"[a-z]"});
+  letters.shield_quotes(true);
+  letters.notes_of("a\xC2\xB4");
   EXPECT_EQ(outside.report_text(),
             "ERROR 10: Lexical error with character: '\xC2\xB4' (0xb4) (in.txt:1)\n");
+  TestScan unshielded({"[\\xB4]", "[^\\xB4]+"});
+  EXPECT_EQ(unshielded.notes_of("\xC2\xB4"), "1<\xC2>0<\xB4>");
 }
 
 TEST_F(Input, output_arrives_whole_and_a_failed_write_shows_at_the_end) {
@@ -114,12 +105,10 @@ TEST_F(Input, output_arrives_whole_and_a_failed_write_shows_at_the_end) {
     return rule == 0 ? scan.echo_text() : scan.ECHO('#'), scan_go_on;
   };
   scan.ECHO("no file is open");
-  EXPECT_EQ(scan.close_outfile(), 0);
-  std::string const text(1000, 'a');
   std::string input, output;
-  for (int i = 0; i < 200; ++i) {
-    input += text + "1";
-    output += text + "#";
+  for (int i = 0; i < 200000; i += 1000) {
+    input += std::string(1000, 'a') + "1";
+    output += std::string(1000, 'a') + "#";
   }
   scan.open_outfile(gSrcFile(path, "", 0));
   scan.notes_of(input);
@@ -132,7 +121,6 @@ TEST_F(Input, output_arrives_whole_and_a_failed_write_shows_at_the_end) {
 
   scan.open_outfile(gSrcFile("/dev/full", "", 0));
   scan.ECHO(large);
-  scan.ECHO("x");
   EXPECT_NE(scan.close_outfile(), 0);
   EXPECT_THROW(scan.open_outfile(gSrcFile(path + "/x", "", 0)), gExcFatalErr);
 }

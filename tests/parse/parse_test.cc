@@ -3,6 +3,7 @@
 
 #include "parse/grammar_conflicts.h"
 #include "parse/list_parse.h"
+#include "parse/test_scan.h"
 #include "support/test_outside.h"
 
 namespace {
@@ -50,15 +51,6 @@ protected:
   }
 };
 
-std::string fault_of(std::function<void()> const & work) {
-  try {
-    work();
-  } catch (gExcFatalErr const & fault) {
-    return fault.text();
-  }
-  return "none";
-}
-
 TEST_F(Parse, actions_see_the_symbols_of_their_rule_and_those_in_front) {
   std::pair<char const *, char const *> const rows[] = {
       {"", "0: end,"},
@@ -91,17 +83,13 @@ TEST_F(Parse, recovers_behind_error_and_reports_no_fault_twice) {
       {"a b", "1: fault, #300 \"b\" (in.txt:1)"},
       {"%;a;", "0: fault,recovered,word a,end, #37 \"%\" (in.txt:1)"},
       {"\xB4;", "0: fault,recovered,end, #180 \"\xB4\" (in.txt:1)"},
+      {"a bcdefghijklmnopqrstu;",
+       "0: fault,recovered,end, #300 \"bcdefghijklmnopqrstu\" (in.txt:1)"},
+      {"a bcdefghijklmnopqrstuv;",
+       "0: fault,recovered,end, #300 \"bcdefghijklmnopqrstu...\" (in.txt:1)"},
   };
   for (auto const & [text, expected] : rows)
     EXPECT_EQ(outcome(text), expected) << text;
-}
-
-TEST_F(Parse, the_text_of_a_fault_is_cut_at_twenty_characters) {
-  std::string const twenty = "abcdefghijklmnopqrst";
-  EXPECT_EQ(outcome("a " + twenty + ";"),
-            "0: fault,recovered,end, #300 \"" + twenty + "\" (in.txt:1)");
-  EXPECT_EQ(outcome("a " + twenty + "u;"),
-            "0: fault,recovered,end, #300 \"" + twenty + "...\" (in.txt:1)");
 }
 
 // Two states are below the opening brackets, and the innermost `nest` and its ")" above them.

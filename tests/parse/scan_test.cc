@@ -15,16 +15,7 @@ struct Row {
 std::vector<gScanDefinition> const definitions = {
     {"id", "[A-Za-z_]{alnum}*"}, {"alnum", "[A-Za-z0-9_]"}, {"ws", "[ \\t\\n]"}};
 
-std::string fault_of(std::function<void()> const & work) {
-  try {
-    work();
-  } catch (gExcFatalErr const & fault) {
-    return fault.text();
-  }
-  return "none";
-}
-
-TEST(Scan, takes_the_longest_match_then_the_earlier_rule) {
+TEST(Scan, takes_the_longest_match_with_its_trailing_context_then_the_earlier_rule) {
   Row const rows[] = {
       {{"if", "{id}", "[ ]"}, "if ifx if", "0<if>2< >1<ifx>2< >0<if>"},
       {{"{id}", "if", "[ ]"}, "if", "0<if>"},
@@ -36,30 +27,18 @@ TEST(Scan, takes_the_longest_match_then_the_earlier_rule) {
       {{"\\x41\\t", "[\\xB4\\x80-\\x8f]", "."}, "A\tA\xB4\x81", "0<A\t>2<A>1<\xB4>1<\x81>"},
       {{"x*", "y"}, "yxx", "1<y>0<xx>"},
       {{"a\"\"b|c()", "."}, "abc", "0<ab>0<c>"},
-  };
-  TestOutside outside;
-  for (Row const & row : rows)
-    EXPECT_EQ(TestScan(row.patterns, definitions).notes_of(row.input), row.notes)
-        << row.patterns.front();
-}
-
-TEST(Scan, trailing_context_counts_for_the_length_but_is_read_again) {
-  Row const rows[] = {
       {{"{id}/\"(\"", "{id}", "."}, "f(g h", "0<f>2<(>1<g>2< >1<h>"},
       {{"{id}/{ws}*\\(", "{id}", ".|\\n"}, "f \n(g ", "0<f>2< >2<\n>2<(>1<g>2< >"},
       {{"a+/a*b", "aa", "."}, "aab", "0<aa>2<b>"},
       {{"(a|ab)/(c|bcd)", "."}, "abcd", "0<a>1<b>1<c>1<d>"},
       {{"a+/b{2}", "a+b", "."}, "aabbab", "0<aa>2<b>2<b>1<ab>"},
       {{"ab/c+", "abcc", "."}, "abcccabcc", "0<ab>2<c>2<c>2<c>0<ab>2<c>2<c>"},
+      {{"^[ ]*#", "[ ]", ".", "\\n+"}, " ##\n#\n\n #a#", "0< #>2<#>3<\n>0<#>3<\n\n>0< #>2<a>2<#>"},
   };
+  TestOutside outside;
   for (Row const & row : rows)
     EXPECT_EQ(TestScan(row.patterns, definitions).notes_of(row.input), row.notes)
         << row.patterns.front();
-}
-
-TEST(Scan, ties_a_rule_to_the_head_of_a_line) {
-  TestScan scan({"^[ ]*#", "[ ]", ".", "\\n+"});
-  EXPECT_EQ(scan.notes_of(" ##\n#\n\n #a#"), "0< #>2<#>3<\n>0<#>3<\n\n>0< #>2<a>2<#>");
 }
 
 TEST(Scan, reject_tries_the_next_rule_then_a_shorter_match_then_skips) {
@@ -107,10 +86,13 @@ TEST(Scan, cut_and_pushed_back_text_is_read_next_and_in_its_order) {
   };
   EXPECT_EQ(scan.notes_of("abcdabc"), "0<ab>1<c>1<x>3<\n>2<123>1<d>0<abc>");
   EXPECT_EQ(scan.line(), 1);
+  scan.unput('q');
+  EXPECT_EQ(scan.input(), 'q') << "behind the end, too";
+  EXPECT_EQ(scan.input(), -1);
 }
 
 TEST(Scan, counts_the_lines_of_a_token_when_the_next_begins) {
-  TestScan scan({"[a\\n]+", "b", "\\n?c"});
+  TestScan scan({"[a\\n]+", "b", "\\n?c", "^x"});
   std::string lines;
   scan.on_match = [&](int rule) {
     lines += std::to_string(scan.line()) + " ";
@@ -122,28 +104,15 @@ TEST(Scan, counts_the_lines_of_a_token_when_the_next_begins) {
     }
     return scan_go_on;
   };
-  scan.notes_of("a\n\nb\n\nc");
-  EXPECT_EQ(lines, "1 13 input 14 14 ");
+  scan.notes_of("a\n\nb\nx\nc");
+  EXPECT_EQ(lines, "1 13 input 14 14 14 ");
   EXPECT_EQ(scan.line(), 15);
   scan.on_match = [&](int) { return scan.set_line(2147483647), scan_go_on; };
   scan.notes_of("\n");
   EXPECT_EQ(scan.line(), 2147483647);
 }
 
-TEST(Scan, input_and_unput_reach_the_text_behind_the_token) {
-  TestScan scan({"\"/*\"", "^x", ".|\\n"});
-  scan.on_match = [&](int rule) {
-    while (rule == 0 && scan.input() != '\n') {
-    }
-    return scan_go_on;
-  };
-  EXPECT_EQ(scan.notes_of("a/*bc\nxx"), "2<a>0</*>1<x>2<x>");
-  EXPECT_EQ(scan.input(), -1);
-  scan.unput('q');
-  EXPECT_EQ(scan.input(), 'q');
-}
-
-TEST(Scan, limits_what_is_walked_for_a_token) {
+TEST(Scan, limits_what_is_walked_for_a_token_and_what_is_pushed_back) {
   std::string const overflow = "FATAL ERROR: Token buffer overflow in the scanner";
   TestScan scan({"a+", "b/c*d", "\\Re+", "\\R[f\\n]+", "f+g", ".|\\n"});
   auto const fault = [&](std::string const & input) {
@@ -155,17 +124,11 @@ TEST(Scan, limits_what_is_walked_for_a_token) {
   EXPECT_EQ(fault("b" + many(1022, 'c') + "x"), "none");
   EXPECT_EQ(fault("b" + many(1023, 'c') + "x"), overflow);
   // Runs end anywhere; what they yield together is the whole text.
-  scan.notes_of(many(5000, 'e') + "x");
-  EXPECT_EQ(scan.notes, "2<" + many(1024, 'e') + ">2<" + many(1024, 'e') + ">2<" + many(1024, 'e') +
-                            ">2<" + many(1024, 'e') + ">2<" + many(904, 'e') + ">5<x>");
+  std::string const run = "2<" + many(1024, 'e') + ">";
+  EXPECT_EQ(scan.notes_of(many(2952, 'e') + "x"), run + run + "2<" + many(904, 'e') + ">5<x>");
   scan.notes_of(many(3000, '\n'));
   EXPECT_EQ(scan.line(), 3001);
-}
-
-TEST(Scan, limits_what_is_pushed_back) {
-  TestScan scan({".|\\n"});
-  scan.notes_of("abc");
-  EXPECT_NO_THROW(scan.push_back(std::string(1024, 'x')));
+  EXPECT_NO_THROW(scan.push_back(many(1024, 'x')));
   EXPECT_EQ(fault_of([&] { scan.unput('y'); }),
             "FATAL ERROR: Push-back buffer overflow in the scanner");
   EXPECT_EQ(scan.input(), 'x');
@@ -174,31 +137,19 @@ TEST(Scan, limits_what_is_pushed_back) {
 }
 
 TEST(Scan, goes_on_where_wrap_brings_more_input) {
-  class Chain : public TestScan {
-  public:
+  struct Chain : TestScan {
     using TestScan::TestScan;
     int wrap() override {
-      if (more.empty())
+      if (std::exchange(done, true))
         return 1;
-      open_text(gSrcFile("more.txt", "", 0), std::exchange(more, ""));
+      open_text(gSrcFile("more.txt", "", 0), "^x\nb");
       return 0;
     }
-    std::string more = "^x\nb";
-  };
-  Chain scan({"^x", ".|\\n"});
+    bool done = false;
+  } scan({"^x", ".|\\n"});
   EXPECT_EQ(scan.notes_of("a\n"), "1<a>1<\n>1<^>1<x>1<\n>1<b>");
   EXPECT_EQ(scan.line(), 3);
-}
-
-TEST(Scan, returns_tokens_and_zero_again_and_again_at_the_end) {
-  TestScan scan({"a", "[ ]"});
-  scan.on_match = [&](int rule) { return rule == 0 ? 300 : scan_go_on; };
-  scan.open_text(gSrcFile(), "a a");
-  std::vector<int> tokens;
-  for (int i = 0; i < 4; ++i)
-    tokens.push_back(scan.scan());
-  EXPECT_EQ(tokens, (std::vector<int>{300, 300, 0, 0}));
-  EXPECT_EQ(scan.token(), "");
+  EXPECT_EQ(scan.scan(), 0) << "again and again";
 }
 
 TEST(Scan, refuses_malformed_patterns) {

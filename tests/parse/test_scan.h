@@ -5,16 +5,26 @@
 #include <string>
 #include <vector>
 
+#include "vlb/gexception.h"
 #include "vlb/parse/scan_base.h"
+
+// The text of the fatal error that the work ends with.
+inline std::string fault_of(std::function<void()> const & work) {
+  try {
+    work();
+  } catch (gExcFatalErr const & fault) {
+    return fault.text();
+  }
+  return "none";
+}
 
 // Notes every match as "rule<text>" and then does what the test has asked for.
 class TestScan : public gScanBase {
 public:
   // Rules of condition 0; a pattern that begins with "2:" belongs to condition 2 instead.
   explicit TestScan(std::vector<std::string> patterns,
-                    std::vector<gScanDefinition> definitions = {}, int size = standard_size)
-      : gScanBase(size),
-        patterns_(std::move(patterns)),
+                    std::vector<gScanDefinition> definitions = {})
+      : patterns_(std::move(patterns)),
         definitions_(std::move(definitions)),
         table_(rules(), definitions_) {}
 
@@ -36,8 +46,6 @@ public:
   using gScanBase::shield_quotes;
 
 private:
-  static constexpr int most_rules = 6;
-
   template <int Rule> static int act(TestScan & scan) {
     int const answer = scan.on_match(Rule);
     if (answer != scan_reject)
@@ -46,8 +54,7 @@ private:
   }
 
   std::span<gScanRule<TestScan> const> rules() {
-    constexpr int (*actions[most_rules])(TestScan &) = {act<0>, act<1>, act<2>,
-                                                        act<3>, act<4>, act<5>};
+    constexpr int (*actions[])(TestScan &) = {act<0>, act<1>, act<2>, act<3>, act<4>, act<5>};
     for (std::size_t i = 0; i < patterns_.size(); ++i) {
       bool const second = patterns_[i].starts_with("2:");
       rules_.push_back({in({second ? 2 : 0}), patterns_[i].c_str() + (second ? 2 : 0), actions[i]});
