@@ -1,12 +1,14 @@
 #include "cpp/cpp_support.h"
 
 #include <sstream>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "ana/parser/cpp_parse.h"
 #include "ana/parser/cpre_scan.h"
 #include "app/options/options.h"
+#include "doc/dense_cases.h"
 #include "store/cmapobj.h"
 #include "support/test_outside.h"
 #include "vlb/gexception.h"
@@ -109,9 +111,11 @@ std::string tokens(std::string_view text) {
   scanner.reset();
   scanner.open_text(source_file(), text);
   std::string out;
+  int line = 0;
   while (int const token = scanner.scan()) {
-    if (!out.empty())
-      out += ' ';
+    if (std::exchange(line, scanner.line()) != scanner.line())
+      out += "\n" + std::to_string(line);
+    out += ' ';
     if (token < 256)
       out += static_cast<char>(token);
     else
@@ -120,7 +124,7 @@ std::string tokens(std::string_view text) {
       out += "[" + scanner.token_value().as<gString>() + "]";
   }
   gComments.reset();
-  return out + "\n" + outside.report_text();
+  return out + "\n" + dense_reports(outside.reports);
 }
 
 std::string parse(std::string_view text) {
@@ -135,9 +139,17 @@ std::string parse(std::string_view text) {
   } catch (gExcFatalErr const & fault) {
     end = std::string(fault.what()) + "\n";
   }
-  std::string const out = results() + outside.report_text() + end;
+  std::string const out = results() + dense_reports(outside.reports) + end;
   gCodeElems.reset();
   gComments.reset();
   gCppClasses.reset();
   return out;
+}
+
+std::vector<std::string> parts_of(std::string const & text) {
+  std::vector<std::string> parts;
+  std::istringstream in(text);
+  for (std::string part; std::getline(in, part, '~');)
+    parts.push_back(part);
+  return parts;
 }

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Options as far as they matter here: the defaults of a new project, changed by the leading lines
 // of `input` that begin with "%", which are taken off:
@@ -21,3 +22,6 @@ std::string tokens(std::string_view text);
 // reports, and how it
 // ended if it failed.
 std::string parse(std::string_view text);
+
+// The parts of a text between its "~".
+std::vector<std::string> parts_of(std::string const & text);

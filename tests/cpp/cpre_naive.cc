@@ -73,8 +73,42 @@ struct Rule {
 #define ESCAPE R"re(\\(?:['"?\\abfnrtv]|[0-7]{1,3}|x[0-9A-Fa-f]+))re"
 #define REST_OF_LINE R"re((?:[^\n\\]|\\\n|\\)*)re"
 
-bool echo_code(N & n, T & t) {
-  return n.echo(t, code);
+template <Condition next> bool drop(N & n, T & t) {
+  return n.drop(t, next);
+}
+template <Condition next> bool echo(N & n, T & t) {
+  return n.echo(t, next);
+}
+template <Condition next> bool drop_but_line(N & n, T & t) {
+  n.out += '\n';
+  return n.drop(t, next);
+}
+bool hold(N & n, T & t) {
+  return n.hold(t, n.condition);
+}
+bool word(N & n, T & t) {
+  return n.options.macros && t == "GONE" ? n.drop(t, code) : n.echo(t, code);
+}
+bool open_stars(N & n, T & t) {
+  return n.open(t, false, n.options.star ? "@_vlbcom @_vlukwd " : "@_vlbcom ");
+}
+bool open_slashes(N & n, T & t) {
+  return n.open(t, true, n.options.slash ? "@_vlbcom  @_vlukwd " : "@_vlbcom ");
+}
+bool open_plain(N & n, T & t) {
+  return n.open(t, t == "//", "@_vlbcom ");
+}
+bool open_again(N & n, T & t) {
+  return n.open(t, t.back() == '/', t.substr(0, t.size() - 2) + "  ");
+}
+bool text_character(N & n, T & t) {
+  return n.in_frame(t) ? n.hold(t, frame_tail) : n.echo(t, text);
+}
+bool skip_character(N & n, T & t) {
+  if (!n.in_frame(t))
+    return n.echo(t, text);
+  n.out += ' ';
+  return n.drop(t, frame_skip);
 }
 bool close_block(N & n, T & t) {
   if (n.line_comment)
@@ -122,82 +156,34 @@ bool not_followed(N & n, T &) {
 
 std::vector<Condition> const comment = {text, line_head, frame_skip, frame_tail};
 Rule const rules[] = {
-    {{code},
-     true,
-     R"re([ \t]*#[ \t]*el(?:if|se))re" REST_OF_LINE,
-     0,
-     [](N & n, T & t) { return n.drop(t, skip); }},
-    {{code}, true, R"([ \t]*#)", 0, [](N & n, T & t) { return n.drop(t, directive); }},
-    {{directive},
-     false,
-     R"(\\\n)",
-     0,
-     [](N & n, T & t) { return n.drop(t, n.condition) && (n.out += '\n', true); }},
-    {{directive}, false, R"([^\n])", 0, [](N & n, T & t) { return n.drop(t, directive); }},
-    {{directive}, false, R"(\n)", 0, echo_code},
-    {{skip},
-     true,
-     R"re([ \t]*#endif)re" REST_OF_LINE,
-     0,
-     [](N & n, T & t) { return n.drop(t, code); }},
-    {{skip}, false, R"([^\n])", 0, [](N & n, T & t) { return n.drop(t, skip); }},
-    {{skip}, false, R"(\n)", 0, [](N & n, T & t) { return n.echo(t, skip); }},
-    {{code}, false, R"re(L?'(?:[^'\\\n]|)re" ESCAPE ")*'", 0, echo_code},
-    {{code}, false, R"re(L?"(?:[^"\\\n]|)re" ESCAPE ")*\"", 0, echo_code},
+    {{code}, true, "[ \t]*#[ \t]*el(?:if|se)" REST_OF_LINE, 0, drop<skip>},
+    {{code}, true, "[ \t]*#", 0, drop<directive>},
+    {{directive}, false, R"(\\\n)", 0, drop_but_line<directive>},
+    {{directive}, false, "[^\n]", 0, drop<directive>},
+    {{directive}, false, "\n", 0, echo<code>},
+    {{skip}, true, "[ \t]*#endif" REST_OF_LINE, 0, drop<code>},
+    {{skip}, false, "[^\n]", 0, drop<skip>},
+    {{skip}, false, "\n", 0, echo<skip>},
+    {{code}, false, R"re(L?'(?:[^'\\\n]|)re" ESCAPE ")*'", 0, echo<code>},
+    {{code}, false, R"re(L?"(?:[^"\\\n]|)re" ESCAPE ")*\"", 0, echo<code>},
     {{code}, false, R"re([A-Za-z_][A-Za-z_0-9]*(?=\())re", 1, macro_call},
-    {{code},
-     false,
-     R"([A-Za-z_][A-Za-z_0-9]*)",
-     0,
-     [](N & n, T & t) {
-       return n.options.macros && t == "GONE" ? n.drop(t, code) : n.echo(t, code);
-     }},
+    {{code}, false, "[A-Za-z_][A-Za-z_0-9]*", 0, word},
     {{macro_args}, false, R"re(\([^)]*\))re", 0, macro_arguments},
-    {{code},
-     false,
-     R"re(/\*\*(?=[ \t\n]))re",
-     1,
-     [](N & n, T & t) {
-       return n.open(t, false, n.options.star ? "@_vlbcom @_vlukwd " : "@_vlbcom ");
-     }},
-    {{code}, false, R"(/\*)", 0, [](N & n, T & t) { return n.open(t, false, "@_vlbcom "); }},
-    {{code},
-     false,
-     R"re(///(?=[ \t\n]))re",
-     1,
-     [](N & n, T & t) {
-       return n.open(t, true, n.options.slash ? "@_vlbcom  @_vlukwd " : "@_vlbcom ");
-     }},
-    {{code}, false, R"(//)", 0, [](N & n, T & t) { return n.open(t, true, "@_vlbcom "); }},
-    {{code}, false, R"([^])", 0, echo_code},
+    {{code}, false, R"re(/\*\*(?=[ \t\n]))re", 1, open_stars},
+    {{code}, false, R"(/\*)", 0, open_plain},
+    {{code}, false, R"re(///(?=[ \t\n]))re", 1, open_slashes},
+    {{code}, false, "//", 0, open_plain},
+    {{code}, false, "[^]", 0, echo<code>},
     {comment, false, R"([ \t]*\*/)", 0, close_block},
-    {comment, false, R"([ \t]*\n)", 0, end_line},
-    {{text},
-     false,
-     R"([^])",
-     0,
-     [](N & n, T & t) { return n.in_frame(t) ? n.hold(t, frame_tail) : n.echo(t, text); }},
-    {{line_head, frame_tail},
-     false,
-     R"([ \t]+)",
-     0,
-     [](N & n, T & t) { return n.hold(t, n.condition); }},
-    {{line_head}, false, R"([^])", 0, line_head_character},
-    {{frame_skip}, false, R"([ \t]+)", 0, [](N & n, T & t) { return n.echo(t, frame_skip); }},
-    {{frame_skip},
-     false,
-     R"([^])",
-     0,
-     [](N & n, T & t) {
-       return n.in_frame(t) ? n.drop(t, frame_skip) && (n.out += ' ', true) : n.echo(t, text);
-     }},
-    {{frame_tail}, false, R"([^])", 0, tail_character},
-    {{after},
-     false,
-     R"([ \t]*\n?[ \t]*/[*/])",
-     0,
-     [](N & n, T & t) { return n.open(t, t.back() == '/', t.substr(0, t.size() - 2) + "  "); }},
-    {{after}, false, R"([^])", 0, not_followed},
+    {comment, false, "[ \t]*\n", 0, end_line},
+    {{text}, false, "[^]", 0, text_character},
+    {{line_head, frame_tail}, false, "[ \t]+", 0, hold},
+    {{line_head}, false, "[^]", 0, line_head_character},
+    {{frame_skip}, false, "[ \t]+", 0, echo<frame_skip>},
+    {{frame_skip}, false, "[^]", 0, skip_character},
+    {{frame_tail}, false, "[^]", 0, tail_character},
+    {{after}, false, R"([ \t]*\n?[ \t]*/[*/])", 0, open_again},
+    {{after}, false, "[^]", 0, not_followed},
 };
 
 std::regex const & compiled(std::size_t rule) {

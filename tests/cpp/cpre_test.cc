@@ -5,38 +5,34 @@
 
 #include "cpp/cpp_support.h"
 #include "cpp/cpre_naive.h"
-#include "support/case_file.h"
+#include "doc/dense_cases.h"
 
 namespace {
 
 // Blanks at the ends of lines matter here, so each line end is shown.
-std::string with_visible_ends(std::string const & text) {
-  std::string out;
-  for (char c : text)
-    out += c == '\n' ? std::string("$\n") : std::string(1, c);
+std::string lines_of_copy(std::string const & source) {
+  std::istringstream copy(preprocess(take_options(source)));
+  std::string out, line;
+  for (int number = 1; std::getline(copy, line); ++number)
+    out += std::to_string(number) + " " + line + "$\n";
   return out;
 }
 
 std::string random_source(std::mt19937 & random) {
-  static char const * const words[] = {
-      "/*",    "*/",    "//",       "/**",       "/** ",     "///",  "/// ",      "*",     "*",
-      "/",     "|",     "-",        "=====",     "\n",       "\n",   "\n",        "\n\n",  " ",
-      "  \t",  "a",     "word",     "L",         "\"",       "'",    "\\",        "#",     "#else",
-      "#if",   "#elif", "\n#endif", "(",         ")",        "\\\n", "\n  #else", "\xC3",  "'x'",
-      "1",     "*****", "****",     "  # endif", "KEEP",     "CALL", "CALL()",    "ARGS(", "GONE",
-      "+ - *", " * ",   "\"s\"",    "\\n",       "\n#define"};
+  static std::vector<std::string> const words =
+      parts_of("/*~*/~//~/**~/** ~///~/// ~*~*~/~|~-~=====~\n~\n~\n~\n\n~ ~  \t~a~word~L~\"~'~\\~#~"
+               "#else~#if~#elif~\n#endif~(~)~\\\n~\n  #else~\xC3~'x'~1~*****~****~  # endif~KEEP~"
+               "CALL~CALL()~ARGS(~GONE~+ - *~ * ~\"s\"~\\n~\n#define");
   std::string source;
   for (unsigned n = random() % 60; n > 0; --n)
-    source += words[random() % std::size(words)];
+    source += words[random() % words.size()];
   return source;
 }
 
 } // namespace
 
 TEST(Preprocessor, MarksCommentsAndDropsDirectives) {
-  check_cases(CASE_DIR "/cpre.cases", [](std::string const & input) {
-    return with_visible_ends(preprocess(take_options(input)));
-  });
+  check_annotated(CASE_DIR "/cpre.cases", lines_of_copy);
 }
 
 TEST(Preprocessor, RunsGiveWhatTheSingleRulesGive) {
@@ -79,7 +75,7 @@ TEST(Preprocessor, KeepsTheNumberOfLines) {
   }
 }
 
-TEST(Preprocessor, TakesLongStretchesInPieces) {
+TEST(Preprocessor, TakesLongStretchesInPiecesAndEndsAnywhere) {
   take_options("");
   std::string const blanks(5000, ' ');
   std::string const stars(5000, '*');
@@ -92,6 +88,8 @@ TEST(Preprocessor, TakesLongStretchesInPieces) {
       {std::string(5000, '\n') + "#if\n;", std::string(5001, '\n') + ";"},
       {"#define " + words + "\n;", "\n;"},
       {"#else " + words + "\\\n" + words + "\n" + words + "\n#endif " + words + "\n;", "\n\n\n;"},
+      {"int x; // a", "int x; @_vlbcom  a"},
+      {"/* a */", "@_vlbcom  a@_vlecom "},
       {"/*" + stars + "*/;", "@_vlbcom @_vlecom ;"},
       {"/* " + words + blanks + "x*/;", "@_vlbcom  " + words + blanks + "x@_vlecom ;"},
   };

@@ -1,24 +1,13 @@
 #include "doc/doc_support.h"
 
 #include <sstream>
+#include <utility>
 
 #include "ana/anadat/tables.h"
 #include "app/options/options.h"
+#include "doc/dense_cases.h"
 
 namespace {
-
-cRef<gUnitPattern> pattern_of(gUnitPattern const & pattern) {
-  return make_ref<gUnitPattern>(pattern);
-}
-
-gUnitPattern pattern(int idspec, int slspec, char const * slsep, char const * type) {
-  gUnitPattern result;
-  result.idspec = idspec;
-  result.slspec = slspec;
-  result.slsep = gString(slsep);
-  result.attr.set("UNITTYPE", type);
-  return result;
-}
 
 std::string escaped(std::string_view text) {
   std::string result;
@@ -32,68 +21,68 @@ void empty_tables() {
   Vapp::options.clear();
 }
 
+cRef<gKwd> add_keyword(char const * name, decltype(gKwd::kind) kind, char const * separators) {
+  auto keyword = make_ref<gKwd>();
+  keyword->name = name;
+  keyword->kind = kind;
+  keyword->separators = separators;
+  gUEKeywords.set(name, keyword);
+  return keyword;
+}
+
 } // namespace
 
 DocWorld::DocWorld() {
   empty_tables();
   gSrcFile::set_cpp_ext("cpp");
   gSrcFile::set_pas_ext("pas");
-  add_unit({"@f", "@function"}, "", pattern(0, 0, "", "function"));
-  add_unit({"Unit"}, ":", pattern(0, 0, "", "unit"));
-  add_unit({"@colon"}, ":", pattern(0, 0, "", "var"));
-  add_unit({"@s"}, "", pattern(0, 2, "", "type"));
-  add_unit({"@n"}, "", pattern(1, 1, ":;", "member"));
-  add_unit({"@d"}, "", pattern(2, 1, ";", "class"));
-  add_unit({"@l"}, "", pattern(2, 1, "", "method"));
-  add_unit({"@z"}, "", pattern(2, 0, ";", "class"));
-  add_unit({"@o"}, "", pattern(3, 0, "", "class"));
-  add_unit({"@x", "@text"}, "", pattern(0, 0, "", "text"));
-  add_subentry("@description", "@description", "");
-  add_subentry("@description", "Description", ":");
-  add_subentry("@sline", "@sline", "");
-  add_subentry("@return", "@return", "");
-  add_subentry("@return", "Return", ":");
-  add_subentry("@comment", "See also", ":");
-  add_subentry("@comment", "Note", "");
-  add_subentry("@code", "@code", "");
+  struct {
+    char const *name, *separators;
+    int idspec, slspec;
+    char const *slsep, *type;
+  } const units[] = {
+      {"@f", "", 0, 0, "", "function"}, {"Unit", ":", 0, 0, "", "unit"},
+      {"@colon", ":", 0, 0, "", "var"}, {"@s", "", 0, 2, "", "type"},
+      {"@n", "", 1, 1, ":;", "member"}, {"@d", "", 2, 1, ";", "class"},
+      {"@l", "", 2, 1, "", "method"},   {"@z", "", 2, 0, ";", "class"},
+      {"@o", "", 3, 0, "", "class"},    {"@x", "", 0, 0, "", "text"},
+      {"@text", "", 0, 0, "", "text"},
+  };
+  for (auto const & unit : units) {
+    auto const kind = unit.type == std::string("text") ? gKwd::text_unit : gKwd::synt_unit;
+    auto const keyword = add_keyword(unit.name, kind, unit.separators);
+    auto pattern = make_ref<gUnitPattern>();
+    pattern->idspec = unit.idspec;
+    pattern->slspec = unit.slspec;
+    pattern->slsep = gString(unit.slsep);
+    pattern->attr.set("UNITTYPE", unit.type);
+    keyword->pattern = pattern;
+  }
+  std::vector<std::vector<char const *>> const subentries = {
+      {"@description", "@description", ""},
+      {"@description", "Description", ":"},
+      {"@sline", "@sline", ""},
+      {"@return", "@return", ""},
+      {"@return", "Return", ":"},
+      {"@comment", "See also", ":"},
+      {"@comment", "Note", ""},
+      {"@code", "@code", ""},
+  };
+  for (auto const & one : subentries)
+    add_keyword(one[1], gKwd::subentry_kwd, one[2])->subentry = one[0];
   Vapp::options["unitconfig"]["function"]["@code"] = cat::make(1);
   gVLAttributes["table"]["tpl"]["coldef"] = cat::make(gStrList("2cm") << gString("*"));
   gVLAttributes["table"]["tpl"]["style"] = cat::make("ts");
   gVLAttributes["table"]["tpl"]["markrow"] = cat::make(gStrList("first"));
   gVLAttributes["table"]["tpl"]["rows"] = cat::make(gStrList("@_vltrow"));
-  add_attribute("UNITTYPE", {"function", "class"});
-  add_attribute("STATE", {"draft", "done"});
+  for (char const * type : {"function", "class"})
+    Vapp::options["attr"]["UNITTYPE"]["val"][type] = cat::make(type);
+  for (char const * state : {"draft", "done"})
+    Vapp::options["attr"]["STATE"]["val"][state] = cat::make(state);
 }
 
 DocWorld::~DocWorld() {
   empty_tables();
-}
-
-void DocWorld::add_unit(std::vector<std::string> const & keywords, std::string const & separators,
-                        gUnitPattern const & pattern) {
-  for (std::string const & name : keywords) {
-    auto keyword = make_ref<gKwd>();
-    keyword->name = name;
-    keyword->kind = name == "@x" || name == "@text" ? gKwd::text_unit : gKwd::synt_unit;
-    keyword->separators = separators;
-    keyword->pattern = pattern_of(pattern);
-    gUEKeywords.set(name, keyword);
-  }
-}
-
-void DocWorld::add_subentry(std::string const & subentry, std::string const & name,
-                            std::string const & separators) {
-  auto keyword = make_ref<gKwd>();
-  keyword->name = name;
-  keyword->kind = gKwd::subentry_kwd;
-  keyword->separators = separators;
-  keyword->subentry = subentry;
-  gUEKeywords.set(name, keyword);
-}
-
-void DocWorld::add_attribute(std::string const & name, std::vector<std::string> const & values) {
-  for (std::string const & value : values)
-    Vapp::options["attr"][name]["val"][value] = cat::make(value);
 }
 
 gSrcFile DocWorld::prepare(std::string & input) {
@@ -167,11 +156,14 @@ std::string tokens_of(std::string input) {
   scanner.open_text(file, input);
   scanner.set_unit_type("function");
   std::string result;
-  while (int const token = scanner.scan())
-    result += token_text(token, scanner.token_value()) + " ";
-  if (!result.empty())
-    result.back() = '\n';
-  return result + world.outside.report_text();
+  int line = 0;
+  while (int const token = scanner.scan()) {
+    if (std::exchange(line, scanner.line()) != scanner.line())
+      result += "\n" + std::to_string(line);
+    result += " " + token_text(token, scanner.token_value());
+  }
+  result += "\n";
+  return result + dense_reports(world.outside.reports);
 }
 
 namespace {
@@ -223,5 +215,5 @@ std::string units_of(std::string input) {
   parser.reset();
   parser.scanner().open_text(file, input);
   int const failed = parser.parse();
-  return table_text() + (failed ? "failed\n" : "") + world.outside.report_text();
+  return table_text() + (failed ? "failed\n" : "") + dense_reports(world.outside.reports);
 }

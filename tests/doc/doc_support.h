@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "ana/parser/doc_parse.h"
 #include "support/test_outside.h"
@@ -19,13 +18,6 @@ public:
   gSrcFile prepare(std::string & input);
 
   TestOutside outside;
-
-private:
-  void add_unit(std::vector<std::string> const & keywords, std::string const & separators,
-                gUnitPattern const & pattern);
-  void add_subentry(std::string const & subentry, std::string const & keyword,
-                    std::string const & separators);
-  void add_attribute(std::string const & name, std::vector<std::string> const & values);
 };
 
 // A marked comment as one: "/*" stands for the mark of its beginning and "*/" for that of its end.

@@ -1,41 +1,24 @@
 // What the text-unit scanner and parser make of marked comments, by case files.
-#include <fstream>
 #include <random>
 
 #include <gtest/gtest.h>
 
 #include "ana/anadat/tables.h"
 #include "app/options/options.h"
+#include "doc/dense_cases.h"
 #include "doc/doc_support.h"
-#include "support/case_file.h"
+#include "parse/grammar_conflicts.h"
 
 namespace {
 
-std::string case_path(char const * name) {
-  return std::string(CASE_DIR) + "/" + name;
-}
-
-TEST(DocScan, Tokens) {
-  check_cases(case_path("tokens.cases"), tokens_of);
-}
-
-TEST(DocParse, Heads) {
-  check_cases(case_path("heads.cases"), units_of);
-}
-
-TEST(DocParse, Units) {
-  check_cases(case_path("units.cases"), units_of);
-}
-
-TEST(DocParse, Elements) {
-  check_cases(case_path("elements.cases"), units_of);
+TEST(DocParse, AnswersOfTheCaseFiles) {
+  check_annotated(CASE_DIR "/tokens.cases", tokens_of);
+  for (char const * file : {"/heads.cases", "/units.cases", "/elements.cases"})
+    check_annotated(std::string(CASE_DIR) + file, units_of);
 }
 
 TEST(DocParse, ConflictsAreThoseThatShiftsSolve) {
-  std::ifstream file(std::string(GRAMMAR_DIR) + "/doc_l.conflicts");
-  std::string line;
-  std::getline(file, line);
-  EXPECT_EQ(line, "113 shift/reduce, 0 reduce/reduce");
+  EXPECT_EQ(grammar_conflicts("doc_l"), "113 shift/reduce, 0 reduce/reduce");
 }
 
 // One parser reads the texts in turn, as the stage does; answers what the last one gives.

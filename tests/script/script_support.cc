@@ -5,6 +5,7 @@
 #include "ana/anadat/tables.h"
 #include "ana/parser/mdf_parse.h"
 #include "app/options/options.h"
+#include "doc/dense_cases.h"
 
 namespace {
 
@@ -26,13 +27,16 @@ std::string joined(cRef<cObj> const & value) {
   return "[" + text + "]";
 }
 
-void print_map(std::ostream & out, cMapObj const & map, std::string const & path) {
+// A template in one line; the link line that every unit template has only where it holds something.
+void print_map(std::ostream & out, cMapObj const & map, std::string const & path, int depth) {
   for (cIterObj it = map.begin(); it.valid(); it++) {
-    std::string const key = path + it.key_as_string();
-    if (cMapObj const * inner = it->map())
-      print_map(out, *inner, key + "/");
-    else
-      out << key << " = " << joined(it.valref()) << "\n";
+    std::string const key = it.key_as_string();
+    if (cMapObj const * inner = it->map()) {
+      out << (depth == 1 ? path + key + ":" : "");
+      print_map(out, *inner, depth == 1 ? "" : path + key + "/", depth + 1);
+      out << (depth == 1 ? "\n" : "");
+    } else if (std::string const value = joined(it.valref()); key != "linkline" || value != "[]")
+      out << " " << path << key << "=" << value;
   }
 }
 
@@ -41,7 +45,7 @@ void print_map(std::ostream & out, cMapObj const & map, std::string const & path
 void print_nodes(std::ostream & out, gDocNode const & node) {
   for (cRef<gDocNode> const & child : node.children()) {
     if (auto const * section = dynamic_cast<gSectHeader const *>(child.get()))
-      out << "\n" << section->section_template() << " <" << section->output() << ">";
+      out << " / " << section->section_template() << " <" << section->output() << ">";
     else if (auto const * text = dynamic_cast<gTextUnit const *>(child.get()))
       out << " " << joined(cat::make(gStrList(*text->subentries().find("text")))) << text->flags();
     else if (auto const * unit = dynamic_cast<gDocUnit const *>(child.get()))
@@ -74,13 +78,13 @@ ScriptProject::~ScriptProject() {
 }
 
 std::string ScriptProject::reports() {
-  std::string const all = outside.report_text();
+  std::string const all = dense_reports(outside.reports);
   outside.reports.clear();
   return all;
 }
 
 void FakeStages::run() {
-  told += "run\n";
+  told += "run; ";
 }
 
 void FakeStages::generate(gCmdSeq & commands, std::set<gString> const & outputs,
@@ -107,7 +111,7 @@ std::string tokens_of(std::string const & script) {
   int line = 0;
   while (int const token = scanner.scan()) {
     if (scanner.line() != line) {
-      out << (line ? "\n" : "") << scanner.line() << ":";
+      out << (line ? "\n" : "") << scanner.line();
       line = scanner.line();
     }
     if (token < 256)
@@ -148,34 +152,27 @@ std::string templates_of(std::string const & script) {
   parser.scanner().open_text(script_file, script + shortest_document);
   parser.parse();
   std::ostringstream out;
-  print_map(out, gVLAttributes, "");
+  print_map(out, gVLAttributes, "", 0);
   return out.str() + project.reports();
 }
 
 std::string pieces_of(std::string const & body) {
-  std::string const all = templates_of("@bdef_unittpl<T>\n" + body + "@edef");
-  std::string const head = "unittpl/T/contents = ";
+  std::string const all = templates_of("@bdef_unittpl<T> " + body + "@edef");
+  std::string const head = "unittpl/T: contents=";
   std::size_t const at = all.find(head);
   if (at == std::string::npos)
     return all;
-  std::string const last = "unittpl/T/linkline = []\n";
-  std::string pieces = all.substr(at + head.size());
-  if (std::size_t const place = pieces.find(last); place != std::string::npos)
-    pieces.erase(place, last.size());
-  return pieces;
+  return all.substr(at + head.size());
 }
 
 std::string enter_units(std::string const & input) {
-  std::istringstream in(input);
-  std::string line, rest;
-  while (std::getline(in, line)) {
-    std::istringstream words(line);
-    std::string keyword, table, type, name, place, attribute;
-    if (!(words >> keyword) || keyword != "unit") {
-      rest += line + "\n";
-      continue;
-    }
+  std::size_t at = 0;
+  while (input.compare(at, 5, "unit ") == 0) {
+    std::size_t const end = input.find_first_of(";\n", at);
+    std::istringstream words(input.substr(at + 5, end - at - 5));
+    std::string table, type, name, place, attribute;
     words >> table >> type >> name >> place >> attribute;
+    at = end + (input[end] == ';' ? 2 : 1);
     gStrList names;
     for (std::size_t at; (at = name.find("::")) != std::string::npos; name.erase(0, at + 2))
       names.push_back(gString(name.substr(0, at)));
@@ -194,5 +191,5 @@ std::string enter_units(std::string const & input) {
     (table == "named" ? gNamedUnits : gUnnamedUnits).insert_at(unit->loc(), unit);
     gUnitNames.add(unit->name(), unit);
   }
-  return rest;
+  return input.substr(at);
 }

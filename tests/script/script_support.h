@@ -36,6 +36,6 @@ std::string run_script(std::string const & script);
 std::string templates_of(std::string const & script);
 // The pieces of a template's body, then the reports.
 std::string pieces_of(std::string const & body);
-// Enters the units that lines "unit TABLE TYPE NAME FILE:LINE [ATTR=VALUE]" at the head of the
-// input tell, and answers the rest.
+// Enters the units that "unit TABLE TYPE NAME FILE:LINE [ATTR=VALUE]" at the head of the input
+// tell, a line or "; " behind each, and answers the rest.
 std::string enter_units(std::string const & input);

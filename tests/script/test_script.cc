@@ -9,8 +9,9 @@
 #include "ana/parser/mdf_parse.h"
 #include "ana/parser/mpre_scan.h"
 #include "app/options/options.h"
+#include "doc/dense_cases.h"
+#include "parse/grammar_conflicts.h"
 #include "script_support.h"
-#include "support/case_file.h"
 #include "vlb/gexception.h"
 #include "vlb/gfilesystem.h"
 
@@ -20,17 +21,23 @@ std::string path_of(char const * file) {
   return std::string(CASE_DIR "/") + file;
 }
 
-TEST(Script, tokens) {
-  check_cases(path_of("tokens.cases"), tokens_of);
+// Each line is a body of its own; what it gives and reports stands behind it.
+std::string pieces_of_lines(std::string const & bodies) {
+  std::istringstream in(bodies);
+  std::string line, all;
+  for (int number = 1; std::getline(in, line); ++number) {
+    std::istringstream answer(pieces_of(line + "\n"));
+    for (std::string part; std::getline(answer, part);)
+      all += std::to_string(number) + " " + part + "\n";
+  }
+  return all;
 }
-TEST(Script, templates) {
-  check_cases(path_of("templates.cases"), templates_of);
-}
-TEST(Script, text_elements) {
-  check_cases(path_of("text_elements.cases"), pieces_of);
-}
-TEST(Script, commands) {
-  check_cases(path_of("commands.cases"), run_script);
+
+TEST(Script, answers_of_the_case_files) {
+  check_annotated(path_of("tokens.cases"), tokens_of);
+  check_annotated(path_of("templates.cases"), templates_of);
+  check_annotated(path_of("text_elements.cases"), pieces_of_lines);
+  check_annotated(path_of("commands.cases"), run_script);
 }
 
 // The folder of a script with files to include.
@@ -76,8 +83,9 @@ TEST(Script, long_lines_and_white_space_fit_through_every_limit) {
   std::string const much(5000, ' ');
   EXPECT_EQ(preprocessed("a!" + much + "\n" + much + "b"), "a\n" + much + "b");
   std::string const lines(5000, '\n');
-  EXPECT_EQ(tokens_of(lines + "@document" + lines + "@outfilter" + lines),
-            "5001: 275\n10001: 315\n");
+  EXPECT_EQ(tokens_of(lines + "@document" + lines + "@outfilter" + lines), "5001 275\n10001 315\n");
+  EXPECT_EQ(tokens_of("@em{$ "),
+            "1 282 { 342[]\ns.vls:1: ERROR 10: Lexical error with character: '$' (0x24)\n");
 }
 
 TEST(Script, a_text_as_long_as_the_limit_ends_the_script) {
@@ -91,7 +99,7 @@ TEST(Script, deep_nesting_is_refused_and_costs_the_script_only) {
   for (int n = 0; n < 100000; ++n)
     nested += "@b{";
   EXPECT_THROW(pieces_of(nested), gExcFatalErr);
-  EXPECT_EQ(run_script("@document @outfilter"), "run\ngenerate <>\nSTPL_Default <> ( - )\n");
+  EXPECT_EQ(run_script("@document @outfilter"), "run; generate <> / STPL_Default <> ( - )\n");
 }
 
 TEST(Script, class_blocks_that_are_nested_too_deep_tell_their_place) {
@@ -114,57 +122,49 @@ TEST(Script, class_blocks_that_are_nested_too_deep_tell_their_place) {
 }
 
 TEST(Script, grammar_has_no_conflicts) {
-  std::ifstream file(GRAMMAR_DIR "/mdf_l.conflicts");
-  std::string counts;
-  std::getline(file, counts);
-  EXPECT_EQ(counts, "0 shift/reduce, 0 reduce/reduce");
+  EXPECT_EQ(grammar_conflicts("mdf_l"), "0 shift/reduce, 0 reduce/reduce");
 }
 
-TEST(Numbers, measures) {
-  auto read = [](char const * text) {
+TEST(Numbers, of_measures_font_sizes_and_integers) {
+  using Table = std::vector<std::pair<char const *, std::string>>;
+  for (auto const & [text, expected] : Table{{"10 cm", "10cm"},
+                                             {"10cm", "10cm"},
+                                             {"0.50 %", "0.5%"},
+                                             {"1e3pt", "1000pt"},
+                                             {"", ""},
+                                             {"3", ""},
+                                             {"cm", ""},
+                                             {"-1 cm", ""},
+                                             {"3 in", ""},
+                                             {"3cmx", ""}}) {
     auto const [number, unit] = gVLParseBase::read_measure(text);
-    return number + "|" + unit;
-  };
-  EXPECT_EQ(read("10 cm"), "10|cm");
-  EXPECT_EQ(read("10cm"), "10|cm");
-  EXPECT_EQ(read("0.50 %"), "0.5|%");
-  EXPECT_EQ(read("1e3pt"), "1000|pt");
-  for (char const * bad : {"", "3", "cm", "-1 cm", "3 in", "3cmx"})
-    EXPECT_EQ(read(bad), "|") << bad;
-}
-
-TEST(Numbers, font_sizes_and_integers) {
-  auto size = [](gString text) { return gVLParseBase::read_font_size(text) ? text : "none"; };
-  EXPECT_EQ(size("120pt"), "120%");
-  EXPECT_EQ(size(" 80.0"), "80%");
-  for (char const * bad : {"", "x", "0", "-5"})
-    EXPECT_EQ(size(bad), "none") << bad;
-
-  auto integer = [](char const * text) {
+    EXPECT_EQ(number + unit, expected) << text;
+  }
+  for (auto const & [text, expected] : Table{{"120pt", "120%"},
+                                             {" 80.0", "80%"},
+                                             {"", "none"},
+                                             {"x", "none"},
+                                             {"0", "none"},
+                                             {"-5", "none"}}) {
+    gString size = text;
+    EXPECT_EQ(gVLParseBase::read_font_size(size) ? size : "none", expected) << text;
+  }
+  for (auto const & [text, expected] : Table{{"12", "12"},
+                                             {"+3", "3"},
+                                             {"-1", "-1"},
+                                             {"99999999999", "2147483647"},
+                                             {"", "none"},
+                                             {"+", "none"},
+                                             {"-", "none"},
+                                             {"+-1", "none"},
+                                             {"x", "none"},
+                                             {"3x", "none"},
+                                             {"0x1", "none"},
+                                             {" 1", "none"}}) {
     int value = 0;
-    return gVLParseBase::read_int(text, value) ? std::to_string(value) : "none";
-  };
-  EXPECT_EQ(integer("12"), "12");
-  EXPECT_EQ(integer("+3"), "3");
-  EXPECT_EQ(integer("-1"), "-1");
-  EXPECT_EQ(integer("99999999999"), "2147483647");
-  for (char const * bad : {"", "+", "-", "+-1", "x", "3x", "0x1", " 1"})
-    EXPECT_EQ(integer(bad), "none") << bad;
-}
-
-TEST(Vocabulary, tables) {
-  EXPECT_EQ(gVlsCommands.size(), 79u);
-  auto token = [](char const * name) { return (*gDocCommands.lookup(name))->token; };
-  EXPECT_EQ(token("@b_cite"), 257);
-  EXPECT_EQ(token("@xe"), 333);
-  EXPECT_EQ(token("@sub"), token("@sub1"));
-  EXPECT_EQ(token("@subtitle"), token("@subtitle1"));
-  EXPECT_EQ(gDocVars.size(), 8u);
-  EXPECT_EQ(gCppKeywords.size(), 48u);
-  EXPECT_EQ(gPasKeywords.size(), 87u);
-  EXPECT_EQ(*gCppKeywords.lookup("while"), 333);
-  EXPECT_EQ(gCppKeywords.lookup("int"), nullptr);
-  EXPECT_EQ(*gPasKeywords.lookup("xor"), 348);
+    EXPECT_EQ(gVLParseBase::read_int(text, value) ? std::to_string(value) : "none", expected)
+        << text;
+  }
 }
 
 cRef<cObj> keyword(char const * word, char const * separators) {
