@@ -138,21 +138,6 @@ TEST(association, binds_as_the_plain_search_does) {
   }
 }
 
-TEST(association, takes_the_first_free_unit_and_nothing_far_from_the_element) {
-  gSrcFile const file = source("/a/x.h", 1);
-  CleanTables tables;
-  add_unit(file, 1, "f");
-  add_unit(file, 3, "f");
-  add_element(file, 10, "f");
-  add_element(file, 12, "f");
-  add_unit(file, 20, "");
-  add_element(file, 21, "g");
-  add_element(file, 22, "h"); // g lies between
-  EXPECT_EQ(associated(default_options()), "unit 20 <- g 21 rank 3\n"
-                                           "f 1 <- f 10 rank 4\n"
-                                           "f 3 <- f 12 rank 4\n");
-}
-
 TEST(association, a_better_method_takes_a_text_over) {
   CleanTables tables;
   gSrcFile const far = source("/b/far.cc", 1), near = source("/a/near.h", 2);
@@ -161,20 +146,6 @@ TEST(association, a_better_method_takes_a_text_over) {
   add_unit(near, 2, "f");
   add_element(near, 7, "f");
   EXPECT_EQ(associated(default_options()), "f 1 <- f 7 rank 4\nf 2 <- f 5 rank 2\n");
-}
-
-TEST(association, methods_and_members_are_told_by_known_classes) {
-  CleanTables tables;
-  gSrcFile const file = source("/a/x.cc", 1);
-  gCppClasses.insert_class("A", make_ref<gBaseClause>());
-  gCppClasses.insert_class("n::B", make_ref<gBaseClause>());
-  auto const method = add_element(file, 1, "A::f");
-  auto const member = add_element(file, 2, "A::v", ut_var);
-  auto const hidden = add_element(file, 3, "n::B::f"); // known under its long name only
-  associated(default_options());
-  EXPECT_EQ(method->type, ut_method);
-  EXPECT_EQ(member->type, ut_member);
-  EXPECT_EQ(hidden->type, ut_function);
 }
 
 TEST(association, generates_units_by_the_options) {

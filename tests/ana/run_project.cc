@@ -2,11 +2,9 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "ana/ana_thread.h"
 #include "app/options/attributes.h"
@@ -24,16 +22,7 @@ std::string replaced(std::string text, std::string const & what, std::string con
   return text;
 }
 
-std::string file_text(std::string const & path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
 RunProject::RunProject() {
-  std::string pattern = (fs::temp_directory_path() / "vltestXXXXXX").string();
-  dir_ = mkdtemp(pattern.data());
   for (char const * sub : {"in", "out", "tmp"})
     fs::create_directory(path(sub));
   setenv("TMPDIR", path("tmp").c_str(), 1);
@@ -57,12 +46,6 @@ RunProject::RunProject() {
 
 RunProject::~RunProject() {
   unsetenv("TMPDIR");
-  fs::remove_all(dir_);
-}
-
-void RunProject::write(std::string const & name, std::string const & text) const {
-  fs::create_directories(fs::path(path(name)).parent_path());
-  std::ofstream(path(name), std::ios::binary) << text;
 }
 
 void RunProject::set(std::string const & assignment) const {
@@ -84,11 +67,10 @@ bool RunProject::analyze() {
 
 std::map<std::string, std::string> RunProject::output() const {
   std::map<std::string, std::string> files;
-  for (auto const & entry : fs::recursive_directory_iterator(path("out"))) {
-    if (entry.is_regular_file())
-      files[entry.path().lexically_relative(path("out")).string()] =
-          replaced(file_text(entry.path().string()), dir_, "DIR");
-  }
+  for (auto const & entry : fs::recursive_directory_iterator(path("out")))
+    if (std::string const name = entry.path().lexically_relative(path("out")).string();
+        entry.is_regular_file())
+      files[name] = replaced(read("out/" + name), path(), "DIR");
   return files;
 }
 

@@ -4,16 +4,16 @@
 #include <map>
 #include <string>
 
+#include "support/temp_folder.h"
 #include "support/test_outside.h"
 
-class RunProject {
+class RunProject : public TempFolder {
 public:
   // Makes an empty folder and the options of a new project, whose input is every file of the
   // folder "in", whose script is "doc.vls" and whose output folder is "out".
   RunProject();
   ~RunProject();
 
-  void write(std::string const & name, std::string const & text) const;
   // KEY=VALUE, as on the command line.
   void set(std::string const & assignment) const;
   // Runs with an output folder that was emptied before. The answer is Vapp::ana_success.
@@ -26,14 +26,10 @@ public:
   std::string log() const { return output()["ana.log"]; }
   // The log from its first stage on, without the lines that only name a file.
   std::string reports() const;
-  std::string path(std::string const & name) const { return dir_ + "/" + name; }
   // Files that lie in the folder for temporary files.
   int temp_files() const;
 
   TestOutside outside;
-
-private:
-  std::string dir_;
 };
 
 // One file of text in several: "%% NAME" begins a file, "%set KEY=VALUE" sets an option. Files
@@ -41,4 +37,3 @@ private:
 void write_all(RunProject const & project, std::string const & text);
 
 std::string replaced(std::string text, std::string const & what, std::string const & by);
-std::string file_text(std::string const & path);

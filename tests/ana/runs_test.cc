@@ -64,21 +64,6 @@ TEST(runs, report_their_stages_in_order) {
             1);
 }
 
-TEST(runs, leave_every_table_empty) {
-  RunProject project;
-  write_all(project, sources);
-  write_all(project, script);
-  project.run();
-  EXPECT_TRUE(gSrcFiles.empty() && gInputFiles.empty() && gTmpFiles.empty());
-  EXPECT_TRUE(gNamedUnits.empty() && gUnnamedUnits.empty() && gUnitNames.empty());
-  EXPECT_TRUE(gCitations.empty() && gBookmarks.empty() && gComments.empty());
-  EXPECT_TRUE(gCodeElems.empty() && gCppClasses.empty() && gGeneratedUnits.empty());
-  EXPECT_EQ(gDocManager.unit_count(), 0);
-  EXPECT_TRUE(gDocManager.root().children().empty());
-  EXPECT_FALSE(gVLAttributes.has({"unittpl", "T"}));
-  EXPECT_FALSE(Vapp::ana_active);
-}
-
 std::string bytes_of(RunProject & project) {
   project.run();
   std::string all;
@@ -164,7 +149,6 @@ TEST(runs, read_inputs_of_any_kind) {
       {"nul.h", "int a;" + std::string(2000, '\0') + "\n" + unit, true, false},
       {"utf16.h", utf16, false, false},
       {"open_comment.h", "void one();\n/* @f never closed", true, false},
-      {"open_string.h", "char const * s = \"never closed\n" + unit, false, false},
       {"brackets.h", "int a = " + std::string(100000, '(') + ";", false, false},
       {"braces.h", "namespace a " + std::string(100000, '{'), false, false},
       {"texts.txt", "@text x " + std::string(100000, '{') + "@em{", false, false},
@@ -261,13 +245,6 @@ TEST(runs, end_at_the_error_limit) {
   EXPECT_NE(project.reports().find("Maximum error count reached: 2\n    Aborting analysis.\n"),
             std::string::npos)
       << project.reports();
-}
-
-TEST(runs, leave_out_suppressed_reports) {
-  RunProject project;
-  write_all(project, "%% a.h\n/* @f One. @nix */\nvoid one();\n%set msg/suppress=412,430\n");
-  EXPECT_TRUE(project.run());
-  EXPECT_EQ(project.reports(), "doc.vls - 0 error(s), 0 warning(s)\n");
 }
 
 } // namespace

@@ -21,15 +21,8 @@ TEST(cli, tells_usage) {
     int status;
   } const rows[] = {
       {"--help", 0},
-      {"analyze --help", 0},
-      {"", 2},
-      {"nonsense", 2},
       {"analyze", 2},
-      {"analyze p.vlp --nonsense", 2},
-      {"get missing.vlp", 2},
       {"analyze missing.vlp", 2},
-      {"set missing.vlp a=b", 2},
-      {"check missing.vlp", 2},
       {"analyze p.vlp --fail-on info", 2},
   };
   for (auto const & row : rows) {
@@ -48,24 +41,17 @@ TEST(cli, makes_and_changes_a_project) {
   EXPECT_EQ(box.run(make).status, 0);
   EXPECT_EQ(box.run(make).status, 2);
   EXPECT_EQ(box.run(make + " --force").status, 0);
-  EXPECT_EQ(box.run("new q.vlp --script s --out o --input 'no group'").status, 2);
-  EXPECT_FALSE(box.exists("q.vlp"));
-  EXPECT_EQ(box.run("get p.vlp vls_file").out, "\"s.vls\"\n");
-  EXPECT_EQ(box.run("get p.vlp inputfiles/1/outgrp").out, "\"api\"\n");
   EXPECT_EQ(box.run("get p.vlp inputfiles/1/count").out, "1\n");
   EXPECT_EQ(box.run("set p.vlp ana/tab_width=8 'ana/alloc/prio=[1,2,3,4,5,6,7,8]'").status, 0);
   EXPECT_EQ(box.run("get p.vlp ana/tab_width").out, "8\n");
-  EXPECT_EQ(box.run("get p.vlp ana/nothing").status, 2);
-  EXPECT_NE(box.run("get p.vlp").out.find("\"tab_width\""), std::string::npos);
-  std::string const before = text_of(box.path("p.vlp"));
+  EXPECT_NE(box.run("get p.vlp").out.find("\n    \"tab_width\": 8,\n"), std::string::npos);
+  std::string const before = box.read("p.vlp");
   EXPECT_EQ(box.run("set p.vlp ana/verb_indent=2 ana/tab_width=wide").status, 2);
   EXPECT_EQ(box.run("set p.vlp ana/tab_width=$(head -c 100000 /dev/zero | tr '\\0' x)").err,
             "vellumar: ana/tab_width: a value of the type string where int is wanted\n");
-  EXPECT_EQ(text_of(box.path("p.vlp")), before);
+  EXPECT_EQ(box.read("p.vlp"), before);
   box.write("cut.vlp", before.substr(0, before.size() / 2));
-  Answer const cut = box.run("get cut.vlp ana/tab_width");
-  EXPECT_EQ(cut.status, 2);
-  EXPECT_NE(cut.err.find("cut.vlp:"), std::string::npos) << cut.err;
+  EXPECT_NE(box.run("get cut.vlp ana/tab_width").err.find("cut.vlp:"), std::string::npos);
 }
 
 TEST(cli, checks_the_input_of_a_project) {
@@ -82,50 +68,29 @@ TEST(cli, checks_the_input_of_a_project) {
   EXPECT_NE(answer.err.find("doc.vls"), std::string::npos);
 }
 
-TEST(cli, analyzes_with_reports_on_standard_error) {
-  Sandbox box;
-  box.make_project();
-  Answer const answer = box.run("analyze p.vlp");
-  EXPECT_EQ(answer.status, 0);
-  EXPECT_EQ(answer.out, "");
-  std::string const report = "WARNING 412: Unknown @-identifier: @nix (" + box.path("src/a.h:1)\n");
-  EXPECT_NE(answer.err.find("\nSTATUS: Analyzing text units...\n" + report), std::string::npos)
-      << answer.err;
-  EXPECT_EQ(answer.err.find("\n\n"), std::string::npos);
-  EXPECT_EQ(answer.err.find_first_of("\r\033"), std::string::npos);
-  EXPECT_NE(text_of(box.path("out/ana.log")).find(report), std::string::npos);
-  EXPECT_TRUE(box.exists("out/doc.atc"));
-}
-
 TEST(cli, run_options_hold_for_one_run) {
   Sandbox box;
   box.make_project();
-  std::string const before = text_of(box.path("p.vlp"));
+  std::string const before = box.read("p.vlp");
+  Answer const answer = box.run("analyze p.vlp");
+  EXPECT_TRUE(answer.status == 0 && answer.out.empty());
+  std::string const report = "WARNING 412: Unknown @-identifier: @nix (" + box.path("src/a.h:1)\n");
+  EXPECT_NE(answer.err.find("\nSTATUS: Analyzing text units...\n" + report), std::string::npos);
+  EXPECT_EQ(answer.err.find_first_of("\r\033"), std::string::npos);
   EXPECT_EQ(box.run("analyze p.vlp -q").err, "");
   EXPECT_EQ(box.run("analyze p.vlp --fail-on warning").status, 3);
-  EXPECT_EQ(box.run("analyze p.vlp --fail-on error").status, 0);
   EXPECT_EQ(box.run("analyze p.vlp --fail-on warning --suppress 1,412").status, 0);
-  EXPECT_EQ(text_of(box.path("out/ana.log")).find("412"), std::string::npos);
+  EXPECT_EQ(box.read("out/ana.log").find("412"), std::string::npos);
   EXPECT_EQ(box.run("analyze p.vlp --set out_dir=other --set msg/lvl_disp=7").err,
             "doc.vls - 0 error(s), 1 warning(s)\n");
   EXPECT_TRUE(box.exists("other/doc.atc"));
-  EXPECT_EQ(box.run("analyze p.vlp --set ana/nothing=1").status, 2);
+  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=p.vlp/out").err,
+            "vellumar: Folder '" + box.path("p.vlp/out") + "' could not be created.\n");
+  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=").err,
+            "vellumar: No output folder specified.\n"
+            "vellumar: 'vellumar set' or --set changes inputfiles, vls_file and out_dir.\n");
   EXPECT_EQ(box.run("analyze p.vlp --set vls_file=none.vls").status, 1);
-  EXPECT_EQ(text_of(box.path("p.vlp")), before);
-}
-
-TEST(cli, shows_the_first_thing_that_is_missing) {
-  Sandbox box;
-  box.make_project();
-  std::string const advice =
-      "vellumar: 'vellumar set' or --set changes inputfiles, vls_file and out_dir.\n";
-  EXPECT_EQ(box.run("analyze p.vlp --set inputfiles/1=null --set out_dir= --set vls_file=").err,
-            "vellumar: No input files specified.\n" + advice);
-  EXPECT_EQ(box.run("analyze p.vlp --set out_dir= --set vls_file=").err,
-            "vellumar: No script file specified.\n" + advice);
-  Answer const answer = box.run("analyze p.vlp --set out_dir=");
-  EXPECT_EQ(answer.err, "vellumar: No output folder specified.\n" + advice);
-  EXPECT_EQ(answer.status, 2);
+  EXPECT_EQ(box.read("p.vlp"), before);
 }
 
 TEST(cli, empties_only_what_a_run_has_left) {
@@ -138,16 +103,19 @@ TEST(cli, empties_only_what_a_run_has_left) {
   Answer const refusal = box.run("analyze p.vlp");
   EXPECT_EQ(refusal.status, 2);
   EXPECT_NE(refusal.err.find("--overwrite"), std::string::npos) << refusal.err;
-  EXPECT_EQ(text_of(box.path("out/notes.txt")), "mine");
+  EXPECT_EQ(box.read("out/notes.txt"), "mine");
   EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
   EXPECT_FALSE(box.exists("out/notes.txt"));
+  box.write("precious/file", "");
+  std::filesystem::create_directory_symlink(box.path("precious"), box.path("out/link"));
+  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
+  EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
+  EXPECT_TRUE(box.exists("precious/file")) << "links are not followed";
   box.write("out/doc.atx", "a file of another kind with that name");
   EXPECT_EQ(box.run("analyze p.vlp").status, 2);
   box.write("foreign/ana.log", "the log of something else");
   EXPECT_EQ(box.run("analyze p.vlp --set out_dir=foreign").status, 2);
   EXPECT_TRUE(box.exists("foreign/ana.log"));
-  std::filesystem::create_directory(box.path("fresh"));
-  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=fresh").status, 0);
 }
 
 TEST(cli, never_empties_a_folder_that_holds_more_than_output) {
@@ -170,43 +138,22 @@ TEST(cli, never_empties_a_folder_that_holds_more_than_output) {
     EXPECT_TRUE(box.exists(file)) << file;
 }
 
-TEST(cli, links_in_the_output_folder_are_not_followed) {
-  Sandbox box;
-  box.make_project();
-  box.run("analyze p.vlp");
-  box.write("precious/file", "");
-  std::filesystem::create_directory_symlink(box.path("precious"), box.path("out/link"));
-  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
-  EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
-  EXPECT_TRUE(box.exists("precious/file"));
-}
-
-TEST(cli, refuses_an_output_folder_that_cannot_be_made) {
-  Sandbox box;
-  box.make_project();
-  box.write("file", "");
-  Answer const answer = box.run("analyze p.vlp --set out_dir=file/out");
-  EXPECT_EQ(answer.status, 2);
-  EXPECT_EQ(answer.err, "vellumar: Folder '" + box.path("file/out") + "' could not be created.\n");
-}
-
 TEST(cli, takes_a_failed_write_for_an_error) {
   Sandbox box;
   box.make_project();
-  std::string const before = text_of(box.path("p.vlp"));
+  std::string const before = box.read("p.vlp");
   Answer answer = box.run("--version && (" VELLUMAR_PROGRAM " get p.vlp >/dev/full)");
   EXPECT_EQ(answer.status, 1);
   EXPECT_EQ(answer.err, "vellumar: Cannot write to standard output\n");
   answer = box.run("--version && ulimit -f 1 && " VELLUMAR_PROGRAM " set p.vlp ana/tab_width=8");
   EXPECT_EQ(answer.status, 1);
-  EXPECT_EQ(text_of(box.path("p.vlp")), before);
+  EXPECT_EQ(box.read("p.vlp"), before);
 }
 
 TEST(cli, keeps_control_characters_of_names_from_the_terminal) {
   Sandbox box;
   box.make_project();
   for (char const * arguments : {"get 'a\033[2J.vlp'", "set p.vlp 'a\033[2J=1'",
-                                 "analyze p.vlp --set 'inputfiles/1/files=\033[2J.h'",
                                  "analyze p.vlp --set 'out_dir=p.vlp/\033[2J'"}) {
     Answer const answer = box.run(arguments);
     EXPECT_EQ(answer.err.find('\033'), std::string::npos) << answer.err;
@@ -226,7 +173,7 @@ void make_long_project(Sandbox const & box) {
 
 void wait_for(Sandbox const & box, char const * stage) {
   for (int i = 0; i < 2000; ++i) {
-    if (text_of(box.path("out/ana.log")).find(stage) != std::string::npos)
+    if (box.read("out/ana.log").find(stage) != std::string::npos)
       return;
     usleep(5000);
   }
@@ -254,7 +201,7 @@ TEST(cli, stops_in_an_orderly_way) {
   EXPECT_EQ(box.run("analyze p.vlp").status, 2); // while the first one works
   kill(child, SIGINT);
   EXPECT_EQ(end_of(child), 130);
-  EXPECT_TRUE(text_of(box.path("out/ana.log")).ends_with("User aborted program.\n"));
+  EXPECT_TRUE(box.read("out/ana.log").ends_with("User aborted program.\n"));
   EXPECT_EQ(temp_files(box), 0);
 }
 

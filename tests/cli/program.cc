@@ -2,34 +2,14 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
-std::string text_of(std::string const & path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
 Sandbox::Sandbox() {
-  std::string pattern = (fs::temp_directory_path() / "vlcliXXXXXX").string();
-  dir_ = fs::canonical(mkdtemp(pattern.data())).string();
   fs::create_directory(path("tmp"));
-}
-
-Sandbox::~Sandbox() {
-  fs::remove_all(dir_);
-}
-
-void Sandbox::write(std::string const & name, std::string const & text) const {
-  fs::create_directories(fs::path(path(name)).parent_path());
-  std::ofstream(path(name), std::ios::binary) << text;
 }
 
 bool Sandbox::exists(std::string const & name) const {
@@ -43,18 +23,18 @@ void Sandbox::make_project() const {
 }
 
 Answer Sandbox::run(std::string const & arguments) const {
-  std::string const command = "cd '" + dir_ + "' && TMPDIR='" + path("tmp") +
+  std::string const command = "cd '" + path() + "' && TMPDIR='" + path("tmp") +
                               "' " VELLUMAR_PROGRAM " " + arguments + " >'" + path("tmp/1") +
                               "' 2>'" + path("tmp/2") + "' </dev/null";
   int const status = std::system(command.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), text_of(path("tmp/1")),
-          text_of(path("tmp/2"))};
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), read("tmp/1"),
+          read("tmp/2")};
 }
 
 int Sandbox::start(std::string const & arguments) const {
   int const child = fork();
   if (child == 0) {
-    std::string const command = "cd '" + dir_ + "' && TMPDIR='" + path("tmp") +
+    std::string const command = "cd '" + path() + "' && TMPDIR='" + path("tmp") +
                                 "' exec " VELLUMAR_PROGRAM " " + arguments + " 2>/dev/null";
     execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
     _exit(127);

@@ -3,19 +3,18 @@
 
 #include <string>
 
+#include "support/temp_folder.h"
+
 struct Answer {
   int status = 0;
   std::string out;
   std::string err;
 };
 
-class Sandbox {
+class Sandbox : public TempFolder {
 public:
   Sandbox();
-  ~Sandbox();
 
-  std::string path(std::string const & name) const { return dir_ + "/" + name; }
-  void write(std::string const & name, std::string const & text) const;
   bool exists(std::string const & name) const;
   // A project "p.vlp" with a script, one source and the output folder "out".
   void make_project() const;
@@ -23,9 +22,4 @@ public:
   Answer run(std::string const & arguments) const;
   // Starts it without waiting; the process number.
   int start(std::string const & arguments) const;
-
-private:
-  std::string dir_;
 };
-
-std::string text_of(std::string const & path);

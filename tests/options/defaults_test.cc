@@ -1,13 +1,11 @@
 // What the completion adds to a project, and the settings of the program.
 #include <gtest/gtest.h>
-#include <sstream>
 
 #include "app/options/attributes.h"
 #include "app/options/completion.h"
 #include "app/options/defaults.h"
 #include "app/options/options.h"
 #include "app/options/settings.h"
-#include "store/cerr.h"
 #include "store/json_text.h"
 #include "support/temp_folder.h"
 
@@ -38,10 +36,6 @@ TEST_F(Defaults, CompletionKeepsWhatTheProjectHasAndServesTheUsersUnitTypes) {
   for (char const * type : {"macro", "event"})
     EXPECT_EQ(json("unitconfig", type), R"({"@description":110,"@declaration":11})");
   EXPECT_EQ(json("unitconfig", "text") + json("unitconfig", "undefined"), "nonenone");
-  cMapObj own;
-  own["ana"]["srcpat_subentry"]["@only"] = Vapp::new_subentry();
-  Vapp::complete_options(own);
-  EXPECT_EQ((own.at("ana") / "srcpat_subentry")->size(), 1);
 }
 
 TEST_F(Defaults, ADanglingSubentryIsRemovedAndNamed) {
@@ -53,30 +47,6 @@ TEST_F(Defaults, ADanglingSubentryIsRemovedAndNamed) {
   EXPECT_EQ(dangling[0].text(), "Configuration of unittype class has a subentry @gone0 \n"
                                 "that does not exist! \nIt is deleted now.");
   EXPECT_EQ(json("unitconfig", "class"), "{}");
-}
-
-TEST_F(Defaults, ValuesAreThePredefinedOnesAndTheUsers) {
-  tree["attr"]["STATE"] = Vapp::new_attribute("c");
-  tree["attr"]["STATE"]["valusr"]["draft"] = cat::make(gStrList("Draft"));
-  tree["attr"]["STATE"]["val"]["stale"] = cat::make(gStrList());
-  tree["attr"]["BARE"]["com"] = cat::make("neither valpre nor valusr");
-  complete();
-  EXPECT_EQ(json("attr", "STATE", "val"), R"({"undefined":[""],"draft":["Draft"]})");
-  EXPECT_EQ(json("attr", "BARE", "val"), "{}");
-}
-
-TEST_F(Defaults, ACorruptAttributeIsToldAndThrown) {
-  std::ostringstream errors;
-  std::streambuf * const before = eros().rdbuf(errors.rdbuf());
-  for (char const * key : {"val", "valpre", "valusr"}) {
-    tree["attr"]["X"] = Vapp::new_attribute("");
-    tree["attr"]["X"][key] = cat::make(1);
-    EXPECT_THROW(Vapp::rebuild_values(tree), cException) << key;
-  }
-  tree["attr"]["X"] = cat::make(1);
-  EXPECT_THROW(Vapp::rebuild_values(tree), cException);
-  eros().rdbuf(before);
-  EXPECT_TRUE(errors.str().starts_with("ERROR: corrupted data in attribute X\n"));
 }
 
 TEST(Settings, KeepTheirStartValuesWhereTheFileIsSilent) {
@@ -101,15 +71,6 @@ TEST(Settings, KeepTheirStartValuesWhereTheFileIsSilent) {
   EXPECT_FALSE(Vapp::save_settings()) << "a folder that can't be made";
   Vapp::options_ini = kept;
   Vapp::set_program_dir(before);
-}
-
-TEST(Readers, TakeFallbacksForWhatIsMissingOrOfTheWrongType) {
-  EXPECT_EQ(Vapp::option_int("ana/cpp_ext", 9), 9);
-  EXPECT_TRUE(Vapp::option_bool("ana/tab_width", false)) << "a number serves as a flag";
-  EXPECT_EQ(Vapp::option_string("ana/none/deeper", "f"), "f");
-  EXPECT_EQ(cat::as_string(Vapp::option("ana/alloc/order/0")), "5");
-  EXPECT_EQ(Vapp::unit_config("var", "@heritage"), -1);
-  EXPECT_FALSE(Vapp::config_verbatim(-1) || Vapp::config_automatic(-1));
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "app/options/options.h"
 #include "app/options/settings.h"
 #include "store/cerr.h"
-#include "store/gglobalobj.h"
 #include "support/temp_folder.h"
 #include "support/test_outside.h"
 
@@ -95,7 +94,6 @@ TEST_F(Project, ValuesOfTheWrongTypeCountAsAbsent) {
   EXPECT_EQ(shown(), "");
   EXPECT_EQ(Vapp::option_int("ana/tab_width", 0), 8) << "what can be converted is kept";
   EXPECT_EQ(Vapp::option_string("ana/cpp_ext"), "c; cpp; cxx; h; hpp; hxx");
-  EXPECT_EQ(Vapp::option_string("ana/pas_ext"), "p; pas");
   EXPECT_EQ(Vapp::option_int("ana/alloc/gen_unit", 0), 11);
   EXPECT_EQ(Vapp::option_int("msg/err_max", 9), 0);
   for (char const * path : {"ana/srcpat_unit/spt_class/kwd", "ana/srcpat_subentry/@sline/kwd",
@@ -122,14 +120,6 @@ TEST_F(Project, FailedLoadsAreToldAndAskedAgain) {
   EXPECT_TRUE(project.load_error().ends_with("corrupt.vlp: Bad project file"));
 }
 
-TEST_F(Project, ADanglingSubentryIsToldAndModifiesTheProject) {
-  folder.write("a.vlp", R"({"unitconfig": {"var": {"@gone": 0}}})");
-  ASSERT_TRUE(project.load(folder.path("a.vlp")));
-  EXPECT_TRUE(project.modified());
-  EXPECT_EQ(shown(), "box: Configuration of unittype var has a subentry @gone \n"
-                     "that does not exist! \nIt is deleted now.\n");
-}
-
 TEST_F(Project, SaveFailuresKeepTheFlag) {
   make("a.vlp");
   project.mark_modified();
@@ -145,16 +135,6 @@ TEST_F(Project, SaveFailuresKeepTheFlag) {
   EXPECT_FALSE(project.save());
   EXPECT_EQ(shown(), "box: Cannot write\nFile '" + path + "' is read-only\n");
   EXPECT_TRUE(project.modified());
-}
-
-TEST_F(Project, SaveAsTakesTheChosenNameOrNothing) {
-  outside.answers = {"cancel", folder.path("b.vlp")};
-  EXPECT_FALSE(project.save());
-  EXPECT_TRUE(project.modified() && !project.is_open());
-  EXPECT_TRUE(project.save());
-  EXPECT_EQ(shown(), "open: Save project ''\nopen: Save project ''\n");
-  EXPECT_EQ(project.name(), "b.vlp");
-  EXPECT_TRUE(std::filesystem::exists(folder.path("b.vlp")));
 }
 
 TEST_F(Project, ChangesAreAskedForBeforeTheyAreLost) {
@@ -198,23 +178,16 @@ TEST_F(Project, StoredPathsAreTakenAgainstTheProjectsFolder) {
   std::filesystem::rename(folder.path("a.vlp"), folder.path("moved/a.vlp"));
   ASSERT_TRUE(project.load(folder.path("moved/a.vlp")));
   EXPECT_EQ(Vapp::option_path("vls_file"), folder.path("moved/a.vls"));
-  std::string absolute = "/x/y";
-  EXPECT_EQ(Vapp::make_absolute_vlp(absolute), "/x/y");
 }
 
 TEST_F(Project, TheLastOneIsLoadedAtTheStart) {
   gPathstring const path = make("a.vlp");
   project.load_defaults();
   Vapp::options_ini["vlp_file"] = cat::make(path);
-  static int inits = 0;
-  struct Counter : gGlobalObj {
-    void init() override { ++inits; }
-  } counter;
   project.start(true);
   EXPECT_FALSE(project.is_open()) << "another project was named";
   project.start(false);
   EXPECT_EQ(project.path(), path);
-  EXPECT_EQ(inits, 2);
   Vapp::options_ini["vlp_file"] = cat::make("gone.vlp");
   project.start(false);
   EXPECT_EQ(shown(), "box: Fatal error reading project file 'gone.vlp'.\n"

@@ -52,11 +52,4 @@ TEST(SetOption, ChangesWhatTheRulesAllow) {
   });
 }
 
-TEST(SetOption, ShowsTheWholeTreeOneEntryALine) {
-  Vapp::project().load_defaults();
-  std::string json;
-  EXPECT_TRUE(Vapp::get_option_json("", json));
-  EXPECT_NE(json.find("\n    \"tab_width\": 4,\n"), std::string::npos);
-}
-
 } // namespace

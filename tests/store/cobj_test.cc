@@ -1,8 +1,6 @@
 // Values, containers, proxies and types.
 #include <gtest/gtest.h>
-#include <sstream>
 
-#include "store/cerr.h"
 #include "store/ctypeobj.h"
 #include "store/json_text.h"
 
@@ -46,20 +44,6 @@ TEST(Map, KeepsTheOrderOfInsertionAndFindsEveryKey) {
   for (int i = 1; i <= 500; ++i)
     EXPECT_EQ(map.at("key " + std::to_string(i)) != nullptr, i % 3 != 2) << i;
   EXPECT_FALSE(map.erase("key 2"));
-  map.sort_by_key();
-  EXPECT_TRUE(keys(map).starts_with("key 1 key 10 key 100 key 102 "));
-  EXPECT_TRUE(map.at("key 100"));
-}
-
-TEST(Map, TextAndNumberKeysDiffer) {
-  cMapObj map;
-  map["3"] = cat::make("text");
-  map[3] = cat::make("number");
-  map.append(cat::make("next"));
-  EXPECT_EQ(cat::as_string(map.at("3")), "text");
-  EXPECT_EQ(cat::as_string(map.at(3)), "number");
-  EXPECT_EQ(cat::as_string(map.at("4")), "next") << "digits reach a number";
-  EXPECT_EQ(cat::as_index(map.end().key()), -1);
 }
 
 // Either would take minutes if it grew with the square.
@@ -96,23 +80,10 @@ TEST(Map, CopiesShareUntilTheyAreDetachedAndAssignsAreDeep) {
   EXPECT_EQ(to_json(to), R"({"x":3,"sub":{"x":["2"]}})");
 }
 
-TEST(Vector, RenumbersWhenElementsGo) {
-  cVectorObj vector;
-  for (int i = 0; i < 6; ++i)
-    vector.append(cat::make(i * 10));
-  vector.erase(1, 3);
-  EXPECT_EQ(keys(vector), "0 1 2 3 ");
-  EXPECT_EQ(cat::as_string(vector.at("1")), "30");
-  vector.erase(2, 99);
-  vector[4] = cat::make("far");
-  EXPECT_EQ(to_json(vector), R"([0,30,null,null,"far"])");
-}
-
 TEST(Values, ConvertAsAWholeOrNotAtAll) {
   bool flag = false;
   int number = 7;
   std::string text;
-  gStrList list;
   EXPECT_TRUE(cat::read(cat::make(2), flag) && flag);
   EXPECT_TRUE(cat::read(cat::make("3"), number) && number == 3);
   for (char const * bad : {"3x", "", " 3", "99999999999", "true"})
@@ -121,55 +92,11 @@ TEST(Values, ConvertAsAWholeOrNotAtAll) {
   EXPECT_EQ(number, 3);
   EXPECT_TRUE(cat::read(cat::make(-5), text) && text == "-5");
   EXPECT_FALSE(cat::read(make_ref<cMapObj>(), text) || cat::read(cat::make(gStrList("1")), text));
-  EXPECT_TRUE(cat::read(cat::make("one"), list) && list == gStrList("one"));
-  EXPECT_TRUE(cat::is_ident("_a1"));
-  for (char const * bad : {"", "1a", "a b", "a-b", "\xC3\xA4"})
-    EXPECT_FALSE(cat::is_ident(bad)) << bad;
   cRef<cObj> const value = cat::make("12");
   int const before = cObjBase::ob_count;
   cat::read(value, number);
   { cMapObj const temporary; }
   EXPECT_EQ(cObjBase::ob_count, before) << "a reader that converts frees what it makes";
-}
-
-TEST(Types, MethodsOfTheMacroTypeWorkByName) {
-  cRef<cObj> const made = cat::make(gCppMacro())->call("newobj");
-  ASSERT_TRUE(made);
-  gCppMacro * macro = cat::value_of<gCppMacro>(*made);
-  *macro = {"FOO", true, 1, 2};
-  EXPECT_EQ(cat::as_string(made->call("write")), "FOO 1 1 2");
-  std::istringstream in("BAR 0 2 1 rest");
-  EXPECT_TRUE(in >> *macro);
-  EXPECT_EQ(*macro, (gCppMacro{"BAR", false, 2, 1}));
-  cRef<cObj> const reference = made->call("newref");
-  EXPECT_TRUE(reference->is_ObjDR() && reference->equal(*made));
-  EXPECT_FALSE(made->call("no such method"));
-}
-
-TEST(Types, AFailedAssignOfAMacroIsTold) {
-  std::ostringstream errors;
-  std::streambuf * const before = eros().rdbuf(errors.rdbuf());
-  unsigned code = 0;
-  cErrSlot const slot([&](cErr & error) { code = error.code(); });
-  cRef<cObj> argument = cat::make(3);
-  cRef<cObj> const macro = cat::make(gCppMacro());
-  auto const method = macro->type().tmember("assign");
-  EXPECT_FALSE(dynamic_cast<cExeObj &>(*method).pexecute(*macro, argument));
-  eros().rdbuf(before);
-  EXPECT_TRUE(errors.str().starts_with("Method 'assign', type '")) << errors.str();
-  EXPECT_NE(code, 0u);
-}
-
-TEST(Types, ModifiersAndInsertionsEndWithTheirScope) {
-  cTypeObj parent("parent", nullptr), type(&parent, "child", nullptr);
-  cRef<cObj> const one = cat::make(1), two = cat::make(2);
-  parent.set_tmember("m", one);
-  {
-    cTypeModifier const modifier(type, "m", two);
-    cTypeInsert const insert(type);
-    EXPECT_TRUE(type.tmember("m") == two && cat::find_type("child") == &type);
-  }
-  EXPECT_TRUE(type.tmember("m") == one && !cat::find_type("child"));
 }
 
 } // namespace

@@ -3,10 +3,6 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "store/cchoiceval.h"
-#include "store/cerr.h"
-#include "store/cfactory.h"
-
 namespace {
 
 using Slot = cFunctionSlot<std::function<void()>>;
@@ -18,19 +14,6 @@ struct Signals : testing::Test {
     return Slot([this, name] { heard += name; });
   }
 };
-
-TEST_F(Signals, DeliverArgumentsToMembersAndOtherSignals) {
-  struct Receiver {
-    int sum = 0;
-    void add(int a, int b) { sum += a * b; }
-  } receiver;
-  cSignal2<int, int> first, second;
-  cSlot2<Receiver, int, int> member(receiver, &Receiver::add);
-  first.connect(second);
-  second.connect(member);
-  first(3, 4);
-  EXPECT_EQ(receiver.sum, 12);
-}
 
 // A slot that disconnects itself doesn't stop those after it; one that is connected is called from
 // the next delivery on.
@@ -77,62 +60,6 @@ TEST_F(Signals, ABlockedEndGetsNothingUntilTheLastReferenceIsGone) {
   signal();
   EXPECT_EQ(heard, "bab");
   outlives = slot('g').block();
-}
-
-TEST_F(Signals, AGuardedReferenceGivesUpWhenItsTargetGoes) {
-  struct Target {
-    cDeleteSignal gone;
-    cDeleteSignal const & delete_signal() const { return gone; }
-  };
-  cGuardedRef<Target> guard;
-  {
-    Target target;
-    guard.set(&target);
-    EXPECT_EQ(guard.get(), &target);
-  }
-  EXPECT_FALSE(guard);
-}
-
-TEST_F(Signals, ErrorsReachTheSlotsThatLive) {
-  {
-    cErrSlot const slot([&](cErr & e) { heard += std::to_string(e.code()) + e.text(); });
-    cat::publish_error(2, "x");
-  }
-  cat::publish_error(3, "y");
-  EXPECT_EQ(heard, "2x");
-}
-
-TEST_F(Signals, AChoiceTellsItsChangesAndKeepsToItsSet) {
-  cTypeObj type(&cat::typetype_choice(), "colours", [](cTypeObj & t) {
-    t.choices()[4] = cat::make("red");
-    t.choices()[7] = cat::make("green");
-  });
-  cChoiceVal fixed(&type, false), growing(&type, true);
-  Slot changed = slot('c');
-  fixed.sig_changed().connect(changed);
-  for (int position : {1, 1, 2, -1})
-    fixed = position;
-  EXPECT_EQ(cat::as_string(fixed.valref()), "green");
-  EXPECT_EQ(cat::as_index(fixed.key()), 7);
-  EXPECT_TRUE(fixed.setkey(4));
-  EXPECT_EQ(heard, "cc");
-  growing = 2;
-  EXPECT_TRUE(growing.pos() == 2 && !growing.valid());
-}
-
-struct Shape {
-  virtual ~Shape() = default;
-};
-struct Square : Shape {};
-
-TEST(Factories, MakeObjectsByNameWhileTheirEntryLives) {
-  {
-    cFactoryEntry<Shape, Square> const entry("Square", "a shape"), taken("Square", "another");
-    std::unique_ptr<Shape> const shape(cat::create_by_name<Shape>("Square"));
-    EXPECT_TRUE(dynamic_cast<Square *>(shape.get()));
-    EXPECT_EQ(cRepoImpl::get(typeid(Shape)).size(), 1u);
-  }
-  EXPECT_EQ(cat::create_by_name<Shape>("Square"), nullptr);
 }
 
 } // namespace

@@ -7,25 +7,6 @@
 
 namespace {
 
-TEST(Hash, FunctionMultipliesBeforeTheExclusiveOr) {
-  chash_fun<std::string> const hash;
-  EXPECT_EQ(hash("ab"), (97u * 31u) ^ 98u);
-  EXPECT_EQ(hash("\xFF"), 255u) << "bytes are unsigned";
-}
-
-TEST(Hash, SizesGrowByDoublingPrimes) {
-  std::size_t size = hash_new_size(98);
-  EXPECT_GE(size, 98u);
-  for (int i = 0; i < 20; ++i) {
-    std::size_t const next = hash_new_size(size + 1);
-    EXPECT_GT(next, size * 3 / 2);
-    EXPECT_LT(next, size * 5 / 2);
-    for (std::size_t divisor = 2; divisor * divisor <= size; ++divisor)
-      ASSERT_NE(size % divisor, 0u) << size;
-    size = next;
-  }
-}
-
 TEST(Hash, AgreesWithAReferenceMapUnderRandomOperations) {
   std::mt19937 random(1);
   gHash<int> table;

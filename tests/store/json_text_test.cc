@@ -22,33 +22,21 @@ TEST(PlainJson, IsTurnedIntoTheTypeThatIsWanted) {
     char const * expected;
   } const rows[] = {{number, "3", "3"},
                     {number, R"("3")", "3"},
-                    {number, "true", "1"},
                     {number, "abc", "refused"},
-                    {number, "1.5", "refused"},
                     {flag, "0", "false"},
-
-                    {flag, "yes", "refused"},
 
                     {text, R"("a\u00e4")", R"("aä")"},
                     {text, " 007 ", R"(" 007 ")"},
-                    {text, "1.50", R"("1.50")"},
-                    {text, "99999999999999999999", R"("99999999999999999999")"},
-                    {text, "-", R"("-")"},
-                    {text, "[1]", "refused"},
                     {text, "\xFF", R"({"$bytes":"ÿ"})"},
                     {text, R"({"$bytes":"ÿ"})", R"({"$bytes":"ÿ"})"},
 
-                    {list, "12", R"(["12"])"},
                     {list, R"(["a",""])", R"(["a",""])"},
-                    {list, "[1]", "refused"},
                     {macro, R"({"name":"F","action":1})",
                      R"({"name":"F","parameterized":false,"action":1,"interpretation":0})"},
                     {macro, R"({"nome":"F"})", "refused"},
-                    {macro, "F", "refused"},
                     {pairs, R"([["@f",""],["R",1]])", R"([["@f",""],["R","1"]])"},
                     {pairs, R"(["@f"])", "refused"},
                     {map, R"({"n":"4","other":5})", R"({"n":4,"other":"5"})"},
-                    {map, R"({"n":1)", "refused"},
                     {map, R"({"n":1,"n":2})", "refused"},
                     {any, R"({"a":[1,null,"$x"]})", R"({"a":[1,null,"$x"]})"},
                     {any, "no json", R"("no json")"}};

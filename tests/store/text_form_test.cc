@@ -136,18 +136,13 @@ TEST(TextForm, RefusalsTellTheLineAndArePublished) {
       {"{\n\"a\": 1,\n\"a\": 2\n}", "f:3: the key \"a\" stands twice"},
       {"{\"a\": 1, \"$b:a\": 2}", "f:1: the key \"$b:a\" stands twice"},
       {"{\n\"a\": 3000000000\n}", "f:2: the number 3000000000 is out of range"},
-      {"{\"a\": 1.5}", "f:1: the number 1.5 is no integer, or out of range"},
       {"{\"a\": 99999999999999999999}",
        "f:1: the number 99999999999999999999 is no integer, or out of range"},
       {"{\n\"a\": 1,\n\"b\":\n", "f:4: syntax error while parsing value - unexpected end of input; "
                                  "expected '[', '{', or a literal"},
-      {"{} x", "f:1: syntax error while parsing value - invalid literal; last read: '{} x'; "
-               "expected end of input"},
       {"[1]", "f:1: no map of keys and values"},
-      {"{\"$list\": []}", "f:1: no map of keys and values"},
       {"{\"a\": {\"$set\": 1}}", "f:1: a key \"$set\" that begins with \"$\""},
       {"{\"a\": {\"$list\": [], \"b\": 1}}", "f:1: a key \"b\" where an object has to end"},
-      {"{\"a\": {\"$list\": [1]}}", "f:1: a bad value of \"$list\""},
       {"{\"a\": {\"$macro\": {\"name\": \"X\", \"body\": 1}}}", "f:1: a bad value of \"$macro\""},
       {"{\"a\": {\"$bytes\": \"Ā\"}}", "f:1: a bad value of \"$bytes\""}};
   for (auto const & [text, expected] : rows) {
