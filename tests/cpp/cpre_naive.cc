@@ -7,24 +7,14 @@
 
 namespace {
 
-enum Condition {
-  code,
-  macro_args,
-  text,
-  line_head,
-  frame_skip,
-  frame_tail,
-  after,
-  skip,
-  directive
-};
+enum State { code, macro_args, text, line_head, frame_skip, frame_tail, after, skip, directive };
 
 struct Naive {
   std::string const & in;
   NaiveOptions const & options;
   std::size_t at = 0;
   std::string out{}, close{}, frame{};
-  Condition condition = code;
+  State condition = code;
   char previous = '\n';
   bool line_comment = false, keep_args = false;
 
@@ -36,17 +26,17 @@ struct Naive {
   void step();
 
   // What actions do; they answer false for reject.
-  bool drop(std::string const & token, Condition next) {
+  bool drop(std::string const & token, State next) {
     condition = next;
     at += token.size();
     previous = in[at - 1];
     return true;
   }
-  bool echo(std::string const & token, Condition next) {
+  bool echo(std::string const & token, State next) {
     out += token;
     return drop(token, next);
   }
-  bool hold(std::string const & token, Condition next) {
+  bool hold(std::string const & token, State next) {
     frame += token;
     return drop(token, next);
   }
@@ -63,7 +53,7 @@ using N = Naive;
 using T = std::string const;
 
 struct Rule {
-  std::vector<Condition> conditions;
+  std::vector<State> conditions;
   bool at_line_head;
   char const * pattern;
   std::size_t context; // length of what the pattern looks at behind the match
@@ -73,13 +63,13 @@ struct Rule {
 #define ESCAPE R"re(\\(?:['"?\\abfnrtv]|[0-7]{1,3}|x[0-9A-Fa-f]+))re"
 #define REST_OF_LINE R"re((?:[^\n\\]|\\\n|\\)*)re"
 
-template <Condition next> bool drop(N & n, T & t) {
+template <State next> bool drop(N & n, T & t) {
   return n.drop(t, next);
 }
-template <Condition next> bool echo(N & n, T & t) {
+template <State next> bool echo(N & n, T & t) {
   return n.echo(t, next);
 }
-template <Condition next> bool drop_but_line(N & n, T & t) {
+template <State next> bool drop_but_line(N & n, T & t) {
   n.out += '\n';
   return n.drop(t, next);
 }
@@ -154,7 +144,7 @@ bool not_followed(N & n, T &) {
   return true;
 }
 
-std::vector<Condition> const comment = {text, line_head, frame_skip, frame_tail};
+std::vector<State> const comment = {text, line_head, frame_skip, frame_tail};
 Rule const rules[] = {
     {{code}, true, "[ \t]*#[ \t]*el(?:if|se)" REST_OF_LINE, 0, drop<skip>},
     {{code}, true, "[ \t]*#", 0, drop<directive>},

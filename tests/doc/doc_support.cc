@@ -44,8 +44,7 @@ DocWorld::DocWorld() {
       {"@f", "", 0, 0, "", "function"}, {"Unit", ":", 0, 0, "", "unit"},
       {"@colon", ":", 0, 0, "", "var"}, {"@s", "", 0, 2, "", "type"},
       {"@n", "", 1, 1, ":;", "member"}, {"@d", "", 2, 1, ";", "class"},
-      {"@l", "", 2, 1, "", "method"},   {"@z", "", 2, 0, ";", "class"},
-      {"@o", "", 3, 0, "", "class"},    {"@x", "", 0, 0, "", "text"},
+      {"@l", "", 2, 1, "", "method"},   {"@x", "", 0, 0, "", "text"},
       {"@text", "", 0, 0, "", "text"},
   };
   for (auto const & unit : units) {

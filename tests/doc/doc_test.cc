@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 #include "doc/dense_cases.h"
 #include "doc/doc_support.h"
 #include "parse/grammar_conflicts.h"
@@ -89,24 +88,6 @@ TEST(DocParse, ReadsAnythingAndForgetsIt) {
   }
 }
 
-TEST(DocParse, PatternsOfSpecialOpeners) {
-  DocWorld world;
-  Vapp::options["ana"]["srcpat_unit"]["spt_2star"]["attr"]["UNITTYPE"] = cat::make("class");
-  gUEKeywords.build_keywords();
-  ASSERT_TRUE(gUEKeywords.star_pattern());
-  doc_parse parser;
-  parser.reset();
-  std::string text = "\n\n@_vlbcom @_vlukwd  star @_vlecom @_vlbcom  @_vlukwd  slash @_vlecom ";
-  parser.scanner().open_text(gSrcFile(gPathstring("a.cpp"), gPathstring(), 1), text);
-  EXPECT_EQ(parser.parse(), 0);
-  ASSERT_EQ(gUnnamedUnits.total(), 1u);
-  gDocUnit & unit = *(*gUnnamedUnits.begin()).value->begin()->second;
-  EXPECT_EQ(unit.get_attr("UNITTYPE"), "class");
-  EXPECT_EQ(unit.loc().line(), 3);
-  EXPECT_EQ(show(*unit.subentries().find("@description")), " |star| ");
-  EXPECT_EQ(world.outside.report_text(), "");
-}
-
 // What a long or broken input gives: the end of a fatal error, or the number of units.
 std::string outcome(std::string const & text) {
   DocWorld world;
@@ -139,21 +120,9 @@ TEST(DocParse, WorstInputs) {
       {marked("/* @f " + std::string(1023, 'x') + " */"), "read 1"},
       {marked("/* @f " + std::string(1024, 'x') + " */"), overflow},
       {marked("/* @f" + many(100'000, " @em{a}\n- b\n") + "*/"), "read 1"},
-      {marked("/*" + many(100'000, "@f a\n") + "*/"), "read 100000"},
-      {marked("/* @f a" + std::string(1'000'000, '\n') + "b */"), "read 1"},
-      {marked("/* @f a" + std::string(5000, ' ') + "b" + std::string(5000, '\n') + "c */"),
-       "read 1"},
-      {marked("/* @n " + std::string(5000, '\n') + "id" + std::string(5000, ' ') + "b */"),
-       "read 0"},
       {marked("/* free" + std::string(5000, '\n') + "Unit: x */"), "read 1"},
-      {marked("/* " + many(3000, "free words ") + "\n\n" + many(3000, "more words ") + " @f x */"),
-       "read 1"},
-      {marked("/* @f x\n" + many(3000, "words in one line ") + " */"), "read 1"},
-      {std::string(100'000, '{') + many(10'000, "@"), "read 0"},
-      {marked("/* @f x */ /* never closed"), "failed 1"},
       {marked("/* @f x */ /* @f @em{never closed"), "failed 1"},
       {marked("/* @f x */ /* @f @b_verbatim never closed\n\n@em{x} */"), "failed 1"},
-      {marked("/* @f x\\*/"), "read 1"},
       {marked("/* @f ") + std::string("a\0b", 3) + marked(" */"), "read 1"},
   };
   for (auto const & one : cases)

@@ -41,22 +41,16 @@ protected:
 TEST_F(FileList, folders_times_names_and_what_is_missing_is_told_once) {
   char const * const cases[][3] = {
       {".", "*.cc; *.h; a.h", "a.h B.h b.h x.cc"},
-      {"src/one;src/two", "*.cc", "src/two/f.cc"},
       {"src/one;./src//one/", "c.h", "src/one/c.h"},
       {"src", "*/c.h;two/*.cc", "src/one/c.h src/two/f.cc"},
-      {"src/two", "../notes.txt", "src/notes.txt"},
       {"src/*", "*.h", "src/one/c.h src/two/e.h"},
       {"s?c/*/deep", "*.h", "src/one/deep/d.h"},
       {"src/**", "*.h", "src/one/c.h src/one/deep/d.h src/two/e.h"},
       {"**", "*.cc;?.h", "a.h B.h b.h src/one/c.h src/one/deep/d.h src/two/e.h src/two/f.cc x.cc"},
       {"", ".#*", ".#a.h"},
-      {"src", "", ""},
-      {"**/deep", "*.h", "src/one/deep/d.h"},
-      {"", "b.h", "b.h"},
       {"", "A.H", "a.h"},
       {"none; src/one", "*.h;*.cc;c.h",
        "src/one/c.h ! Folder does not exist: none ! No file matches: src/one/*.cc"},
-      {"src/x*", "*.h", "! Folder does not exist: src/x*"},
       {"src/one;src/two", "*.pas", "! No file matches: *.pas"},
       {"a.h", "*", "! Folder does not exist: a.h"},
       {"src", "/no/such.h", "! No file matches: /no/such.h"}};

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdlib>
 
 #include <gtest/gtest.h>
@@ -130,29 +129,6 @@ TEST_F(Messages, a_log_that_cannot_be_made_or_written_is_noticed) {
   EXPECT_FALSE(log.close_logfile());
   ASSERT_TRUE(log.open_logfile(folder.path("ana.log")));
   EXPECT_TRUE(log.close_logfile()) << "an earlier failure doesn't stick";
-}
-
-TEST_F(Messages, an_internal_diagnostic_is_free_text_with_its_place) {
-  VLB_UNEXPECTED(" Unknown keyword type: ", 42);
-  ASSERT_EQ(outside.log_lines.size(), 2u);
-  EXPECT_EQ(outside.log_lines[0],
-            "INTERNAL ERROR: Please send the following message to the authors:");
-  EXPECT_TRUE(outside.log_lines[1].starts_with("    gmsghandler_test.cc("));
-  EXPECT_TRUE(outside.log_lines[1].ends_with(") Unknown keyword type: 42")) << outside.log_lines[1];
-}
-
-TEST_F(Messages, the_summary_counts_one_run_and_times_have_their_form) {
-  log(Msg::error, Msg::no_citation_open);
-  begin_run(log);
-  log(Msg::warning, Msg::empty_curclass);
-  log.put_time();
-  log() << " - ";
-  log.put_summary();
-  log() << std::endl;
-  ASSERT_EQ(outside.log_lines.size(), 1u);
-  std::string line = outside.log_lines[0];
-  std::replace_if(line.begin(), line.begin() + 19, Vlb::is_digit, '9');
-  EXPECT_EQ(line, "99/99/9999 99:99:99 - 0 error(s), 1 warning(s)");
 }
 
 TEST_F(Messages, the_manual_tells_every_numbered_report_with_its_text) {

