@@ -140,6 +140,7 @@ void ana_thread() {
   Vapp::ana_active = true;
   Vapp::ana_success = false;
   try {
+    Vapp::incomplete_files().clear();
     gUEKeywords.build_keywords();
     Msg::cur_errtaglist().reset();
     gCounters.units = 0;

@@ -86,6 +86,16 @@ bool is_intermediate(fs::path const & path) {
   return file.gcount() == 0 || head == std::string_view(begin, file.gcount());
 }
 
+// What a conversion was writing when it was cut off.
+bool is_unfinished(std::string const & name) {
+  for (std::string const target : {"htm", "rtf", "hlp"}) {
+    if (name == target + ".log" || name.starts_with(target + ".new/") ||
+        name.starts_with(target + ".old/"))
+      return true;
+  }
+  return false;
+}
+
 // By what the environment says and by what the system knows; the first can be missing or changed.
 std::vector<std::string> home_folders() {
   std::vector<std::string> folders;
@@ -147,7 +157,7 @@ std::set<std::string> gOutputFolder::recorded() const {
 bool gOutputFolder::is_own(std::string const & name, std::set<std::string> const & known) const {
   if (name == unreadable)
     return false;
-  if (known.contains(name) || name == "ana.log")
+  if (known.contains(name) || name == "ana.log" || is_unfinished(name))
     return true;
   // A run that was cut off hasn't written its list.
   return is_intermediate(gPathstring(path_).append(name).c_str());

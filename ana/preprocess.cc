@@ -5,7 +5,9 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
+#include "ana/foreign.h"
 #include "ana/parser/cpre_scan.h"
+#include "ana/parser/ppre_scan.h"
 #include "ana/stages.h"
 #include "vlb/gfilesystem.h"
 
@@ -20,13 +22,17 @@ public:
   bool write_failed() const { return write_failed_; }
 
 private:
-  int mark_comments(gSrcFile const & file, gSrcFile const & copy);
+  int mark_comments(gPreScanBase & scanner, gSrcFile const & file, gSrcFile const & copy);
   void wrap_text(gSrcFile const & file, gSrcFile const & copy);
+  bool write_copy(gSrcFile const & copy, std::initializer_list<std::string_view> parts);
+  bool adopt(gSrcFile const & copy);
   void give_up(gMessage const & message, gPathstring const & path);
 
   cpre_scan cpp_{scanner_size};
+  ppre_scan pascal_{scanner_size};
   int number_ = 0;
   bool write_failed_ = false;
+  bool foreign_tags_ = Vapp::option_bool("ana/foreign_tags", false);
 };
 
 // Reports a fault in the environment; the next file is taken.
@@ -47,32 +53,56 @@ int Preprocessor::run(gSrcFile const & file) {
   gSrcFile const copy(path, file.opath(), number_);
   switch (file.language()) {
   case gLanguage::cpp:
-    return mark_comments(file, copy);
+    return mark_comments(cpp_, file, copy);
   case gLanguage::pascal:
-    return 1; // there is no reader for this language yet
+    return mark_comments(pascal_, file, copy);
   case gLanguage::text:
     wrap_text(file, copy);
   }
   return 0;
 }
 
-int Preprocessor::mark_comments(gSrcFile const & file, gSrcFile const & copy) {
-  cpp_.reset();
-  if (cpp_.close_infile() != 0)
-    cpp_.error(Msg::error, Msg::cannot_close, cpp_.cur_infile().opath());
-  cpp_.open_infile(file);
+int Preprocessor::mark_comments(gPreScanBase & scanner, gSrcFile const & file,
+                                gSrcFile const & copy) {
+  scanner.reset();
+  if (scanner.close_infile() != 0)
+    scanner.error(Msg::error, Msg::cannot_close, scanner.cur_infile().opath());
+  scanner.open_infile(file);
   // A file that broke off in the middle may have left its copy open; that copy is of no use.
-  cpp_.close_outfile();
-  cpp_.open_outfile(copy);
-  if (int const result = cpp_.scan())
+  scanner.close_outfile();
+  scanner.open_outfile(copy);
+  if (int const result = scanner.scan())
     return result;
-  if (cpp_.close_outfile() != 0) {
+  if (scanner.close_outfile() != 0) {
     write_failed_ = true;
     give_up(Msg::cannot_close, copy.path());
     return 0;
   }
-  gInputFiles.push_back(copy);
+  if (!foreign_tags_ || adopt(copy))
+    gInputFiles.push_back(copy);
   return 0;
+}
+
+// Comments in the mark-up of other systems become text units.
+bool Preprocessor::adopt(gSrcFile const & copy) {
+  std::string text;
+  if (gFileSystem::read_file(copy.path(), text))
+    return write_copy(copy, {adopt_comments(text, copy.language())});
+  give_up(Msg::cannot_read, copy.path());
+  return false;
+}
+
+bool Preprocessor::write_copy(gSrcFile const & copy,
+                              std::initializer_list<std::string_view> parts) {
+  std::ofstream out(copy.path(), std::ios::binary | std::ios::trunc);
+  for (std::string_view part : parts)
+    out << part;
+  out.close();
+  if (out)
+    return true;
+  write_failed_ = true;
+  give_up(Msg::cannot_write, copy.path());
+  return false;
 }
 
 // A text file is one single comment.
@@ -84,15 +114,8 @@ void Preprocessor::wrap_text(gSrcFile const & file, gSrcFile const & copy) {
   }
   if (text.starts_with("\xEF\xBB\xBF"))
     text.erase(0, 3);
-  std::ofstream out(copy.path(), std::ios::binary | std::ios::trunc);
-  out << "@_vlbcom " << text << "@_vlecom\n";
-  out.close();
-  if (!out) {
-    write_failed_ = true;
-    give_up(Msg::cannot_write, copy.path());
-    return;
-  }
-  gInputFiles.push_back(copy);
+  if (write_copy(copy, {"@_vlbcom ", text, "@_vlecom\n"}))
+    gInputFiles.push_back(copy);
 }
 
 } // namespace

@@ -3,22 +3,28 @@
 
 #include "ana/file_loop.h"
 #include "ana/parser/cpp_parse.h"
+#include "ana/parser/pas_parse.h"
 #include "ana/stages.h"
 
 namespace {
 
+constexpr int stack_size = 150;
+
 // Files without program code are passed over.
 char const * label_of_code(gSrcFile const & file) {
-  return file.language() == gLanguage::cpp ? language_label(file.language()) : nullptr;
+  return file.language() == gLanguage::text ? nullptr : language_label(file.language());
 }
 
 } // namespace
 
 void ana_program_code(std::list<gSrcFile> const & files) {
-  cpp_parse parser(150);
+  cpp_parse cpp(stack_size);
+  pas_parse pascal(stack_size);
   Msg::log(Msg::status, Msg::analyzing_code);
   file_loop(files, Msg::analyzing_code, Msg::code_failed, label_of_code,
             [&](gSrcFile const & file) {
+              bool const is_pascal = file.language() == gLanguage::pascal;
+              gVLParseBase & parser = is_pascal ? static_cast<gVLParseBase &>(pascal) : cpp;
               parser.reset();
               parser.set_input(file);
               return parser.parse();

@@ -25,7 +25,7 @@ void set_up_project() {
   Vapp::complete_options(Vapp::options);
   auto group = make_ref<cMapObj>();
   (*group)["path"] = cat::make(folder + "/**");
-  (*group)["files"] = cat::make("*.h;*.hpp;*.hxx;*.c;*.cpp;*.cxx");
+  (*group)["files"] = cat::make("*.h;*.hpp;*.hxx;*.c;*.cpp;*.cxx;*.p;*.pas");
   Vapp::options["inputfiles"]["1"] = cRef<cObj>(group);
   Vapp::options["inputcurdir"] = cat::make(folder);
   // Reports would be measured too.

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Writes generated C++ headers of a wanted total size: generate.py FOLDER BYTES.
+"""Writes generated sources of a wanted total size: generate.py FOLDER BYTES [cpp|pascal].
 
-The mix is that of ordinary code: classes with documented and plain members, functions with bodies,
-templates, enumerations, macros, long comments. The same arguments give the same bytes.
+The mix is that of ordinary code: classes with documented and plain members, routines with bodies,
+types, constants, long comments; in C++ also templates and macros. The same arguments give the same
+bytes.
 """
 import os
 import random
@@ -65,20 +66,84 @@ def other(rnd, number):
     ])
 
 
+def header(rnd, file_number, size, bases):
+    text = f"#ifndef FILE_{file_number}\n#define FILE_{file_number}\n\n"
+    number = file_number * 1000
+    while len(text) < size:
+        number += 1
+        makers = (function, function, other)
+        text += a_class(rnd, number, bases) if rnd.random() < 0.3 else rnd.choice(makers)(rnd, number)
+    return text + "#endif\n"
+
+
+def pascal_comment(rnd, keyword):
+    if rnd.random() < 0.6:
+        return "".join(f"  // {sentence(rnd, 11)}\n" for _ in range(rnd.randint(1, 4)))
+    result = f"\n    @return {sentence(rnd, 4)}" if keyword == "function" else ""
+    return (f"  {{ @{keyword} {sentence(rnd, 8)}\n    {sentence(rnd, 10)} @em{{{rnd.choice(WORDS)}}}\n\n"
+            f"    - {sentence(rnd, 6)}\n    - {sentence(rnd, 5)}{result} }}\n")
+
+
+def pascal_class(rnd, number, bases):
+    base = f"({rnd.choice(bases)})" if bases and rnd.random() < 0.6 else ""
+    names = [name(rnd, i) for i in range(rnd.randint(3, 12))]
+    text = pascal_comment(rnd, "class") + f"  TClass{number} = class{base}\n  private\n    FSize: Integer;\n"
+    text += "  public\n    constructor Create(ASize: Integer);\n"
+    bodies = f"constructor TClass{number}.Create(ASize: Integer);\nbegin\n  FSize := ASize;\nend;\n\n"
+    for member in names:
+        head = f"{member}(A: Integer; const Other: TClass{number}): Boolean;"
+        text += f"    // {sentence(rnd, 6)}\n    function {head} virtual;\n"
+        bodies += f"function TClass{number}.{head}\nbegin\n  if (A > {number}) and (Other <> nil) then\n"
+        bodies += f"    case A of 1: Inc(FSize); end; // {sentence(rnd, 4)}\n  Result := A <> 0;\nend;\n\n"
+    text += f"  published\n    property Size{number}: Integer read FSize write FSize default 0;\n  end;\n\n"
+    bases.append(f"TClass{number}")
+    return "type\n" + text, bodies
+
+
+def pascal_routine(rnd, number, _):
+    head = f"function {name(rnd, number)}(Count: Integer; const Text: string; var Sum: Integer): Integer;\n"
+    lines = "".join(f"  if (Text[{i + 1}] = 'x') and (Count > {i}) then\n    Inc(Sum, Count * {i});\n"
+                    for i in range(rnd.randint(1, 8)))
+    return pascal_comment(rnd, "function") + head + "\n", head + "begin\n" + lines + "  Result := Sum;\nend;\n\n"
+
+
+def pascal_other(rnd, number, _):
+    return rnd.choice([
+        f"type\n  TKind{number} = (First{number}, Second{number}, Third{number});\n\n",
+        f"type\n  TPoint{number} = record\n    X, Y: Integer;\n    Name: string[20];\n  end;\n\n",
+        f"const\n  Limit{number} = {rnd.randint(1, 9999)};\n  Names{number}: array[0..1] of string = ('a', '{{');\n\n",
+        f"var\n  Table{number}: array[0..{number}] of Integer;\n\n",
+    ]), ""
+
+
+def pascal_unit(rnd, file_number, size, bases):
+    text = f"{{ @unit {sentence(rnd, 12)} }}\nunit file{file_number:05};\n\n{{$MODE DELPHI}}\n\ninterface\n\n"
+    text += "uses Classes, SysUtils;\n\n"
+    bodies = "implementation\n\n"
+    number = file_number * 1000
+    while len(text) + len(bodies) < size:
+        number += 1
+        makers = (pascal_routine, pascal_routine, pascal_other)
+        make = pascal_class if rnd.random() < 0.3 else rnd.choice(makers)
+        declaration, body = make(rnd, number, bases)
+        text += declaration
+        bodies += body
+    return text + bodies + "end.\n"
+
+
+LANGUAGES = {"cpp": (header, "h"), "pascal": (pascal_unit, "pas")}
+
+
 def main():
     folder, wanted = sys.argv[1], int(sys.argv[2])
+    make, extension = LANGUAGES[sys.argv[3] if len(sys.argv) > 3 else "cpp"]
     rnd = random.Random(1)
     os.makedirs(folder, exist_ok=True)
-    written = number = file_number = 0
+    written = file_number = 0
     bases = []
     while written < wanted:
-        text = f"#ifndef FILE_{file_number}\n#define FILE_{file_number}\n\n"
-        while len(text) < min(FILE_SIZE, wanted - written):
-            number += 1
-            makers = (function, function, other)
-            text += a_class(rnd, number, bases) if rnd.random() < 0.3 else rnd.choice(makers)(rnd, number)
-        text += "#endif\n"
-        with open(os.path.join(folder, f"file{file_number:05}.h"), "w") as out:
+        text = make(rnd, file_number, min(FILE_SIZE, wanted - written), bases)
+        with open(os.path.join(folder, f"file{file_number:05}.{extension}"), "w") as out:
             out.write(text)
         written += len(text)
         file_number += 1

@@ -119,6 +119,9 @@ void gTextUnit::emit(std::ostream & stream) {
   if (gSubText const * text = std::as_const(*this).subentries().find("text"))
     write_text(stream, "", {}, "", *text, "@end\n");
   release_texts();
+  // A class block may have placed its members below a running text.
+  for (cRef<gDocNode> const & child : children())
+    child->emit(stream);
 }
 
 void gTextUnit::write_head(std::ostream & stream) const {

@@ -25,7 +25,7 @@ void cpp_scan_base::reset() {
   macro_code_ = 0;
   macro_name_.clear();
   comment_line_ = 0;
-  units_known_ = false;
+  free_comments_.reset();
   begin(code());
 }
 
@@ -116,23 +116,6 @@ int cpp_scan_base::begin_comment() {
 
 int cpp_scan_base::end_comment() {
   begin(after_comment_);
-  record_comment(line());
+  free_comments_.record(cur_infile(), comment_line_, line());
   return scan_go_on;
-}
-
-void cpp_scan_base::find_units() {
-  units_known_ = true;
-  named_units_ = gNamedUnits.map_of(cur_infile());
-  unnamed_units_ = gUnnamedUnits.map_of(cur_infile());
-}
-
-// A comment that a text unit came from is of no use to the association.
-void cpp_scan_base::record_comment(int last_line) {
-  if (!units_known_)
-    find_units();
-  for (Units const * units : {named_units_, unnamed_units_})
-    if (units && units->has_in(comment_line_, last_line + 1))
-      return;
-  gComments.insert_at({cur_infile(), comment_line_},
-                      make_ref<gCmt>(cur_infile(), comment_line_, last_line));
 }

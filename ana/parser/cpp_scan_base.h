@@ -2,10 +2,10 @@
 // records those without a text unit.
 #pragma once
 
-#include "ana/anadat/tables.h"
 #include "ana/parser/cpp_macros.h"
 #include "ana/parser/cpp_tokens.h"
 #include "ana/parser/cpp_value.h"
+#include "ana/parser/free_comments.h"
 #include "vlb/parse/scan_base.h"
 
 class cpp_scan_base : public gScanBase {
@@ -54,13 +54,9 @@ public:
   int end_comment();
 
 private:
-  using Units = gFileObjTable<cRef<gDocUnit>>::Map;
-
   int code() const { return macros_.empty() ? PLAIN_CODE : CODE; }
   int classify(int otherwise);
   int macro_token(int code, gString && text);
-  void record_comment(int last_line);
-  void find_units();
 
   cpp_value value_;
   bool collect_ = false;
@@ -69,9 +65,5 @@ private:
   gString macro_name_;
   int comment_line_ = 0;  // where the comment being skipped began
   int after_comment_ = 0; // the condition that it interrupted
-
-  // The text units of the file, looked up at its first comment.
-  bool units_known_ = false;
-  Units const * named_units_ = nullptr;
-  Units const * unnamed_units_ = nullptr;
+  gFreeComments free_comments_;
 };

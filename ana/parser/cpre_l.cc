@@ -58,8 +58,7 @@ gScanRule<S> const rules[] = {
     // Comments.
     {comment, R"re([ \t]*\*\/)re", [](S & s) { return s.block_end(); }},
     {comment, R"re([ \t]*\n)re", [](S & s) { return s.line_end(); }},
-    {in({S::CMT_LINEHEAD, S::CMT_FRAMETAIL}), R"re(\R[ \t]+)re",
-     [](S & s) { return s.hold_blanks(); }},
+    {in({S::CMT_LINEHEAD, S::CMT_FRAMETAIL}), R"re(\R[ \t]+)re", [](S & s) { return s.hold(); }},
     {in({S::CMT_LINEHEAD}), R"re([ \t]*[^ \t\n])re", [](S & s) { return s.line_head(); }},
     {in({S::CMT_LINEHEAD}), R"re("****"/[^/])re", [](S & s) { return s.line_head(); }},
     {in({S::CMT_LINEHEAD}), R"re(\R[^ \t\n*]+)re", [](S & s) { return s.line_head(); }},

@@ -1,20 +1,16 @@
-// What the rules of the C/C++ comment preprocessor do. A comment line passes through three
-// conditions: its head is held back in case the whole line is decoration, then frame characters
-// become blanks, then its text is copied, with frame characters held back in case the line ends.
+// What the rules of the C/C++ comment preprocessor do: code, directives, macros, and where comments
+// begin and end.
 #include "ana/parser/cpre_scan_base.h"
 
 #include "ana/parser/cpp_long_words.h"
 #include "app/options/options.h"
 
-namespace {
-
-bool is_blank(char c) {
-  return c == ' ' || c == '\t';
-}
-
-} // namespace
-
-cpre_scan_base::cpre_scan_base(int size) : gPreScanBase(size) {
+cpre_scan_base::cpre_scan_base(int size)
+    : gPreScanBase(size, {.line_head = CMT_LINEHEAD,
+                          .frame_skip = CMT_FRAMESKIP,
+                          .text = CMT_TEXT,
+                          .frame_tail = CMT_FRAMETAIL,
+                          .after = CMT_AFTER}) {
   load_options();
 }
 
@@ -30,11 +26,6 @@ void cpre_scan_base::load_options() {
   macros_.load();
   frame_chars_.assign(Vapp::option_string("ana/cpp_frame"));
   line_chars_.assign(Vapp::option_string("ana/cpp_line"));
-}
-
-int cpre_scan_base::echo() {
-  ECHO(token());
-  return scan_go_on;
 }
 
 int cpre_scan_base::plain_code() {
@@ -108,88 +99,16 @@ int cpre_scan_base::open_slash_comment() {
 int cpre_scan_base::block_end() {
   if (line_comment_)
     return scan_reject;
-  begin(CMT_AFTER);
-  close_text_ = "@_vlecom ";
-  frame_run_.clear();
-  return scan_go_on;
+  return close_comment();
 }
 
 int cpre_scan_base::line_end() {
+  if (line_comment_) {
+    back();
+    return close_comment();
+  }
   frame_run_.clear();
-  if (!line_comment_) {
-    begin(CMT_LINEHEAD);
-    return echo();
-  }
-  begin(CMT_AFTER);
-  close_text_ = "@_vlecom ";
-  back();
-  return scan_go_on;
-}
-
-int cpre_scan_base::hold_blanks() {
-  frame_run_ += token();
-  return scan_go_on;
-}
-
-// Blanks and characters that may be decoration, up to the first that can't.
-int cpre_scan_base::line_head() {
-  for (char c : token())
-    if (!is_blank(c) && !line_chars_.has(c))
-      return give_head_back();
-  return hold_blanks();
-}
-
-// The line has text: its head is read again, as a frame to be removed.
-int cpre_scan_base::give_head_back() {
-  begin(CMT_FRAMESKIP);
-  back();
-  if (!frame_run_.empty())
-    push_back(frame_run_);
-  frame_run_.clear();
-  return scan_go_on;
-}
-
-// Frame characters become blanks, so that columns stay.
-int cpre_scan_base::skip_frame() {
-  std::string_view const text = token();
-  std::size_t i = 0;
-  for (; i < text.size(); ++i)
-    if (is_blank(text[i]))
-      ECHO(text[i]);
-    else if (frame_chars_.has(text[i]))
-      ECHO(' ');
-    else
-      break;
-  if (i < text.size()) {
-    begin(CMT_TEXT);
-    write_text(text.substr(i));
-  }
-  return scan_go_on;
-}
-
-int cpre_scan_base::comment_text() {
-  write_text(token());
-  return scan_go_on;
-}
-
-// Frame characters with text behind them are text; those at the end may be the line's tail.
-void cpre_scan_base::write_text(std::string_view text) {
-  std::size_t end = text.size();
-  while (end > 0 && (is_blank(text[end - 1]) || frame_chars_.has(text[end - 1])))
-    --end;
-  std::size_t const tail = end + frame_chars_.find_in(text.substr(end));
-  ECHO(text.substr(0, tail));
-  if (tail < text.size()) {
-    begin(CMT_FRAMETAIL);
-    frame_run_ += text.substr(tail);
-  }
-}
-
-int cpre_scan_base::frame_tail() {
-  if (frame_chars_.has(token().front()))
-    return hold_blanks();
-  begin(CMT_TEXT);
-  write_frame();
+  begin(CMT_LINEHEAD);
   return echo();
 }
 

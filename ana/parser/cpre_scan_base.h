@@ -29,7 +29,6 @@ public:
 
   // What the rules call. Code, directives and branches:
   int drop() { return scan_go_on; }
-  int echo();
   int plain_code();
   int drop_and_enter(int condition);
   int continue_directive();
@@ -47,17 +46,10 @@ public:
   int open_slash_comment();
   int block_end();
   int line_end();
-  int hold_blanks();
-  int line_head();
-  int skip_frame();
-  int comment_text();
-  int frame_tail();
   int next_comment();
   int after_comment();
 
 private:
-  int give_head_back();
-  void write_text(std::string_view text);
   // The condition of code that suits the macros of the project.
   int code() const { return macros_.empty() ? PLAIN_CODE : CODE; }
 

@@ -99,6 +99,8 @@ cRef<cMapObj> option_schema() {
   schema->set("attr", any_key(attribute_record()));
   schema->set("cppmacros", any_key(cat::make(gCppMacro())));
   schema->set("unitconfig", any_key(any_key(cat::make(0))));
+  // Off where it is left out.
+  (*schema)["ana"]["foreign_tags"] = cat::make(false);
   (*schema)["ana"]["srcpat_unit"] = any_key(pattern_record());
   (*schema)["ana"]["srcpat_subentry"] = any_key(subentry_record());
   (*schema)["hlp"]["hm_files"] = any_element(cat::make(""));

@@ -62,6 +62,11 @@ void set_program_dir(gPathstring const & folder) {
   program_folder() = folder;
 }
 
+std::set<gPathstring> & incomplete_files() {
+  static std::set<gPathstring> files;
+  return files;
+}
+
 void poll_break() {
   if (user_break)
     throw gExcUserBreak();

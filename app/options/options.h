@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <set>
 
 #include "store/cmapobj.h"
 #include "vlb/gpathstring.h"
@@ -17,6 +18,10 @@ extern std::atomic<bool> ana_active;    // a run is in progress
 extern std::atomic<bool> ana_success;   // the intermediate code of the last run is usable
 extern std::atomic<bool> output_active; // a conversion is in progress
 extern std::atomic<bool> user_break;    // the user asked for an orderly stop
+
+// Sources that the last run could not read whole, by their paths. The worker's while a run or a
+// conversion is in progress.
+std::set<gPathstring> & incomplete_files();
 
 // Throws gExcUserBreak if user_break is set.
 void poll_break();

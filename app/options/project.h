@@ -44,6 +44,9 @@ public:
   bool ask_to_save();
   // Lets the user choose a project until one loads; false when cancelled.
   bool open();
+  // Loads a project that was named from outside, after the same question; if that fails, the user
+  // chooses another one. False if there is no project then.
+  bool open_file(gPathstring const & path);
   // Begins a new project; it isn't written yet. False if the changes of the one before are at risk.
   bool create(gNewProject const & fields);
   // What happens at the start: init of all global objects and, if the user wants it and no project

@@ -108,6 +108,15 @@ bool gProject::open() {
   }
 }
 
+bool gProject::open_file(gPathstring const & path) {
+  if (!ask_to_save())
+    return false;
+  if (load(path))
+    return true;
+  load_failed_box(path);
+  return open();
+}
+
 bool gProject::create(gNewProject const & fields) {
   if (!ask_to_save())
     return false;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -113,4 +114,13 @@ void write_all(RunProject const & project, std::string const & text) {
     }
   }
   flush();
+}
+
+void compare_golden(std::string const & folder, std::map<std::string, std::string> const & files) {
+  for (auto const & [name, text] : files) {
+    if (std::getenv("VELLUMAR_UPDATE"))
+      std::ofstream(folder + "/" + name) << text;
+    std::ifstream file(folder + "/" + name, std::ios::binary);
+    EXPECT_EQ(text, std::string(std::istreambuf_iterator<char>(file), {})) << name;
+  }
 }

@@ -37,3 +37,6 @@ public:
 void write_all(RunProject const & project, std::string const & text);
 
 std::string replaced(std::string text, std::string const & what, std::string const & by);
+
+// Compares with the files of a folder; with VELLUMAR_UPDATE=1 it writes them anew.
+void compare_golden(std::string const & folder, std::map<std::string, std::string> const & files);

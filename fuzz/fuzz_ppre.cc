@@ -1,0 +1,17 @@
+// The comment preprocessor of Pascal sources, on any bytes.
+
+#include "ana/parser/ppre_scan.h"
+#include "quiet_run.h"
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
+  fuzz_one([&] {
+    static gSrcFile const sink("/dev/null", "", 0);
+    static ppre_scan scanner(gScanBase::standard_size);
+    scanner.reset();
+    scanner.open_text(gSrcFile("fuzz.pas", "", 0), fuzz_text(data, size));
+    scanner.open_outfile(sink);
+    scanner.scan();
+    scanner.close_outfile();
+  });
+  return 0;
+}
