@@ -3,7 +3,9 @@
 namespace Msg {
 
 // Numbers fall into bands: 10 to 23 scanner, parser and file faults; 100 to 104 failure of a
-// stage; 110 to 207 faults in the input; 301 to 342 documentation errors; 401 to 461 warnings.
+// stage; 110 to 207 faults in the input; 301 to 342 documentation errors; 401 to 461 warnings;
+// 500 to 509 intermediate code; 510 to 519 transformation scripts and references; from 520
+// conversions.
 gMessage const lexical_error(10, "Lexical error with character: ");
 gMessage const syntax_error(11, "Syntax error with token: ");
 gMessage const cannot_read(20, "Cannot read from file: ");
@@ -81,6 +83,34 @@ gMessage const empty_curclass(451, "$curclass is empty.");
 gMessage const empty_unit_variable(452, "Unit variable has empty value: ");
 gMessage const no_hierarchy_for_unit(460, "No class hierarchy for this unit type: ");
 gMessage const no_hierarchy_for_file(461, "No class hierarchy for this file type: ");
+gMessage const atc_unknown_command(500, "Unknown command in the intermediate code: ");
+gMessage const atc_misplaced(501, "Out of place in the intermediate code: ");
+gMessage const atc_parameters(502, "Wrong parameters in the intermediate code: ");
+gMessage const atc_unclosed(503, "Never closed in the intermediate code: ");
+gMessage const atc_too_deep(504, "Nested too deeply in the intermediate code: ");
+gMessage const atc_number(505, "Invalid number in the intermediate code: ");
+gMessage const atc_text_outside(506, "Text outside of units in the intermediate code: ");
+gMessage const atc_version(507, "Unknown version of the intermediate code: ");
+gMessage const atc_truncated(508, "The intermediate code ends too early: ");
+gMessage const atc_more_faults(509,
+                               "More faults in this unit of the intermediate code are not shown.");
+gMessage const vlt_syntax(510, "Syntax error in transformation script: ");
+gMessage const vlt_unknown_rule(511, "Unknown rule: ");
+gMessage const vlt_no_selector(512, "Rule can't be written for a single value: ");
+gMessage const vlt_unknown_value(513, "Unknown value: ");
+gMessage const vlt_value_elsewhere(514, "Value isn't available in this rule: ");
+gMessage const vlt_open_condition(515, "Condition without $]: ");
+gMessage const vlt_open_rule(516, "Rule without @end: ");
+gMessage const vlt_include_cycle(517, "Transformation script includes itself: ");
+gMessage const vlt_include_depth(518, "Too many nested or repeated includes: ");
+gMessage const named_target_not_found(519, "Reference target not found: ");
+gMessage const no_text_unit(520, "No text unit in the intermediate code: ");
+gMessage const source_unreadable(530, "Source cannot be read, no links lead to it: ");
+gMessage const source_changed(531, "Source has changed since the analysis, no links lead to it: ");
+gMessage const no_rtf_template(540, "No RTF document template: ");
+gMessage const no_such_style(541, "Style not found in the document template: ");
+gMessage const no_map_name(542, "No name for the map file of help identifiers");
+gMessage const unknown_placeholder(543, "Unknown placeholder in the help project: ");
 
 // Without a number: information, progress, hints.
 gMessage const redefining_option("Redefining option: ");
@@ -98,6 +128,8 @@ gMessage const checking("Checking documentation...");
 gMessage const compiling("Compiling documentation...");
 gMessage const generating("Generating intermediate code...");
 gMessage const deleting_temp("Deleting temporary files...");
+gMessage const converting("Writing documentation: ");
+gMessage const script_unreadable("Could not read Vellumar script: ");
 gMessage const treating_as_unnamed("Treating text unit as unnamed.");
 gMessage const aborting("Aborting analysis.");
 gMessage const next_file("Continuing analysis with next file.");
@@ -110,5 +142,6 @@ gMessage const adopting_code_value("Adopting the value of the code element: ");
 gMessage const retaining_unit_value("Retaining the value of the text unit.");
 gMessage const using_default_section("Using section template STPL_Default.");
 gMessage const using_default_unit("Using unit template UTPL_Default.");
+gMessage const not_utf8("Not UTF-8, read as Windows-1252: ");
 
 } // namespace Msg

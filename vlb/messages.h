@@ -77,6 +77,33 @@ extern gMessage const empty_curclass;              // 451
 extern gMessage const empty_unit_variable;         // 452
 extern gMessage const no_hierarchy_for_unit;       // 460
 extern gMessage const no_hierarchy_for_file;       // 461
+extern gMessage const atc_unknown_command;         // 500
+extern gMessage const atc_misplaced;               // 501
+extern gMessage const atc_parameters;              // 502
+extern gMessage const atc_unclosed;                // 503
+extern gMessage const atc_too_deep;                // 504
+extern gMessage const atc_number;                  // 505
+extern gMessage const atc_text_outside;            // 506
+extern gMessage const atc_version;                 // 507
+extern gMessage const atc_truncated;               // 508
+extern gMessage const atc_more_faults;             // 509
+extern gMessage const vlt_syntax;                  // 510
+extern gMessage const vlt_unknown_rule;            // 511
+extern gMessage const vlt_no_selector;             // 512
+extern gMessage const vlt_unknown_value;           // 513
+extern gMessage const vlt_value_elsewhere;         // 514
+extern gMessage const vlt_open_condition;          // 515
+extern gMessage const vlt_open_rule;               // 516
+extern gMessage const vlt_include_cycle;           // 517
+extern gMessage const vlt_include_depth;           // 518
+extern gMessage const named_target_not_found;      // 519
+extern gMessage const no_text_unit;                // 520
+extern gMessage const source_unreadable;           // 530
+extern gMessage const source_changed;              // 531
+extern gMessage const no_rtf_template;             // 540
+extern gMessage const no_such_style;               // 541
+extern gMessage const no_map_name;                 // 542
+extern gMessage const unknown_placeholder;         // 543
 
 // Without a number: information, progress, hints.
 extern gMessage const redefining_option;
@@ -94,6 +121,8 @@ extern gMessage const checking;
 extern gMessage const compiling;
 extern gMessage const generating;
 extern gMessage const deleting_temp;
+extern gMessage const converting;
+extern gMessage const script_unreadable;
 extern gMessage const treating_as_unnamed;
 extern gMessage const aborting;
 extern gMessage const next_file;
@@ -106,5 +135,6 @@ extern gMessage const adopting_code_value;
 extern gMessage const retaining_unit_value;
 extern gMessage const using_default_section;
 extern gMessage const using_default_unit;
+extern gMessage const not_utf8;
 
 } // namespace Msg

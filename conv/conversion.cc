@@ -1,0 +1,285 @@
+// A result is written into a folder of its own beside the place where it belongs. Only a complete
+// one gets there, by a rename, so that a reader of the documentation never meets a half.
+
+#include "conv/conversion.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+
+#include "app/options/options.h"
+#include "conv/atc/reader.h"
+#include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+#include "vlb/outside.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char const * new_suffix = ".new";
+constexpr char const * old_suffix = ".old";
+
+char const * label_of(std::string const & target) {
+  return target == "htm" ? "HTML" : target == "rtf" ? "RTF" : "WinHelp";
+}
+
+bool report_unwritable(std::string const & path, int error) {
+  Msg::log(Msg::error, Msg::cannot_write, path, std::generic_category().message(error));
+  return false;
+}
+
+bool exists(std::string const & path) {
+  std::error_code error;
+  return fs::exists(fs::symlink_status(path, error));
+}
+
+bool remove_tree(std::string const & path) {
+  std::error_code error;
+  fs::remove_all(path, error);
+  return !error;
+}
+
+bool move(std::string const & from, std::string const & to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+// Puts right what a crash left between the steps of replace().
+void settle(std::string const & folder) {
+  std::string const old = folder + old_suffix;
+  if (exists(old) && !exists(folder))
+    move(old, folder);
+  remove_tree(old);
+  remove_tree(folder + new_suffix);
+}
+
+// Where the file system can't exchange two names, the old folder steps aside for a moment.
+bool replace_in_steps(std::string const & folder, std::string const & work) {
+  std::string const old = folder + old_suffix;
+  if (!move(folder, old))
+    return false;
+  if (move(work, folder)) {
+    remove_tree(old);
+    return true;
+  }
+  int const error = errno;
+  move(old, folder);
+  errno = error;
+  return false;
+}
+
+bool replace(std::string const & folder, std::string const & work) {
+  if (!exists(folder))
+    return move(work, folder);
+  if (renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), RENAME_EXCHANGE) != 0)
+    return replace_in_steps(folder, work);
+  remove_tree(work);
+  return true;
+}
+
+// The number of the fault, 0 if all was written.
+int write_file(std::string const & path, std::string_view text) {
+  errno = 0;
+  std::FILE * const file = std::fopen(path.c_str(), "we");
+  bool done = file && std::fwrite(text.data(), 1, text.size(), file) == text.size();
+  int error = done ? 0 : errno;
+  if (file && std::fclose(file) != 0 && done) {
+    done = false;
+    error = errno;
+  }
+  return done ? 0 : error != 0 ? error : EIO;
+}
+
+// Files in folders of their own beginning with "_" help the pages.
+bool is_page(std::string const & name) {
+  return (name.ends_with(".htm") || name.ends_with(".html")) && !name.starts_with('_');
+}
+
+// Shows the conversion as active; the status line and the log are put back first.
+class Frame {
+public:
+  Frame() : status_(Vlb::GetStatus()) { Vapp::output_active = true; }
+  Frame(Frame const &) = delete;
+  Frame & operator=(Frame const &) = delete;
+  ~Frame() {
+    Vlb::SetStatus(status_, true);
+    Vapp::output_active = false;
+  }
+
+private:
+  gString status_;
+};
+
+gConversionResult & result_of_last() {
+  static gConversionResult result;
+  return result;
+}
+
+void log_summary(std::string const & target) {
+  Msg::log() << std::endl << label_of(target) << " - ";
+  Msg::log.put_summary();
+  Msg::log() << std::endl;
+}
+
+void convert(std::string const & target, bool (*work)(gConversion &)) {
+  gConversion conversion(target);
+  if (work(conversion))
+    result_of_last() = conversion.result();
+  log_summary(target);
+}
+
+// Every fault ends here, since nothing stands above a worker's entry.
+void convert_guarded(std::string const & target, bool (*work)(gConversion &)) {
+  try {
+    convert(target, work);
+  } catch (gExcConversion const &) {
+    log_summary(target);
+  } catch (gException const & fault) {
+    Msg::log() << fault.text() << std::endl;
+  } catch (std::exception const & fault) {
+    Msg::log() << "Exception: " << fault.what() << std::endl;
+  } catch (...) {
+    Msg::log() << "Exception" << std::endl;
+  }
+}
+
+gPathstring log_path() {
+  gPathstring path = Vapp::option_path("out_dir");
+  path.append(Vapp::option_string("target"));
+  return path.set_extension("log");
+}
+
+} // namespace
+
+gConversion::gConversion(std::string const & target)
+    : target_(target),
+      folder_(Vapp::option_path(target + "/out_dir")),
+      work_(folder_.normalize(true) + new_suffix) {}
+
+gConversion::~gConversion() {
+  remove_tree(work_);
+}
+
+bool gConversion::start() {
+  Msg::log(Msg::status, Msg::converting, label_of(target_));
+  Msg::log(Msg::status) << "  " << folder_ << std::endl;
+  Vapp::poll_break();
+  settle(folder_);
+  if (exists(folder_) && !gFileSystem::dir_exists(folder_))
+    return report_unwritable(folder_, ENOTDIR);
+  gFileSystem::mk_dirs(folder_.dir_name());
+  if (!gFileSystem::mk_dir(work_))
+    return report_unwritable(work_, errno);
+  gPathstring const code = Vapp::option_path("atc_file");
+  if (!gAtcReader().read(code, document_)) {
+    if (!document_.files.empty())
+      Msg::log(Msg::error, Msg::no_text_unit, code);
+    return false;
+  }
+  return rules_.load(Vapp::option_path(target_ + "/cur_vlt"));
+}
+
+std::string gConversion::title() const {
+  gString const title = Vapp::option_string("atc_title");
+  return title.empty() ? document_.name : title;
+}
+
+int gConversion::option_int(std::string_view key, int fallback) const {
+  return Vapp::option_int(target_ + "/" + std::string(key), fallback);
+}
+
+bool gConversion::option_bool(std::string_view key, bool fallback) const {
+  return Vapp::option_bool(target_ + "/" + std::string(key), fallback);
+}
+
+std::string gConversion::option_string(std::string_view key, std::string const & fallback) const {
+  return Vapp::option_string(target_ + "/" + std::string(key), fallback);
+}
+
+gPathstring gConversion::place_for(std::string const & name) {
+  gPathstring path = work_;
+  path.append(name);
+  if (std::size_t const end = name.rfind('/'); end != std::string::npos) {
+    if (made_.insert(name.substr(0, end)).second)
+      gFileSystem::mk_dirs(path.dir_name());
+  }
+  return path;
+}
+
+void gConversion::write(std::string const & name, std::string_view text) {
+  Vapp::poll_break();
+  gPathstring const path = place_for(name);
+  if (int const error = write_file(path, text)) {
+    report_unwritable(path, error);
+    throw gExcConversion();
+  }
+  ++result_.files;
+  result_.bytes += text.size();
+  result_.pages += is_page(name);
+}
+
+bool gConversion::copy(gPathstring const & from, std::string const & name) {
+  std::string text;
+  if (!gFileSystem::read_file(from, text)) {
+    Msg::log(Msg::error, Msg::cannot_read, from);
+    return false;
+  }
+  write(name, text);
+  return true;
+}
+
+void gConversion::progress(std::size_t done, std::size_t all) {
+  Vapp::poll_break();
+  int const percent = all > 0 ? static_cast<int>(std::min(done, all) * 100 / all) : 100;
+  if (percent == shown_)
+    return;
+  shown_ = percent;
+  Vlb::SetStatus(Msg::converting.text + label_of(target_) + " " + std::to_string(percent) + "%",
+                 true);
+}
+
+bool gConversion::finish(std::string const & start_file) {
+  Vapp::poll_break();
+  if (!replace(folder_, work_))
+    return report_unwritable(folder_, errno);
+  for (gUnitRecord const & unit : document_.units) {
+    if (!unit.name.empty())
+      ++result_.units[unit.style];
+  }
+  result_.start = folder_;
+  result_.start.append(start_file);
+  result_.success = true;
+  return true;
+}
+
+void Conv::open_log() {
+  Msg::log.reset_counts();
+  Msg::log.err_max = 0;
+  gPathstring const path = log_path();
+  bool const opened = Msg::log.open_logfile(path);
+  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp", 0)));
+  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file", 0)));
+  if (!opened)
+    Msg::log(Msg::error, Msg::cannot_write, path);
+  // From here on the error that reaches the limit is thrown, which only a worker catches.
+  Msg::log.err_max = Vapp::option_int("msg/err_max", 0);
+}
+
+void Conv::run(std::string const & target, bool (*work)(gConversion &)) {
+  Frame const frame;
+  result_of_last() = {};
+  convert_guarded(target, work);
+  if (Msg::log.close_logfile())
+    return;
+  Msg::log.err_max = 0;
+  Msg::log(Msg::error, Msg::cannot_write, log_path());
+}
+
+gConversionResult const & Conv::last_result() {
+  return result_of_last();
+}

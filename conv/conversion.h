@@ -1,0 +1,92 @@
+// The frame of a conversion: options, log, progress, break, and the folder that is put in place
+// when all went well.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "conv/atc/document.h"
+#include "conv/vlt/rules.h"
+#include "vlb/gexception.h"
+
+// What a conversion counts for the user.
+struct gConversionResult {
+  bool success = false;
+  gPathstring start;     // the file to open first
+  std::size_t files = 0; // written
+  std::size_t bytes = 0;
+  std::size_t pages = 0;                    // HTML files among them, without those of sources
+  std::map<std::string, std::size_t> units; // with a name, by their style
+};
+
+// Ends a conversion whose fault has been reported.
+class gExcConversion : public gException {
+public:
+  gExcConversion() : gException("Conversion failed") {}
+};
+
+// One conversion, from the option tree as the driver left it. Writes into a folder beside the
+// target's output folder; finish() swaps the two. Without finish() the old result stays as it was.
+class gConversion {
+public:
+  explicit gConversion(std::string const & target); // "htm", "rtf", "hlp"
+  ~gConversion();
+  gConversion(gConversion const &) = delete;
+  gConversion & operator=(gConversion const &) = delete;
+
+  // Makes the folder, and reads the intermediate code and the script. False after a report.
+  bool start();
+  gDocument const & document() const { return document_; }
+  gVltRules const & rules() const { return rules_; }
+  std::string const & target() const { return target_; }
+  std::string title() const; // `atc_title`, else the document's name
+  // Options of the target.
+  int option_int(std::string_view key, int fallback) const;
+  bool option_bool(std::string_view key, bool fallback) const;
+  std::string option_string(std::string_view key, std::string const & fallback = {}) const;
+
+  // Writes a file of the result; `name` is relative and may have folders. Throws gExcUserBreak if
+  // the user asked for a stop; gExcConversion, after a report, if the file can't be written.
+  void write(std::string const & name, std::string_view text);
+  // Copies a file; false, after a report, if it can't be read.
+  bool copy(gPathstring const & from, std::string const & name);
+  // Shows how far the work is; polls the user's break (gExcUserBreak).
+  void progress(std::size_t done, std::size_t all);
+  // Puts the result in place. False after a report; the old result is then still there.
+  bool finish(std::string const & start_file);
+
+  // Success only from finish() on.
+  gConversionResult const & result() const { return result_; }
+
+private:
+  gPathstring place_for(std::string const & name);
+
+  std::string target_;
+  gPathstring folder_, work_; // of the result, and where it is written
+  gDocument document_;
+  gVltRules rules_;
+  std::set<std::string> made_; // folders in work_, so that not every file asks for its own
+  gConversionResult result_;
+  int shown_ = -1; // percent
+};
+
+namespace Conv {
+// Opens the log of the target that the options name, beside its output folder ("htm.log"), and
+// sets levels and counts. run() closes it.
+void open_log();
+// Runs a converter under the guards that every conversion has: the flag of the run, the log, the
+// break. `work` throws or answers false when it fails.
+void run(std::string const & target, bool (*work)(gConversion &));
+// The outcome of the last conversion.
+gConversionResult const & last_result();
+} // namespace Conv
+
+// The converters: entries of a worker thread. They read everything from Vapp::options, report
+// through Msg::log and set Vapp::output_active for the length of their run. The argument is null.
+namespace Htm {
+void make_manual(void *);
+}
+namespace RTF {
+void make_manual(void *);
+}

@@ -1,0 +1,266 @@
+// What HTML does in its own way: anchors that stay and are unique on their page, links between
+// pages, notes at the end of their unit, coloured program text, and hierarchies as lists in lists.
+
+#include "conv/htm/htm_setter.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "app/options/options.h"
+#include "conv/htm/declaration.h"
+#include "conv/htm/hierarchy.h"
+#include "conv/htm/html_text.h"
+#include "conv/htm/slug.h"
+
+namespace {
+
+// Without empty lines at both ends and without the indentation that all lines have.
+std::string trimmed(std::string_view text) {
+  std::size_t const first = text.find_first_not_of(" \t\n\r");
+  if (first == std::string_view::npos)
+    return {};
+  std::size_t const line = text.rfind('\n', first);
+  text.remove_prefix(line == std::string_view::npos ? 0 : line + 1);
+  text = text.substr(0, text.find_last_not_of(" \t\n\r") + 1);
+  std::size_t common = text.size();
+  for (std::size_t at = 0; at <= text.size();) {
+    std::size_t const end = std::min(text.find('\n', at), text.size());
+    std::size_t const blanks = text.substr(at, end - at).find_first_not_of(' ');
+    if (blanks != std::string_view::npos)
+      common = std::min(common, blanks);
+    at = end + 1;
+  }
+  std::string out;
+  for (std::size_t at = 0; at <= text.size();) {
+    std::size_t const end = std::min(text.find('\n', at), text.size());
+    out += text.substr(std::min(at + common, end), end - std::min(at + common, end));
+    if (end < text.size())
+      out += '\n';
+    at = end + 1;
+  }
+  return out;
+}
+
+// Program text has lines that end as statements do; other verbatim text stays without colours.
+bool looks_like_code(std::string_view text) {
+  for (std::string_view const end : {";\n", "{\n", "}\n", "*/\n"})
+    if (text.find(end) != std::string_view::npos)
+      return true;
+  return text.ends_with(';') || text.ends_with('}') || text.starts_with("#include");
+}
+
+void replace_all(std::string & text, std::string_view what, std::string_view by) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size())
+    text.replace(at, what.size(), by);
+}
+
+// A path or number as part of a URL.
+std::string url_escaped(std::string_view text) {
+  static constexpr char digits[] = "0123456789ABCDEF";
+  std::string out;
+  for (char const c : text)
+    if (Vlb::is_word(c) || c == '/' || c == '.' || c == '-' || c == '~' || c == ':') {
+      out += c;
+    } else {
+      auto const byte = static_cast<unsigned char>(c);
+      ((out += '%') += digits[byte >> 4]) += digits[byte & 15];
+    }
+  return out;
+}
+
+} // namespace
+
+gHtmSetter::gHtmSetter(gSite & site, gColours const & colours)
+    : gSetter(site.document, site.rules),
+      site_(site),
+      colours_(colours) {
+  gString scheme;
+  if (cat::read(Vapp::options_ini.at("srclink_editor_scheme"), scheme))
+    editor_ = scheme;
+  name_entries();
+}
+
+void gHtmSetter::name_entries() {
+  std::map<std::pair<int, std::string>, int> known; // on each page
+  for (gIndexEntry const & entry : document().index_entries) {
+    if (entry.label.empty() || entry.unit < 0)
+      continue;
+    std::string anchor = "x-" + Vlb::to_lower(Slug::of(entry.fields[1]));
+    int const number = ++known[{site_.pages.of(entry.unit), anchor}];
+    if (number > 1)
+      anchor += '-' + std::to_string(number);
+    entries_.try_emplace(entry.label, std::move(anchor));
+  }
+}
+
+std::string const & gHtmSetter::entry_anchor(std::string const & label) const {
+  static std::string const none;
+  auto const found = entries_.find(label);
+  return found == entries_.end() ? none : found->second;
+}
+
+void gHtmSetter::begin_page(int page) {
+  page_ = page;
+  taken_.clear();
+  notes_done_ = 0;
+}
+
+void gHtmSetter::begin_unit(int unit) {
+  set_unit(unit);
+  notes_.clear();
+  headlines_.clear();
+}
+
+std::string gHtmSetter::take_notes() {
+  std::string out;
+  if (!notes_.empty())
+    rules().apply(gVltRule::notes, gVltValues().set(gVltValue::items, notes_), out);
+  notes_.clear();
+  return out;
+}
+
+void gHtmSetter::escape(std::string_view text, std::string & out) const {
+  Html::escape(text, out);
+}
+
+std::string gHtmSetter::claim(std::string const & id) {
+  int & asked = taken_[id];
+  if (asked++ == 0)
+    return id;
+  for (;; ++asked) {
+    std::string result = id + '-' + std::to_string(asked);
+    if (taken_.try_emplace(result, 1).second)
+      return result;
+  }
+}
+
+std::string gHtmSetter::anchor(std::string_view bookmark) {
+  auto const entry = entries_.find(std::string(bookmark));
+  return claim(entry != entries_.end() ? entry->second : "b-" + Vlb::to_lower(Slug::of(bookmark)));
+}
+
+std::string gHtmSetter::headline_anchor(gNode const & node) {
+  std::string const words = plain_text(node.children);
+  gHeadline headline;
+  headline.anchor = claim("s-" + Vlb::to_lower(Slug::of(words)));
+  headline.title = escaped(node.param(1).empty() ? words : node.param(1));
+  std::string const & level = node.param(0);
+  std::from_chars(level.data(), level.data() + level.size(), headline.level);
+  headlines_.push_back(headline);
+  return headline.anchor;
+}
+
+gLinkEnd gHtmSetter::link_to(int unit, std::string_view place) const {
+  gLinkEnd end;
+  end.href =
+      place.empty() ? site_.addresses.href(unit, page_) : site_.addresses.href(unit, place, page_);
+  end.title = escaped(site_.unit(unit).title);
+  end.kind = site_.kinds.of(unit).word;
+  return end;
+}
+
+gLinkEnd gHtmSetter::link_end(gTarget const & target) {
+  if (target.bookmark.empty())
+    return link_to(target.unit, {});
+  auto const entry = entries_.find(target.bookmark);
+  return link_to(target.unit, entry != entries_.end()
+                                  ? entry->second
+                                  : "b-" + Vlb::to_lower(Slug::of(target.bookmark)));
+}
+
+std::string gHtmSetter::source_href(std::string_view path, std::string_view line) {
+  return site_.sources.href(path, line);
+}
+
+std::string gHtmSetter::editor_href(std::string_view path, std::string_view line) {
+  if (editor_.empty())
+    return {};
+  std::string href = editor_;
+  replace_all(href, "$line", url_escaped(line));
+  replace_all(href, "$file", url_escaped(path));
+  return escaped(href);
+}
+
+std::string gHtmSetter::macro_text(std::string_view name) {
+  if (name == "cur_file" && page_ >= 0)
+    return site_.addresses.file(page_);
+  if (name == "cur_page")
+    return page_ >= 0 ? site_.head(page_).title : site_.title;
+  return gSetter::macro_text(name);
+}
+
+void gHtmSetter::set_verbatim(gNode const & node, bool declaration, std::string & out) {
+  std::string const text = trimmed(node.text);
+  // Some templates set the declaration together with other text.
+  if (!text.empty() && unit() >= 0 && text == trimmed(site_.unit(unit()).declaration))
+    declaration = true;
+  std::string shown;
+  if (declaration)
+    set_declaration(text, shown);
+  else if (looks_like_code(text))
+    colours_.set(gColours::language_of(unit() < 0 ? "" : site_.unit(unit()).path), text, shown);
+  else
+    escape(text, shown);
+  rules().apply(declaration ? gVltRule::declaration : gVltRule::verbatim,
+                gVltValues().set(gVltValue::text, shown), out);
+}
+
+void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
+  gLanguage const language = gColours::language_of(unit() < 0 ? "" : site_.unit(unit()).path);
+  Declaration::set(
+      Declaration::broken(text), language, colours_,
+      [this](std::string_view name, std::string & link) { return link_name(name, link); }, out);
+}
+
+bool gHtmSetter::link_name(std::string_view name, std::string & out) {
+  int const found = document().find_word(unit(), name);
+  if (found < 0 || found == unit())
+    return false;
+  gLinkEnd const end = link_to(found, {});
+  std::string const text = escaped(name);
+  gVltValues values;
+  values.set(gVltValue::text, text).set(gVltValue::href, end.href);
+  values.set(gVltValue::target, end.title).set(gVltValue::kind, end.kind);
+  rules().apply(gVltRule::name_link, values, out);
+  return true;
+}
+
+void gHtmSetter::set_note(gNode const & node, std::string & out) {
+  if (node.kind == gNodeKind::margin_note)
+    return gSetter::set_note(node, out);
+  std::string const number = std::to_string(++notes_done_);
+  std::string const id = "n-" + number;
+  std::string const text = set(node.children);
+  gVltValues values;
+  values.set(gVltValue::text, text).set(gVltValue::number, number).set(gVltValue::id, id);
+  bool const foot = node.kind == gNodeKind::footnote;
+  rules().apply(foot ? gVltRule::footnote : gVltRule::endnote, values, out);
+  rules().apply(gVltRule::note, foot ? "footnote" : "endnote", values, notes_);
+}
+
+void gHtmSetter::set_hierarchy(gNode const & node, std::string & out) {
+  std::string items;
+  Hierarchy::set(
+      node.children, [this](gHierarchyItem const & item, std::string & to) { set_step(item, to); },
+      items);
+  rules().apply(gVltRule::hierarchy, gVltValues().set(gVltValue::items, items), out);
+}
+
+void gHtmSetter::set_step(gHierarchyItem const & item, std::string & out) {
+  using enum gVltValue;
+  gTarget const place = document().find_label(item.step->param(1));
+  gLinkEnd const end = place ? link_end(place) : gLinkEnd();
+  std::string const inner = escaped(plain_text(item.step->children));
+  std::string const depth = std::to_string(item.depth);
+  gVltValues values;
+  values.set(text, inner).set(href, end.href).set(target, end.title).set(level, depth);
+  values.set(items, item.items);
+  std::string rights, shown_label;
+  if (item.edge) {
+    rights = escaped(item.edge->param(3));
+    shown_label = escaped(item.edge->param(5));
+    values.set(access, rights).set(label, shown_label);
+    values.set(gVltValue::is_virtual, item.edge->param(4).empty() ? "" : "1");
+  }
+  rules().apply(gVltRule::step, item.step->param(0), values, out);
+}

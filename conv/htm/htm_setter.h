@@ -1,0 +1,64 @@
+// Sets the text of units as HTML.
+#pragma once
+
+#include <unordered_map>
+
+#include "conv/htm/colours.h"
+#include "conv/htm/hierarchy.h"
+#include "conv/htm/site.h"
+#include "conv/set/setter.h"
+
+// A headline inside the text of a unit, for the list of places on the page.
+struct gHeadline {
+  std::string anchor, title; // finished text
+  int level = 1;
+};
+
+class gHtmSetter final : public gSetter {
+public:
+  gHtmSetter(gSite & site, gColours const & colours);
+
+  // Texts that follow stand on this page; anchors are unique on each.
+  void begin_page(int page);
+  // Texts that follow belong to this unit; -1 for running heads.
+  void begin_unit(int unit);
+  // The notes of the unit as finished text, empty without any.
+  std::string take_notes();
+  std::vector<gHeadline> take_headlines() { return std::move(headlines_); }
+  using gSetter::escape;
+  void escape(std::string_view text, std::string & out) const override;
+
+  // The anchor of an index entry: its bookmark is made anew in each run, its key stays.
+  std::string const & entry_anchor(std::string const & label) const;
+  // A link from the current page to a unit, or to an anchor on its page.
+  gLinkEnd link_to(int unit, std::string_view place) const;
+  std::string source_href(std::string_view path, std::string_view line) override;
+  std::string editor_href(std::string_view path, std::string_view line) override;
+
+protected:
+  gLinkEnd link_end(gTarget const & target) override;
+  std::string anchor(std::string_view bookmark) override;
+  std::string headline_anchor(gNode const & node) override;
+  std::string macro_text(std::string_view name) override;
+  void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
+  void set_note(gNode const & node, std::string & out) override;
+  void set_hierarchy(gNode const & node, std::string & out) override;
+
+private:
+  void name_entries();
+  std::string claim(std::string const & id);
+  void set_declaration(std::string_view text, std::string & out);
+  bool link_name(std::string_view name, std::string & out);
+  void set_step(gHierarchyItem const & item, std::string & out);
+
+  gSite & site_;
+  gColours const & colours_;
+  std::string editor_;
+  std::unordered_map<std::string, std::string> entries_; // labels to anchors
+  int page_ = -1;
+  // Anchors on the page that texts have made, and how often each was asked for.
+  std::unordered_map<std::string, int> taken_;
+  int notes_done_ = 0; // on the page
+  std::string notes_;
+  std::vector<gHeadline> headlines_;
+};

@@ -1,0 +1,56 @@
+// The converter to HTML, from the plan of the site to its last file.
+
+#include "app/options/options.h"
+#include "conv/htm/index_page.h"
+#include "conv/htm/source_pages.h"
+#include "conv/htm/unit_pages.h"
+#include "vlb/folder.h"
+
+namespace {
+
+// The style sheet, the script, and whatever else lies in the folder.
+bool copy_helpers(gConversion & conversion) {
+  gPathstring const folder = conversion.option_string("cur_helpers_dir");
+  bool copied = true;
+  for (Vlb::FolderEntry const & entry : Vlb::read_folder(folder))
+    if (!entry.hidden() && Vlb::leads_to_file(folder, entry))
+      copied = conversion.copy(gPathstring(folder).append(entry.name),
+                               "_files/" + std::string(entry.name)) &&
+               copied;
+  return copied;
+}
+
+void write_site(gConversion & conversion) {
+  gSite site(conversion.document(), conversion.rules(), conversion.title(),
+             conversion.option_int("splitlevel", 2));
+  gColours const colours(conversion.rules());
+  gContents const contents(site);
+  gNavigation const navigation(site, contents);
+  gPageWriter writer(conversion, site);
+  gSearchIndex search(site);
+
+  gUnitPages units(site, colours, navigation, contents);
+  units.write(conversion, writer, search);
+  Pages::write_start(writer, site, navigation, contents);
+  Pages::write_contents(writer, site, navigation, contents);
+  Pages::write_similar(writer, site, navigation);
+  Index::write(
+      writer, site, navigation,
+      Index::lines_of(site.document, units.setter(), Vapp::option_string("indexsubst", "~")),
+      conversion.option_bool("simpleindex", false));
+  search.write(conversion);
+  gSourcePages(site, colours, navigation).write(conversion, writer);
+}
+
+bool make_html(gConversion & conversion) {
+  if (!conversion.start())
+    return false;
+  write_site(conversion);
+  return copy_helpers(conversion) && conversion.finish("index.htm");
+}
+
+} // namespace
+
+void Htm::make_manual(void *) {
+  Conv::run("htm", make_html);
+}

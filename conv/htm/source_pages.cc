@@ -1,0 +1,108 @@
+// Line by line, so that the memory needed is that of one page. A line where a documented thing
+// begins leads back to its documentation.
+
+#include "conv/htm/source_pages.h"
+
+#include <algorithm>
+
+#include "conv/atc/encoding.h"
+#include "conv/htm/html_text.h"
+#include "vlb/gfilesystem.h"
+
+namespace {
+
+using V = gVltValue;
+
+std::string_view next_line(std::string_view & text) {
+  std::size_t const end = std::min(text.find('\n'), text.size());
+  std::string_view const line = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return line;
+}
+
+gNeighbour part_link(gSource const & source, std::size_t part, std::string const & title) {
+  return {"../" + gSources::page(source, part),
+          Html::escaped(title) + " " + std::to_string(part + 1)};
+}
+
+} // namespace
+
+gSourcePages::gSourcePages(gSite const & site, gColours const & colours,
+                           gNavigation const & navigation)
+    : site_(site),
+      colours_(colours),
+      navigation_(navigation) {
+  for (int unit = 0; unit < static_cast<int>(site.document.units.size()); ++unit)
+    units_[site.unit(unit).path].push_back(unit);
+}
+
+void gSourcePages::write(gConversion & conversion, gPageWriter & writer) {
+  auto const linked = site_.sources.linked();
+  for (std::size_t i = 0; i < linked.size(); ++i) {
+    conversion.progress(i, linked.size());
+    // What has gone since the links were made still gets the page that they lead to.
+    std::string bytes, text;
+    if (gFileSystem::read_file(linked[i]->path, bytes))
+      Atc::append_utf8(bytes, text);
+    write_source(*linked[i], text, writer);
+  }
+}
+
+void gSourcePages::write_source(gSource const & source, std::string_view text,
+                                gPageWriter & writer) {
+  gUnitLines units;
+  if (auto const found = units_.find(source.path); found != units_.end())
+    for (int const unit : found->second)
+      units.try_emplace(static_cast<std::size_t>(site_.unit(unit).source_line), unit);
+  language_ = gColours::language_of(source.path);
+  gColours::gState state = 0;
+  std::string items;
+  for (std::size_t part = 0; part < gSources::parts(source); ++part) {
+    std::size_t const first = part * gSources::lines_per_page;
+    std::size_t const end = std::min(first + gSources::lines_per_page, source.lines);
+    items.clear();
+    for (std::size_t number = first + 1; number <= end; ++number)
+      add_line(next_line(text), number, state, units, items);
+    write_part(source, part, items, writer);
+  }
+}
+
+void gSourcePages::add_line(std::string_view line, std::size_t number, gColours::gState & state,
+                            gUnitLines const & units, std::string & out) {
+  line_.clear();
+  colours_.split(language_, line, state, stretches_);
+  for (gColoured const & stretch : stretches_)
+    colours_.set(stretch, line_);
+  std::string const digits = std::to_string(number), id = "L" + digits;
+  gVltValues values;
+  values.set(V::id, id).set(V::line, digits).set(V::number, digits).set(V::text, line_);
+  std::string href, title;
+  if (auto const found = units.find(number); found != units.end()) {
+    href = "../" + site_.addresses.href(found->second);
+    title = Html::escaped(site_.unit(found->second).title);
+    values.set(V::href, href).set(V::title, title);
+  }
+  site_.rules.apply(gVltRule::source_line, values, out);
+}
+
+void gSourcePages::write_part(gSource const & source, std::size_t part, std::string const & items,
+                              gPageWriter & writer) {
+  gPageFrame frame;
+  frame.style = "source";
+  frame.file = gSources::page(source, part);
+  frame.title = source.shown;
+  frame.crumbs = navigation_.crumbs(-1, source.shown, "../");
+  if (part > 0)
+    frame.previous = part_link(source, part - 1, source.shown);
+  if (part + 1 < gSources::parts(source))
+    frame.next = part_link(source, part + 1, source.shown);
+  std::string const title = Html::escaped(source.shown);
+  std::string const lines = std::to_string(source.lines);
+  std::string const count = std::to_string(gSources::parts(source));
+  std::string const number = std::to_string(part + 1);
+  gVltValues values;
+  values.set(V::title, title).set(V::path, title).set(V::items, items).set(V::count, lines);
+  values.set(V::columns, count).set(V::number, number);
+  site_.rules.apply(gVltRule::source_page, values, frame.content);
+  writer.write(frame);
+}

@@ -1,0 +1,46 @@
+// The source files that links lead to, and the addresses of their pages.
+#pragma once
+
+#include <map>
+
+#include "conv/atc/document.h"
+
+// A source that has pages.
+struct gSource {
+  std::string path;  // as the links name it
+  std::string shown; // without the folders that all sources lie in
+  std::string slug;  // its pages are _source/SLUG.htm, SLUG-2.htm and so on
+  std::size_t lines = 0;
+};
+
+class gSources {
+public:
+  // Lines on a page; a longer source is shown in parts.
+  static constexpr std::size_t lines_per_page = 10000;
+
+  explicit gSources(gDocument const & document);
+
+  // A path without the folders that all sources have in common; of others the name alone.
+  std::string_view shown(std::string_view path) const;
+  // The address of a line from the start page; empty if the source can't be read, has changed since
+  // the analysis or has no such line. The first such link to a source is reported.
+  std::string href(std::string_view path, std::string_view line);
+  static std::string page(gSource const & source, std::size_t part); // parts from 0
+  static std::size_t parts(gSource const & source);
+  // Those that href() led to, by their paths.
+  std::vector<gSource const *> linked() const;
+
+private:
+  struct gEntry {
+    gSource source;
+    enum State : unsigned char { unknown, usable, unusable } state = unknown;
+  };
+
+  void examine(gEntry & entry);
+  gEntry & entry(std::string_view path);
+
+  std::string common_; // the folder of all sources, with its separator
+  gPathstring made_;   // the file of the analysis; what is newer has changed since
+  std::map<std::string, gEntry, std::less<>> entries_;
+  std::map<std::string, int> slugs_; // lower case, and how many have it
+};

@@ -1,0 +1,87 @@
+// Pages that belong to no unit: the start page, the contents, and those for addresses that several
+// pages share.
+
+#include "conv/htm/html_text.h"
+#include "conv/htm/overview.h"
+#include "conv/htm/page_writer.h"
+
+namespace {
+
+using V = gVltValue;
+
+void add_similar(gSite const & site, int page, std::string & out) {
+  int const first = site.pages[page].first;
+  gUnitRecord const & record = site.unit(first);
+  gKind const & kind = site.kinds.of(first);
+  std::string const title = Html::escaped(record.title);
+  std::string const scope = Html::escaped(Site::scope_of(record.name));
+  std::string const summary = Html::escaped(record.summary);
+  std::string const path = Html::escaped(site.sources.shown(record.path));
+  std::string const line = std::to_string(record.source_line);
+  gVltValues values;
+  values.set(V::href, site.addresses.file(page)).set(V::title, title).set(V::scope, scope);
+  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::summary, summary);
+  values.set(V::path, path).set(V::line, line);
+  site.rules.apply(gVltRule::similar_item, values, out);
+}
+
+} // namespace
+
+void Pages::write_start(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
+                        gContents const & contents) {
+  std::string const items = gOverview(site, contents).of(-1, 2);
+  std::string const tree = navigation.tree(-1);
+  std::string const title = Html::escaped(site.title);
+  std::string const units = std::to_string(site.document.units.size());
+  std::string const pages = std::to_string(site.pages.size());
+  gVltValues values;
+  values.set(V::title, title).set(V::items, items).set(V::contents, tree);
+  values.set(V::count, units).set(V::number, pages);
+  gPageFrame frame;
+  frame.style = "start";
+  frame.file = "index.htm";
+  frame.contents = tree;
+  frame.next = navigation.next(-1);
+  site.rules.apply(gVltRule::start_page, values, frame.content);
+  writer.write(frame);
+}
+
+void Pages::write_contents(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
+                           gContents const & contents) {
+  std::string const tree = navigation.tree(-1);
+  std::string const general = site.rules.setting("contents_title", "Contents");
+  for (gContentsPage const & page : contents.pages()) {
+    gPageFrame frame;
+    frame.style = "contents";
+    frame.file = page.file;
+    frame.title = page.title.empty() ? general : page.title + " – " + general;
+    frame.crumbs = navigation.crumbs(page.parent, general, "");
+    frame.contents = page.parent < 0 ? tree : navigation.tree(page.parent);
+    std::string const items = contents.list(page);
+    std::string const title = Html::escaped(frame.title);
+    gVltValues values;
+    values.set(V::title, title).set(V::items, items).set(V::href, page.file);
+    site.rules.apply(gVltRule::contents_page, values, frame.content);
+    writer.write(frame);
+  }
+}
+
+void Pages::write_similar(gPageWriter & writer, gSite const & site,
+                          gNavigation const & navigation) {
+  for (gSimilarPages const & similar : site.addresses.similar()) {
+    std::string items;
+    for (int const page : similar.pages)
+      add_similar(site, page, items);
+    gPageFrame frame;
+    frame.style = "similar";
+    frame.file = similar.name;
+    frame.title = site.head(similar.pages.front()).title;
+    frame.crumbs = navigation.crumbs(-1, frame.title, "");
+    frame.contents = navigation.tree(-1);
+    std::string const title = Html::escaped(frame.title);
+    gVltValues values;
+    values.set(V::title, title).set(V::items, items).set(V::name, title);
+    site.rules.apply(gVltRule::similar_page, values, frame.content);
+    writer.write(frame);
+  }
+}

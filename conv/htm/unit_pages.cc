@@ -1,0 +1,135 @@
+// A page is its units one behind the other. The text of each is read again from the intermediate
+// code when its turn comes, so that the size of a site doesn't count.
+
+#include "conv/htm/unit_pages.h"
+
+#include <algorithm>
+
+#include "conv/htm/html_text.h"
+
+namespace {
+
+using V = gVltValue;
+
+gNode const * find_source_link(gNodeList const & nodes) {
+  for (gNode const & node : nodes)
+    if (node.kind == gNodeKind::source_link)
+      return &node;
+  return nullptr;
+}
+
+} // namespace
+
+// What a unit consists of, as finished texts.
+struct gUnitPages::gParts {
+  std::string title, subject, links, body, notes, source, editor;
+};
+
+gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const & navigation,
+                       gContents const & contents)
+    : site_(site),
+      setter_(site, colours),
+      navigation_(navigation),
+      overview_(site, contents),
+      places_(site) {}
+
+void gUnitPages::write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search) {
+  auto const all = site_.document.units.size();
+  for (int page = 0; page < site_.pages.size(); ++page) {
+    conversion.progress(static_cast<std::size_t>(site_.pages[page].first), all);
+    write_page(page, writer, search);
+  }
+}
+
+void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & search) {
+  gUnitRecord const & head = site_.head(page);
+  gKind const & kind = site_.kinds.of(site_.pages[page].first);
+  setter_.begin_page(page);
+  gPageFrame frame;
+  frame.style = "unit";
+  frame.file = site_.addresses.file(page);
+  frame.title = head.title;
+  frame.kind = kind.word;
+  frame.kind_class = kind.css;
+  for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit)
+    add_unit(unit, search, frame.content);
+  frame.crumbs =
+      navigation_.crumbs(site_.pages.tree().parent(page), Site::contents_title(head), "");
+  frame.contents = navigation_.tree(page);
+  frame.on_page = places_.take();
+  frame.previous = navigation_.previous(page);
+  frame.next = navigation_.next(page);
+  set_running_heads(frame, head.section);
+  writer.write(frame);
+}
+
+void gUnitPages::set_running_heads(gPageFrame & frame, int section) {
+  gSectionRecord const & record = site_.document.sections[static_cast<std::size_t>(section)];
+  setter_.begin_unit(-1);
+  setter_.set(record.head_left, frame.head_left);
+  setter_.set(record.head_right, frame.head_right);
+  setter_.set(record.foot_left, frame.foot_left);
+  setter_.set(record.foot_right, frame.foot_right);
+}
+
+void gUnitPages::set_parts(gUnitText const & text, gParts & parts) {
+  setter_.set(text.title, parts.title);
+  setter_.set(text.subject, parts.subject);
+  for (gNode const & node : text.body)
+    if (node.kind != gNodeKind::link_line) {
+      setter_.set({node}, parts.body);
+    } else {
+      setter_.set({node}, parts.links);
+      gNode const * const source = find_source_link(node.children);
+      if (source && parts.source.empty()) {
+        parts.source = setter_.source_href(source->param(0), source->param(1));
+        parts.editor = setter_.editor_href(source->param(0), source->param(1));
+      }
+    }
+  parts.notes = setter_.take_notes();
+}
+
+void gUnitPages::add_place(int unit) {
+  bool const begins_page = site_.pages.begins(unit);
+  if (!begins_page)
+    places_.add_unit(unit);
+  std::vector<gHeadline> const headlines = setter_.take_headlines();
+  for (gHeadline const & headline : headlines)
+    if (begins_page || headline.level == 1)
+      places_.add_headline(headline.anchor, headline.title, headline.level + (begins_page ? 0 : 1));
+}
+
+void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
+  gUnitRecord const & record = site_.unit(unit);
+  gUnitText const text = site_.document.text_of(unit);
+  search.add(unit, plain_text(text.body));
+  setter_.begin_unit(unit);
+  gParts parts;
+  set_parts(text, parts);
+  add_place(unit);
+  if (parts.title.empty())
+    Html::escape(record.title, parts.title);
+  bool const begins_page = site_.pages.begins(unit);
+  // Levels may leave out numbers; headings of a page must not.
+  int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);
+  std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
+  std::string const overview = overview_.of(unit, std::min(level + 1, 6));
+  std::string const name = Html::escaped(record.name);
+  std::string const scope = Html::escaped(Site::scope_of(record.name));
+  std::string const summary = Html::escaped(record.summary);
+  std::string const path = Html::escaped(site_.sources.shown(record.path));
+  std::string const style = Html::escaped(record.style), wintype = Html::escaped(record.wintype);
+  std::string aliases;
+  if (std::string_view const alias = site_.addresses.alias(unit); !alias.empty())
+    site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, alias), aliases);
+  gKind const & kind = site_.kinds.of(unit);
+  gVltValues values;
+  values.set(V::id, site_.addresses.anchor(unit)).set(V::aliases, aliases).set(V::level, depth);
+  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::style, style);
+  values.set(V::name, name).set(V::scope, scope).set(V::title, parts.title);
+  values.set(V::subject, parts.subject).set(V::links, parts.links).set(V::body, parts.body);
+  values.set(V::notes, parts.notes).set(V::overview, overview).set(V::summary, summary);
+  values.set(V::source, parts.source).set(V::editor, parts.editor).set(V::wintype, wintype);
+  values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
+  site_.rules.apply(gVltRule::unit, record.style, values, out);
+}

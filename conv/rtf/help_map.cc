@@ -1,0 +1,84 @@
+// A program is compiled with the numbers of one day, and the help file comes later; so no number
+// may change its meaning.
+
+#include "conv/rtf/help_map.h"
+
+#include <charconv>
+#include <optional>
+#include <set>
+
+#include "vlb/gstring.h"
+
+namespace {
+
+std::string_view next_word(std::string_view & line) {
+  std::size_t begin = 0;
+  while (begin < line.size() && Vlb::is_space(line[begin]))
+    ++begin;
+  std::size_t end = begin;
+  while (end < line.size() && !Vlb::is_space(line[end]))
+    ++end;
+  std::string_view const word = line.substr(begin, end - begin);
+  line.remove_prefix(end);
+  return word;
+}
+
+std::optional<std::uint32_t> number_in(std::string_view word) {
+  bool const hex = word.starts_with("0x") || word.starts_with("0X");
+  word.remove_prefix(hex ? 2 : 0);
+  std::uint32_t number = 0;
+  char const * const end = word.data() + word.size();
+  auto const [rest, error] = std::from_chars(word.data(), end, number, hex ? 16 : 10);
+  bool const whole = rest == end || *rest == 'u' || *rest == 'U' || *rest == 'l' || *rest == 'L';
+  if (error != std::errc() || !whole)
+    return std::nullopt;
+  return number;
+}
+
+bool is_name(std::string_view word) {
+  for (char const c : word)
+    if (!Vlb::is_word(c) && c != '.')
+      return false;
+  return !word.empty();
+}
+
+} // namespace
+
+Help::gNumbers Help::read_map(std::string_view text) {
+  gNumbers numbers;
+  while (!text.empty()) {
+    std::size_t const end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    std::string_view name = next_word(line);
+    if (name == "#define")
+      name = next_word(line);
+    auto const number = number_in(next_word(line));
+    if (is_name(name) && number)
+      numbers.try_emplace(Vlb::to_upper(name), *number);
+  }
+  return numbers;
+}
+
+Help::gNumbers Help::number(std::vector<std::string> const & names, gNumbers const & before,
+                            gNumbers const & others, std::uint32_t base) {
+  std::set<std::uint32_t> taken;
+  std::uint32_t next = base;
+  for (auto const & [name, number] : others)
+    taken.insert(number);
+  for (auto const & [name, number] : before) {
+    taken.insert(number);
+    if (number >= next && number < UINT32_MAX)
+      next = number + 1;
+  }
+  gNumbers numbers;
+  for (std::string const & name : names) {
+    auto const old = before.find(name);
+    if (others.contains(name) || numbers.contains(name))
+      continue;
+    while (old == before.end() && taken.contains(next))
+      ++next;
+    numbers[name] = old != before.end() ? old->second : next++;
+  }
+  return numbers;
+}

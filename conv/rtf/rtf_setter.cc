@@ -1,0 +1,182 @@
+// What RTF does in its own way: a paragraph can't hold another one, so list items give their later
+// paragraphs away, margin notes wait for the block that they stand beside, and trees are
+// paragraphs with an indentation.
+
+#include "conv/rtf/rtf_setter.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "app/options/options.h"
+#include "conv/htm/declaration.h"
+#include "conv/rtf/rtf_text.h"
+#include "conv/set/block_text.h"
+#include "conv/set/index_lines.h"
+
+namespace {
+
+int number_in(std::string const & text, int fallback) {
+  int number = fallback;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+} // namespace
+
+gRtfSetter::gRtfSetter(gDocument const & document, gVltRules const & rules, gKinds const & kinds,
+                       int text_width, int font_size)
+    : gSetter(document, rules),
+      kinds_(kinds),
+      text_width_(text_width),
+      font_size_(font_size),
+      list_indent_(number_in(rules.setting("list_indent"), 360)),
+      step_indent_(number_in(rules.setting("step_indent"), 360)),
+      index_separator_(Vapp::option_string("rtf/indexsep", "\\:")),
+      place_holder_(Vapp::option_string("indexsubst", "~")) {}
+
+void gRtfSetter::begin_unit(int unit, int level) {
+  set_unit(unit);
+  level_above_ = level;
+  margin_notes_.clear();
+  headlines_.clear();
+}
+
+void gRtfSetter::escape(std::string_view text, std::string & out) const {
+  Rtf::escape(text, out);
+}
+
+gLinkEnd gRtfSetter::link_end(gTarget const & target) {
+  gUnitRecord const & unit = document().units[static_cast<std::size_t>(target.unit)];
+  gLinkEnd end;
+  end.href = Rtf::bookmark(target.bookmark.empty() ? unit.label : target.bookmark);
+  end.title = escaped(unit.title);
+  end.kind = kinds_.of(target.unit).word;
+  return end;
+}
+
+std::string gRtfSetter::anchor(std::string_view bookmark) {
+  return Rtf::bookmark(bookmark);
+}
+
+std::string gRtfSetter::headline_anchor(gNode const & node) {
+  gRtfHeadline headline;
+  headline.level = level_above_ + number_in(node.param(0), 1);
+  headline.bookmark = "VLS_" + std::to_string(++headlines_done_);
+  headline.title = escaped(node.param(1).empty() ? plain_text(node.children) : node.param(1));
+  headlines_.push_back(headline);
+  return headline.bookmark;
+}
+
+std::string gRtfSetter::headline_level(gNode const & node) const {
+  int const level = level_above_ + number_in(node.param(0), 1);
+  return std::to_string(std::clamp(level, 1, Rtf::deepest_headline));
+}
+
+void gRtfSetter::set_verbatim(gNode const & node, bool declaration, std::string & out) {
+  std::string text = block_text(node.text);
+  if (declaration)
+    text = Declaration::broken(text);
+  std::string shown;
+  Rtf::escape_lines(text, shown);
+  std::string const space = indentation();
+  rules().apply(declaration ? gVltRule::declaration : gVltRule::verbatim,
+                gVltValues().set(gVltValue::text, shown).set(gVltValue::width, space), out);
+}
+
+void gRtfSetter::set_note(gNode const & node, std::string & out) {
+  if (node.kind != gNodeKind::margin_note)
+    return gSetter::set_note(node, out);
+  std::string note;
+  gSetter::set_note(node, note);
+  margin_notes_ += note;
+}
+
+void gRtfSetter::set_block(gNode const & node, std::string & out) {
+  std::string block;
+  gSetter::set_block(node, block);
+  out += take_margin_notes();
+  out += block;
+}
+
+void gRtfSetter::set_item(gNode const & item, std::string & text, std::string & below) {
+  bool in_text = true;
+  for (gNode const & node : item.children) {
+    bool const is_block = node.kind >= gNodeKind::paragraph;
+    bool const first = in_text && text.empty() && node.kind == gNodeKind::paragraph;
+    in_text = in_text && !is_block;
+    if (first)
+      set(node.children, text);
+    else
+      set_node(node, in_text ? text : below);
+  }
+}
+
+std::string gRtfSetter::indentation() const {
+  return list_level() > 0 ? std::to_string(indent()) : std::string();
+}
+
+// A size may be a part of the usual one.
+std::string gRtfSetter::measure(gNode const & node) const {
+  std::string const & text = node.param(0);
+  bool const is_size = node.kind == gNodeKind::font_size;
+  if (is_size && text.ends_with('%'))
+    return std::to_string(std::clamp(font_size_ * number_in(text, 100) / 100, 2, 400));
+  int const twips = Rtf::twips(text);
+  if (twips < 0)
+    return is_size ? std::to_string(font_size_) : "720";
+  return std::to_string(is_size ? std::clamp(twips / 10, 2, 400) : twips);
+}
+
+void gRtfSetter::set_hierarchy(gNode const & node, std::string & out) {
+  std::string items;
+  Hierarchy::set(
+      node.children, [this](gHierarchyItem const & item, std::string & to) { set_step(item, to); },
+      items);
+  rules().apply(gVltRule::hierarchy, gVltValues().set(gVltValue::items, items), out);
+}
+
+void gRtfSetter::set_step(gHierarchyItem const & item, std::string & out) {
+  using enum gVltValue;
+  gTarget const place = document().find_label(item.step->param(1));
+  gLinkEnd const end = place ? link_end(place) : gLinkEnd();
+  std::string const inner = escaped(plain_text(item.step->children));
+  std::string const depth = std::to_string(item.depth);
+  // Deep trees stay on the page.
+  std::string const space =
+      std::to_string(std::min(item.depth * step_indent_, text_width_ * 2 / 3));
+  gVltValues values;
+  values.set(text, inner).set(href, end.href).set(target, end.title).set(context, end.context);
+  values.set(level, depth).set(width, space).set(items, item.items);
+  std::string rights, shown_label;
+  if (item.edge) {
+    rights = escaped(item.edge->param(3));
+    shown_label = escaped(item.edge->param(5));
+    values.set(access, rights).set(label, shown_label);
+    values.set(gVltValue::is_virtual, item.edge->param(4).empty() ? "" : "1");
+  }
+  rules().apply(gVltRule::step, item.step->param(0), values, out);
+}
+
+std::vector<std::string> gRtfSetter::index_marks(std::string const (&fields)[5]) const {
+  std::vector<std::string> marks;
+  for (Index::gWording const & wording : Index::wordings_of(fields, place_holder_)) {
+    std::string & mark = marks.emplace_back(escaped(wording.key));
+    if (!wording.phrase.empty())
+      (mark += index_separator_) += escaped(wording.phrase);
+  }
+  return marks;
+}
+
+// The place itself comes with the first mark.
+void gRtfSetter::set_index_entry(gNode const & node, std::string & out) {
+  std::string fields[5];
+  for (std::size_t i = 0; i < 5; ++i)
+    fields[i] = node.param(i + 1);
+  std::string place = node.param(0).empty() ? std::string() : anchor(node.param(0));
+  for (std::string const & mark : index_marks(fields)) {
+    rules().apply(gVltRule::xe, gVltValues().set(gVltValue::id, place).set(gVltValue::text, mark),
+                  out);
+    place.clear();
+  }
+}

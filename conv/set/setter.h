@@ -1,0 +1,108 @@
+// Sets the text of units by the rules of a script. What the targets do differently are the
+// operations that they override.
+#pragma once
+
+#include <set>
+#include <string>
+#include <utility>
+
+#include "conv/atc/document.h"
+#include "conv/vlt/rules.h"
+
+struct gTableShape;
+
+// Where a reference leads, as target text.
+struct gLinkEnd {
+  std::string href;  // empty: nowhere
+  std::string title; // of the place
+  std::string kind;
+  std::string context; // the context string of a help topic
+};
+
+class gSetter {
+public:
+  gSetter(gDocument const & document, gVltRules const & rules)
+      : document_(document),
+        rules_(rules) {}
+  virtual ~gSetter() = default;
+  gSetter(gSetter const &) = delete;
+  gSetter & operator=(gSetter const &) = delete;
+
+  // Appends the nodes as target text.
+  void set(gNodeList const & nodes, std::string & out);
+  std::string set(gNodeList const & nodes);
+  // Appends plain text with the target's special characters escaped.
+  virtual void escape(std::string_view text, std::string & out) const = 0;
+  std::string escaped(std::string_view text) const;
+
+protected:
+  // The unit that the nodes belong to; -1 for running heads.
+  int unit() const { return unit_; }
+  void set_unit(int unit) {
+    unit_ = unit;
+    notes_ = 0;
+  }
+  gDocument const & document() const { return document_; }
+  gVltRules const & rules() const { return rules_; }
+
+  // What a reference leads to, and the anchor of a bookmark or a headline.
+  virtual gLinkEnd link_end(gTarget const & target) = 0;
+  virtual std::string anchor(std::string_view bookmark) = 0;
+  // Anchor of a headline inside the text; empty if the target has none.
+  virtual std::string headline_anchor(gNode const & node);
+  // Its depth as the target counts it: in its text, if nothing else is said.
+  virtual std::string headline_level(gNode const & node) const;
+  // Link to a place in a source and the one that opens the editor there.
+  virtual std::string source_href(std::string_view path, std::string_view line);
+  virtual std::string editor_href(std::string_view path, std::string_view line);
+  // What a macro stands for, as plain text: cur_file the document, cur_date and cur_time those of
+  // SOURCE_DATE_EPOCH or else of now. A target that has fields gives them in its script.
+  virtual std::string macro_text(std::string_view name);
+
+  // Nodes that a target sets in another way than by their rule alone.
+  virtual void set_verbatim(gNode const & node, bool declaration, std::string & out);
+  virtual void set_note(gNode const & node, std::string & out);
+  virtual void set_table(gNode const & node, std::string & out);
+  virtual void set_hierarchy(gNode const & node, std::string & out);
+  virtual void set_index_entry(gNode const & node, std::string & out);
+  virtual void set_block(gNode const & node, std::string & out);
+  // An item of a list: its text, and what has to stand below it. HTML has items with all in them.
+  virtual void set_item(gNode const & item, std::string & text, std::string & below);
+  // What a target calls the indentation of the current list; empty if the target does it itself.
+  virtual std::string indentation() const;
+  // The width of a tab or the size of a font as the target writes it.
+  virtual std::string measure(gNode const & node) const;
+
+  void set_node(gNode const & node, std::string & out);
+  void set_reference(gNode const & node, gTarget const & target, std::string & out);
+  // The number of the next note of the unit, from 1.
+  int next_note() { return ++notes_; }
+  // How many lists are open.
+  int list_level() const { return list_level_; }
+  // A word for class names of style sheets: "See also" is "see-also".
+  static std::string class_word(std::string_view text);
+
+private:
+  void set_inline(gNode const & node, std::string & out);
+  void set_format(gVltRule rule, gNode const & node, std::string & out);
+  void set_tab(gVltRule rule, gNode const & node, std::string & out);
+  void set_name_ref(gNode const & node, std::string & out);
+  void set_bookmark(gVltRule rule, gNode const & node, std::string & out);
+  void set_macro(gNode const & node, std::string & out);
+  void set_source_link(gNode const & node, std::string & out);
+  void set_paragraph(gVltRule rule, gNode const & node, std::string & out);
+  void set_headline(gNode const & node, std::string & out);
+  void set_link_line(gNode const & node, std::string & out);
+  void set_list(gNode const & node, std::string & out);
+  void set_subentry(gNode const & node, std::string & out);
+  void set_cells(gTableShape const & shape, gNode const & row, bool marked, std::string & out);
+  void set_step(gNode const & node, std::size_t number, std::string & out);
+
+  gDocument const & document_;
+  gVltRules const & rules_;
+  int unit_ = -1;
+  int notes_ = 0;
+  int list_level_ = 0;
+  bool in_link_ = false;
+  std::set<std::pair<int, std::string>> missing_; // reported: unit and name
+};

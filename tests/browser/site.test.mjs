@@ -1,0 +1,191 @@
+// The pages in a real browser, read from files and without a network. SITES names the folders.
+import assert from "node:assert/strict";
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { join } from "node:path";
+import { after, before, describe, test } from "node:test";
+import { pathToFileURL } from "node:url";
+import { HtmlValidate } from "html-validate";
+import { chromium } from "playwright-core";
+import { check_site, files_of } from "./check_site.mjs";
+
+const sites = process.env.SITES.split(":");
+const [example, folder] = sites;
+const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+const pages_of = (site) => files_of(site).filter((name) => name.endsWith(".htm"));
+const address = (site, name) => pathToFileURL(join(site, name)).href;
+const wide = { width: 1440, height: 900 };
+const phone = { width: 390, height: 844 };
+let browser;
+
+// Calls `work` with a fresh page of its own; a script error or a request to the net is a fault.
+const on_page = async (url, options, work) => {
+  const context = await browser.newContext({ viewport: wide, ...options });
+  const faults = [];
+  await context.route(/^(?!file:|data:)/, (route) => { faults.push(route.request().url()); route.abort(); });
+  const page = await context.newPage();
+  page.setDefaultTimeout(10000);
+  page.on("pageerror", (error) => faults.push(error.message));
+  await page.goto(url);
+  await work(page);
+  await context.close();
+  assert.deepEqual(faults, []);
+};
+
+// One page of each sort, and the heaviest of all.
+const samples_of = (site) => {
+  const pages = pages_of(site);
+  const size = (name) => readFileSync(join(site, name)).length;
+  const heaviest = pages.reduce((a, b) => (size(b) > size(a) ? b : a));
+  const longest_name = pages.reduce((a, b) => (b.length > a.length ? b : a));
+  const of_kind = (kind) => pages.find((name) =>
+    readFileSync(join(site, name), "utf8").includes(`<span class="kind ${kind}">${kind}</span><h1`));
+  return [...new Set(["index.htm", "contents.htm", "idx.htm", heaviest, longest_name, of_kind("class"),
+    of_kind("function"), pages.find((name) => name.startsWith("_source"))].filter(Boolean))];
+};
+
+before(async () => {
+  browser = await chromium.launch({
+    executablePath: process.env.CHROMIUM || "/usr/bin/chromium",
+    args: ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+      "--disable-background-networking", "--disable-component-update", "--disable-sync"],
+  });
+});
+after(() => browser.close());
+
+for (const site of sites) {
+  describe(site.split("/").at(-2), () => {
+    test("every link leads somewhere, no file is too heavy", () => {
+      const { pages, links, faults } = check_site(site);
+      assert.deepEqual(faults.slice(0, 20), []);
+      assert.ok(pages > 5 && links > 100);
+    });
+
+    test("valid HTML", async () => {
+      const validator = new HtmlValidate({ extends: ["html-validate:standard", "html-validate:a11y"],
+        rules: { "long-title": "off", "no-inline-style": "off" } });
+      const faults = [];
+      for (const name of new Set([...samples_of(site), ...pages_of(site).slice(0, 60)])) {
+        const report = await validator.validateFile(join(site, name));
+        for (const result of report.results)
+          for (const m of result.messages) faults.push(`${name}:${m.line}:${m.column} ${m.ruleId} ${m.message}`);
+      }
+      assert.deepEqual(faults.slice(0, 20), []);
+    });
+
+    test("no barrier: light and dark, wide and phone, nothing cut off", async () => {
+      const faults = [];
+      for (const name of samples_of(site))
+        await on_page(address(site, name), {}, async (page) => {
+          await page.evaluate(axe);
+          for (const viewport of [wide, phone])
+            for (const colorScheme of ["light", "dark"]) {
+              await page.setViewportSize(viewport);
+              await page.emulateMedia({ colorScheme, reducedMotion: "reduce" });
+              const where = `${name} ${colorScheme} ${viewport.width}`;
+              // Nothing but colours differs in the dark.
+              const rules = colorScheme === "dark" ? { runOnly: "color-contrast" } : {};
+              const { violations } = await page.evaluate((options) => window.axe.run(options), rules);
+              for (const v of violations) faults.push(`${where}: ${v.id} ${v.nodes[0].html.slice(0, 200)}`);
+              const over = await page.evaluate(() => document.documentElement.scrollWidth - innerWidth);
+              if (over > 0) faults.push(`${where}: ${over} pixels too wide`);
+            }
+        });
+      assert.deepEqual(faults, []);
+    });
+  });
+}
+
+const search = (page, text) => page.locator(".search input").pressSequentially(text);
+// The first row of the list as soon as it is the one of this name.
+const first_hit = async (page, name) => {
+  const row = page.locator(".hit:first-child").filter({ has: page.getByText(name, { exact: true }) });
+  await row.waitFor();
+  return row;
+};
+
+test("search by keyboard alone, ranked, from a file", () =>
+  on_page(address(example, "index.htm"), {}, async (page) => {
+    await page.keyboard.press("/");
+    await search(page, "regi");
+    const row = await first_hit(page, "Registry");
+    assert.match(await row.innerText(), /^class/);
+    assert.equal(await row.locator("mark").first().innerText(), "Regi");
+    const axes = await page.evaluate(`${axe}; axe.run()`);
+    assert.deepEqual(axes.violations.map((v) => v.id), []);
+    await page.keyboard.press("ArrowDown");
+    const field = page.locator(".search input");
+    const active = await field.getAttribute("aria-activedescendant");
+    assert.equal(await page.locator(`#${active}`).getAttribute("aria-selected"), "true");
+    await page.keyboard.press("Escape");
+    assert.equal(await field.getAttribute("aria-expanded"), "false");
+    await page.keyboard.press("Control+k");
+    await search(page, "Registry enter");
+    await page.keyboard.press("Enter"); // before the list is there
+    await page.waitForURL(/Registry\.enter\.htm/);
+    await page.keyboard.press("/");
+    await search(page, "nosuchword");
+    await page.getByText("Nothing found.").waitFor();
+  }));
+
+test("the theme follows the system until it is chosen, and is kept", () =>
+  on_page(address(example, "index.htm"), { colorScheme: "dark" }, async (page) => {
+    const paper = () => page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor);
+    const dark = await paper();
+    const button = page.locator(".theme");
+    await button.click(); // light
+    const light = await paper();
+    assert.notEqual(light, dark);
+    await page.reload();
+    assert.equal(await paper(), light);
+    await page.emulateMedia({ colorScheme: "light" });
+    await button.click(); // dark
+    assert.equal(await paper(), dark);
+    await button.click(); // automatic
+    assert.equal(await paper(), light);
+  }));
+
+test("drawers hold the focus and close on Escape", () =>
+  on_page(address(folder, samples_of(folder).at(5)), { viewport: phone }, async (page) => {
+    const button = page.locator(".menu");
+    assert.equal(await page.locator("#contents").isVisible(), false);
+    await button.click();
+    for (let i = 0; i < 3; ++i) {
+      await page.keyboard.press("Shift+Tab");
+      assert.ok(await page.evaluate(() => document.querySelector("#contents").contains(document.activeElement)));
+    }
+    await page.evaluate(axe);
+    assert.deepEqual((await page.evaluate(() => axe.run())).violations.map((v) => v.id), []);
+    await page.keyboard.press("Escape");
+    assert.equal(await page.locator("#contents").isVisible(), false);
+    assert.ok(await button.evaluate((element) => element === document.activeElement));
+  }));
+
+test("text is there without scripts, and nothing moves while a page loads", async () => {
+  const class_page = address(folder, samples_of(folder).at(5));
+  await on_page(class_page, { javaScriptEnabled: false }, async (page) => {
+    assert.equal(await page.locator(".search").isVisible(), false);
+    assert.ok((await page.locator("main").innerText()).length > 100);
+    assert.ok(await page.locator("#contents a").count() > 3);
+  });
+  for (const viewport of [wide, phone])
+    await on_page(class_page, { viewport }, async (page) => {
+      const shift = await page.evaluate(() => new Promise((resolve) => {
+        let sum = 0;
+        new PerformanceObserver((list) => { for (const e of list.getEntries()) sum += e.value; })
+          .observe({ type: "layout-shift", buffered: true });
+        setTimeout(() => resolve(sum), 300);
+      }));
+      assert.ok(shift < 0.005, `shift ${shift}`);
+    });
+});
+
+test("code is copied as it stands", () =>
+  on_page(address(folder, samples_of(folder).at(5)), { permissions: ["clipboard-read", "clipboard-write"] }, async (page) => {
+    const block = page.locator(".code").first();
+    await block.hover();
+    await block.locator(".copy").click();
+    await page.getByText("Copied").waitFor();
+    assert.equal(await page.evaluate(() => navigator.clipboard.readText()),
+      (await block.locator("pre").innerText()).trimEnd());
+  }));

@@ -1,0 +1,345 @@
+// Plan and parts of a site, from documents that are made here or read from a text.
+
+#include <regex>
+
+#include <gtest/gtest.h>
+
+#include "app/options/options.h"
+#include "conv/atc/reader.h"
+#include "conv/conversion.h"
+#include "conv/htm/declaration.h"
+#include "conv/htm/hierarchy.h"
+#include "conv/htm/index_page.h"
+#include "conv/htm/search_words.h"
+#include "conv/htm/slug.h"
+#include "support/case_file.h"
+#include "support/temp_folder.h"
+#include "support/test_outside.h"
+
+namespace {
+
+std::vector<std::string> split(std::string const & text, char separator) {
+  std::vector<std::string> parts(1);
+  for (char const c : text)
+    if (c == separator)
+      parts.emplace_back();
+    else
+      parts.back() += c;
+  return parts;
+}
+
+std::vector<std::string> lines_of(std::string const & text) {
+  std::vector<std::string> lines = split(text, '\n');
+  if (lines.back().empty())
+    lines.pop_back();
+  return lines;
+}
+
+// Lines "level|name|declaration", sections parted by an empty line; the parents go by the levels.
+gDocument outline(std::string const & text) {
+  gDocument document;
+  std::vector<int> open; // the last unit of each level
+  for (std::string const & line : lines_of(text)) {
+    if (line.empty()) {
+      open.clear();
+      continue;
+    }
+    if (open.empty())
+      document.sections.emplace_back();
+    std::vector<std::string> fields = split(line, '|');
+    fields.resize(3);
+    gUnitRecord unit;
+    unit.level = std::stoi(fields[0]);
+    unit.name = unit.title = fields[1];
+    unit.declaration = fields[2];
+    unit.path = "/src/a.h";
+    unit.section = static_cast<int>(document.sections.size()) - 1;
+    auto const level = static_cast<std::size_t>(unit.level);
+    open.resize(level + 1, -1);
+    for (std::size_t above = level; above > 0 && unit.parent < 0; --above)
+      unit.parent = open[above - 1];
+    open[level] = static_cast<int>(document.units.size());
+    document.units.push_back(unit);
+  }
+  return document;
+}
+
+std::string addresses(std::string const & text) {
+  gDocument const document = outline(text);
+  gSite const site(document, gVltRules(), "", 2);
+  std::string out;
+  for (int unit = 0; unit < static_cast<int>(document.units.size()); ++unit) {
+    out += site.addresses.href(unit);
+    if (!site.addresses.alias(unit).empty())
+      (out += " #") += site.addresses.alias(unit);
+    out += '\n';
+  }
+  for (gSimilarPages const & similar : site.addresses.similar())
+    out += "similar: " + similar.name + '\n';
+  return out;
+}
+
+// With "?" for each hash, after a check that all are different.
+std::string masked_addresses(std::string const & text) {
+  std::string const all = addresses(text);
+  std::set<std::string> different;
+  for (std::string const & line : lines_of(all))
+    EXPECT_TRUE(different.insert(line).second) << line;
+  return std::regex_replace(all, std::regex("-[0-9a-f]{6}"), "-?");
+}
+
+// Input: a declaration of one line, the names that are known.
+std::string declaration(std::string const & input) {
+  gVltRules rules;
+  rules.parse("@set<keywords_cpp> = class const public template typename virtual void\n"
+              "@colour = $text\n",
+              "test.vlt");
+  gColours const colours(rules);
+  std::vector<std::string> const lines = lines_of(input);
+  std::vector<std::string> const known = split(lines[1], ' ');
+  std::string out;
+  Declaration::set(
+      Declaration::broken(lines[0]), gLanguage::cpp, colours,
+      [&known](std::string_view name, std::string & link) {
+        bool const found = std::ranges::find(known, name) != known.end();
+        if (found)
+          ((link += '[') += name) += ']';
+        return found;
+      },
+      out);
+  return out + '\n';
+}
+
+// Lines of program text; "pas" as first line for Pascal.
+std::string colours(std::string const & input) {
+  gVltRules rules;
+  rules.parse("@set<keywords_cpp> = int return\n@set<keywords_pas> = begin end\n"
+              "@colour = <$name:$text>\n",
+              "test.vlt");
+  gColours const scanner(rules);
+  bool const pascal = input.starts_with("pas\n");
+  std::string out;
+  scanner.set(pascal ? gLanguage::pascal : gLanguage::cpp, input.substr(pascal ? 4 : 0), out);
+  return out;
+}
+
+// Lines "text{key}text{key}text" with "|" between the fields.
+std::string phrases(std::string const & input) {
+  std::string out;
+  for (std::string const & line : lines_of(input)) {
+    gIndexEntry entry;
+    std::vector<std::string> const fields = split(line, '|');
+    std::ranges::copy(fields, entry.fields);
+    out += entry.fields[1] + " -> " + Index::phrase_of(entry, "~") + '\n';
+  }
+  return out;
+}
+
+// Lines "role level name".
+std::string hierarchy(std::string const & input) {
+  gNodeList steps;
+  for (std::string const & line : lines_of(input)) {
+    std::vector<std::string> const fields = split(line, ' ');
+    gNode step{gNodeKind::step, 0, fields[2], {fields[0], "", fields[1]}, {}};
+    steps.push_back(step);
+  }
+  std::string out;
+  Hierarchy::set(
+      steps,
+      [](gHierarchyItem const & item, std::string & to) {
+        to += item.step->text;
+        if (item.edge)
+          to += "<" + item.edge->text;
+        to += "(" + std::string(item.items) + ")";
+      },
+      out);
+  return out + '\n';
+}
+
+// The files of a site by their names.
+class HtmSite : public ::testing::Test {
+protected:
+  // Converts intermediate code, with the rules in ini/.
+  void convert(std::string const & units, std::string const & rules = {}) {
+    std::string const source = std::string(VELLUMAR_SOURCE_DIR) + "/ini/";
+    folder_.write("out/m.atc",
+                  "@verinfo<VL_10>\n@outfile<m>\n\n@b_section<>\n@b_secthead\n@e_secthead\n" +
+                      units + "\n@e_atc\n");
+    std::string const script =
+        folder_.write("m.vlt", "#include \"" + source + "htm.vlt\"\n" + rules);
+    Vapp::options["target"] = cat::make("htm");
+    Vapp::options["out_dir"] = cat::make(gString(folder_.path("out")));
+    Vapp::options["atc_file"] = cat::make(gString(folder_.path("out/m.atc")));
+    cMapObj & htm = Vapp::options.submap("htm");
+    htm["out_dir"] = cat::make(gString(folder_.path("out/htm")));
+    htm["cur_vlt"] = cat::make(gString(script));
+    htm["cur_helpers_dir"] = cat::make(gString(source + "htm_helpers"));
+    Htm::make_manual(nullptr);
+  }
+  std::string file(std::string const & name) const { return folder_.read("out/htm/" + name); }
+  std::string unit(int level, std::string const & name, std::string const & path, int line,
+                   std::string const & content) const {
+    std::string const label = "L" + std::to_string(line);
+    return "\n@unit<" + std::to_string(level) + "><main><class><pos><" + path + "><" +
+           std::to_string(line) + "><" + label + ">\n@bkmk<" + label + ">\n@xe<" + label + "><><" +
+           name + "><><><>\n@hdline{" + name + "}\n@text\n" + content + "\n@end\n";
+  }
+  static std::string link(std::string const & path, int line) {
+    return "@b_ll\n@macro<srclink><" + path + "><" + std::to_string(line) + ">{Source}\n@e_ll\n";
+  }
+
+  TempFolder folder_;
+  TestOutside outside_;
+};
+
+} // namespace
+
+TEST(Htm, Addresses) {
+  check_cases(CASE_DIR "/addresses.cases", masked_addresses);
+}
+TEST(Htm, Declarations) {
+  check_cases(CASE_DIR "/declarations.cases", declaration);
+}
+TEST(Htm, Colours) {
+  check_cases(CASE_DIR "/colours.cases", colours);
+}
+TEST(Htm, IndexPhrases) {
+  check_cases(CASE_DIR "/phrases.cases", phrases);
+}
+TEST(Htm, Hierarchies) {
+  check_cases(CASE_DIR "/hierarchies.cases", hierarchy);
+}
+
+// A name that moves when something unlike it arrives would break links from outside.
+TEST(Htm, AddressesStayWhenUnitsArrive) {
+  std::string const before =
+      addresses("1|Guide\n2|a::f|void f(int)\n2|a::f|void f(long)\n2|A|class A\n"
+                "3|A::g|void g()\n");
+  std::string const after =
+      addresses("1|News\n2|b|class b\n1|Guide\n2|a::f|void f()\n2|a::f|void f(int)\n"
+                "2|a::f|void f(long)\n2|A|class A\n3|A::e|void e()\n3|A::g|void g()\n");
+  for (std::string const & line : lines_of(before))
+    EXPECT_NE(after.find(line + '\n'), std::string::npos) << line;
+}
+
+// A list of functions without end must not become one page; where it was one, its anchors stay.
+TEST(Htm, LongListsAreSplit) {
+  std::string units = "2|Functions\n";
+  for (int i = 0; i < gPages::most_units; ++i)
+    units += "3|f" + std::to_string(i) + "|void f()\n";
+  gDocument const document = outline(units + "2|C|class C\n3|C::g|void g()\n");
+  gSite const site(document, gVltRules(), "", 2);
+  EXPECT_EQ(site.pages.size(), gPages::most_units + 2);
+  EXPECT_EQ(site.addresses.href(7), "f6.htm");
+  EXPECT_EQ(site.addresses.former_anchor(7), "f6");
+  EXPECT_EQ(site.addresses.href(gPages::most_units + 2), "C.htm#g");
+}
+
+// Any list must be found again in the contents, whatever its size.
+TEST(Htm, ContentsReachEveryPage) {
+  std::string units;
+  for (int part = 0; part < 3; ++part) {
+    units += "1|Part" + std::to_string(part) + '\n';
+    for (int i = 0; i < 300 * part + 5; ++i)
+      units += "2|p" + std::to_string(part) + "_" + std::to_string(i) + '\n';
+  }
+  gDocument const document = outline(units);
+  gVltRules rules;
+  rules.parse("@tree_item = ($href)$items\n@tree_more = [$href]\n@tree = $items\n", "t.vlt");
+  gSite const site(document, rules, "", 2);
+  gContents const contents(site);
+  std::string all;
+  for (gContentsPage const & page : contents.pages()) {
+    std::string const list = contents.list(page);
+    EXPECT_LT(std::ranges::count(list, '('), 500);
+    all += "{" + page.file + "}" + list;
+  }
+  for (int page = 0; page < site.pages.size(); ++page)
+    ASSERT_NE(all.find("(" + site.addresses.file(page) + ")"), std::string::npos) << page;
+  std::smatch found;
+  for (std::string rest = all; std::regex_search(rest, found, std::regex("\\[([^\\]]*)\\]"));
+       rest = found.suffix())
+    EXPECT_NE(all.find("{" + found[1].str() + "}"), std::string::npos) << found[1];
+}
+
+TEST(Htm, WordsOfNames) {
+  std::vector<std::string_view> words;
+  SearchWords::split_name("readHTMLFile2_all", words);
+  EXPECT_EQ(words, (std::vector<std::string_view>{"read", "HTML", "File2", "all"}));
+  SearchWords::split_name("plain", words);
+  EXPECT_TRUE(words.empty());
+  SearchWords::split("a bc  \xc3\x84rger_2::x+yz", words);
+  EXPECT_EQ(words, (std::vector<std::string_view>{"bc", "\xc3\x84rger_2", "yz"}));
+  EXPECT_EQ(SearchWords::lower("\xc3\x84RGER \xd0\x96"), "\xc3\xa4rger \xd0\xb6");
+}
+
+TEST_F(HtmSite, SearchFindsNamesPiecesAndText) {
+  convert(unit(1, "net::FileReader", "/x/a.h", 1, "Takes \"bytes\" off a tape.") +
+          unit(1, "other", "/x/a.h", 2, "Knows no FileReader."));
+  EXPECT_NE(file("_search/w-fi.js").find("\"file\":\"40\""), std::string::npos);
+  EXPECT_NE(file("_search/w-fi.js").find("\"filereader\":\"50;"), std::string::npos);
+  EXPECT_NE(file("_search/w-ne.js").find("\"net\":\"30\""), std::string::npos);
+  std::string const block = file("_search/b-0.js");
+  EXPECT_NE(block.find("[\"FileReader\",\"net\",1,\"net.FileReader.htm\",\"a.h:1\","
+                       "\"Takes \\\"bytes\\\" off a tape.\"]"),
+            std::string::npos)
+      << block;
+}
+
+// A link to a source that isn't what the analysis has seen leads astray.
+TEST_F(HtmSite, SourceLinksLeadToExistingLinesOnly) {
+  std::string const good = folder_.write("good.h", "int a;\n/* x\n y */ int b < c;\n");
+  std::string const changed = folder_.write("changed.h", "int a;\n");
+  std::string const gone = folder_.path("gone.h");
+  folder_.write("out/m.atc");
+  std::filesystem::last_write_time(changed, std::filesystem::file_time_type::clock::now() +
+                                                std::chrono::hours(1));
+  convert(unit(1, "A", good, 3, link(good, 3)) + unit(1, "B", good, 1, link(good, 4)) +
+          unit(1, "C", gone, 8, link(gone, 8)) + unit(1, "D", gone, 9, link(gone, 9)) +
+          unit(1, "E", changed, 1, link(changed, 1)));
+  EXPECT_NE(file("A.htm").find("\"_source/good.h.htm#L3\""), std::string::npos);
+  for (char const * page : {"B.htm", "C.htm", "D.htm", "E.htm"})
+    EXPECT_EQ(file(page).find("_source/"), std::string::npos) << page;
+  std::string const source = file("_source/good.h.htm");
+  EXPECT_NE(source.find("id=\"L3\""), std::string::npos);
+  EXPECT_NE(source.find("../A.htm"), std::string::npos);
+  EXPECT_NE(source.find("b &lt; c"), std::string::npos);
+  std::string const reports = outside_.report_text();
+  std::regex const warning("WARNING 53[01]");
+  EXPECT_EQ(std::distance(std::sregex_iterator(reports.begin(), reports.end(), warning), {}), 2)
+      << reports;
+}
+
+// Every link of a site with all sorts of places leads to a file and an anchor that are there.
+TEST_F(HtmSite, LinksHoldTogether) {
+  std::string const twice = "@bkmk<MARK> @bkmk<K1> @xe<K1><old ><entry>< of ~><><> ";
+  convert(unit(1, "Reg", "/x/a.h", 1, twice + "See @cref<main><MARK>{mark} @footnote{Note.}") +
+          unit(3, "Reg::run", "/x/a.h", 2, "@sub<1>{Head} @text\n@sub<1>{Head} @text\nx") +
+          unit(3, "Reg::run", "/x/a.h", 3,
+               "@cref<main><L2>{first} @bkmk<K2> "
+               "@xe<K2><><entry><><second><> ") +
+          unit(1, "reg", "/x/a.h", 4, "@cref<main><L3>{other} and @cref<main><L1>{class}"));
+  std::regex const id("\\sid=\"([^\"]*)\""), href("\\shref=\"([^\"]*)\"");
+  std::map<std::string, std::set<std::string>> anchors;
+  std::map<std::string, std::string> pages;
+  for (auto const & entry : std::filesystem::directory_iterator(folder_.path("out/htm")))
+    if (entry.path().extension() == ".htm")
+      pages[entry.path().filename()] = file(entry.path().filename());
+  for (auto const & [name, text] : pages)
+    for (std::sregex_iterator at(text.begin(), text.end(), id), end; at != end; ++at)
+      EXPECT_TRUE(anchors[name].insert((*at)[1]).second) << name << " " << (*at)[1];
+  int links = 0;
+  for (auto const & [name, text] : pages)
+    for (std::sregex_iterator at(text.begin(), text.end(), href), end; at != end; ++at) {
+      std::vector<std::string> const parts = split((*at)[1], '#');
+      std::string const to = parts[0].empty() ? name : parts[0];
+      EXPECT_NE(file(to), "(missing)") << name << ": " << to;
+      bool const found = parts.size() < 2 || anchors[to].contains(parts[1]);
+      EXPECT_TRUE(found) << name << ": " << (*at)[1];
+      ++links;
+    }
+  EXPECT_GT(links, 50);
+  EXPECT_NE(pages["idx.htm"].find("old of entry"), std::string::npos);
+  EXPECT_TRUE(pages.contains("Reg.htm"));
+  EXPECT_NE(pages["Reg.htm"].find("reg-"), std::string::npos) << "the page of similar names";
+}
