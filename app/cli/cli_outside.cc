@@ -143,7 +143,8 @@ void gCliOutside::report(Msg::type, gString const & line) {
 // Lines that only tell which file is read, and what belongs to no run, are for the log.
 void gCliOutside::log_line(Msg::type type, gString const & line) {
   std::lock_guard const guard(mutex_);
-  if (!quiet_ && Vapp::ana_active && type != Msg::status && !line.empty())
+  bool const working = Vapp::ana_active || Vapp::output_active;
+  if (!quiet_ && working && type != Msg::status && !line.empty())
     print_line(line);
 }
 

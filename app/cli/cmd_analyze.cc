@@ -14,7 +14,7 @@ void add_analyze(CLI::App & app, gCommandContext & context) {
   arguments->run.add_to(*command);
   command->callback([arguments, &context] {
     context.status = load_project(arguments->project, context)
-                         ? run_analysis(arguments->run, context)
+                         ? run_project(arguments->run, {}, context)
                          : exit_refused;
   });
 }

@@ -56,5 +56,7 @@ int main(int argc, char ** argv) {
   add_set(app, context);
   add_check(app, context);
   add_analyze(app, context);
+  add_build(app, context);
+  add_quick(app, context);
   return run(app, argc, argv, context);
 }

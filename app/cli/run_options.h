@@ -1,9 +1,10 @@
-// The options that all commands with an analysis run share.
+// The options that all commands with an analysis run share, and the run itself.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "ana/ana_start.h"
 #include "app/cli/commands.h"
 
 struct gRunOptions {
@@ -14,7 +15,14 @@ struct gRunOptions {
   bool quiet = false;
 
   void add_to(CLI::App & command);
+  // Puts them into the loaded project; false, and a line on standard error, if one is refused.
+  bool apply(gCommandContext & context) const;
+  gOverwrite overwrite_policy() const;
+  // True if reports up to that severity make the command fail.
+  bool fails_on(Msg::type worst) const;
 };
 
-// Applies the options to the loaded project and runs the analysis. The exit status of the whole.
-int run_analysis(gRunOptions const & options, gCommandContext & context);
+// Applies the options to the loaded project, runs the analysis and then the conversions to the
+// targets ("htm", "rtf", "hlp") in their order. The exit status of the whole.
+int run_project(gRunOptions const & options, std::vector<std::string> const & targets,
+                gCommandContext & context);

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <vector>
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "program.h"
@@ -171,15 +170,6 @@ void make_long_project(Sandbox const & box) {
     box.write("src/b" + std::to_string(i) + ".h", text);
 }
 
-void wait_for(Sandbox const & box, char const * stage) {
-  for (int i = 0; i < 2000; ++i) {
-    if (box.read("out/ana.log").find(stage) != std::string::npos)
-      return;
-    usleep(5000);
-  }
-  FAIL() << stage;
-}
-
 int temp_files(Sandbox const & box) {
   int count = 0;
   for (auto const & entry : std::filesystem::directory_iterator(box.path("tmp")))
@@ -187,20 +177,14 @@ int temp_files(Sandbox const & box) {
   return count;
 }
 
-int end_of(int child) {
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
 TEST(cli, stops_in_an_orderly_way) {
   Sandbox box;
   make_long_project(box);
   int const child = box.start("analyze p.vlp");
-  wait_for(box, "Preprocessing");
+  box.wait_for("out/ana.log", "Preprocessing");
   EXPECT_EQ(box.run("analyze p.vlp").status, 2); // while the first one works
   kill(child, SIGINT);
-  EXPECT_EQ(end_of(child), 130);
+  EXPECT_EQ(Sandbox::end_of(child), 130);
   EXPECT_TRUE(box.read("out/ana.log").ends_with("User aborted program.\n"));
   EXPECT_EQ(temp_files(box), 0);
 }
@@ -218,13 +202,13 @@ TEST(cli, leaves_no_temporary_file_when_it_has_to_end_at_once) {
       {{SIGTERM}, 128 + SIGTERM}, {{SIGHUP}, 128 + SIGHUP}, {{SIGINT, SIGINT, SIGINT}, 130}};
   for (auto const & row : rows) {
     int const child = box.start("analyze p.vlp");
-    wait_for(box, "Preprocessing");
+    box.wait_for("out/ana.log", "Preprocessing");
     for (int signal : row.signals) {
       usleep(3000);
       kill(child, signal);
     }
     // An interrupt behind the end of the run meets no handler.
-    int const end = end_of(child);
+    int const end = Sandbox::end_of(child);
     EXPECT_TRUE(end == row.status || (row.status == 130 && end == -SIGINT)) << end;
     EXPECT_EQ(temp_files(box), 0) << row.status;
     std::filesystem::remove_all(box.path("out"));

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <gtest/gtest.h>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,4 +42,19 @@ int Sandbox::start(std::string const & arguments) const {
     _exit(127);
   }
   return child;
+}
+
+void Sandbox::wait_for(std::string const & file, std::string const & text) const {
+  for (int i = 0; i < 4000; ++i) {
+    if (read(file).find(text) != std::string::npos)
+      return;
+    usleep(5000);
+  }
+  ADD_FAILURE() << text;
+}
+
+int Sandbox::end_of(int child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }

@@ -22,4 +22,8 @@ public:
   Answer run(std::string const & arguments) const;
   // Starts it without waiting; the process number.
   int start(std::string const & arguments) const;
+  // Waits until a file holds the text; a failure of the test if that never comes.
+  void wait_for(std::string const & file, std::string const & text) const;
+  // The status of a process that was started, the negative signal if one ended it.
+  static int end_of(int child);
 };

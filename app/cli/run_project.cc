@@ -1,0 +1,90 @@
+// The work is that of the commands of the menu, which start a worker thread. The main thread waits
+// for it. The output folder stays locked until the last conversion is done.
+
+#include <algorithm>
+
+#include "app/cli/exit_status.h"
+#include "app/cli/interrupts.h"
+#include "app/cli/run_options.h"
+#include "app/options/options.h"
+#include "app/shell/run_handlers.h"
+#include "app/shell/worker.h"
+#include "conv/conversion.h"
+#include "vlb/gmsghandler.h"
+
+namespace {
+
+char const * driver_of(std::string const & target) {
+  return target == "htm" ? "gOutHTML" : target == "rtf" ? "gOutRTF" : "gOutHLP";
+}
+
+class Run {
+public:
+  explicit Run(gRunOptions const & options) : options_(options) {
+    start_.set_overwrite(options.overwrite_policy());
+    start_.set_keep_folder(true);
+  }
+
+  int analyze() {
+    if (!start_.OnUpdateCommand() || !start_.OnCommand() || !start_.folder())
+      return exit_refused;
+    wait();
+    return status_of(Vapp::ana_success);
+  }
+
+  // Goes on with the next target if one fails, but not if the user stops it.
+  int convert(std::vector<std::string> const & targets) {
+    int status = exit_ok;
+    for (std::string const & target : targets) {
+      status = std::max<int>(status, convert(target));
+      if (status == exit_interrupted)
+        break;
+    }
+    return status;
+  }
+
+  bool reached_limit() const { return options_.fails_on(worst_); }
+
+private:
+  int convert(std::string const & target) {
+    std::unique_ptr<cMenuHandlerBase> const driver = make_handler(driver_of(target));
+    if (!driver->OnUpdateCommand() || !driver->OnCommand())
+      return exit_failed;
+    wait();
+    start_.folder()->record_contents();
+    return status_of(Conv::last_result().success);
+  }
+
+  void wait() {
+    interrupts_.working();
+    Shell::wait_for_worker();
+    worst_ = std::max(worst_, Msg::log.worst());
+  }
+
+  int status_of(bool success) const {
+    return success ? exit_ok : interrupts_.seen() ? exit_interrupted : exit_failed;
+  }
+
+  gRunOptions const & options_;
+  gInterrupts interrupts_;
+  gAnaStart start_;
+  Msg::type worst_ = Msg::all;
+};
+
+} // namespace
+
+int run_project(gRunOptions const & options, std::vector<std::string> const & targets,
+                gCommandContext & context) {
+  if (!options.apply(context))
+    return exit_refused;
+  if (!ana_check_project()) {
+    context.outside.tell("'vellumar set' or --set changes inputfiles, vls_file and out_dir.");
+    return exit_refused;
+  }
+  context.outside.set_quiet(options.quiet);
+  Run run(options);
+  int status = run.analyze();
+  if (status == exit_ok)
+    status = run.convert(targets);
+  return status == exit_ok && run.reached_limit() ? exit_reports : status;
+}

@@ -1,0 +1,108 @@
+// The menu file, line by line; blanks at both ends of a line and of a field don't count:
+//   ! comment
+//   menu LABEL          begins a menu inside the current one, up to its "end"
+//   end
+//   -                   a separator
+//   HANDLER | LABEL | PARAMETER | ACCELERATOR | PICTURE
+// A command may leave out fields from the right.
+
+#include "app/shell/cmenu_handler.h"
+#include "vlb/gfilesystem.h"
+
+namespace {
+
+constexpr std::size_t deepest = 16;
+
+gString trimmed(std::string_view text) {
+  gString result(text);
+  result.wsp_rmright().wsp_rmleft();
+  return result;
+}
+
+// What stands in front of the separator, which goes from the text with it.
+gString next_field(std::string_view & text, char separator) {
+  std::size_t const end = std::min(text.find(separator), text.size());
+  gString const field = trimmed(text.substr(0, end));
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return field;
+}
+
+class MenuReader {
+public:
+  explicit MenuReader(cHandlerList & list) : list_(list) { open_.push_back(&root_); }
+
+  void read(std::string_view text) {
+    while (!text.empty())
+      line(next_field(text, '\n'));
+  }
+  std::vector<gMenuEntry> take() { return std::move(root_.entries); }
+
+private:
+  void line(std::string_view text) {
+    if (text.empty() || text.front() == '!')
+      return;
+    if (text == "-")
+      add(gMenuEntry::separator);
+    else if (text == "end")
+      close();
+    else if (text.starts_with("menu "))
+      open(text.substr(5));
+    else
+      command(text);
+  }
+
+  gMenuEntry & add(gMenuEntry::Kind kind) {
+    gMenuEntry & entry = open_.back()->entries.emplace_back();
+    entry.kind = kind;
+    return entry;
+  }
+
+  // Menus nested too deep for any screen join the one they stand in.
+  void open(std::string_view label) {
+    if (open_.size() == deepest) {
+      ++joined_;
+      return;
+    }
+    gMenuEntry & entry = add(gMenuEntry::menu);
+    entry.label = trimmed(label);
+    open_.push_back(&entry);
+  }
+
+  void close() {
+    if (joined_ > 0)
+      --joined_;
+    else if (open_.size() > 1)
+      open_.pop_back();
+  }
+
+  void command(std::string_view text) {
+    std::unique_ptr<cMenuHandlerBase> handler = make_handler(next_field(text, '|'));
+    if (!handler)
+      return;
+    gMenuEntry & entry = add(gMenuEntry::command);
+    entry.handler = handler.get();
+    entry.label = next_field(text, '|');
+    gString const parameters = next_field(text, '|');
+    entry.accelerator = next_field(text, '|');
+    entry.tool = next_field(text, '|');
+    handler.release()->Create(parameters, &list_, &list_);
+  }
+
+  cHandlerList & list_;
+  gMenuEntry root_;
+  std::vector<gMenuEntry *> open_; // the menus around the line, the root first
+  std::size_t joined_ = 0;
+};
+
+} // namespace
+
+bool CreateMenuFromFile(cHandlerList * list, char const * path) {
+  std::string text;
+  if (!gFileSystem::read_file(gPathstring(path), text))
+    return false;
+  list->erase();
+  MenuReader reader(*list);
+  reader.read(text);
+  list->set_menu(reader.take());
+  return true;
+}

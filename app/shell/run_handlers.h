@@ -1,0 +1,36 @@
+// Commands that start and stop an analysis.
+#pragma once
+
+#include <memory>
+
+#include "ana/ana_start.h"
+#include "app/shell/cmenu_handler.h"
+
+class gAnaStart : public cMenuHandlerBase {
+public:
+  // Checks the project, empties the output folder and starts the run.
+  int OnCommand() override;
+  int OnUpdateCommand() override;
+
+  // How to treat an output folder with something in it; a menu always asks.
+  void set_overwrite(gOverwrite overwrite) { overwrite_ = overwrite; }
+  // The folder of the last run, which is locked as long as this lives; null if the run didn't start
+  // or release_folder() was called.
+  gOutputFolder * folder() const { return folder_.get(); }
+  // Whether the lock is given up at the end of the run; else it holds for conversions too.
+  void set_keep_folder(bool keep) { keep_folder_ = keep; }
+
+private:
+  static void run(void * self);
+
+  gOverwrite overwrite_ = gOverwrite::ask;
+  bool keep_folder_ = false;
+  std::unique_ptr<gOutputFolder> folder_;
+};
+
+// Stops a run.
+class gAnaBreakHandler : public cMenuHandlerBase {
+public:
+  int OnCommand() override;
+  int OnUpdateCommand() override;
+};

@@ -1,0 +1,97 @@
+// Conversions by the program: statuses, what stays in the output folder, and the built-in project.
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "program.h"
+
+namespace {
+
+TEST(conversion, builds_what_the_next_run_may_empty) {
+  Sandbox box;
+  box.make_project();
+  EXPECT_EQ(box.run("build p.vlp --target pdf").status, 2);
+  Answer const answer = box.run("build p.vlp --target htm --target rtf");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_EQ(answer.out, "");
+  EXPECT_TRUE(box.exists("out/htm/index.htm") && box.exists("out/rtf") &&
+              box.exists("out/rtf.log"));
+  EXPECT_EQ(box.run("build p.vlp --fail-on warning").status, 3); // one of the analysis
+  EXPECT_TRUE(box.exists("out/htm/index.htm") && !box.exists("out/rtf"));
+  box.write("out/htm.new/page.htm", "of a run that was killed");
+  EXPECT_EQ(box.run("build p.vlp -q --set htm/vlt_default=false --set htm/vlt=no.vlt").status, 1);
+  EXPECT_FALSE(box.exists("out/htm") || box.exists("out/htm.new"));
+  EXPECT_EQ(box.run("build p.vlp").status, 0);
+  box.write("out/htm/mine", "");
+  EXPECT_EQ(box.run("build p.vlp").status, 2);
+  EXPECT_TRUE(box.exists("out/htm/mine"));
+}
+
+TEST(conversion, tells_where_there_is_no_room) {
+  Sandbox box;
+  box.make_project();
+  box.write("helpers/large.bin", std::string(300'000, 'x'));
+  std::string const build =
+      "build p.vlp --set htm/helpers_dir_default=false --set htm/helpers_dir=" +
+      box.path("helpers");
+  EXPECT_EQ(box.run(build).status, 0);
+  Answer const answer = box.run("--version && ulimit -f 200 && " VELLUMAR_PROGRAM " " + build);
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("ERROR 21: Cannot write to file: " + box.path("out/htm.new/")),
+            std::string::npos)
+      << answer.err;
+  EXPECT_NE(answer.err.find("large.bin (File too large)\n"), std::string::npos) << answer.err;
+  EXPECT_FALSE(box.exists("out/htm") || box.exists("out/htm.new"));
+}
+
+TEST(conversion, is_stopped_by_an_interrupt) {
+  Sandbox box;
+  box.make_project();
+  std::string text;
+  for (int i = 0; i < 5'000; ++i)
+    text += "/* @class Has it. */\nclass c" + std::to_string(i) + " {};\n";
+  box.write("src/long.h", text);
+  int const child = box.start("build p.vlp");
+  box.wait_for("out/htm.log", "Writing documentation");
+  kill(child, SIGINT);
+  EXPECT_EQ(Sandbox::end_of(child), 130);
+  EXPECT_TRUE(box.read("out/htm.log").ends_with("User aborted program.\n"));
+  EXPECT_FALSE(box.exists("out/htm") || box.exists("out/htm.new"));
+  box.write("src/long.h", "");
+  EXPECT_EQ(box.run("build p.vlp").status, 0);
+}
+
+TEST(conversion, quick_documents_any_folder) {
+  Sandbox box;
+  Answer answer = box.run("quick nowhere -o doc");
+  EXPECT_TRUE(answer.status == 2 && answer.err == "vellumar: Folder does not exist: nowhere\n");
+  box.write("tree/notes.txt", "");
+  box.write("tree/build/made.h", "void made();\n");
+  answer = box.run("quick tree -o doc");
+  EXPECT_EQ(answer.status, 2);
+  EXPECT_EQ(answer.err.find("vellumar: No source file found. "), 0u) << answer.err;
+  EXPECT_FALSE(box.exists("doc"));
+  box.write("tree/a.h", "// Does it.\nvoid f();\nclass C {};\n");
+  box.write("tree/deep/B.HPP", "class D {\n");
+  for (char const * other : {"tree/.git/x.h", "tree/node_modules/x.h", "tree/out/x.h"})
+    box.write(other, "void x();\n");
+  box.write("tree/out/CMakeCache.txt", "");
+  for (int i = 0; i < 2; ++i) { // the second time over what the first has left, inside the tree
+    answer = box.run("quick tree -o tree/doc -q");
+    EXPECT_EQ(answer.status, 0) << answer.err;
+    EXPECT_EQ(answer.out.find("Start page: " + box.path("tree/doc/htm/index.htm") +
+                              "\nSources:    2 files, 1 of them not read whole"),
+              0u)
+        << answer.out;
+    EXPECT_NE(answer.out.find("1 function"), std::string::npos) << answer.out;
+    EXPECT_NE(answer.out.find("\nLog:        " + box.path("tree/doc/ana.log\n")),
+              std::string::npos);
+    EXPECT_NE(box.read("tree/doc/htm/index.htm").find("tree"), std::string::npos) << "its title";
+  }
+  EXPECT_EQ(box.run("quick tree -o tree").status, 2);
+  EXPECT_TRUE(box.exists("tree/a.h"));
+}
+
+} // namespace
