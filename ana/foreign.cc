@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ana/foreign_code.h"
+#include "ana/foreign_pascal.h"
 #include "ana/foreign_text.h"
 #include "vlb/gstring.h"
 
@@ -16,7 +17,8 @@ namespace {
 constexpr std::string_view opening = "@_vlbcom ";
 constexpr std::string_view closing = "@_vlecom ";
 constexpr std::string_view special = "@_vlukwd ";
-constexpr std::size_t looked_at = 600; // of the code behind a comment
+constexpr std::size_t looked_at = 600;     // of the code behind a comment
+constexpr std::size_t longest_title = 300; // a token holds it
 constexpr auto npos = std::string_view::npos;
 
 struct Comment {
@@ -52,7 +54,8 @@ private:
   void look_ahead();
   void decide();
   void decide_cpp(Comment & comment);
-  void decide_pascal(Comment & comment, std::size_t & depth, std::size_t from);
+  void read(std::size_t begin, std::size_t end);
+  void decide_pascal(Comment & comment);
   bool is_noise(Comment const & comment) const;
   bool in_front(Comment const & comment) const;
   bool behind_code(Comment const & comment) const;
@@ -68,7 +71,9 @@ private:
   gLanguage language_;
   std::vector<Comment> comments_;
   gForeignCode code_;
+  gForeignPascal pascal_;
   std::size_t documented_ = npos; // the declaration that the last comment kept is in front of
+  std::size_t moved_to_ = npos;   // the declaration that the last comment below one went to
   std::map<std::size_t, std::string> values_;     // of enumerations, by their braces
   std::map<std::size_t, std::string> insertions_; // texts without a comment of their own
   std::vector<gForeignCode::Hidden> hidden_;      // code that makes no elements
@@ -84,10 +89,11 @@ std::size_t Adoption::split_behind(std::size_t begin, std::size_t inner, std::si
   std::size_t const line = nearest + (feed_before == npos ? 0 : feed_before + 1);
   if (trimmed(copy_.substr(line, begin - line)).empty())
     return npos;
-  for (std::size_t feed = copy_.find('\n', inner); feed < close;
-       feed = copy_.find('\n', feed + 1)) {
-    std::size_t const text = copy_.find_first_not_of(" \t", feed + 1);
-    if (text < close && copy_[text] != '\n' && text - feed - 1 < begin - line)
+  std::string_view const comment = copy_.substr(0, close);
+  for (std::size_t feed = comment.find('\n', inner); feed != npos;
+       feed = comment.find('\n', feed + 1)) {
+    std::size_t const text = comment.find_first_not_of(" \t", feed + 1);
+    if (text != npos && comment[text] != '\n' && text - feed - 1 < begin - line)
       return feed;
   }
   return npos;
@@ -220,7 +226,8 @@ bool Adoption::below_code(Comment const & comment) const {
   bool const alone =
       comment.feeds > 1 || comment.next >= copy_.size() || copy_[comment.next] == '}';
   return !code_.on_line() && code_.last() == ';' && code_.feeds() == 1 &&
-         code_.last_begin() != documented_ && (comment.behind || (!comment.marked && alone));
+         code_.last_begin() != documented_ && code_.last_begin() != moved_to_ &&
+         (comment.behind || (!comment.marked && alone));
 }
 
 std::string leading_name(std::string_view text) {
@@ -268,6 +275,8 @@ void Adoption::decide_cpp(Comment & comment) {
   if (code_.in_parentheses())
     return;
   comment.moved_up = below_code(comment);
+  if (comment.moved_up)
+    moved_to_ = code_.last_begin();
   comment.kept = comment.moved_up || behind_code(comment);
   if (!comment.kept && !code_.on_line() && in_front(comment)) {
     comment.kept = true;
@@ -275,22 +284,9 @@ void Adoption::decide_cpp(Comment & comment) {
   }
 }
 
-// Bodies of routines lie between "begin" and "end"; what stands directly in front of anything else
-// is taken.
-void Adoption::decide_pascal(Comment & comment, std::size_t & depth, std::size_t from) {
-  std::string_view const code = copy_.substr(from, comment.begin - from);
-  for (std::size_t at = 0; at < code.size();) {
-    std::string const word = Vlb::to_lower(leading_name(code.substr(at)));
-    if (word == "begin" || word == "asm" || (depth > 0 && (word == "case" || word == "try")))
-      ++depth;
-    else if (word == "end" && depth > 0)
-      --depth;
-    else if (word == "implementation" && hidden_.empty())
-      hidden_.push_back({from + at + word.size(), copy_.rfind("end"), {}});
-    at += std::max<std::size_t>(word.size(), 1);
-  }
-  code_.read(copy_, from, comment.begin);
-  if (depth > 0 || !hidden_.empty() || is_noise(comment))
+// What stands directly in front of a declaration is taken.
+void Adoption::decide_pascal(Comment & comment) {
+  if (pascal_.in_body() || pascal_.in_implementation() || is_noise(comment))
     return;
   std::string const next = Vlb::to_lower(leading_name(copy_.substr(comment.next, looked_at)));
   static constexpr std::string_view others[] = {
@@ -307,22 +303,26 @@ void Adoption::decide_pascal(Comment & comment, std::size_t & depth, std::size_t
                                                         : comment.direct && comment.feeds <= 1));
 }
 
+void Adoption::read(std::size_t begin, std::size_t end) {
+  if (language_ == gLanguage::pascal)
+    pascal_.read(copy_, begin, end);
+  code_.read(copy_, begin, end);
+}
+
 void Adoption::decide() {
-  std::size_t from = 0, depth = 0;
+  bool const pascal = language_ == gLanguage::pascal;
+  std::size_t from = 0;
   for (Comment & comment : comments_) {
-    if (language_ == gLanguage::pascal) {
-      decide_pascal(comment, depth, from);
-    } else {
-      code_.read(copy_, from, comment.begin);
+    read(from, comment.begin);
+    if (pascal)
+      decide_pascal(comment);
+    else
       decide_cpp(comment);
-    }
     code_.skip(copy_.substr(comment.begin, comment.end - comment.begin));
     from = comment.end;
   }
-  if (language_ != gLanguage::cpp)
-    return;
-  code_.read(copy_, from, copy_.size());
-  hidden_ = code_.hidden();
+  read(from, copy_.size());
+  hidden_ = pascal ? std::vector{pascal_.implementation()} : code_.hidden();
 }
 
 // The values join the comment of their enumeration or, if it has none, make one.
@@ -359,15 +359,24 @@ void Adoption::enter_definitions() {
   }
 }
 
+// Code that isn't to make elements leaves its line feeds.
 void Adoption::print_code(std::size_t begin, std::size_t end) {
-  for (std::size_t at = begin; at < end; ++at) {
-    while (next_hidden_ < hidden_.size() &&
-           (hidden_[next_hidden_].end == 0 || hidden_[next_hidden_].end <= at))
+  for (std::size_t at = begin; at < end;) {
+    while (next_hidden_ < hidden_.size() && hidden_[next_hidden_].end <= at)
       ++next_hidden_;
-    if (auto const found = insertions_.find(at); found != insertions_.end())
-      out_ += found->second;
-    bool const hidden = next_hidden_ < hidden_.size() && hidden_[next_hidden_].begin <= at;
-    out_ += hidden && copy_[at] != '\n' ? ' ' : copy_[at];
+    bool const any = next_hidden_ < hidden_.size();
+    gForeignCode::Hidden const place =
+        any ? hidden_[next_hidden_] : gForeignCode::Hidden{end, end, {}};
+    bool const hidden = place.begin <= at;
+    auto const insertion = insertions_.lower_bound(at);
+    if (insertion != insertions_.end() && insertion->first == at)
+      out_ += insertion->second;
+    std::size_t stop = std::min(end, hidden ? place.end : place.begin);
+    if (auto const next = insertions_.upper_bound(at); next != insertions_.end())
+      stop = std::min(stop, next->first);
+    for (char c : copy_.substr(at, stop - at))
+      out_ += hidden && c != '\n' ? ' ' : c;
+    at = stop;
   }
 }
 
@@ -378,7 +387,8 @@ std::string Adoption::unit_text(Comment const & comment) const {
     return "@about " + text.name + " | @description " + text.text;
   case gForeignText::topic:
     // With a name of its own it can't be taken for the description of what follows.
-    return "@text vl_topic @noxe @hdline{" + translate_inline(text.name.substr(0, 600)) + "} " +
+    return "@text vl_topic @noxe @hdline{" +
+           translate_inline(text.name.substr(0, character_end(text.name, longest_title))) + "} " +
            text.text;
   default:
     return std::string(special) + text.text;

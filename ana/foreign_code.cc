@@ -10,6 +10,8 @@
 namespace {
 
 constexpr std::size_t longest_head = 4000;
+constexpr std::size_t longest_scope = 300; // names of namespaces and classes in a row
+constexpr std::size_t deepest = 100;       // and their number
 
 bool has_word(std::string_view text, std::string_view word) {
   for (std::size_t at = 0; (at = text.find(word, at)) != std::string_view::npos; ++at) {
@@ -114,11 +116,15 @@ std::string scoped_declarator(std::string_view head) {
 
 } // namespace
 
+// Empty where it would be longer than any real one.
 std::string gForeignCode::scoped(std::string const & name) const {
   std::string result;
-  for (Level const & level : scopes_)
+  for (Level const & level : scopes_) {
+    if (scopes_.size() > deepest || result.size() > longest_scope)
+      return {};
     if (!level.name.empty())
       result += level.name + "::";
+  }
   return result + name;
 }
 
@@ -128,13 +134,17 @@ void gForeignCode::end_head() {
 }
 
 void gForeignCode::open(std::size_t at) {
+  if (scope() == body) {
+    ++inner_;
+    return end_head();
+  }
   std::string_view const head = without_template(trimmed(head_));
   std::size_t const parens = head.rfind(')');
   bool const function =
       parens != std::string_view::npos && is_function_tail(head.substr(parens + 1));
   Level level{body, {}, false};
-  if (scope() == body || parentheses_ > 0) {
-    // whatever it is, it belongs to the body
+  if (parentheses_ > 0) {
+    // whatever it is, it is no declaration
   } else if (!function && has_word(head, "enum")) {
     level.kind = enumerators;
     std::string const name = scope_name(head);
@@ -158,7 +168,9 @@ void gForeignCode::open(std::size_t at) {
 }
 
 void gForeignCode::close(std::size_t at) {
-  if (!scopes_.empty()) {
+  if (inner_ > 0) {
+    --inner_;
+  } else if (!scopes_.empty()) {
     if (scopes_.back().defines)
       hidden_.back().end = at + 1;
     scopes_.pop_back();

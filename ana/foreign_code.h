@@ -51,6 +51,7 @@ private:
   std::string scoped(std::string const & name) const;
 
   std::vector<Level> scopes_;
+  std::size_t inner_ = 0; // braces open within the innermost body
   std::string head_, line_, enumerator_;
   std::size_t head_begin_ = 0, last_begin_ = 0;
   int parentheses_ = 0;

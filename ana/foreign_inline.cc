@@ -12,8 +12,10 @@ namespace {
 
 // Braces hold less than a token's length; a longer text stays without its format.
 constexpr std::size_t longest_format = 600;
-// A word is broken there, since a token is limited.
-constexpr std::size_t longest_word = 300;
+// A word is broken there, since a token is limited; writing systems without blanks have longer
+// ones.
+constexpr std::size_t longest_word = 300, longest_other_word = 800;
+constexpr std::size_t longest_mark = 10; // of backticks
 
 bool is_blank(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r';
@@ -27,6 +29,7 @@ class InlineText {
 public:
   explicit InlineText(std::string_view text) : text_(text) {}
   std::string translate();
+  std::string plain(bool break_words);
 
 private:
   char at(std::size_t i) const { return i < text_.size() ? text_[i] : '\0'; }
@@ -37,6 +40,11 @@ private:
   std::string_view take_word();
 
   void put(char c);
+  void put_next() {
+    put(text_[at_]);
+    ++at_;
+  }
+  void break_word(char c);
   void put_markup(std::string const & markup);
   bool format(std::string_view command, std::size_t begin, std::string_view close);
 
@@ -55,7 +63,8 @@ private:
 
   std::string_view text_;
   std::size_t at_ = 0;
-  std::size_t word_ = 0; // length of the word at the end of the output
+  std::size_t word_ = 0; // where the word at the end of the output begins
+  bool break_words_ = true;
   std::string out_;
 };
 
@@ -64,17 +73,26 @@ std::size_t InlineText::find_close(std::string_view close, std::size_t begin) co
   return found == begin ? std::string_view::npos : found;
 }
 
+// Bytes that go on with a character of UTF-8 aren't parted from it.
+void InlineText::break_word(char c) {
+  auto const byte = static_cast<unsigned char>(c);
+  std::size_t const length = out_.size() - word_;
+  bool const at_end = byte < 0x80    ? length > longest_word
+                      : byte >= 0xC0 ? length > longest_other_word
+                                     : length > longest_other_word + 10;
+  if (!at_end || !break_words_)
+    return;
+  out_ += ' ';
+  word_ = out_.size();
+}
+
 void InlineText::put(char c) {
   if (is_blank(c)) {
-    word_ = 0;
     out_ += ' ';
+    word_ = out_.size();
     return;
   }
-  bool const ascii = static_cast<unsigned char>(c) < 0x80;
-  if (++word_ > longest_word && ascii) {
-    out_ += ' ';
-    word_ = 0;
-  }
+  break_word(c);
   // The acute accent would open code text: in UTF-8 it goes, in other encodings it is protected.
   if (c == '\xB4' && out_.ends_with('\xC2')) {
     out_.back() = '\'';
@@ -89,7 +107,7 @@ void InlineText::put(char c) {
 
 void InlineText::put_markup(std::string const & markup) {
   out_ += markup;
-  word_ = 0;
+  word_ = markup.starts_with('@') ? out_.size() : std::max(word_, out_.rfind(' ') + 1);
 }
 
 std::string_view InlineText::take_word() {
@@ -110,10 +128,7 @@ bool InlineText::format(std::string_view command, std::size_t begin, std::string
   if (end == std::string_view::npos)
     return false;
   std::string_view const inner = text_.substr(begin, end - begin);
-  if (command == "tt")
-    put_markup(code_text(inner));
-  else
-    put_markup("@" + std::string(command) + "{" + translate_inline(inner) + "}");
+  put_markup(command == "tt" ? code_text(inner) : formatted_text(command, inner));
   at_ = end + close.size();
   return true;
 }
@@ -150,10 +165,10 @@ bool InlineText::known_tag(gForeignTag const & tag, std::size_t length) {
     put_markup(code_text(take_word()));
     return true;
   case gTagKind::em_word:
-    put_markup("@em{" + translate_inline(take_word()) + "}");
+    put_markup(formatted_text("em", take_word()));
     return true;
   case gTagKind::bold_word:
-    put_markup(bold_text(take_word()));
+    put_markup(formatted_text("b", take_word()));
     return true;
   case gTagKind::ref:
     return quoted_reference();
@@ -238,8 +253,12 @@ bool InlineText::braced_tag() {
 
 bool InlineText::ticks() {
   std::size_t const count = std::min(text_.find_first_not_of('`', at_), text_.size()) - at_;
-  std::string const mark(count, '`');
-  return format("tt", at_ + count, mark) || format("tt", at_ + count, "'");
+  std::string_view const mark = text_.substr(at_, count);
+  if (count < longest_mark && (format("tt", at_ + count, mark) || format("tt", at_ + count, "'")))
+    return true;
+  for (std::size_t i = 0; i < count; ++i)
+    put_next();
+  return true;
 }
 
 bool InlineText::stars() {
@@ -368,7 +387,14 @@ bool InlineText::step() {
 std::string InlineText::translate() {
   while (at_ < text_.size())
     if (!step())
-      put(text_[at_++]);
+      put_next();
+  return std::move(out_);
+}
+
+std::string InlineText::plain(bool break_words) {
+  break_words_ = break_words;
+  while (at_ < text_.size())
+    put_next();
   return std::move(out_);
 }
 
@@ -382,25 +408,29 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
+std::size_t character_end(std::string_view text, std::size_t limit) {
+  std::size_t end = std::min(limit, text.size());
+  for (int i = 0; i < 3 && end < text.size() && (text[end] & 0xC0) == 0x80; ++i)
+    --end;
+  return end;
+}
+
 std::string translate_inline(std::string_view text) {
   return InlineText(text).translate();
 }
 
 std::string code_text(std::string_view text) {
-  std::string plain;
-  for (char c : trimmed(text)) {
-    if (std::string_view("\\@${}<").find(c) != std::string_view::npos ||
-        ((c == '\xB4' || c == '\xEF') &&
-         (plain.empty() || static_cast<unsigned char>(plain.back()) < 0x80)))
-      plain += '\\';
-    plain += is_blank(c) ? ' ' : c;
-  }
-  return plain.empty() || plain.size() > longest_format ? plain : "@tt{" + plain + "}";
+  std::string const plain = InlineText(trimmed(text)).plain(false);
+  if (plain.size() > longest_format)
+    return InlineText(trimmed(text)).plain(true);
+  return plain.empty() ? plain : "@tt{" + plain + "}";
 }
 
-std::string bold_text(std::string_view text) {
+std::string formatted_text(std::string_view command, std::string_view text) {
   std::string const inner = translate_inline(text);
-  return inner.empty() || inner.size() > longest_format ? inner : "@b{" + inner + "}";
+  if (inner.empty() || inner.size() > longest_format)
+    return inner;
+  return "@" + std::string(command) + "{" + inner + "}";
 }
 
 std::string reference_target(std::string_view word) {

@@ -101,7 +101,7 @@ void gForeignComment::put_title(std::string_view title) {
     return;
   if (has_text_)
     out_ += "@endp ";
-  out_ += bold_text(title) + " @endp ";
+  out_ += formatted_text("b", title) + " @endp ";
   in_item_ = break_pending_ = false;
   has_text_ = true;
 }
@@ -227,8 +227,8 @@ void gForeignComment::put_verbatim(std::vector<Line> const & lines) {
   line_feeds_ -= lines.size() + 1;
   out_ += "@b_verbatim\n";
   for (Line const & line : lines) {
-    std::string text(line.whole.substr(0, longest_code_line));
-    if (std::size_t const end = text.find("@e_verbatim"); end != std::string::npos)
+    std::string text(line.whole.substr(0, character_end(line.whole, longest_code_line)));
+    for (std::size_t end = 0; (end = text.find("@e_verbatim", end)) != std::string::npos;)
       text.erase(end, 1);
     out_ += text + "\n";
   }

@@ -24,10 +24,13 @@ std::string translate_inline(std::string_view text);
 
 // The pieces that it is made of.
 std::string code_text(std::string_view text);
-std::string bold_text(std::string_view text);
+// "b" or "em".
+std::string formatted_text(std::string_view command, std::string_view text);
 // A reference to a program element, with a text; plain text if the target is no name.
 std::string reference_to(std::string_view target, std::string_view text);
 // The name in "#name", "ns::name(int)" and the like; empty if it is none.
 std::string reference_target(std::string_view word);
 
 std::string_view trimmed(std::string_view text);
+// `limit`, or the begin of the character of UTF-8 that it would cut.
+std::size_t character_end(std::string_view text, std::size_t limit);

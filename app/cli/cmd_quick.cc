@@ -63,13 +63,14 @@ public:
         out_(absolute(arguments.out)) {}
 
   int run() {
-    gPathstring project = Vapp::ini_dir();
-    if (!load_project(project.append("quick.vlp"), context_) || !find_sources())
+    if (!load_built_in() || !find_sources())
       return exit_refused;
     fill_project();
     int const status = run_project(arguments_.run, {"htm"}, context_);
     if (status == exit_ok || status == exit_reports)
       print_result();
+    else if (status == exit_failed)
+      context_.outside.tell("No documentation was written. The log tells why: " + log());
     return status;
   }
 
@@ -79,19 +80,30 @@ private:
     return false;
   }
 
+  bool load_built_in() {
+    gPathstring project = Vapp::ini_dir();
+    return load_project(project.append("quick.vlp"), context_) ||
+           refuse("The folder 'ini' that comes with the program belongs beside it.");
+  }
+
   bool find_sources() {
     std::string const extensions =
-        Vapp::option_string("ana/cpp_ext") + ";" + Vapp::option_string("ana/pas_ext");
+        Vapp::option_string("ana/cpp_ext") + "; " + Vapp::option_string("ana/pas_ext");
     for (std::string const & name : arguments_.folders) {
       gPathstring const folder = absolute(name);
+      if (gFileSystem::file_exists(folder))
+        return refuse("'" + name + "' is a file. Name the folder that holds it.");
       if (!gFileSystem::dir_exists(folder))
-        return refuse(gFileSystem::file_exists(folder) ? "'" + name + "' is no folder"
-                                                       : "Folder does not exist: " + name);
+        return refuse("Folder does not exist: " + name);
       roots_.push_back(folder);
       walk_sources(folder, out_, extensions, sources_);
     }
     for (gPathstring const & folder : sources_.left_out)
-      context_.outside.tell("Left out because of a ';', '*' or '?' in its name: " + folder);
+      context_.outside.tell(
+          "Left out because of ';', '*', '?', a line feed or a blank at the end of its name: '" +
+          folder + "'");
+    for (gPathstring const & folder : sources_.unreadable)
+      context_.outside.tell("Left out because it cannot be read: '" + folder + "'");
     return !sources_.folders.empty() ||
            refuse("No source file found. Sources have the extensions " + extensions +
                   "; hidden folders and build folders are left out.");
@@ -135,10 +147,13 @@ private:
     if (cut > 0)
       std::cout << ", " << cut << " of them not read whole (the log tells why)";
     std::cout << "\nDocumented: " << units(result) << "\nPages:      " << result.pages;
-    gString log;
-    Vlb::add_shown(log, gPathstring(out_).append("ana.log"));
-    std::cout << "\nLog:        " << log << "\n";
+    gString shown;
+    Vlb::add_shown(shown, log());
+    std::cout << "\nLog:        " << shown << "\n";
   }
+
+  // Where the run has put it: a question may have led to another folder.
+  static gPathstring log() { return Vapp::option_path("out_dir").append("ana.log"); }
 
   static std::string units(gConversionResult const & result) {
     std::string text;
@@ -163,9 +178,15 @@ void add_quick(CLI::App & app, gCommandContext & context) {
   auto const arguments = std::make_shared<Arguments>();
   CLI::App * command =
       app.add_subcommand("quick", "Make HTML of folders of sources, without a project");
-  command->add_option("SOURCE_DIR", arguments->folders, "A folder of sources")->required();
+  // An empty name, as of a variable that isn't set, would be the current folder.
+  CLI::Validator const named(
+      [](std::string & text) { return std::string(text.empty() ? "The name is empty" : ""); }, "");
+  command->add_option("SOURCE_DIR", arguments->folders, "A folder of sources")
+      ->required()
+      ->check(named);
   command->add_option("-o,--out", arguments->out, "The output folder")
       ->required()
+      ->check(named)
       ->allow_extra_args(false);
   command->add_option("--title", arguments->title, "The title; the folder's name without it")
       ->allow_extra_args(false);

@@ -47,7 +47,7 @@ int main(int argc, char ** argv) {
   ignore_write_signals();
   gCliOutside outside;
   gCommandContext context{outside};
-  CLI::App app("Documentation from C and C++ sources", "vellumar");
+  CLI::App app("Documentation from C, C++ and Pascal sources", "vellumar");
   app.set_version_flag("--version", "vellumar " VELLUMAR_VERSION);
   app.require_subcommand(1);
   app.parse_complete_callback([&context] { prepare(context); });

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <list>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "vlb/folder.h"
 #include "vlb/gfilesystem.h"
 
@@ -32,10 +35,23 @@ bool is_build_folder(std::vector<Vlb::FolderEntry> const & entries) {
   });
 }
 
+// Zeros, which no folder has, where there is none.
+std::pair<dev_t, ino_t> identity(gPathstring const & folder) {
+  struct stat info {};
+  ::stat(folder.c_str(), &info);
+  return {info.st_dev, info.st_ino};
+}
+
+// Lists of folders are trimmed and have characters of their own; a line feed would break the lines
+// of the intermediate code.
+bool can_be_listed(gPathstring const & folder) {
+  return folder.find_first_of(";*?\n") == folder.npos && gString(folder).wsp_rmright() == folder;
+}
+
 class Walk {
 public:
   Walk(gPathstring const & leave_out, std::set<std::string> const & extensions, gSourceWalk & found)
-      : leave_out_(leave_out),
+      : leave_out_(identity(leave_out)),
         extensions_(extensions),
         found_(found) {}
 
@@ -44,7 +60,12 @@ public:
     for (bool first = true; !open_.empty(); first = false) {
       gPathstring const folder = open_.back();
       open_.pop_back();
+      std::pair<dev_t, ino_t> const id = identity(folder);
+      if ((!first && id == leave_out_) || !found_.seen.insert(id).second)
+        continue;
       std::vector<Vlb::FolderEntry> const entries = Vlb::read_folder(folder);
+      if (entries.empty() && ::access(folder.c_str(), R_OK) != 0)
+        found_.unreadable.push_back(folder);
       // The folder that the user names is taken whatever it looks like.
       if (first || !is_build_folder(entries))
         enter(folder, entries);
@@ -53,7 +74,7 @@ public:
 
 private:
   void enter(gPathstring const & folder, std::vector<Vlb::FolderEntry> const & entries) {
-    if (folder.find_first_of(";*?") != folder.npos) {
+    if (!can_be_listed(folder)) {
       found_.left_out.push_back(folder);
       return;
     }
@@ -66,7 +87,7 @@ private:
       found_.folders.push_back(folder);
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
       gPathstring const path = gPathstring(folder).append(entry->name);
-      if (entry->kind == Vlb::EntryKind::folder && !is_foreign(entry->name) && path != leave_out_)
+      if (entry->kind == Vlb::EntryKind::folder && !is_foreign(entry->name))
         open_.push_back(path);
     }
   }
@@ -79,7 +100,7 @@ private:
     ++found_.files;
   }
 
-  gPathstring const & leave_out_;
+  std::pair<dev_t, ino_t> leave_out_;
   std::set<std::string> const & extensions_;
   gSourceWalk & found_;
   std::vector<gPathstring> open_;

@@ -45,8 +45,8 @@ private:
       add(gMenuEntry::separator);
     else if (text == "end")
       close();
-    else if (text.starts_with("menu "))
-      open(text.substr(5));
+    else if (text.substr(0, text.find_first_of(" \t")) == "menu")
+      open(text.substr(4));
     else
       command(text);
   }

@@ -7,6 +7,11 @@
 #include "app/shell/worker.h"
 #include "vlb/outside.h"
 
+gAnaStart::~gAnaStart() {
+  if (started_)
+    Shell::wait_for_worker();
+}
+
 void gAnaStart::run(void * self) {
   auto & start = *static_cast<gAnaStart *>(self);
   ana_thread();
@@ -26,6 +31,7 @@ int gAnaStart::OnCommand() {
     return 1;
   Vapp::user_break = false;
   show_msgwindow(true);
+  started_ = true;
   Shell::start_worker(run, this);
   return 1;
 }

@@ -8,6 +8,9 @@
 
 class gAnaStart : public cMenuHandlerBase {
 public:
+  // Waits for the worker, which uses this.
+  ~gAnaStart() override;
+
   // Checks the project, empties the output folder and starts the run.
   int OnCommand() override;
   int OnUpdateCommand() override;
@@ -25,6 +28,7 @@ private:
 
   gOverwrite overwrite_ = gOverwrite::ask;
   bool keep_folder_ = false;
+  bool started_ = false; // a worker has known this
   std::unique_ptr<gOutputFolder> folder_;
 };
 

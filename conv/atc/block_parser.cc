@@ -212,7 +212,8 @@ void gNodeParser::verbatim(gNodeList & out) {
   made.text = scanner_.verbatim(closed);
   if (!closed)
     scanner_.report(Msg::atc_unclosed, "@b_verbatim", made.line);
-  out.push_back(std::move(made));
+  if (made.text.find_first_not_of(" \t\n") != made.text.npos)
+    out.push_back(std::move(made));
 }
 
 void gNodeParser::link_line(gNodeList & out) {

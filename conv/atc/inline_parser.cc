@@ -27,8 +27,8 @@ gNode text_node(std::string text, int line) {
   return node;
 }
 
-// What is shown last, whatever is marked or noted behind it; null if there is nothing. Damaged texts
-// have marks without end, so not all are looked at.
+// What is shown last, whatever is marked or noted behind it; null if there is nothing. Damaged
+// texts have marks without end, so not all are looked at.
 gNode * last_shown(gNodeList & run) {
   constexpr std::size_t farthest = 8;
   std::size_t const first = run.size() - std::min(run.size(), farthest);
@@ -38,7 +38,8 @@ gNode * last_shown(gNodeList & run) {
   return nullptr;
 }
 
-// One blank is enough, also where a mark stands between two of them; behind a line's end it is none.
+// One blank is enough, also where a mark stands between two of them; behind a line's end it is
+// none.
 void drop_second_blank(gNodeList & run, std::string & text) {
   if (text.front() != ' ')
     return;
@@ -47,9 +48,14 @@ void drop_second_blank(gNodeList & run, std::string & text) {
     text.erase(0, 1);
 }
 
+bool is_stop(gNode const & node) {
+  return node.kind == gNodeKind::line_break ||
+         (node.kind >= gNodeKind::left_tab && node.kind <= gNodeKind::right_tab);
+}
+
 void add_blank(gNodeList & run, int line) {
   gNode * last = last_shown(run);
-  if (!last || last->kind == gNodeKind::line_break)
+  if (!last || is_stop(*last))
     return;
   if (last->kind != gNodeKind::text)
     run.push_back(text_node(" ", line));
@@ -96,8 +102,7 @@ gNode gNodeParser::text_of_token() {
 
 void gNodeParser::add_text(gNodeList & run, bool part_words) {
   std::string & text = scanner_.text_value();
-  if (part_words && !run.empty() && run.back().kind != gNodeKind::text &&
-      !Atc::joins_last(text))
+  if (part_words && !run.empty() && run.back().kind != gNodeKind::text && !Atc::joins_last(text))
     add_blank(run, scanner_.line());
   drop_second_blank(run, text);
   if (text.empty())

@@ -2,23 +2,17 @@
 // nearest" is found by halving: what stands around a place in the document is near it in the
 // outline, too.
 #include "conv/atc/document.h"
+#include "conv/atc/qualified_name.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 using Entries = std::span<gHashIndex::Entry const>;
 
-// The length of the separator that ends in front of `at`; 0 if there is none.
-std::size_t separator_before(std::string_view name, std::size_t at) {
-  if (at >= 2 && name[at - 1] == ':' && name[at - 2] == ':')
-    return 2;
-  return at >= 1 && name[at - 1] == '.' ? 1 : 0;
-}
-
 // True if `name` is the whole or what stands behind a separator in it.
 bool is_tail(std::string_view whole, std::string_view name) {
-  return whole.ends_with(name) &&
-         (whole.size() == name.size() || separator_before(whole, whole.size() - name.size()) != 0);
+  return whole.ends_with(name) && (whole.size() == name.size() ||
+                                   Atc::separator_before(whole, whole.size() - name.size()) != 0);
 }
 
 std::uint64_t hash_of(std::string_view text) {
@@ -46,20 +40,6 @@ std::string without_trimmings(std::string_view name) {
       result += plain[i];
   }
   return result;
-}
-
-std::string_view scope_of(std::string_view name) {
-  for (std::size_t at = name.size(); at > 0; --at)
-    if (std::size_t const size = separator_before(name, at))
-      return name.substr(0, at - size);
-  return {};
-}
-
-std::string_view last_component(std::string_view name) {
-  for (std::size_t at = name.size(); at > 0; --at)
-    if (separator_before(name, at) != 0)
-      return name.substr(at);
-  return name;
 }
 
 bool is_one_of(std::string_view word, std::initializer_list<std::string_view> words) {
@@ -134,11 +114,11 @@ bool is_type(std::string_view declaration, std::string_view name) {
 
 void gDocument::enter_name(int unit) {
   std::string_view const name = units[unit].name;
-  bool const type = is_type(units[unit].declaration, last_component(name));
+  bool const type = is_type(units[unit].declaration, Atc::last_component(name));
   std::uint64_t hash = gHashIndex::start;
   for (std::size_t at = name.size(); at-- > 0;) {
     hash = gHashIndex::add(hash, name[at]);
-    if (at > 0 && separator_before(name, at) == 0)
+    if (at > 0 && Atc::separator_before(name, at) == 0)
       continue;
     tails_.enter(hash, unit);
     if (type)
@@ -161,6 +141,8 @@ void gDocument::make_tables() {
 }
 
 gTarget gDocument::find_label(std::string_view label) const {
+  if (label.empty()) // of a unit whose head is damaged
+    return {};
   for (auto const & [hash, id] : labels_.find(hash_of_label(label))) {
     auto const at = static_cast<std::size_t>(id);
     bool const is_unit = at < units.size();
@@ -229,7 +211,7 @@ gTarget gDocument::find_name(int from, std::string_view name) const {
 int gDocument::type_in_scope(int from, std::string_view name) const {
   std::uint64_t const tail = hash_of(name);
   std::string_view scope = units[from].name;
-  for (; !scope.empty(); scope = scope_of(scope))
+  for (; !scope.empty(); scope = Atc::scope_of(scope))
     for (std::string_view separator : {"::", "."}) {
       std::uint64_t const hash = gHashIndex::add(gHashIndex::add(tail, separator), scope);
       if (Entries const found = types_.find(hash); !found.empty())

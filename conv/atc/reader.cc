@@ -152,7 +152,9 @@ void gAtcReader::read_part(File & file, Part const & part, std::size_t end) {
     return;
   }
   scanner.next(false);
-  if (file.ended)
+  // In a file that is cut off the other end command can be the rest of a word of the head.
+  bool const ends = part.command == (file.included ? gAtcCommand::e_atx : gAtcCommand::e_atc);
+  if (file.ended || (is_end(part.command) && !ends))
     scanner.report(Msg::atc_misplaced, "@" + std::string(scanner.info().name), scanner.line());
   switch (part.command) {
   case gAtcCommand::b_section:
@@ -165,7 +167,7 @@ void gAtcReader::read_part(File & file, Part const & part, std::size_t end) {
     read_unit(file, scanner);
     break;
   default:
-    file.ended = true;
+    file.ended = file.ended || ends;
     break;
   }
   expect_nothing(scanner);
@@ -219,10 +221,12 @@ bool gAtcReader::read_head_command(gAtcScanner & scanner) {
   case gAtcCommand::unitcount:
     announced_units_ = number(scanner, params[0], 0, 1 << 30);
     break;
+  case gAtcCommand::atxfile:
+    announce(params[0]);
+    break;
   case gAtcCommand::b_wintype:
   case gAtcCommand::e_wintype:
   case gAtcCommand::b_atxfiles:
-  case gAtcCommand::atxfile:
   case gAtcCommand::e_atxfiles:
     break;
   default:
@@ -240,17 +244,40 @@ int gAtcReader::number(gAtcScanner & scanner, std::string const & text, int leas
   return 1;
 }
 
+// The line has the output as the script wrote it, with an extension that the file hasn't.
+void gAtcReader::announce(gPathstring path) {
+  constexpr std::string_view ending = ".atx";
+  if (!path.ends_with(ending))
+    return;
+  path.resize(path.size() - ending.size());
+  path.set_extension("atx").normalize(false);
+  if (!path.is_absolute() && !path.starts_with(".."))
+    announced_.emplace(path.file_name(), path);
+}
+
+// Files of one name in several folders are taken one after the other.
+gPathstring gAtcReader::announced_path(gString const & name) {
+  auto const [first, last] = announced_.equal_range(name);
+  if (first == last)
+    return gPathstring(name).file_name();
+  gPathstring path = first->second;
+  if (std::next(first) != last)
+    announced_.erase(first);
+  return path;
+}
+
 // Two sections of a script can have one file, which then holds the second: it is read once.
 void gAtcReader::include(File & file, gAtcScanner & scanner) {
-  std::string const name = scanner.params()[0];
+  gPathstring const name = announced_path(scanner.params()[0]);
   int const line = scanner.line();
   if (file.included || !included_.insert(name).second) {
+    incomplete_ = true;
     scanner.report(Msg::atc_misplaced, "@incl_atx<" + name + ">", line);
     return;
   }
   std::string text;
-  gPathstring path = document_->files[file.index]->path;
-  path = gPathstring(path.dir_name()).append(name);
+  gPathstring path(document_->files[file.index]->path.dir_name());
+  path.append(name);
   file.in_section = false;
   if (open_(context_, name, text)) {
     read_file(std::move(text), path, true);

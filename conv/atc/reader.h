@@ -1,6 +1,7 @@
 // Reads a set of intermediate files.
 #pragma once
 
+#include <map>
 #include <set>
 
 #include "conv/atc/document.h"
@@ -45,6 +46,8 @@ private:
   bool read_head_command(gAtcScanner & scanner);
   void read_section(File & file, gAtcScanner & scanner);
   void read_running_head(gSectionRecord & section, gAtcScanner & scanner);
+  void announce(gPathstring path);
+  gPathstring announced_path(gString const & name);
   void include(File & file, gAtcScanner & scanner);
   void read_unit(File & file, gAtcScanner & scanner);
   gUnitRecord unit_record(gAtcScanner & scanner);
@@ -63,5 +66,7 @@ private:
   int announced_units_ = -1;
   bool incomplete_ = false; // it was reported that something is missing
   std::vector<int> above_;  // the units above the next one, by level
+  // The files of the set, relative to the .atc file, by the name that @incl_atx has for them.
+  std::multimap<std::string, gPathstring> announced_;
   std::set<std::string> included_, not_utf8_;
 };

@@ -13,8 +13,9 @@ bool is_name(char c) {
   return (c >= 'a' && c <= 'z') || c == '_';
 }
 
-// A backslash protects punctuation and the acute accent, which mean something in comments. In front of
-// all else it is what it looks like: part of a path or of a word of another documentation system.
+// A backslash protects punctuation and the acute accent, which mean something in comments. In front
+// of all else it is what it looks like: part of a path or of a word of another documentation
+// system.
 bool escapes(std::string_view behind) {
   if (behind.starts_with("\u00B4"))
     return true;
@@ -176,6 +177,7 @@ std::string gAtcScanner::bare_target() {
 }
 
 // Inside of the block every "@" has its backslash, so any other command tells that the end is lost.
+// The one word without is the end command itself where its author quotes it; that stands indented.
 std::string gAtcScanner::verbatim(bool & closed) {
   std::string lines;
   closed = false;
@@ -183,8 +185,9 @@ std::string gAtcScanner::verbatim(bool & closed) {
     char const c = whole_[at_];
     if (c == '@') {
       std::string_view const name = name_at(at_ + 1);
-      closed = name == "e_verbatim";
-      if (Atc::find_command(name))
+      bool const ends = name == "e_verbatim";
+      closed = ends && (lines.empty() || lines.back() == '\n');
+      if (closed || (!ends && Atc::find_command(name)))
         break;
     }
     if (c == '\\' && escapes(whole_.substr(at_ + 1)))

@@ -1,19 +1,12 @@
 // One look at the parsed text of each unit; the text itself isn't kept.
 #include "conv/atc/unit_facts.h"
 
+#include "conv/atc/qualified_name.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 constexpr std::size_t longest_summary = 200;
-
-std::string_view last_component(std::string_view name) {
-  std::size_t const colons = name.rfind("::");
-  if (colons != name.npos)
-    return name.substr(colons + 2);
-  std::size_t const point = name.rfind('.');
-  return point == name.npos ? name : name.substr(point + 1);
-}
 
 // True if the word stands in the text by itself. Blanks don't count inside of an operator's name.
 bool holds_word(std::string_view text, std::string_view word) {

@@ -97,17 +97,17 @@ void gAddresses::name_files(std::vector<std::string_view> const & paths) {
   gTaken taken;
   for (std::string const & slug : folded)
     taken.emplace(slug, 1);
-  files_.resize(slugs.size());
+  files_.resize(slugs.size() + 1, "index.htm");
   for (auto const & group : groups_of(folded)) {
     if (group.size() == 1) {
-      files_[group[0]] = slugs[group[0]] + ".htm";
+      files_[group[0] + 1] = slugs[group[0]] + ".htm";
       continue;
     }
     similar_.push_back({slugs[group[0]] + ".htm", {}});
     for (std::size_t const page : group) {
       auto const first = static_cast<std::size_t>(pages_[static_cast<int>(page)].first);
       gUnitRecord const & unit = document_.units[first];
-      files_[page] =
+      files_[page + 1] =
           take_hashed(slugs[page], {unit.style, name_of(unit), unit.declaration, paths[first]},
                       taken, true) +
           ".htm";
@@ -119,19 +119,24 @@ void gAddresses::name_files(std::vector<std::string_view> const & paths) {
 void gAddresses::name_anchors(int page) {
   auto const first = static_cast<std::size_t>(pages_[page].first);
   std::size_t const count = static_cast<std::size_t>(pages_[page].end) - first;
-  std::vector<std::string> slugs; // of the units behind the first
-  for (std::size_t i = 1; i < count; ++i)
+  // The unit at the top needs an anchor only beside others like it.
+  bool const is_set = pages_[page].same > 1;
+  std::vector<std::string> slugs;
+  for (std::size_t i = is_set ? 0 : 1; i < count; ++i)
     slugs.push_back(
         anchor_slug(local_name(name_of(document_.units[first + i]), document_.units[first].name)));
+  std::size_t const begin = first + (is_set ? 0 : 1);
   gTaken taken;
   for (std::string const & slug : slugs)
     taken.emplace(slug, 1);
   for (auto const & group : groups_of(slugs)) {
-    std::size_t const leader = first + 1 + group[0];
-    (group.size() == 1 ? anchors_ : aliases_)[leader] = slugs[group[0]];
+    std::size_t const leader = begin + group[0];
+    if (leader != first)
+      (group.size() == 1 ? anchors_ : aliases_)[leader] = slugs[group[0]];
     for (std::size_t const i : group)
-      if (std::string & anchor = anchors_[first + 1 + i]; anchor.empty())
-        anchor = take_hashed(slugs[i], {document_.units[first + 1 + i].declaration}, taken, false);
+      if (std::string & anchor = (begin + i == first ? aliases_ : anchors_)[begin + i];
+          anchor.empty())
+        anchor = take_hashed(slugs[i], {document_.units[begin + i].declaration}, taken, false);
   }
 }
 
@@ -156,7 +161,7 @@ std::string gAddresses::href(int unit, int from_page) const {
 std::string gAddresses::href(int unit, std::string_view anchor, int from_page) const {
   int const page = pages_.of(unit);
   std::string result;
-  if (page != from_page)
+  if (page != from_page || page < 0)
     result = file(page);
   if (!anchor.empty())
     (result += '#') += anchor;

@@ -19,10 +19,11 @@ public:
   gAddresses(gDocument const & document, gPages const & pages,
              std::vector<std::string_view> const & paths);
 
-  std::string const & file(int page) const { return files_[static_cast<std::size_t>(page)]; }
+  // The start page with -1.
+  std::string const & file(int page) const { return files_[static_cast<std::size_t>(page + 1)]; }
   std::string_view anchor(int unit) const;
-  // Another anchor, by which a unit could be reached before one with the same name came; empty if
-  // there is none.
+  // Another anchor, by which a unit could be reached before one with the same name came, or could
+  // be if another one came; empty if there is none.
   std::string_view alias(int unit) const { return aliases_[static_cast<std::size_t>(unit)]; }
   // Where a unit of a long list was while the list was short; empty for others.
   std::string former_anchor(int unit) const;
@@ -38,6 +39,7 @@ private:
 
   gDocument const & document_;
   gPages const & pages_;
-  std::vector<std::string> files_, anchors_, aliases_;
+  std::vector<std::string> files_; // by page + 1
+  std::vector<std::string> anchors_, aliases_;
   std::vector<gSimilarPages> similar_;
 };

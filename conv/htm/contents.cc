@@ -62,7 +62,10 @@ void gContents::plan_groups(std::size_t page) {
     std::size_t const end = std::min(first + group, children.size());
     std::string const file = unique(base + "-" + stem(site_.addresses.file(children[first])));
     pages_[page].groups.push_back(pages_.size());
-    pages_.push_back({file, pages_[page].title, parent, first, end, {}});
+    std::string title = range_of(children[first], children[end - 1]);
+    if (!pages_[page].title.empty())
+      title.insert(0, pages_[page].title + ": ");
+    pages_.push_back({file, std::move(title), parent, first, end, {}});
     plan_below(parent, first, end);
   }
 }
@@ -80,6 +83,12 @@ std::string const & gContents::file(int parent) const {
     if (auto const found = listed_.find(parent); found != listed_.end())
       return pages_[found->second].file;
   return pages_.front().file;
+}
+
+std::string gContents::ranges(int parent) const {
+  auto const found = listed_.find(parent);
+  bool const grouped = found != listed_.end() && !pages_[found->second].groups.empty();
+  return grouped ? group_items(pages_[found->second]) : std::string();
 }
 
 std::string gContents::list(gContentsPage const & page) const {
@@ -100,7 +109,8 @@ std::string gContents::list_pages(std::span<int const> pages, bool whole, int le
     if (!children.empty() && here) {
       below = list_pages(children, true, level + 1);
     } else if (!children.empty()) {
-      std::string const number = std::to_string(site_.pages.tree().below(page));
+      std::string const number =
+          site_.number(static_cast<std::size_t>(site_.pages.tree().below(page)));
       std::string more;
       gVltValues values;
       values.set(V::href, pages_[listed_.at(page)].file).set(V::count, number);
@@ -108,9 +118,11 @@ std::string gContents::list_pages(std::span<int const> pages, bool whole, int le
       site_.rules.apply(gVltRule::tree, gVltValues().set(V::items, more), below);
     }
     std::string const text = Html::escaped(Site::contents_title(site_.head(page)));
+    std::string const same = Site::count_of(static_cast<std::size_t>(site_.pages[page].same));
     gKind const & what = site_.kinds.of(site_.pages[page].first);
     gVltValues values;
     values.set(V::href, site_.addresses.file(page)).set(V::title, text).set(V::items, below);
+    values.set(V::count, same);
     values.set(V::kind, what.word).set(V::kind_class, what.css).set(V::level, depth);
     site_.rules.apply(gVltRule::tree_item, what.selector, values, inner);
   }
@@ -121,18 +133,40 @@ std::string gContents::list_pages(std::span<int const> pages, bool whole, int le
   return out;
 }
 
-std::string gContents::list_groups(gContentsPage const & page) const {
+std::string gContents::range_of(int first, int last) const {
+  auto const name = [this](int page) {
+    gUnitRecord const & head = site_.head(page);
+    return Site::is_named(head) ? head.name : head.title;
+  };
+  return name(first) + " – " + name(last);
+}
+
+bool gContents::is_part(gContentsPage const & page) const {
+  return page.end - page.first < site_.pages.tree().children(page.parent).size();
+}
+
+bool gContents::is_plain(gContentsPage const & page) const {
   auto const children = site_.pages.tree().children(page.parent);
-  std::string inner;
+  return is_part(page) &&
+         std::ranges::all_of(children.subspan(page.first, page.end - page.first),
+                             [&](int child) { return site_.pages.tree().below(child) == 0; });
+}
+
+std::string gContents::group_items(gContentsPage const & page) const {
+  auto const children = site_.pages.tree().children(page.parent);
+  std::string out;
   for (std::size_t const index : page.groups) {
     gContentsPage const & part = pages_[index];
-    std::string text = Html::escaped(Site::contents_title(site_.head(children[part.first])));
-    text += " – ";
-    text += Html::escaped(Site::contents_title(site_.head(children[part.end - 1])));
+    std::string const text = Html::escaped(range_of(children[part.first], children[part.end - 1]));
     gVltValues values;
     values.set(V::href, part.file).set(V::title, text).set(V::level, "1");
-    site_.rules.apply(gVltRule::tree_item, values, inner);
+    site_.rules.apply(gVltRule::tree_item, values, out);
   }
+  return out;
+}
+
+std::string gContents::list_groups(gContentsPage const & page) const {
+  std::string const inner = group_items(page);
   std::string out;
   gVltValues values;
   values.set(V::items, inner).set(V::level, "1");

@@ -11,35 +11,9 @@
 #include "conv/htm/hierarchy.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/slug.h"
+#include "conv/set/block_text.h"
 
 namespace {
-
-// Without empty lines at both ends and without the indentation that all lines have.
-std::string trimmed(std::string_view text) {
-  std::size_t const first = text.find_first_not_of(" \t\n\r");
-  if (first == std::string_view::npos)
-    return {};
-  std::size_t const line = text.rfind('\n', first);
-  text.remove_prefix(line == std::string_view::npos ? 0 : line + 1);
-  text = text.substr(0, text.find_last_not_of(" \t\n\r") + 1);
-  std::size_t common = text.size();
-  for (std::size_t at = 0; at <= text.size();) {
-    std::size_t const end = std::min(text.find('\n', at), text.size());
-    std::size_t const blanks = text.substr(at, end - at).find_first_not_of(' ');
-    if (blanks != std::string_view::npos)
-      common = std::min(common, blanks);
-    at = end + 1;
-  }
-  std::string out;
-  for (std::size_t at = 0; at <= text.size();) {
-    std::size_t const end = std::min(text.find('\n', at), text.size());
-    out += text.substr(std::min(at + common, end), end - std::min(at + common, end));
-    if (end < text.size())
-      out += '\n';
-    at = end + 1;
-  }
-  return out;
-}
 
 // Program text has lines that end as statements do; other verbatim text stays without colours.
 bool looks_like_code(std::string_view text) {
@@ -105,8 +79,10 @@ void gHtmSetter::begin_page(int page) {
   notes_done_ = 0;
 }
 
-void gHtmSetter::begin_unit(int unit) {
+void gHtmSetter::begin_unit(int unit, int level) {
   set_unit(unit);
+  unit_level_ = level;
+  headline_level_ = 0;
   notes_.clear();
   headlines_.clear();
 }
@@ -146,8 +122,14 @@ std::string gHtmSetter::headline_anchor(gNode const & node) {
   headline.title = escaped(node.param(1).empty() ? words : node.param(1));
   std::string const & level = node.param(0);
   std::from_chars(level.data(), level.data() + level.size(), headline.level);
+  // A text may begin with a deep headline; headings of a page must not leave out levels.
+  headline_level_ = std::clamp(headline.level, 1, headline_level_ + 1);
   headlines_.push_back(headline);
   return headline.anchor;
+}
+
+std::string gHtmSetter::headline_level(gNode const &) const {
+  return std::to_string(std::min(unit_level_ + headline_level_, 6));
 }
 
 gLinkEnd gHtmSetter::link_to(int unit, std::string_view place) const {
@@ -190,9 +172,9 @@ std::string gHtmSetter::macro_text(std::string_view name) {
 }
 
 void gHtmSetter::set_verbatim(gNode const & node, bool declaration, std::string & out) {
-  std::string const text = trimmed(node.text);
+  std::string const text = block_text(node.text);
   // Some templates set the declaration together with other text.
-  if (!text.empty() && unit() >= 0 && text == trimmed(site_.unit(unit()).declaration))
+  if (!text.empty() && unit() >= 0 && text == block_text(site_.unit(unit()).declaration))
     declaration = true;
   std::string shown;
   if (declaration)

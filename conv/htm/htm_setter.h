@@ -20,8 +20,8 @@ public:
 
   // Texts that follow stand on this page; anchors are unique on each.
   void begin_page(int page);
-  // Texts that follow belong to this unit; -1 for running heads.
-  void begin_unit(int unit);
+  // Texts that follow belong to this unit, whose heading has this level; -1 for running heads.
+  void begin_unit(int unit, int level);
   // The notes of the unit as finished text, empty without any.
   std::string take_notes();
   std::vector<gHeadline> take_headlines() { return std::move(headlines_); }
@@ -39,6 +39,7 @@ protected:
   gLinkEnd link_end(gTarget const & target) override;
   std::string anchor(std::string_view bookmark) override;
   std::string headline_anchor(gNode const & node) override;
+  std::string headline_level(gNode const & node) const override;
   std::string macro_text(std::string_view name) override;
   void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
   void set_note(gNode const & node, std::string & out) override;
@@ -58,7 +59,8 @@ private:
   int page_ = -1;
   // Anchors on the page that texts have made, and how often each was asked for.
   std::unordered_map<std::string, int> taken_;
-  int notes_done_ = 0; // on the page
+  int unit_level_ = 1, headline_level_ = 0; // of headings; the latter counts in the unit
+  int notes_done_ = 0;                      // on the page
   std::string notes_;
   std::vector<gHeadline> headlines_;
 };

@@ -16,36 +16,26 @@ constexpr std::size_t page_bytes = 60000;
 // Of one key. Nobody reads on beyond them, and each place has an entry by its full name.
 constexpr std::size_t most_places = 200;
 
-using gLines = std::span<gIndexLine const>;
+using gKeys = std::span<gIndexKey const>;
+using gPlaceList = std::vector<gIndexPlace>;
 
-// The entries with the same letter; all that begin with none are together.
+// The keys with the same letter; all that begin with none are together.
 struct gLetter {
   std::string id, title; // "a" and "A"; "other" and "#"
-  gLines lines;
+  gKeys keys;
 };
 
-std::vector<gLetter> letters_of(gLines lines) {
+std::vector<gLetter> letters_of(gKeys keys) {
   std::vector<gLetter> letters;
-  while (!lines.empty()) {
-    char const first = lines[0].sort[0];
+  while (!keys.empty()) {
+    std::string const & title = keys[0].letter;
     std::size_t count = 1;
-    while (count < lines.size() && lines[count].sort[0] == first)
+    while (count < keys.size() && keys[count].letter == title)
       ++count;
-    bool const other = !Vlb::is_letter(first);
-    letters.push_back({other ? "other" : std::string(1, first),
-                       other ? "#" : std::string(1, Vlb::upper(first)), lines.first(count)});
-    lines = lines.subspan(count);
+    letters.push_back({title == "#" ? "other" : Vlb::to_lower(title), title, keys.first(count)});
+    keys = keys.subspan(count);
   }
   return letters;
-}
-
-gLines take_while_same(gLines & lines, std::string gIndexLine::*field) {
-  std::size_t count = 1;
-  while (count < lines.size() && lines[count].*field == lines[0].*field)
-    ++count;
-  gLines const taken = lines.first(count);
-  lines = lines.subspan(count);
-  return taken;
 }
 
 // The places of an entry: one makes the entry itself a link, several are listed.
@@ -59,70 +49,81 @@ struct gPlaceTexts {
 
 class gIndexText {
 public:
-  gIndexText(gSite const & site, bool simple) : site_(site), simple_(simple) {}
+  gIndexText(gSite const & site, gHtmSetter const & setter, bool simple)
+      : site_(site),
+        setter_(setter),
+        simple_(simple) {}
 
-  // All entries of a key, which are taken from the front.
-  std::string take_key(gLines & all) const {
-    gLines lines = take_while_same(all, &gIndexLine::key);
-    std::string const text = Html::escaped(lines[0].key);
-    gPlaceTexts places;
-    if (lines[0].phrase.empty())
-      places = places_of(take_while_same(lines, &gIndexLine::phrase));
-    std::string seconds;
-    while (!lines.empty())
-      add_second(take_while_same(lines, &gIndexLine::phrase), seconds);
+  void add_key(gIndexKey const & key, std::string & out) const {
+    std::string const text = Html::escaped(key.text);
+    gPlaceTexts const places = places_of(key.places);
+    std::string phrases;
+    for (gIndexPhrase const & phrase : key.phrases)
+      add_phrase(phrase, phrases);
     gVltValues values;
     places.give(values);
-    values.set(V::key, text).set(V::text, places.list).set(V::items, seconds);
-    std::string out;
+    values.set(V::key, text).set(V::text, places.list).set(V::items, phrases);
     site_.rules.apply(gVltRule::index_key, values, out);
-    return out;
   }
 
 private:
-  std::string href(gIndexLine const & line) const {
+  std::string href(gIndexPlace const & place) const {
     if (simple_)
-      return site_.addresses.file(site_.pages.of(line.unit));
-    return line.anchor.empty() ? site_.addresses.href(line.unit)
-                               : site_.addresses.href(line.unit, line.anchor, -1);
+      return site_.addresses.file(site_.pages.of(place.unit));
+    std::string const & anchor = setter_.entry_anchor(place.label);
+    return anchor.empty() ? site_.addresses.href(place.unit)
+                          : site_.addresses.href(place.unit, anchor, -1);
   }
-  void add_second(gLines lines, std::string & out) const {
-    std::string const text = Html::escaped(lines[0].phrase);
-    gPlaceTexts const places = places_of(lines);
+  // A list of places with the names of members alone would say the same again and again.
+  std::string title_of(gIndexPlace const & place) const {
+    gUnitRecord const & record = site_.unit(place.unit);
+    return Html::escaped(Site::is_named(record) ? record.name : record.title);
+  }
+  void add_phrase(gIndexPhrase const & phrase, std::string & out) const {
+    std::string const text = Html::escaped(phrase.text);
+    gPlaceTexts const places = places_of(phrase.places);
     gVltValues values;
     places.give(values);
     values.set(V::text, text).set(V::items, places.list);
     site_.rules.apply(gVltRule::index_second, values, out);
   }
-  gPlaceTexts places_of(gLines lines) const {
+  gPlaceTexts places_of(gPlaceList const & all) const {
     gPlaceTexts texts;
-    if (lines.size() == 1) {
-      texts.href = href(lines[0]);
-      texts.target = Html::escaped(site_.unit(lines[0].unit).title);
-      texts.kind = site_.kinds.of(lines[0].unit).word;
+    gPlaceList const places = one_of_each(all);
+    if (places.size() == 1) {
+      texts.href = href(places[0]);
+      texts.target = title_of(places[0]);
+      texts.kind = site_.kinds.of(places[0].unit).word;
       return texts;
     }
-    int number = 0;
-    for (gIndexLine const & line : lines.first(std::min(lines.size(), most_places)))
-      add_place(line, ++number, texts.list);
-    if (lines.size() > most_places) {
-      std::string const count = std::to_string(lines.size() - most_places);
+    for (std::size_t i = 0; i < std::min(places.size(), most_places); ++i)
+      add_place(places[i], i + 1, texts.list);
+    if (places.size() > most_places) {
+      std::string const count = site_.number(places.size() - most_places);
       gVltValues more;
       more.set(V::href, "contents.htm").set(V::count, count);
       site_.rules.apply(gVltRule::index_more, more, texts.list);
     }
     return texts;
   }
-  void add_place(gIndexLine const & line, int number, std::string & out) const {
-    std::string const to = href(line), index = std::to_string(number);
-    std::string const title = Html::escaped(site_.unit(line.unit).title);
+  // Overloads are one place, the first of them.
+  gPlaceList one_of_each(gPlaceList const & places) const {
+    gPlaceList result;
+    for (gIndexPlace const & place : places)
+      if (result.empty() || !Site::joins(site_, {result.back().unit, 1, {}}, place.unit))
+        result.push_back(place);
+    return result;
+  }
+  void add_place(gIndexPlace const & place, std::size_t number, std::string & out) const {
+    std::string const to = href(place), index = std::to_string(number), title = title_of(place);
     gVltValues values;
     values.set(V::href, to).set(V::title, title).set(V::number, index);
-    values.set(V::kind, site_.kinds.of(line.unit).word);
+    values.set(V::kind, site_.kinds.of(place.unit).word);
     site_.rules.apply(gVltRule::index_place, values, out);
   }
 
   gSite const & site_;
+  gHtmSetter const & setter_;
   bool simple_;
 };
 
@@ -130,21 +131,21 @@ private:
 class gIndexPages {
 public:
   gIndexPages(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-              std::vector<gLetter> const & letters, bool simple)
+              gHtmSetter const & setter, std::vector<gLetter> const & letters, bool simple)
       : writer_(writer),
         site_(site),
         navigation_(navigation),
         letters_(letters),
-        texts_(site, simple),
+        texts_(site, setter, simple),
         title_(site.rules.setting("index_title", "Index")) {}
 
   void write_one() {
     std::string items;
     for (gLetter const & letter : letters_) {
-      std::string keys;
-      for (gLines lines = letter.lines; !lines.empty();)
-        keys += texts_.take_key(lines);
-      wrap_letter(letter, keys, items);
+      std::string list;
+      for (gIndexKey const & key : letter.keys)
+        texts_.add_key(key, list);
+      wrap_letter(letter, list, items);
     }
     write_page("idx.htm", title_, links({}, "#idx-"), items);
   }
@@ -188,19 +189,19 @@ private:
   }
   void write_letter(gLetter const & letter, std::string & ranges) {
     std::string range_links;
-    gLines lines = letter.lines;
-    for (std::size_t part = 0; !lines.empty(); ++part) {
-      gLines const before = lines;
-      std::string keys, items;
-      while (!lines.empty() && keys.size() < page_bytes)
-        keys += texts_.take_key(lines);
-      gIndexLine const & last = before[before.size() - lines.size() - 1];
-      std::string const range = before[0].key + " – " + last.key;
+    gKeys keys = letter.keys;
+    for (std::size_t part = 0; !keys.empty(); ++part) {
+      std::size_t count = 0;
+      std::string list, items;
+      while (count < keys.size() && list.size() < page_bytes)
+        texts_.add_key(keys[count++], list);
+      std::string const range = keys[0].text + " – " + keys[count - 1].text;
+      keys = keys.subspan(count);
       add_range(range, file(letter, part), range_links);
-      wrap_letter(letter, keys, items);
+      wrap_letter(letter, list, items);
       write_page(file(letter, part), title_ + ": " + range, links(letter.id, {}), items,
                  part > 0 ? neighbour(letter, part - 1) : gNeighbour(),
-                 lines.empty() ? gNeighbour() : neighbour(letter, part + 1));
+                 keys.empty() ? gNeighbour() : neighbour(letter, part + 1));
     }
     wrap_letter(letter, range_links, ranges);
   }
@@ -232,10 +233,13 @@ private:
 } // namespace
 
 void Index::write(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-                  std::vector<gIndexLine> const & lines, bool simple) {
-  std::vector<gLetter> const letters = letters_of(lines);
-  gIndexPages pages(writer, site, navigation, letters, simple);
-  if (lines.size() <= few_entries)
+                  gHtmSetter const & setter, std::vector<gIndexKey> const & keys, bool simple) {
+  std::vector<gLetter> const letters = letters_of(keys);
+  gIndexPages pages(writer, site, navigation, setter, letters, simple);
+  std::size_t entries = 0;
+  for (gIndexKey const & key : keys)
+    entries += 1 + key.phrases.size();
+  if (entries <= few_entries)
     pages.write_one();
   else
     pages.write_many();

@@ -34,10 +34,9 @@ void write_site(gConversion & conversion) {
   Pages::write_start(writer, site, navigation, contents);
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);
-  Index::write(
-      writer, site, navigation,
-      Index::lines_of(site.document, units.setter(), Vapp::option_string("indexsubst", "~")),
-      conversion.option_bool("simpleindex", false));
+  Index::write(writer, site, navigation, units.setter(),
+               Index::keys_of(site.document, Vapp::option_string("indexsubst", "~")),
+               conversion.option_bool("simpleindex", false));
   search.write(conversion);
   gSourcePages(site, colours, navigation).write(conversion, writer);
 }

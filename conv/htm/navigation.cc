@@ -4,6 +4,7 @@
 #include "conv/htm/navigation.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "conv/htm/html_text.h"
 
@@ -83,36 +84,52 @@ void gNavigation::add_item(int page, std::vector<int> const & path, std::size_t 
   std::string const below = on_path ? list(page, path, level + 1) : std::string();
   std::string const text = Html::escaped(Site::contents_title(site_.head(page)));
   std::string const depth = std::to_string(level + 1);
+  std::string const same = Site::count_of(static_cast<std::size_t>(site_.pages[page].same));
   gKind const & what = site_.kinds.of(site_.pages[page].first);
   gVltValues values;
   values.set(V::href, site_.addresses.file(page)).set(V::title, text).set(V::items, below);
+  values.set(V::count, same);
   values.set(V::kind, what.word).set(V::kind_class, what.css).set(V::level, depth);
   values.set(V::current, flag(is_here)).set(V::open, flag(on_path && !is_here));
   site_.rules.apply(gVltRule::tree_item, what.selector, values, out);
 }
 
 void gNavigation::add_more(int parent, std::size_t count, std::string & out) const {
-  std::string const number = std::to_string(count);
+  std::string const number = site_.number(count);
   gVltValues values;
   values.set(V::href, contents_.file(parent)).set(V::count, number);
   site_.rules.apply(gVltRule::tree_more, values, out);
 }
 
 void gPlaces::add_unit(int unit) {
+  if (row_.unit >= 0 && Site::joins(site_, row_, unit)) {
+    ++row_.count;
+    return;
+  }
+  finish_row();
+  row_ = {unit, 1, {}};
+}
+
+void gPlaces::finish_row() {
+  if (row_.unit < 0)
+    return;
+  gRow const row = std::exchange(row_, gRow());
   if (++count_ > places_shown)
     return;
-  gUnitRecord const & record = site_.unit(unit);
-  std::string const to = "#" + std::string(site_.addresses.anchor(unit));
+  gUnitRecord const & record = site_.unit(row.unit);
+  std::string const to = "#" + std::string(site_.addresses.anchor(row.unit));
   std::string const text = Html::escaped(Site::contents_title(record));
-  std::string const depth = std::to_string(std::clamp(site_.pages.depth(unit), 1, 6));
-  gKind const & what = site_.kinds.of(unit);
+  std::string const depth = std::to_string(std::clamp(site_.pages.depth(row.unit), 1, 6));
+  std::string const same = Site::count_of(row.count);
+  gKind const & what = site_.kinds.of(row.unit);
   gVltValues values;
-  values.set(V::href, to).set(V::title, text).set(V::level, depth);
+  values.set(V::href, to).set(V::title, text).set(V::level, depth).set(V::count, same);
   values.set(V::kind, what.word).set(V::kind_class, what.css).set(V::member, "1");
   site_.rules.apply(gVltRule::toc_item, what.selector, values, items_);
 }
 
 void gPlaces::add_headline(std::string_view anchor, std::string_view title, int level) {
+  finish_row();
   if (++count_ > places_shown)
     return;
   std::string const to = "#" + std::string(anchor);
@@ -123,6 +140,7 @@ void gPlaces::add_headline(std::string_view anchor, std::string_view title, int 
 }
 
 std::string gPlaces::take() {
+  finish_row();
   std::string out;
   if (count_ > 1)
     site_.rules.apply(gVltRule::toc, gVltValues().set(V::items, items_), out);

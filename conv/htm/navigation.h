@@ -42,7 +42,10 @@ public:
   std::string take(); // empty if there are no places to choose from
 
 private:
+  void finish_row();
+
   gSite const & site_;
+  gRow row_; // the units that came last
   std::string items_;
   std::size_t count_ = 0;
 };

@@ -9,76 +9,145 @@
 namespace {
 
 using V = gVltValue;
-constexpr std::size_t few = 2;    // units on the same page that need no list
-constexpr std::size_t most = 600; // beyond them, the contents
+
+constexpr std::size_t few = 2;     // rows for units on the same page that need no list
+constexpr std::size_t most = 700;  // rows for units on other pages; of more, there are ranges
+constexpr std::size_t plenty = 60; // rows that are found more easily under headings
+
+// What most of the titles begin with, such as the name of a library.
+std::string common_start(gSite const & site, std::vector<gRow> const & rows) {
+  std::string start;
+  for (;;) {
+    std::map<char, std::size_t> next;
+    for (gRow const & row : rows) {
+      std::string_view const title = Site::contents_title(site.unit(row.unit));
+      if (title.size() > start.size() + 1 && title.starts_with(start))
+        ++next[title[start.size()]];
+    }
+    auto const best = std::ranges::max_element(next, {}, [](auto const & n) { return n.second; });
+    if (best == next.end() || best->second * 2 <= rows.size())
+      return start;
+    start += best->first;
+  }
+}
+
+// The first letter of a title, behind the common start.
+std::string initial_of(std::string_view title, std::string_view start) {
+  std::string initial;
+  if (title.starts_with(start) && title.size() > start.size()) {
+    title.remove_prefix(start.size());
+    initial = start;
+  }
+  std::size_t const first = std::min(title.find_first_not_of("_~"), title.size());
+  char const letter = first < title.size() ? title[first] : '#';
+  return initial + (Vlb::is_letter(letter) ? Vlb::upper(letter) : '#');
+}
+
 } // namespace
 
 std::string gOverview::of(int unit, int level) const {
   auto const children = site_.pages.units().children(unit);
-  bool const elsewhere = std::ranges::any_of(children, [&](int child) {
-    return unit < 0 || site_.pages.of(child) != site_.pages.of(unit);
-  });
-  if (children.empty() || (!elsewhere && children.size() <= few))
+  int const page = site_.pages.of(unit);
+  bool const elsewhere =
+      std::ranges::any_of(children, [&](int child) { return site_.pages.of(child) != page; });
+  std::vector<gRow> const rows = Site::rows_of(site_, children);
+  if (rows.empty() || (!elsewhere && rows.size() <= few))
     return {};
+  if (elsewhere && rows.size() > most)
+    if (std::string const ranges = contents_.ranges(page); !ranges.empty()) {
+      std::string out;
+      site_.rules.apply(gVltRule::overview, "part", gVltValues().set(V::items, ranges), out);
+      return out;
+    }
+  return lists(rows, page, level);
+}
+
+std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level) const {
   std::map<std::size_t, std::size_t> group_of;
-  std::vector<std::vector<int>> groups;
-  for (int const child : children.first(std::min(children.size(), most))) {
-    auto const [at, is_new] = group_of.try_emplace(site_.kinds.index_of(child), groups.size());
+  std::vector<std::vector<gRow>> groups;
+  for (gRow const & row : rows) {
+    auto const [at, is_new] = group_of.try_emplace(site_.kinds.index_of(row.unit), groups.size());
     if (is_new)
       groups.emplace_back();
-    groups[at->second].push_back(child);
+    groups[at->second].push_back(row);
   }
-  int const page = unit < 0 ? -1 : site_.pages.of(unit);
   std::string out;
-  for (auto const & group : groups)
-    add_group(group, page, level, groups.size() > 1, out);
-  if (children.size() > most) {
-    std::string more;
-    std::string const number = std::to_string(children.size() - most);
+  bool const elsewhere = page < 0 || (!rows.empty() && site_.pages.of(rows[0].unit) != page);
+  if (groups.size() > 1 || rows.size() <= plenty || !elsewhere) {
+    for (auto const & group : groups)
+      out += list(group, page, level, groups.size() > 1);
+    return out;
+  }
+  std::string const depth = std::to_string(level);
+  for (auto const & [title, part] : parts_of(rows)) {
+    std::string const shown = Html::escaped(title), inner = items(part, page, false);
     gVltValues values;
-    values.set(V::href, contents_.file(page)).set(V::count, number);
-    site_.rules.apply(gVltRule::tree_more, values, more);
-    site_.rules.apply(gVltRule::tree, gVltValues().set(V::items, more), out);
+    values.set(V::items, inner).set(V::level, depth).set(V::title, shown);
+    site_.rules.apply(gVltRule::overview, "part", values, out);
   }
   return out;
 }
 
-void gOverview::add_group(std::vector<int> const & units, int page, int level, bool titled,
-                          std::string & out) const {
-  std::string items;
-  std::set<std::string> former;
-  for (int const unit : units) {
-    std::string id = site_.addresses.former_anchor(unit);
-    add_item(unit, page, former.insert(id).second ? id : std::string(), items);
+// By what the names stand in; those that stand in nothing by their first letters if they are many.
+gOverview::gParts gOverview::parts_of(std::vector<gRow> const & rows) const {
+  std::vector<gRow> plain;
+  for (gRow const & row : rows)
+    if (Site::scope_of(site_.unit(row.unit).name).empty())
+      plain.push_back(row);
+  std::string const start = common_start(site_, plain);
+  gParts parts;
+  for (gRow const & row : rows) {
+    gUnitRecord const & record = site_.unit(row.unit);
+    std::string title(Site::scope_of(record.name));
+    if (title.empty() && plain.size() > plenty)
+      title = initial_of(Site::contents_title(record), start);
+    parts[title].push_back(row);
   }
-  gKind const & kind = site_.kinds.of(units.front());
-  std::string const depth = std::to_string(level);
-  std::string const count = std::to_string(units.size());
+  return parts;
+}
+
+std::string gOverview::items(std::span<gRow const> rows, int page, bool kinds) const {
+  std::string out;
+  std::set<std::string> former;
+  for (gRow const & row : rows) {
+    std::string id = site_.addresses.former_anchor(row.unit);
+    add_item(row, page, kinds, former.insert(id).second ? id : std::string(), out);
+  }
+  return out;
+}
+
+std::string gOverview::list(std::vector<gRow> const & rows, int page, int level,
+                            bool titled) const {
+  std::string const inner = items(rows, page, !titled);
+  gKind const & kind = site_.kinds.of(rows.front().unit);
+  std::string const depth = std::to_string(level), count = site_.number(rows.size());
   gVltValues values;
-  values.set(V::items, items).set(V::level, depth).set(V::count, count);
+  values.set(V::items, inner).set(V::level, depth).set(V::count, count);
   values.set(V::kind, kind.word).set(V::kind_class, kind.css);
   if (titled)
     values.set(V::title, kind.word);
+  std::string out;
   site_.rules.apply(gVltRule::overview, kind.selector, values, out);
+  return out;
 }
 
-void gOverview::add_item(int unit, int page, std::string const & id, std::string & out) const {
-  gUnitRecord const & record = site_.unit(unit);
-  std::string const to = site_.addresses.href(unit, page);
+void gOverview::add_item(gRow const & row, int page, bool kinds, std::string const & id,
+                         std::string & out) const {
+  gUnitRecord const & record = site_.unit(row.unit);
+  std::string const to = site_.addresses.href(row.unit, page);
   std::string const text = Html::escaped(Site::contents_title(record));
-  std::string const line = Html::escaped(record.summary);
-  std::string const full = Html::escaped(record.name);
+  std::string const line = Html::escaped(row.summary), full = Html::escaped(record.name);
   std::string const within = Html::escaped(Site::scope_of(record.name));
-  int const below = site_.pages.units().below(unit);
-  std::string const number = below > 0 ? std::to_string(below) : std::string();
-  gKind const & what = site_.kinds.of(unit);
+  int const below = site_.pages.units().below(row.unit);
+  std::string const number = below > 0 ? site_.number(static_cast<std::size_t>(below)) : "";
+  std::string const same = Site::count_of(row.count);
+  gKind const & what = site_.kinds.of(row.unit);
   gVltValues values;
-  values.set(V::href, to)
-      .set(V::title, text)
-      .set(V::summary, line)
-      .set(V::name, full)
-      .set(V::scope, within);
-  values.set(V::kind, what.word).set(V::kind_class, what.css).set(V::count, number);
-  values.set(V::id, id);
+  values.set(V::href, to).set(V::title, text).set(V::summary, line).set(V::name, full);
+  values.set(V::scope, within);
+  if (kinds)
+    values.set(V::kind, what.word).set(V::kind_class, what.css);
+  values.set(V::number, number).set(V::count, same).set(V::id, id);
+  values.set(V::named, Site::is_named(record) ? "1" : "");
   site_.rules.apply(gVltRule::overview_item, what.selector, values, out);
 }

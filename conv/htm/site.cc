@@ -37,7 +37,15 @@ gSite::gSite(gDocument const & document, gVltRules const & rules, std::string ti
       pages(document, split_level),
       kinds(document, rules),
       sources(document),
-      addresses(document, pages, shown_paths(document, sources)) {}
+      addresses(document, pages, shown_paths(document, sources)),
+      thousands_(rules.setting("thousands", ",")) {}
+
+std::string gSite::number(std::size_t value) const {
+  std::string digits = std::to_string(value);
+  for (std::size_t at = digits.size(); at > 3;)
+    digits.insert(at -= 3, thousands_);
+  return digits;
+}
 
 std::string_view Site::scope_of(std::string_view name) {
   std::string_view scope = name.substr(0, last_begin(name));
@@ -56,4 +64,35 @@ std::string_view Site::short_title(gUnitRecord const & unit) {
 
 std::string_view Site::contents_title(gUnitRecord const & unit) {
   return unit.toc.empty() ? short_title(unit) : std::string_view(unit.toc);
+}
+
+bool Site::is_named(gUnitRecord const & unit) {
+  return !unit.name.empty() && (unit.title == unit.name || unit.title == last_part(unit.name));
+}
+
+bool Site::joins(gSite const & site, gRow const & row, int unit) {
+  gUnitRecord const & first = site.unit(row.unit);
+  gUnitRecord const & other = site.unit(unit);
+  return !first.name.empty() && first.name == other.name &&
+         site.kinds.index_of(row.unit) == site.kinds.index_of(unit) &&
+         contents_title(first) == contents_title(other);
+}
+
+std::vector<gRow> Site::rows_of(gSite const & site, std::span<int const> units) {
+  std::vector<gRow> rows;
+  for (int const unit : units) {
+    if (site.pages.of(unit) < 0)
+      continue;
+    if (!rows.empty() && joins(site, rows.back(), unit))
+      ++rows.back().count;
+    else
+      rows.push_back({unit, 1, {}});
+    if (rows.back().summary.empty())
+      rows.back().summary = site.unit(unit).summary;
+  }
+  return rows;
+}
+
+std::string Site::count_of(std::size_t count) {
+  return count > 1 ? std::to_string(count) : std::string();
 }

@@ -49,10 +49,11 @@ gSources::gSources(gDocument const & document) {
     paths.push_back(unit.path);
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
-  // Texts may come from anywhere, such as the folder of the script.
+  // Headings come from the script, wherever that lies.
   std::vector<std::string_view> code;
   for (gUnitRecord const & unit : document.units)
-    if (!unit.declaration.empty() && (code.empty() || code.back() != unit.path))
+    if ((!unit.name.empty() || !unit.declaration.empty()) &&
+        (code.empty() || code.back() != unit.path))
       code.push_back(unit.path);
   common_ = common_folder(code.empty() ? paths : code);
   std::vector<gEntry *> added;

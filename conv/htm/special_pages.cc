@@ -1,5 +1,4 @@
-// Pages that belong to no unit: the start page, the contents, and those for addresses that several
-// pages share.
+// Pages that belong to no unit: the contents, and those for addresses that several pages share.
 
 #include "conv/htm/html_text.h"
 #include "conv/htm/overview.h"
@@ -22,29 +21,24 @@ void add_similar(gSite const & site, int page, std::string & out) {
   values.set(V::href, site.addresses.file(page)).set(V::title, title).set(V::scope, scope);
   values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::summary, summary);
   values.set(V::path, path).set(V::line, line);
+  values.set(V::named, Site::is_named(record) ? "1" : "");
   site.rules.apply(gVltRule::similar_item, values, out);
 }
 
-} // namespace
-
-void Pages::write_start(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-                        gContents const & contents) {
-  std::string const items = gOverview(site, contents).of(-1, 2);
-  std::string const tree = navigation.tree(-1);
-  std::string const title = Html::escaped(site.title);
-  std::string const units = std::to_string(site.document.units.size());
-  std::string const pages = std::to_string(site.pages.size());
-  gVltValues values;
-  values.set(V::title, title).set(V::items, items).set(V::contents, tree);
-  values.set(V::count, units).set(V::number, pages);
-  gPageFrame frame;
-  frame.style = "start";
-  frame.file = "index.htm";
-  frame.contents = tree;
-  frame.next = navigation.next(-1);
-  site.rules.apply(gVltRule::start_page, values, frame.content);
-  writer.write(frame);
+std::string items_of(gSite const & site, gContents const & contents, gContentsPage const & page) {
+  if (!contents.is_plain(page))
+    return contents.list(page);
+  auto const all = site.pages.tree().children(page.parent);
+  std::vector<int> units;
+  for (int const child : all.subspan(page.first, page.end - page.first))
+    units.push_back(site.pages[child].first);
+  std::vector<gRow> rows = Site::rows_of(site, units);
+  for (gRow & row : rows)
+    row.count = static_cast<std::size_t>(site.pages[site.pages.of(row.unit)].same);
+  return gOverview(site, contents).lists(rows, -1, 2);
 }
+
+} // namespace
 
 void Pages::write_contents(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
                            gContents const & contents) {
@@ -54,13 +48,16 @@ void Pages::write_contents(gPageWriter & writer, gSite const & site, gNavigation
     gPageFrame frame;
     frame.style = "contents";
     frame.file = page.file;
-    frame.title = page.title.empty() ? general : page.title + " – " + general;
+    frame.title = page.title.empty()       ? general
+                  : contents.is_part(page) ? page.title
+                                           : page.title + " – " + general;
     frame.crumbs = navigation.crumbs(page.parent, general, "");
     frame.contents = page.parent < 0 ? tree : navigation.tree(page.parent);
-    std::string const items = contents.list(page);
+    std::string const items = items_of(site, contents, page);
     std::string const title = Html::escaped(frame.title);
     gVltValues values;
     values.set(V::title, title).set(V::items, items).set(V::href, page.file);
+    values.set(V::mark, contents.is_plain(page) ? "1" : "");
     site.rules.apply(gVltRule::contents_page, values, frame.content);
     writer.write(frame);
   }

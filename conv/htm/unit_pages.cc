@@ -65,7 +65,7 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
 
 void gUnitPages::set_running_heads(gPageFrame & frame, int section) {
   gSectionRecord const & record = site_.document.sections[static_cast<std::size_t>(section)];
-  setter_.begin_unit(-1);
+  setter_.begin_unit(-1, 1);
   setter_.set(record.head_left, frame.head_left);
   setter_.set(record.head_right, frame.head_right);
   setter_.set(record.foot_left, frame.foot_left);
@@ -91,7 +91,8 @@ void gUnitPages::set_parts(gUnitText const & text, gParts & parts) {
 
 void gUnitPages::add_place(int unit) {
   bool const begins_page = site_.pages.begins(unit);
-  if (!begins_page)
+  // A list of overloads that all have the name of the page says nothing.
+  if (!site_.pages.heads(unit) || (!begins_page && !site_.pages.units().children(unit).empty()))
     places_.add_unit(unit);
   std::vector<gHeadline> const headlines = setter_.take_headlines();
   for (gHeadline const & headline : headlines)
@@ -103,15 +104,15 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
   gUnitText const text = site_.document.text_of(unit);
   search.add(unit, plain_text(text.body));
-  setter_.begin_unit(unit);
+  bool const begins_page = site_.pages.begins(unit);
+  // Levels may leave out numbers; headings of a page must not.
+  int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);
+  setter_.begin_unit(unit, level);
   gParts parts;
   set_parts(text, parts);
   add_place(unit);
   if (parts.title.empty())
     Html::escape(record.title, parts.title);
-  bool const begins_page = site_.pages.begins(unit);
-  // Levels may leave out numbers; headings of a page must not.
-  int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
   std::string const overview = overview_.of(unit, std::min(level + 1, 6));
   std::string const name = Html::escaped(record.name);
@@ -131,5 +132,6 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   values.set(V::notes, parts.notes).set(V::overview, overview).set(V::summary, summary);
   values.set(V::source, parts.source).set(V::editor, parts.editor).set(V::wintype, wintype);
   values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
+  values.set(V::named, Site::is_named(record) ? "1" : "");
   site_.rules.apply(gVltRule::unit, record.style, values, out);
 }

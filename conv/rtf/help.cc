@@ -5,6 +5,7 @@
 #include "conv/rtf/help.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <set>
 
@@ -38,10 +39,17 @@ std::vector<gPathstring> other_map_files(gPathstring const & generated) {
       continue;
     gPathstring path = gString(Vapp::make_absolute_vlp(text));
     path.normalize(true);
-    if (generated.empty() || path.compare_i(generated) != 0)
+    bool const is_new = std::ranges::find(paths, path) == paths.end();
+    if (is_new && (generated.empty() || path.compare_i(generated) != 0))
       paths.push_back(path);
   }
   return paths;
+}
+
+// Quotation marks around it end with its own.
+std::string quotable(std::string text) {
+  std::ranges::replace(text, '"', '\'');
+  return text;
 }
 
 // Where the generated map file belongs; empty without one.
@@ -63,7 +71,7 @@ public:
         keywords_(conversion.option_string("indexsep", ":"),
                   Vapp::option_string("indexsubst", "~")),
         name_(base_name(conversion.document().name)),
-        title_(Help::line(conversion.title())) {}
+        title_(quotable(Help::line(conversion.title()))) {}
 
   bool write() {
     gRtfTemplate style;
@@ -74,8 +82,9 @@ public:
                       Help::contents(topics.topics(), name_ + ".hlp", conversion_.title()));
     gPathstring const map = map_path(conversion_);
     std::string const includes = include_maps(map);
-    return write_project(topics, includes) && write_map(map, topics) &&
-           conversion_.finish(name_ + ".hpj");
+    std::string lines;
+    return write_project(topics, includes) && make_map(map, topics, lines) &&
+           conversion_.finish(name_ + ".hpj") && write_map(map, lines);
   }
 
 private:
@@ -142,17 +151,26 @@ private:
   std::string window_title(char const * window) const {
     auto const & windows = conversion_.document().wintypes;
     auto const found = windows.find(window);
-    return found == windows.end() ? std::string() : Help::line(found->second);
+    return found == windows.end() ? std::string() : quotable(Help::line(found->second));
   }
 
-  bool write_map(gPathstring const & path, gHelpTopics & topics) const {
+  // Without the numbers of an earlier map, all of them would get another meaning.
+  bool make_map(gPathstring const & path, gHelpTopics & topics, std::string & lines) const {
     if (path.empty())
       return true;
+    std::string before;
+    bool const exists = gFileSystem::file_exists(path) || gFileSystem::dir_exists(path);
+    if (!gFileSystem::read_file(path, before) && exists) {
+      Msg::log(Msg::error, Msg::cannot_read, path);
+      return false;
+    }
+    if (is_result(path)) {
+      Msg::log(Msg::error, Msg::cannot_write, path);
+      return false;
+    }
     std::vector<std::string> names = topics.help_ids();
     for (auto const & [name, context] : topics.aliases())
       names.push_back(name);
-    std::string before, lines;
-    gFileSystem::read_file(path, before);
     auto const base =
         static_cast<std::uint32_t>(std::max(0, conversion_.option_int("hid_base", 0x80000)));
     Help::gNumbers const numbers = Help::number(names, Help::read_map(before), others_, base);
@@ -161,6 +179,22 @@ private:
       by_number.emplace(number, name);
     for (auto const & [number, name] : by_number)
       add_map_line(name, number, lines);
+    return true;
+  }
+
+  // Whether the map would take the place of another file.
+  bool is_result(gPathstring const & path) const {
+    return std::ranges::any_of(std::array{".rtf", ".cnt", ".hpj"}, [&](char const * extension) {
+      gPathstring file = Vapp::option_path("hlp/out_dir");
+      return file.append(name_ + extension).normalize(true).compare_i(path) == 0;
+    });
+  }
+
+  // It may lie in the folder of the result, so that is in place first.
+  static bool write_map(gPathstring const & path, std::string const & lines) {
+    if (path.empty())
+      return true;
+    gFileSystem::mk_dirs(path.dir_name());
     if (gFileSystem::write_file_atomic(path, lines))
       return true;
     Msg::log(Msg::error, Msg::cannot_write, path);

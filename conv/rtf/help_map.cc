@@ -11,6 +11,9 @@
 
 namespace {
 
+// Programs keep these numbers with a sign.
+constexpr std::uint32_t last = INT32_MAX;
+
 std::string_view next_word(std::string_view & line) {
   std::size_t begin = 0;
   while (begin < line.size() && Vlb::is_space(line[begin]))
@@ -63,22 +66,23 @@ Help::gNumbers Help::read_map(std::string_view text) {
 Help::gNumbers Help::number(std::vector<std::string> const & names, gNumbers const & before,
                             gNumbers const & others, std::uint32_t base) {
   std::set<std::uint32_t> taken;
-  std::uint32_t next = base;
   for (auto const & [name, number] : others)
     taken.insert(number);
+  std::uint32_t next = base;
+  gNumbers kept, numbers;
   for (auto const & [name, number] : before) {
-    taken.insert(number);
-    if (number >= next && number < UINT32_MAX)
+    if (number >= next && number < last)
       next = number + 1;
+    if (taken.insert(number).second)
+      kept[name] = number;
   }
-  gNumbers numbers;
   for (std::string const & name : names) {
-    auto const old = before.find(name);
     if (others.contains(name) || numbers.contains(name))
       continue;
-    while (old == before.end() && taken.contains(next))
-      ++next;
-    numbers[name] = old != before.end() ? old->second : next++;
+    auto const old = kept.find(name);
+    while (old == kept.end() && !taken.insert(next).second)
+      next = next < last ? next + 1 : 1;
+    numbers[name] = old != kept.end() ? old->second : next;
   }
   return numbers;
 }

@@ -15,8 +15,8 @@ using gNumbers = std::map<std::string, std::uint32_t>; // by names in upper case
 // is passed over; of two with the same name the first counts.
 gNumbers read_map(std::string_view text);
 
-// A number for each name. One that it had in `before` stays; new ones come behind all of those,
-// from `base` on. Names that other files give a number, and those numbers, are left to them.
+// A number for each name. One that it alone had in `before` stays; new ones come behind all of
+// those, from `base` on. Names that other files give a number, and those numbers, are left to them.
 gNumbers number(std::vector<std::string> const & names, gNumbers const & before,
                 gNumbers const & others, std::uint32_t base);
 

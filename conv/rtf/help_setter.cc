@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "conv/atc/unit_facts.h"
+#include "conv/rtf/rtf_marks.h"
 
 using V = gVltValue;
 
@@ -24,6 +25,7 @@ gUnitText gHelpSetter::begin(int unit) {
   gUnitText text = document().text_of(unit);
   for (gNodeList * const nodes : {&text.toc_title, &text.title, &text.subject, &text.body})
     settle(*nodes);
+  Rtf::sink_marks(text.body);
   return text;
 }
 

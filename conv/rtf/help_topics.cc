@@ -83,11 +83,11 @@ void gHelpTopics::plan(int split_level) {
 }
 
 std::string gHelpTopics::text() {
-  std::string out = style_.head();
+  std::string out;
   for (std::size_t i = 0; i < topics_.size(); ++i)
     put_topic(i, out);
-  out += "}\n";
-  return out;
+  out.insert(0, style_.head()); // with the colours that the topics asked for
+  return out += "}\n";
 }
 
 void gHelpTopics::put_topic(std::size_t index, std::string & out) {
@@ -127,9 +127,8 @@ std::string gHelpTopics::put_unit(gHelpTopic const & topic, int unit, gFrame & f
   gUnitText const text = setter_.begin(unit);
   std::string const title = setter_.set_headline(text.title);
   std::string const subject = setter_.set_line(text.subject);
-  std::string body = setter_.take_margin_notes(), links;
-  for (gNode const & node : text.body)
-    setter_.set({node}, node.kind == gNodeKind::link_line ? links : body);
+  std::string body, links;
+  setter_.set_body(text.body, body, links);
   gVltValues values;
   values.set(V::title, title).set(V::subject, subject).set(V::body, body).set(V::links, links);
   // The topic itself shows the marks of its first unit, and all keywords if the index leads there.

@@ -4,7 +4,6 @@
 #include "conv/rtf/rtf_document.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 
 #include "app/options/options.h"
@@ -17,12 +16,6 @@ using V = gVltValue;
 
 // Stands for the content while a frame is made; no text holds it.
 constexpr char content_mark[] = "\x01";
-
-int number_in(std::string const & text, int fallback) {
-  int number = fallback;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
 
 // When the document was made, for the fields that show it.
 std::string time_words(gRtfSetter & setter) {
@@ -46,7 +39,7 @@ gRtfDocument::gRtfDocument(gConversion & conversion, gRtfTemplate & style)
       sources_(document_),
       setter_(document_, rules_, kinds_, style.text_width(), style.font_size()),
       heads_differ_(running_heads_differ()),
-      contents_levels_(number_in(rules_.setting("contents_levels"), 3)) {}
+      contents_levels_(Rtf::number_in(rules_.setting("contents_levels"), 3)) {}
 
 gRtfDocument::gFrame gRtfDocument::frame(gVltRule rule, std::string_view selector,
                                          gVltValues & values) {
@@ -115,9 +108,8 @@ void gRtfDocument::add_unit(int unit, std::string & out) {
   setter_.begin_unit(unit, titled ? record.level : record.level - 1);
   std::string const title = setter_.set_line(text.title);
   std::string const subject = setter_.set_line(text.subject);
-  std::string body = setter_.take_margin_notes(), links;
-  for (gNode const & node : text.body)
-    setter_.set({node}, node.kind == gNodeKind::link_line ? links : body);
+  std::string body, links;
+  setter_.set_body(text.body, body, links);
   add_places(unit, titled);
   std::string const id = Rtf::bookmark(record.label);
   std::string const depth = std::to_string(std::clamp(record.level, 1, Rtf::deepest_headline));

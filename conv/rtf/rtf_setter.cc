@@ -16,13 +16,15 @@
 
 namespace {
 
-int number_in(std::string const & text, int fallback) {
+constexpr int widest_step = 5000; // twips
+
+} // namespace
+
+int Rtf::number_in(std::string_view text, int fallback) {
   int number = fallback;
   std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
 }
-
-} // namespace
 
 gRtfSetter::gRtfSetter(gDocument const & document, gVltRules const & rules, gKinds const & kinds,
                        int text_width, int font_size)
@@ -30,8 +32,8 @@ gRtfSetter::gRtfSetter(gDocument const & document, gVltRules const & rules, gKin
       kinds_(kinds),
       text_width_(text_width),
       font_size_(font_size),
-      list_indent_(number_in(rules.setting("list_indent"), 360)),
-      step_indent_(number_in(rules.setting("step_indent"), 360)),
+      list_indent_(std::clamp(Rtf::number_in(rules.setting("list_indent"), 360), 0, widest_step)),
+      step_indent_(std::clamp(Rtf::number_in(rules.setting("step_indent"), 360), 0, widest_step)),
       index_separator_(Vapp::option_string("rtf/indexsep", "\\:")),
       place_holder_(Vapp::option_string("indexsubst", "~")) {}
 
@@ -40,6 +42,12 @@ void gRtfSetter::begin_unit(int unit, int level) {
   level_above_ = level;
   margin_notes_.clear();
   headlines_.clear();
+}
+
+void gRtfSetter::set_body(gNodeList const & blocks, std::string & text, std::string & links) {
+  text += take_margin_notes();
+  for (gNode const & node : blocks)
+    set_node(node, node.kind == gNodeKind::link_line ? links : text);
 }
 
 void gRtfSetter::escape(std::string_view text, std::string & out) const {
@@ -55,13 +63,15 @@ gLinkEnd gRtfSetter::link_end(gTarget const & target) {
   return end;
 }
 
+// A bookmark stands once, and not in running heads, which stand on every page.
 std::string gRtfSetter::anchor(std::string_view bookmark) {
-  return Rtf::bookmark(bookmark);
+  std::string name = Rtf::bookmark(bookmark);
+  return unit() >= 0 && placed_.insert(Vlb::to_upper(name)).second ? name : std::string();
 }
 
 std::string gRtfSetter::headline_anchor(gNode const & node) {
   gRtfHeadline headline;
-  headline.level = level_above_ + number_in(node.param(0), 1);
+  headline.level = level_above_ + Rtf::number_in(node.param(0), 1);
   headline.bookmark = "VLS_" + std::to_string(++headlines_done_);
   headline.title = escaped(node.param(1).empty() ? plain_text(node.children) : node.param(1));
   headlines_.push_back(headline);
@@ -69,7 +79,7 @@ std::string gRtfSetter::headline_anchor(gNode const & node) {
 }
 
 std::string gRtfSetter::headline_level(gNode const & node) const {
-  int const level = level_above_ + number_in(node.param(0), 1);
+  int const level = level_above_ + Rtf::number_in(node.param(0), 1);
   return std::to_string(std::clamp(level, 1, Rtf::deepest_headline));
 }
 
@@ -84,7 +94,19 @@ void gRtfSetter::set_verbatim(gNode const & node, bool declaration, std::string 
                 gVltValues().set(gVltValue::text, shown).set(gVltValue::width, space), out);
 }
 
+// Word processors know no notes in notes or running heads; those stand in the text.
 void gRtfSetter::set_note(gNode const & node, std::string & out) {
+  if (in_note_ || unit() < 0) {
+    escape(" (", out);
+    set(node.children, out);
+    return escape(")", out);
+  }
+  in_note_ = true;
+  set_own_note(node, out);
+  in_note_ = false;
+}
+
+void gRtfSetter::set_own_note(gNode const & node, std::string & out) {
   if (node.kind != gNodeKind::margin_note)
     return gSetter::set_note(node, out);
   std::string note;
@@ -121,7 +143,8 @@ std::string gRtfSetter::measure(gNode const & node) const {
   std::string const & text = node.param(0);
   bool const is_size = node.kind == gNodeKind::font_size;
   if (is_size && text.ends_with('%'))
-    return std::to_string(std::clamp(font_size_ * number_in(text, 100) / 100, 2, 400));
+    return std::to_string(
+        std::clamp(font_size_ * std::clamp(Rtf::number_in(text, 100), 1, 10000) / 100, 2, 400));
   int const twips = Rtf::twips(text);
   if (twips < 0)
     return is_size ? std::to_string(font_size_) : "720";
@@ -142,9 +165,7 @@ void gRtfSetter::set_step(gHierarchyItem const & item, std::string & out) {
   gLinkEnd const end = place ? link_end(place) : gLinkEnd();
   std::string const inner = escaped(plain_text(item.step->children));
   std::string const depth = std::to_string(item.depth);
-  // Deep trees stay on the page.
-  std::string const space =
-      std::to_string(std::min(item.depth * step_indent_, text_width_ * 2 / 3));
+  std::string const space = std::to_string(fitted(item.depth * step_indent_));
   gVltValues values;
   values.set(text, inner).set(href, end.href).set(target, end.title).set(context, end.context);
   values.set(level, depth).set(width, space).set(items, item.items);

@@ -1,6 +1,8 @@
 // Sets the text of units as RTF.
 #pragma once
 
+#include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ struct gRtfHeadline {
 namespace Rtf {
 // Headlines below that look like those at it.
 constexpr int deepest_headline = 6;
+int number_in(std::string_view text, int fallback);
 } // namespace Rtf
 
 // Documents and help topics are set alike; what leads where is theirs to say.
@@ -33,8 +36,8 @@ public:
   void begin_unit(int unit, int level = 0);
   // A headline, subject line or running head.
   std::string set_line(gNodeList const & nodes) { return set(nodes); }
-  // Margin notes of a headline or subject line, which stand in front of the text below it.
-  std::string take_margin_notes() { return std::exchange(margin_notes_, {}); }
+  // What stands below a headline, behind the margin notes of that; and the link lines.
+  void set_body(gNodeList const & blocks, std::string & text, std::string & links);
   std::vector<gRtfHeadline> take_headlines() { return std::exchange(headlines_, {}); }
   // The finished texts of index marks, levels apart, for the five fields of an entry.
   std::vector<std::string> index_marks(std::string const (&fields)[5]) const;
@@ -58,18 +61,23 @@ protected:
   std::string measure(gNode const & node) const override;
 
 private:
-  // Of the current list, in twips.
-  int indent() const { return list_level() * list_indent_; }
+  std::string take_margin_notes() { return std::exchange(margin_notes_, {}); }
+  // Of the current list, in twips. Deep lists and trees stay on the page.
+  int indent() const { return fitted(list_level() * list_indent_); }
+  int fitted(int space) const { return std::min(space, text_width_ * 2 / 3); }
   std::string cell_text(gNodeList const & nodes);
   std::string row_definition(gTableShape const & shape, std::vector<int> const & ends,
                              std::size_t row, std::string_view style) const;
   void set_step(gHierarchyItem const & item, std::string & out);
+  void set_own_note(gNode const & node, std::string & out);
 
   gKinds const & kinds_;
   int text_width_, font_size_;
   int list_indent_, step_indent_;
   std::string index_separator_, place_holder_;
   std::string margin_notes_;
+  bool in_note_ = false;
+  std::set<std::string> placed_; // bookmarks that stand in the text
   std::vector<gRtfHeadline> headlines_;
   int headlines_done_ = 0, level_above_ = 0;
 };

@@ -12,6 +12,8 @@ void gRtfSetter::set_table(gNode const & node, std::string & out) {
   using enum gVltValue;
   gTableShape const shape(node);
   std::vector<int> const ends = Rtf::column_ends(shape, indent(), text_width_);
+  if (ends.empty())
+    return; // rows without cells are no RTF
   std::string const left = std::to_string(indent()), high = std::to_string(node.children.size());
   std::string rows;
   for (std::size_t r = 0; r < node.children.size(); ++r) {
@@ -19,7 +21,10 @@ void gRtfSetter::set_table(gNode const & node, std::string & out) {
     bool const marked = shape.marked_rows[r];
     std::string cells;
     for (std::size_t c = 0; c < ends.size(); ++c) {
-      std::string const inner = c < row.children.size() ? cell_text(row.children[c].children) : "";
+      std::string inner = c < row.children.size() ? cell_text(row.children[c].children) : "";
+      for (std::size_t more = ends.size(); c + 1 == ends.size() && more < row.children.size();
+           ++more)
+        inner += "\\line " + cell_text(row.children[more].children); // no row holds so many
       bool const stressed = marked || shape.marked_columns[c];
       rules().apply(gVltRule::cell, marked ? "head" : "",
                     gVltValues().set(text, inner).set(mark, stressed ? "1" : ""), cells);

@@ -16,17 +16,16 @@
 namespace {
 
 constexpr std::string_view plain_head =
-    "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}"
+    "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}"
     "\\paperw11906\\paperh16838\\margl1418\\margr1418\\margt1418\\margb1418\n";
 
 constexpr std::string_view tables[] = {"fonttbl", "colortbl", "stylesheet", "listtable",
                                        "listoverridetable"};
 // Words that stand once in a document's head, and those whose numbers set its page.
 constexpr std::string_view document_words[] = {
-    "rtf",       "ansi",     "mac",    "pc",     "pca",     "ansicpg",   "deff",
-    "adeff",     "deflang",  "uc",     "paperw", "paperh",  "margl",     "margr",
-    "margt",     "margb",    "gutter", "deftab", "facingp", "landscape", "viewkind",
-    "widowctrl", "hyphauto", "ftnbj",  "aenddoc"};
+    "rtf",     "ansi",    "mac",       "pc",       "pca",       "ansicpg",  "deff",  "adeff",
+    "deflang", "paperw",  "paperh",    "margl",    "margr",     "margt",    "margb", "gutter",
+    "deftab",  "facingp", "landscape", "viewkind", "widowctrl", "hyphauto", "ftnbj", "aenddoc"};
 // Word processors save these styles under names of their own.
 struct SavedName {
   std::string_view saved, name;
@@ -37,6 +36,9 @@ constexpr SavedName other_names[] = {{"text body", "body text"},
                                      {"endnote", "endnote text"}};
 
 constexpr int automatic = -1; // a colour
+// Bytes of a style's own look, since each style based on it has them again.
+constexpr std::size_t most_words = 2000;
+constexpr int longest = 100000; // twips of a page; some seventy inches
 
 // Words of a style that say how styles hang together, and not how text looks.
 constexpr std::string_view style_relations[] = {
@@ -75,7 +77,8 @@ std::optional<Style> read_style(std::string_view group) {
         style.mark = reader.token();
       } else if (word == "sbasedon") {
         style.based_on = reader.number(-1);
-      } else if (!holds(style_relations, word) && reader.token() != "\\*") {
+      } else if (!holds(style_relations, word) && reader.token() != "\\*" &&
+                 style.own.size() < most_words) {
         style.own += reader.token();
       }
     }
@@ -127,16 +130,18 @@ std::string without_replaced(std::string const & words, std::string const & late
   return kept;
 }
 
+using gNumberedStyles = std::map<int, Style const *>;
+
 // What a style inherits stands in front of its own words, which replace it. Steps are counted,
 // since styles of a damaged file may be based on each other in a circle.
-std::string look_of(std::vector<Style> const & styles, Style const & style, int steps = 0) {
+std::string look_of(gNumberedStyles const & styles, Style const & style, int steps = 0) {
   constexpr int nothing = 222;
   if (style.based_on < 0 || style.based_on == nothing || steps > 20)
     return style.own;
-  auto const base = std::ranges::find(styles, style.based_on, &Style::number);
+  auto const base = styles.find(style.based_on);
   if (base == styles.end())
     return style.own;
-  return without_replaced(look_of(styles, *base, steps + 1), style.own) + style.own;
+  return without_replaced(look_of(styles, *base->second, steps + 1), style.own) + style.own;
 }
 
 } // namespace
@@ -152,7 +157,7 @@ bool gRtfTemplate::load(gPathstring const & path) {
     Msg::log(Msg::error, Msg::cannot_read, path);
     return false;
   }
-  if (!text.starts_with("{\\rtf")) {
+  if (!text.starts_with("{\\rtf1")) {
     Msg::log(Msg::error, Msg::no_rtf_template, path);
     return false;
   }
@@ -170,8 +175,9 @@ void gRtfTemplate::parse(std::string_view text) {
       take_group(reader);
     } else if (reader.kind() == Rtf::gWordReader::control && holds(document_words, reader.word())) {
       words_ += reader.token();
-      numbers[std::string(reader.word())] = reader.number(0);
-    } else if (reader.kind() == Rtf::gWordReader::plain ||
+      numbers[std::string(reader.word())] = std::clamp(reader.number(0), -longest, longest);
+    } else if ((reader.kind() == Rtf::gWordReader::plain &&
+                reader.token().find_first_not_of(' ') != std::string_view::npos) ||
                (reader.kind() == Rtf::gWordReader::control && reader.word() == "pard")) {
       break; // the sample text begins
     }
@@ -185,7 +191,7 @@ void gRtfTemplate::parse(std::string_view text) {
   std::string const normal = styles_.contains("normal") ? styles_["normal"] : std::string();
   font_size_ = 24;
   for (Rtf::gWordReader reader(normal); reader.next();)
-    font_size_ = reader.word() == "fs" ? reader.number(24) : font_size_;
+    font_size_ = reader.word() == "fs" ? std::clamp(reader.number(24), 2, 400) : font_size_;
 }
 
 void gRtfTemplate::take_group(Rtf::gWordReader & reader) {
@@ -201,8 +207,11 @@ void gRtfTemplate::take_group(Rtf::gWordReader & reader) {
   if (name != "stylesheet" || reader.depth() > 1)
     return;
   std::vector<Style> const styles = read_styles(group);
+  gNumberedStyles numbered;
   for (Style const & style : styles)
-    styles_.emplace(style.name, style.mark + look_of(styles, style));
+    numbered.emplace(style.number, &style);
+  for (Style const & style : styles)
+    styles_.emplace(style.name, style.mark + look_of(numbered, style));
 }
 
 std::string gRtfTemplate::head() const {
@@ -213,7 +222,8 @@ std::string gRtfTemplate::head() const {
                  std::to_string(colour >> 8 & 255) + "\\blue" + std::to_string(colour & 255);
     colours += ';';
   }
-  return "{" + words_ + "\n" + fonts_ + "{\\colortbl" + colours + "}\n" + groups_;
+  // The texts show one character for those who don't know Unicode.
+  return "{" + words_ + "\\uc1\n" + fonts_ + "{\\colortbl" + colours + "}\n" + groups_;
 }
 
 std::string gRtfTemplate::style_words(std::string_view name) {
@@ -228,6 +238,7 @@ std::string gRtfTemplate::style_words(std::string_view name) {
 std::string gRtfTemplate::colour_number(std::string_view hex) {
   int colour = 0;
   std::from_chars(hex.data(), hex.data() + hex.size(), colour, 16);
+  colour &= 0xFFFFFF;
   auto found = std::ranges::find(colours_, colour);
   if (found == colours_.end())
     found = colours_.insert(found, colour);

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 
 #include "conv/rtf/rtf_codepage.h"
 #include "vlb/gstring.h"
@@ -47,8 +48,10 @@ void escape_with(std::string_view text, std::string_view line_end, std::string &
       out += line_end;
     else if (c == '\t')
       out += "\\tab ";
-    else
+    else if (c > '\x1F' && c != '\x7F')
       out += c;
+    else // from a title or an option; elsewhere there are none
+      add_code_point(0xFFFD, out);
   }
 }
 
@@ -65,10 +68,19 @@ void Rtf::escape_lines(std::string_view text, std::string & out) {
 }
 
 std::string Rtf::bookmark(std::string_view name) {
-  std::string valid;
-  for (char const c : name.substr(0, 40))
+  constexpr std::size_t longest = 40, digits = 6;
+  std::string valid = name.empty() || !Vlb::is_letter(name[0]) ? "B_" : "";
+  for (char const c : name)
     valid += Vlb::is_word(c) ? c : '_';
-  return valid;
+  if (valid == name && name.size() <= longest)
+    return valid;
+  // What became of different names must not be the same.
+  std::uint32_t hash = 2166136261u;
+  for (char const c : name)
+    hash = (hash ^ static_cast<unsigned char>(Vlb::upper(c))) * 16777619u;
+  char number[digits + 2];
+  std::snprintf(number, sizeof number, "_%06X", (hash >> 8 ^ hash) & 0xFFFFFF);
+  return valid.substr(0, longest - digits - 1) + number;
 }
 
 int Rtf::twips(std::string_view width) {
@@ -79,7 +91,8 @@ int Rtf::twips(std::string_view width) {
   double number = 0;
   char const * const end = width.data() + width.size();
   auto const [rest, error] = std::from_chars(width.data(), end, number);
-  if (error != std::errc() || number < 0 || number > 10000)
+  bool const usable = number >= 0 && number <= 10000; // "nan" is a number, too
+  if (error != std::errc() || !usable)
     return -1;
   std::string_view const unit(rest, static_cast<std::size_t>(end - rest));
   for (auto const & known : units) {

@@ -11,16 +11,16 @@ using enum gVltValue;
 using Values = std::span<gVltValue const>;
 
 constexpr std::string_view value_names[] = {
-    "text",       "title",      "items",      "name",      "style",      "href",
-    "target",     "id",         "aliases",    "path",      "line",       "editor",
-    "level",      "number",     "count",      "width",     "columns",    "mark",
-    "current",    "open",       "member",     "virtual",   "access",     "label",
-    "kind",       "kind_class", "subject",    "links",     "body",       "notes",
-    "overview",   "summary",    "scope",      "source",    "doc_title",  "page_title",
-    "root",       "crumbs",     "contents",   "on_page",   "previous",   "previous_title",
-    "next",       "next_title", "content",    "head_left", "head_right", "foot_left",
-    "foot_right", "key",        "second_key", "before",    "between",    "after",
-    "context",    "keywords",   "browse",     "wintype"};
+    "text",           "title",      "items",      "name",       "style",     "href",
+    "target",         "id",         "aliases",    "path",       "line",      "editor",
+    "level",          "number",     "count",      "width",      "columns",   "mark",
+    "current",        "open",       "member",     "named",      "virtual",   "access",
+    "label",          "kind",       "kind_class", "subject",    "links",     "body",
+    "notes",          "overview",   "summary",    "scope",      "source",    "doc_title",
+    "page_title",     "root",       "crumbs",     "contents",   "on_page",   "previous",
+    "previous_title", "next",       "next_title", "content",    "head_left", "head_right",
+    "foot_left",      "foot_right", "key",        "second_key", "before",    "between",
+    "after",          "context",    "keywords",   "browse",     "wintype"};
 static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
@@ -41,17 +41,17 @@ constexpr gVltValue cell_values[] = {text, mark, width, number, count};
 constexpr gVltValue step_values[] = {
     text, href, level, access, gVltValue::is_virtual, label, target, context, number, items, width};
 constexpr gVltValue unit_values[] = {
-    id,    aliases, level,  kind,     kind_class, style,   name,     title,  subject,
-    links, body,    notes,  overview, source,     member,  path,     line,   href,
-    scope, summary, editor, wintype,  number,     context, keywords, browse, content};
+    id,     aliases, level,    kind,    kind_class, style,  name,    title, subject, links,
+    body,   notes,   overview, source,  member,     path,   line,    href,  scope,   summary,
+    editor, wintype, number,   context, keywords,   browse, content, named};
 constexpr gVltValue page_values[] = {
     doc_title, page_title, root,    crumbs,    contents,   on_page,   previous,   previous_title,
     next,      next_title, content, head_left, head_right, foot_left, foot_right, title,
     kind,      kind_class, id,      style,     number,     count,     text,       items,
     name,      path,       href,    columns,   mark,       subject};
 constexpr gVltValue place_values[] = {
-    href,  title,  text, items, kind, kind_class, level,  current, open,   count,  summary,
-    scope, number, id,   path,  line, name,       source, context, target, member, mark};
+    href,   title, text, items, kind, kind_class, level,   current, open,   count, summary, scope,
+    number, id,    path, line,  name, source,     context, target,  member, mark,  named};
 constexpr gVltValue index_values[] = {id,     title,   items, key,   second_key,
                                       before, between, after, href,  number,
                                       text,   target,  kind,  count, mark};
@@ -111,9 +111,10 @@ constexpr Row rows[] = {
     {"note", true, note_values},
     {"unit", true, unit_values},
     {"kind", true, inline_values},
+    {"kinds", true, place_values},
     {"overview", true, place_values},
     {"overview_item", true, place_values},
-    {"page", true, page_values},
+    {"page", false, page_values},
     {"crumb", false, place_values},
     {"crumb_here", false, place_values},
     {"tree", false, place_values},
@@ -122,6 +123,7 @@ constexpr Row rows[] = {
     {"toc", false, place_values},
     {"toc_item", true, place_values},
     {"start_page", false, page_values},
+    {"chapter", false, place_values},
     {"contents_page", false, page_values},
     {"index_page", false, index_values},
     {"index_link", false, place_values},

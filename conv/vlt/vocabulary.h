@@ -31,6 +31,7 @@ enum class gVltValue : unsigned char {
   current,    // the place where the reader is
   open,       // a place above it
   member,     // the unit stands below another one on its page
+  named,      // the title is the unit's name
   is_virtual, // virtual inheritance
   access,     // "public", "protected", "private" or empty
   label,      // the text of an inheritance step
@@ -126,8 +127,9 @@ enum class gVltRule : unsigned char {
   notes,
   note,
   // Units
-  unit, // by style
-  kind, // by style: the word for what such a unit is
+  unit,  // by style
+  kind,  // by style: the word for what such a unit is
+  kinds, // by style: several such units, with their number
   overview,
   overview_item,
   // Pages
@@ -140,6 +142,7 @@ enum class gVltRule : unsigned char {
   toc,
   toc_item,
   start_page,
+  chapter, // of the start page: a unit with the first of those below it
   contents_page,
   index_page,
   index_link, // to another page of the index or to a letter

@@ -75,8 +75,12 @@
 
   // What is wider than its place can be scrolled by keyboard, too.
   const start_scrolling = () => {
-    for (const block of $$("pre, .scroll, .tree-lines"))
-      if (block.scrollWidth > block.clientWidth) block.tabIndex = 0;
+    const observer = new ResizeObserver((entries) => {
+      for (const { target } of entries)
+        if (target.scrollWidth > target.clientWidth) target.tabIndex = 0;
+        else target.removeAttribute("tabindex");
+    });
+    for (const block of $$("pre, .scroll, .tree-lines")) observer.observe(block);
   };
 
   const start_copying = () => {
@@ -257,6 +261,7 @@
   };
 
   const shown_at_most = 40;
+  const looked_at = 100; // of them some may be overloads
 
   // The best hits that have all words.
   const find = async (words) => {
@@ -278,7 +283,7 @@
       if (sum > 0) found.push([unit, sum]);
     }
     found.sort((a, b) => b[1] - a[1] || a[0] - b[0]);
-    const best = found.slice(0, shown_at_most);
+    const best = found.slice(0, looked_at);
     const hits = await Promise.all(best.map(async ([unit, score]) => {
       const block = await part(`b-${Math.floor(unit / index.block)}`);
       const entry = block?.[unit % index.block];
@@ -287,8 +292,24 @@
       return { name, scope, kind: index.kinds[kind], href, place, summary, score };
     }));
     const length = (hit) => hit.scope.length + hit.name.length;
-    return { count: found.length, hits: hits.filter((hit) => hit)
-      .sort((a, b) => Math.round(b.score) - Math.round(a.score) || length(a) - length(b)) };
+    return { count: found.length, hits: joined(hits.filter((hit) => hit)
+      .sort((a, b) => Math.round(b.score) - Math.round(a.score) || length(a) - length(b))) };
+  };
+
+  // Overloads as one hit, with the first summary that there is.
+  const joined = (hits) => {
+    const sets = new Map();
+    for (const hit of hits) {
+      const key = hit.kind?.[0] ? [hit.scope, hit.name, hit.kind[0]].join("\n") : hit.href;
+      const first = sets.get(key);
+      if (!first) {
+        sets.set(key, { ...hit, same: 1 });
+      } else {
+        ++first.same;
+        first.summary ||= hit.summary;
+      }
+    }
+    return [...sets.values()].slice(0, shown_at_most);
   };
 
   // The name with what was found in it marked, its scope paler.
@@ -309,6 +330,7 @@
       element.append(i < cut ? make("span", { className: "scope" }, part) : part);
       i = end;
     }
+    if (hit.same > 1) element.append(" ", make("small", { className: "same", textContent: `×${hit.same}` }));
     return element;
   };
 

@@ -13,6 +13,8 @@
 
 namespace {
 
+std::string const opened = "@_vlbcom ", closed = "@_vlecom ", comment = opened + "x\n" + closed;
+
 // One line a comment: blanks in a row as one, line feeds of the result as "~".
 std::string translated(std::string const & comment) {
   gForeignText const unit = translate_comment(comment);
@@ -54,22 +56,58 @@ std::string dense(std::string const & text) {
   return result;
 }
 
-// Every style of comment in both languages, through the shipped project and script.
-TEST(foreign, quick_project) {
-  std::string const folder = CASE_DIR "/foreign";
-  RunProject project;
+// Through the shipped project and script.
+void run_quick(RunProject & project, std::string const & folder, std::string const & files) {
   ASSERT_TRUE(Vapp::project().load(VELLUMAR_SOURCE_DIR "/ini/quick.vlp", false));
   project.set("out_dir=" + project.path("out"));
   project.set("inputcurdir=" + folder);
-  project.set(
-      R"(inputfiles/1={"path": ".", "files": "*.h;*.cpp;*.pas", "outgrp": "all", "count": 0})");
+  project.set(R"(inputfiles/1={"path": ".", "outgrp": "all", "count": 0, "files": ")" + files +
+              "\"}");
   EXPECT_TRUE(project.run());
   EXPECT_EQ(project.reports(), "quick.vls - 0 error(s), 0 warning(s)\n");
+}
+
+// Every style of comment in both languages.
+TEST(foreign, quick_project) {
+  std::string const folder = CASE_DIR "/foreign";
+  RunProject project;
+  run_quick(project, folder, "*.h;*.cpp;*.pas");
   std::map<std::string, std::string> files = project.output();
   files.erase("ana.log");
   for (auto & [name, text] : files)
     text = dense(replaced(replaced(text, folder, "FOREIGN"), VELLUMAR_SOURCE_DIR, "SOURCE"));
   compare_golden(CASE_DIR "/golden/foreign", files);
+}
+
+std::string times(std::size_t count, std::string const & text) {
+  std::string result;
+  while (count-- > 0)
+    result += text;
+  return result;
+}
+
+// A token that is longer than a scanner takes would cost the rest of the file.
+TEST(foreign, long_words_cost_no_file) {
+  RunProject project;
+  std::string text;
+  for (char const * head : {"", "- ", "@c ", "@em ", "@b ", "@throws ", "@file ", "@par ", "@see ",
+                            "`", "**", "<em>", "{@link ", "@code\n"})
+    for (char const * letter : {"x", "{", "\xE6\xBC\xA2", "\\@", "`a`", "@e_verbatim"})
+      for (std::size_t count : {190, 590, 4000})
+        text += "/**\n" + (head + times(count, letter)) +
+                "` ** </em> }\n@endcode\n@deprecated */\nvoid f();\n";
+  project.write("src/a.h", text);
+  run_quick(project, project.path("src"), "*.h");
+}
+
+// With time or memory by the square of these the test would not end.
+TEST(foreign, long_sources_take_linear_time) {
+  std::size_t const many = 200'000;
+  for (std::string const & text :
+       {opened + std::string(many * 5, '`') + closed + "int a;", "int a;\n" + times(many, comment),
+        times(many, "a " + opened + closed),
+        times(many, "namespace abcdefghij {") + times(many, "void A::f() {}")})
+    EXPECT_FALSE(adopt_comments(text, gLanguage::cpp).empty());
 }
 
 // Whatever is cut off or nested, each line of the copy stays where it was.

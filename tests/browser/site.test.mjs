@@ -82,6 +82,9 @@ for (const site of sites) {
             for (const colorScheme of ["light", "dark"]) {
               await page.setViewportSize(viewport);
               await page.emulateMedia({ colorScheme, reducedMotion: "reduce" });
+              // Blocks that can be scrolled at the new size take the focus from the next frame on.
+              await page.evaluate(() => new Promise((done) =>
+                requestAnimationFrame(() => requestAnimationFrame(done))));
               const where = `${name} ${colorScheme} ${viewport.width}`;
               // Nothing but colours differs in the dark.
               const rules = colorScheme === "dark" ? { runOnly: "color-contrast" } : {};

@@ -67,6 +67,7 @@ TEST(conversion, quick_documents_any_folder) {
   Sandbox box;
   Answer answer = box.run("quick nowhere -o doc");
   EXPECT_TRUE(answer.status == 2 && answer.err == "vellumar: Folder does not exist: nowhere\n");
+  EXPECT_EQ(box.run("quick '' -o doc").status, 2);
   box.write("tree/notes.txt", "");
   box.write("tree/build/made.h", "void made();\n");
   answer = box.run("quick tree -o doc");
@@ -91,6 +92,13 @@ TEST(conversion, quick_documents_any_folder) {
     EXPECT_NE(box.read("tree/doc/htm/index.htm").find("tree"), std::string::npos) << "its title";
   }
   EXPECT_EQ(box.run("quick tree -o tree").status, 2);
+  box.write("tree/end /x.h", "void x();\n");
+  std::filesystem::create_directory_symlink(box.path("tree"), box.path("same"));
+  answer = box.run("quick tree/deep tree same -o same/doc");
+  EXPECT_NE(answer.err.find("Left out because of "), std::string::npos) << answer.err;
+  EXPECT_EQ(answer.err.find("ERROR:"), std::string::npos) << answer.err;
+  EXPECT_NE(answer.out.find("\nSources:    2 files, "), std::string::npos) << answer.out;
+  std::filesystem::remove_all(box.path("tree/end "));
   EXPECT_TRUE(box.exists("tree/a.h"));
 }
 

@@ -7,6 +7,7 @@
 
 #include "app/options/options.h"
 #include "conv/conversion.h"
+#include "conv/rtf/help_map.h"
 #include "rtf/help_reader.h"
 #include "support/temp_folder.h"
 #include "support/test_outside.h"
@@ -238,6 +239,50 @@ TEST_F(Help, numbers_of_help_identifiers_stay) {
   set("hm_newfile", cat::make(""));
   RTF::make_manual(nullptr);
   EXPECT_NE(outside.report_text().find("ERROR 542"), std::string::npos);
+}
+
+// The map outlives results: it is read before an old one goes, and written when a new one stands.
+TEST_F(Help, map_file_inside_the_result_or_in_vain) {
+  set("hm_newfile", cat::make(folder.path("hlp/maps/t.hm")));
+  for (int base : {100, 900}) {
+    set("hid_base", cat::make(base));
+    RTF::make_manual(nullptr);
+    EXPECT_TRUE(folder.read("hlp/maps/t.hm").starts_with("INHEAD  0x00064\n")) << base;
+  }
+  folder.write("tally.hm", "INHEAD 5\n");
+  set("hm_newfile", cat::make(folder.path("tally")));
+  set("cur_hpj", cat::make(folder.path("none.hpj")));
+  RTF::make_manual(nullptr);
+  EXPECT_EQ(folder.read("tally.hm"), "INHEAD 5\n") << "a failed conversion changed the map";
+  set("cur_hpj", cat::make(folder.write("my.hpj", "x=\"$title\"\n")));
+  Vapp::options["atc_title"] = cat::make("a \"b\"");
+  for (char const * name : {"hlp", "hlp/tally.rtf"}) { // a folder; a file of the result
+    set("hm_newfile", cat::make(folder.path(name) + (name[3] ? "" : "/maps.d")));
+    folder.write("hlp/maps.d/x", "");
+    RTF::make_manual(nullptr);
+    EXPECT_FALSE(Conv::last_result().success) << name;
+  }
+  set("hm_create", cat::make(false));
+  RTF::make_manual(nullptr);
+  EXPECT_EQ(folder.read("hlp/tally.hpj"), "x=\"a 'b'\"\r\n");
+}
+
+TEST(HelpMap, numbers_stay_apart) {
+  ::Help::gNumbers const before =
+      ::Help::read_map("A 5\nB 5\nC -1\nD 4294967295\nE 0x7FFFFFFF\nF 7\n"
+                       "G 99999999999\nH 0x\n\\ 3\nA 6\n#define");
+  EXPECT_EQ(before.size(), 5u); // A, B, D, E, F
+  EXPECT_EQ(::Help::number({"A", "B", "F", "N", "O"}, before, {{"X", 7}, {"Y", 8}}, 2147483646),
+            (::Help::gNumbers{{"A", 5}, {"B", 2147483646}, {"F", 1}, {"N", 2}, {"O", 3}}));
+}
+
+// The head has to know the colours that the topics turn out to use.
+TEST_F(Help, colours_of_the_script_are_in_the_head) {
+  std::string const base = "#include \"" VELLUMAR_SOURCE_DIR "/ini/hlp.vlt\"\n";
+  std::string const rule = "@p = \\pard\\cf\\colour{123456} $text\\par\n";
+  set("cur_vlt", cat::make(folder.write("c.vlt", base + rule)));
+  convert();
+  EXPECT_NE(folder.read("hlp/tally.rtf").find("\\red18\\green52\\blue86;"), std::string::npos);
 }
 
 TEST_F(Help, project_of_the_user) {

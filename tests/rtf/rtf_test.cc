@@ -119,15 +119,46 @@ More.@endp
 Plain text.@end
 )";
 
+// What a damaged or hostile set can hold, in places where it hurts.
+std::string hostile() {
+  std::string text = R"(
+@unit<1><main><class><pos><src/\}\\.h><17><VL_1>
+@bkmk<VL_1>
+@xe<VL_1><{><}\\><\style{Note}><:><;>
+@hdline{T @marnote{m} @footnote{a @endnote{b @marnote{c} } } \\par @bkmk<ONE> @bkmk<one> }
+@text
+}}} {{ \\style{x\} \u1234 )"
+                     "\x01\x7F\xED\xA0\x80\xF4\x90\x80\x80"
+                     R"(
+@fontsize<999999999%>{x} @fontsize<nan>{y} @ltab<nan> @ltab<-3cm> @ltab<1e99in>
+@bkmk<1 ST> @bkmk<A_VERY_LONG_NAME_OF_A_BOOKMARK_THAT_IS_CUT_1> @bkmk<A_VERY_LONG_NAME_OF_A_BOOKMARK_THAT_IS_CUT_2>
+@cref<main><A_VERY_LONG_NAME_OF_A_BOOKMARK_THAT_IS_CUT_2>{z}
+@b_table<><><><>
+@row @row
+@e_table
+@b_table<><nan%,1e9%,-1,99999cm><99999999999999999999><0,-1>
+@row )";
+  for (int cell = 0; cell < 70; ++cell)
+    text += "@cell c" + std::to_string(cell) + (cell == 3 ? "@footnote{in} @marnote{n} " : " ");
+  text += "\n@e_table\n";
+  for (int level = 0; level < 150; ++level)
+    text += "@b_enum<>\n@enum L@endp\nM\n";
+  text += "@b_table<><1cm,*><><>\n@row @cell a @cell b\n@e_table\n";
+  for (int level = 0; level < 150; ++level)
+    text += "@e_enum\n";
+  return text + std::string(1 << 20, '\\') + "@end\n";
+}
+
 class Document : public ::testing::Test {
 protected:
-  std::string convert(std::string const & rules = {}) {
+  std::string convert(std::string const & rules = {}, std::string const & content = units) {
     std::string const ini = std::string(VELLUMAR_SOURCE_DIR) + "/ini/";
-    folder_.write("m.atc", std::string("@verinfo<VL_10>\n@outfile<m>\n\n@b_section<>\n@b_secthead\n"
-                                       "@headprint<left>{L}\n@headprint<right>{R}\n"
-                                       "@footprint<left>{@macro<cur_page>{} }\n"
-                                       "@footprint<right>{}\n@e_secthead\n") +
-                               units + "\n@e_atc\n");
+    folder_.write(
+        "m.atc", std::string("@verinfo<VL_10>\n@outfile<m>\n\n@b_section<>\n@b_secthead\n"
+                             "@headprint<left>{L}\n@headprint<right>{R@bkmk<HEAD> @footnote{hn} }\n"
+                             "@footprint<left>{@macro<cur_page>{} }\n"
+                             "@footprint<right>{}\n@e_secthead\n") +
+                     content + "\n@e_atc\n");
     Vapp::options["target"] = cat::make("rtf");
     Vapp::options["out_dir"] = cat::make(gString(folder_.path()));
     Vapp::options["atc_title"] = cat::make("");
@@ -150,6 +181,7 @@ struct ReadBack {
   explicit ReadBack(std::string const & rtf) {
     for (Rtf::gWordReader reader(rtf); reader.next();) {
       left_open = reader.depth();
+      outside += left_open == 0;
       std::string const token(reader.token()), word(reader.word());
       ++words[word];
       if (reader.kind() == Rtf::gWordReader::open_group && reader.depth() == 2 &&
@@ -179,6 +211,7 @@ struct ReadBack {
   }
 
   int left_open = 0;
+  int outside = 0; // tokens behind the document's group, its own end counted
   std::map<std::string, int> words;
   std::set<std::string> known_styles, used_styles, targets;
   std::multiset<std::string> places, ends;
@@ -222,6 +255,37 @@ TEST_F(Document, IsWellFormedAndItsFieldsLeadSomewhere) {
   EXPECT_TRUE(std::ranges::includes(once, read.targets));
   for (std::string const place : {"OVERFLOW", "VL_BTEXT_2"})
     EXPECT_EQ(count(rtf, "HYPERLINK \\\\l \"" + place + "\""), 1u);
+}
+
+TEST_F(Document, StaysWellFormedWhateverItHolds) {
+  Vapp::options["atc_title"] = cat::make(gString("T\x01}\n{\\"));
+  std::string const rtf = convert("@set<list_indent> = 2000000000", hostile());
+  ReadBack read(rtf);
+  EXPECT_EQ(read.left_open, 0);
+  EXPECT_EQ(read.outside, 1) << "the document's group ends too early";
+  EXPECT_EQ(std::ranges::count_if(rtf, [](char c) { return c < ' ' && c != '\n'; }), 0);
+  EXPECT_EQ(read.places, read.ends);
+  EXPECT_EQ(std::set(read.places.begin(), read.places.end()).size(), read.places.size());
+  EXPECT_EQ(read.places.size(), 5u) << "VL_1, ONE, 1 ST and two that are longer than 40";
+  EXPECT_EQ(read.words["footnote"], 2) << "a note in a note or a running head";
+  EXPECT_NE(rtf.find("c69"), rtf.npos) << "the text of the last cells is lost";
+  EXPECT_EQ(count(rtf, "{\\*\\bkmkstart VL_1}{\\*\\bkmkend VL_1}"), 1u)
+      << "lost with the note beside it";
+  ASSERT_EQ(read.cells.size(), 2u) << "a row without cells";
+  for (std::vector<int> const & row : read.cells) {
+    EXPECT_TRUE(std::ranges::is_sorted(row));
+    EXPECT_LE(row.back(), 8504 + 63);
+  }
+  Vapp::options["target"] = cat::make("hlp");
+  cMapObj & hlp = Vapp::options.submap("hlp");
+  hlp["out_dir"] = cat::make(gString(folder_.path("hlp")));
+  for (std::string const key : {"vlt", "style", "hpj"})
+    hlp["cur_" + key] = cat::make(gString(VELLUMAR_SOURCE_DIR "/ini/hlp" +
+                                          std::string(key == "style" ? "style.rtf" : "." + key)));
+  RTF::make_manual(nullptr);
+  ReadBack const topics(folder_.read("hlp/m.rtf"));
+  EXPECT_EQ(topics.outside, 1);
+  EXPECT_EQ(topics.left_open, 0);
 }
 
 TEST_F(Document, KeepsWhatStandsInTheText) {

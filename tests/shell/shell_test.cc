@@ -115,7 +115,7 @@ TEST_F(Shell, reads_menu_files) {
                                                  "  gVlpOpen | &Open... | | Ctrl+O | open\r\n"
                                                  "  -\n"
                                                  "  gNowhere | left out\n"
-                                                 "  menu More\n"
+                                                 "  menu\n"
                                                  "    gAnaAlloc|&Association|2\n"
                                                  "  end\n"
                                                  "end\n"

@@ -22,5 +22,7 @@ begin
 end;
 procedure Dump(Color: TColor);
 begin
+  WriteLn('the end. of it');
 end;
-end.
+END.
+{ behind the end. }
