@@ -115,7 +115,7 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
     Html::escape(record.title, parts.title);
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
   std::string const overview = overview_.of(unit, std::min(level + 1, 6));
-  std::string const name = Html::escaped(record.name);
+  std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
   std::string const scope = Html::escaped(Site::scope_of(record.name));
   std::string const summary = Html::escaped(record.summary);
   std::string const path = Html::escaped(site_.sources.shown(record.path));
@@ -132,6 +132,6 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   values.set(V::notes, parts.notes).set(V::overview, overview).set(V::summary, summary);
   values.set(V::source, parts.source).set(V::editor, parts.editor).set(V::wintype, wintype);
   values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
-  values.set(V::named, Site::is_named(record) ? "1" : "");
+  values.set(V::named, Site::is_named(record) ? "1" : "").set(V::target, plain);
   site_.rules.apply(gVltRule::unit, record.style, values, out);
 }

@@ -43,7 +43,7 @@ constexpr gVltValue step_values[] = {
 constexpr gVltValue unit_values[] = {
     id,     aliases, level,    kind,    kind_class, style,  name,    title, subject, links,
     body,   notes,   overview, source,  member,     path,   line,    href,  scope,   summary,
-    editor, wintype, number,   context, keywords,   browse, content, named};
+    editor, wintype, number,   context, keywords,   browse, content, named, target};
 constexpr gVltValue page_values[] = {
     doc_title, page_title, root,    crumbs,    contents,   on_page,   previous,   previous_title,
     next,      next_title, content, head_left, head_right, foot_left, foot_right, title,
