@@ -57,6 +57,7 @@ private:
   bool stars();
   bool bracket_link();
   bool element();
+  std::string_view shown_by_element(std::string const & name, std::string_view target);
   bool known_element(std::string const & name, std::string_view attributes, std::size_t end);
   bool entity();
   bool step();
@@ -299,6 +300,20 @@ std::string_view attribute_of(std::string_view attributes, std::string_view name
   return attributes.substr(begin, attributes.find('"', begin) - begin);
 }
 
+// Behind the opening of an element: the text up to its end, which is passed over; the target
+// itself if there is none near.
+std::string_view InlineText::shown_by_element(std::string const & name, std::string_view target) {
+  constexpr std::size_t near = 400;
+  std::string const close = "</" + name + ">";
+  std::string_view const behind = rest().substr(0, near);
+  std::size_t const end = text_[at_ - 2] == '/' ? std::string_view::npos : behind.find(close);
+  if (end == std::string_view::npos)
+    return target;
+  at_ += end + close.size();
+  std::string_view const inner = trimmed(behind.substr(0, end));
+  return inner.empty() ? target : inner;
+}
+
 bool InlineText::known_element(std::string const & name, std::string_view attributes,
                                std::size_t end) {
   if (name == "see" || name == "seealso" || name == "paramref" || name == "typeparamref") {
@@ -306,16 +321,20 @@ bool InlineText::known_element(std::string const & name, std::string_view attrib
     for (char const * other : {"langword", "href", "name"})
       if (target.empty())
         target = attribute_of(attributes, other);
-    bool const is_ref = name.starts_with("see");
-    put_markup(is_ref ? reference_to(target, target) : code_text(target));
     at_ = end;
+    put_markup(name.starts_with("see") ? reference_to(target, shown_by_element(name, target))
+                                       : code_text(target));
     return true;
   }
   bool const closing = name[0] == '/';
   std::string_view const bare = std::string_view(name).substr(closing ? 1 : 0);
   gForeignElement const * const found = find_foreign_element(bare);
-  if (!found)
-    return closing && bare.starts_with("see");
+  if (!found) {
+    bool const ends_reference = closing && (bare == "see" || bare == "seealso");
+    if (ends_reference)
+      at_ = end;
+    return ends_reference;
+  }
   bool const is_format = found->open == "b" || found->open == "em" || found->open == "tt";
   if (!closing && is_format && format(found->open, end, "</" + std::string(bare) + ">")) {
     put_markup(std::string(found->close));
