@@ -5,8 +5,8 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/keywords.h"
-#include "ana/parser/mdf_parse.h"
-#include "ana/parser/mpre_scan.h"
+#include "ana/parser/script/mdf_parse.h"
+#include "ana/parser/script/mpre_scan.h"
 #include "ana/progress.h"
 #include "ana/stages.h"
 #include "app/options/options.h"
@@ -24,8 +24,8 @@ void log_text(gException const & fault) {
 }
 
 bool abort_script(gMessage const & message) {
-  Msg::log(Msg::error, message);
-  Msg::log(Msg::err_hint, Msg::aborting);
+  Msg::log(message);
+  Msg::log(Msg::aborting);
   return false;
 }
 
@@ -35,7 +35,7 @@ template <class Pass> bool guarded(gMessage const & failure, Pass pass) {
     return pass() == 0 || abort_script(failure);
   } catch (gExcFatalErr const & fault) {
     log_text(fault);
-    Msg::log(Msg::err_hint, Msg::aborting);
+    Msg::log(Msg::aborting);
     return false;
   }
 }
@@ -48,7 +48,7 @@ bool preprocess_script(gPathstring const & script, gPathstring const & copy) {
     int const result = scanner.scan();
     if (scanner.close_outfile() == 0)
       return result;
-    Msg::log(Msg::error, Msg::cannot_close, copy);
+    Msg::log(Msg::cannot_close, copy);
     return 1;
   });
 }
@@ -113,25 +113,25 @@ bool ana_open_log() {
   Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp", 0)));
   Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file", 0)));
   if (!opened)
-    Msg::log(Msg::error, Msg::cannot_write, path);
+    Msg::log(Msg::cannot_write, path);
   return opened;
 }
 
 bool ana_run_script(gPathstring const & script) {
   gStatusLine restore;
   bool const logged = ana_open_log();
-  Msg::log(Msg::status, Msg::analyzing_input);
-  Msg::log(Msg::status, Msg::analyzing_script);
+  Msg::log(Msg::analyzing_input);
+  Msg::log(Msg::analyzing_script);
   Msg::log(Msg::status) << "  " << script << std::endl;
   gPathstring const copy = gFileSystem::get_temp_file_name("~vl");
   if (copy.empty())
-    Msg::log(Msg::error, Msg::cannot_write, gFileSystem::temp_dir());
+    Msg::log(Msg::cannot_write, gFileSystem::temp_dir());
   bool const done = !copy.empty() && preprocess_script(script, copy) && parse_script(script, copy);
   if (!copy.empty() && !gFileSystem::remove(copy))
-    Msg::log(Msg::error, Msg::cannot_remove, copy);
+    Msg::log(Msg::cannot_remove, copy);
   bool const log_complete = Msg::log.close_logfile();
   if (logged && !log_complete)
-    Msg::log(Msg::error, Msg::cannot_write, Vapp::option_path("out_dir").append("ana.log"));
+    Msg::log(Msg::cannot_write, Vapp::option_path("out_dir").append("ana.log"));
   return done && logged && log_complete;
 }
 

@@ -187,7 +187,7 @@ void gAssociation::associate(cRef<gCodeElem> const & first) {
 }
 
 void ana_associate() {
-  Msg::log(Msg::status, Msg::associating);
+  Msg::log(Msg::associating);
   gAssociation association(gAllocOptions::read());
   gProgress progress(Msg::associating, gCodeElems.total());
   for (auto const & file : gCodeElems) {

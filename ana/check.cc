@@ -23,7 +23,7 @@ void check_table(gFileObjTable<cRef<gDocUnit>> const & table, gProgress & progre
 } // namespace
 
 void ana_check() {
-  Msg::log(Msg::status, Msg::checking);
+  Msg::log(Msg::checking);
   gProgress progress(Msg::checking, gNamedUnits.total() + gUnnamedUnits.total());
   check_table(gNamedUnits, progress);
   check_table(gUnnamedUnits, progress);

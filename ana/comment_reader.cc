@@ -28,7 +28,7 @@ bool gCommentReader::open(gPathstring const & path) {
     start_ = 0;
   }
   if (!readable_)
-    Msg::log(Msg::error, Msg::cannot_read, path);
+    Msg::log(Msg::cannot_read, path);
   return readable_;
 }
 

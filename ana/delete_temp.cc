@@ -7,9 +7,9 @@
 #include "vlb/messages.h"
 
 void ana_delete_temp() {
-  Msg::log(Msg::status, Msg::deleting_temp);
+  Msg::log(Msg::deleting_temp);
   for (gPathstring const & path : gTmpFiles) {
     if (!gFileSystem::remove(path))
-      Msg::log(Msg::error, Msg::cannot_remove, path);
+      Msg::log(Msg::cannot_remove, path);
   }
 }

@@ -31,15 +31,15 @@ void file_loop(std::list<gSrcFile> const & files, gMessage const & stage, gMessa
       try {
         if (work(file) != 0) {
           Vapp::incomplete_files().insert(file.opath());
-          Msg::log(Msg::error, failure);
-          Msg::log(Msg::err_hint, Msg::next_file);
+          Msg::log(failure);
+          Msg::log(Msg::next_file);
         }
       } catch (gExcFatalErr const & fault) {
         if (Msg::log.limit_reached())
           throw; // too many errors end the run, not the file
         Vapp::incomplete_files().insert(file.opath());
         Msg::log() << fault.text() << std::endl;
-        Msg::log(Msg::err_hint, Msg::next_file);
+        Msg::log(Msg::next_file);
       }
     }
     progress.step();

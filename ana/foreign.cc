@@ -7,9 +7,9 @@
 #include <map>
 #include <vector>
 
+#include "ana/comments/foreign_text.h"
 #include "ana/foreign_code.h"
 #include "ana/foreign_pascal.h"
-#include "ana/foreign_text.h"
 #include "vlb/gstring.h"
 
 namespace {

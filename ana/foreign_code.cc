@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "ana/foreign_text.h"
+#include "ana/comments/foreign_text.h"
 #include "vlb/gstring.h"
 
 namespace {

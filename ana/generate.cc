@@ -12,7 +12,7 @@
 namespace {
 
 void compile(gCmdSeq & commands) {
-  Msg::log(Msg::status, Msg::compiling);
+  Msg::log(Msg::compiling);
   auto state = make_ref<gOutState>();
   state->cur_dir = gFileSystem::get_curdir();
   gPathstring const input_dir = Vapp::option_path("inputcurdir");
@@ -68,11 +68,11 @@ void ana_atc_header(std::ostream & stream, std::set<gString> const & outputs) {
 
 bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString const & output) {
   compile(commands);
-  Msg::log(Msg::status, Msg::generating);
+  Msg::log(Msg::generating);
   gPathstring const path = ana_atc_path(output);
   bool written = false;
   if (path.empty()) {
-    Msg::log(Msg::error, Msg::cannot_write, output);
+    Msg::log(Msg::cannot_write, output);
   } else {
     Vapp::options["atc_file"] = cat::make(path);
     written = write_document(path, outputs);

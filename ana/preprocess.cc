@@ -6,8 +6,8 @@
 #include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
 #include "ana/foreign.h"
-#include "ana/parser/cpre_scan.h"
-#include "ana/parser/ppre_scan.h"
+#include "ana/parser/pre/cpre_scan.h"
+#include "ana/parser/pre/ppre_scan.h"
 #include "ana/stages.h"
 #include "vlb/gfilesystem.h"
 
@@ -37,8 +37,8 @@ private:
 
 // Reports a fault in the environment; the next file is taken.
 void Preprocessor::give_up(gMessage const & message, gPathstring const & path) {
-  Msg::log(Msg::error, message, path);
-  Msg::log(Msg::err_hint, Msg::next_file);
+  Msg::log(message, path);
+  Msg::log(Msg::next_file);
 }
 
 int Preprocessor::run(gSrcFile const & file) {
@@ -66,7 +66,7 @@ int Preprocessor::mark_comments(gPreScanBase & scanner, gSrcFile const & file,
                                 gSrcFile const & copy) {
   scanner.reset();
   if (scanner.close_infile() != 0)
-    scanner.error(Msg::error, Msg::cannot_close, scanner.cur_infile().opath());
+    scanner.error(Msg::cannot_close, scanner.cur_infile().opath());
   scanner.open_infile(file);
   // A file that broke off in the middle may have left its copy open; that copy is of no use.
   scanner.close_outfile();
@@ -133,7 +133,7 @@ char const * language_label(gLanguage language) {
 }
 
 bool ana_preprocess(std::list<gSrcFile> const & files) {
-  Msg::log(Msg::status, Msg::preprocessing);
+  Msg::log(Msg::preprocessing);
   Preprocessor preprocessor;
   file_loop(
       files, Msg::preprocessing, Msg::preprocessing_failed,

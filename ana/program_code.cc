@@ -2,8 +2,8 @@
 // tables.
 
 #include "ana/file_loop.h"
-#include "ana/parser/cpp_parse.h"
-#include "ana/parser/pas_parse.h"
+#include "ana/parser/cpp/cpp_parse.h"
+#include "ana/parser/pascal/pas_parse.h"
 #include "ana/stages.h"
 
 namespace {
@@ -20,7 +20,7 @@ char const * label_of_code(gSrcFile const & file) {
 void ana_program_code(std::list<gSrcFile> const & files) {
   cpp_parse cpp(stack_size);
   pas_parse pascal(stack_size);
-  Msg::log(Msg::status, Msg::analyzing_code);
+  Msg::log(Msg::analyzing_code);
   file_loop(files, Msg::analyzing_code, Msg::code_failed, label_of_code,
             [&](gSrcFile const & file) {
               bool const is_pascal = file.language() == gLanguage::pascal;

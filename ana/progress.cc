@@ -15,5 +15,5 @@ void gProgress::step() {
   if (percent == shown_)
     return;
   shown_ = percent;
-  Vlb::SetStatus(text_ + " " + std::to_string(percent) + "%", true);
+  Vlb::SetStatus(gString(text_) + " " + std::to_string(percent) + "%", true);
 }

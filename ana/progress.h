@@ -26,7 +26,7 @@ public:
 
 private:
   gStatusLine restore_;
-  gString const & text_;
+  std::string_view text_;
   std::size_t total_;
   std::size_t done_ = 0;
   int shown_ = -1;

@@ -53,7 +53,7 @@ cRef<gDocUnit> unit_of(gCmt const & comment, gCommentReader & reader) {
     text.wsp_norm();
     unit->set_subentry("@description", gStrList(Vlb::escape_atc(text)));
   } else {
-    Msg::log(Msg::error, Msg::comment_unreadable, "", comment.loc().make_string());
+    Msg::log(Msg::comment_unreadable, "", comment.loc().make_string());
   }
   return unit;
 }
@@ -109,7 +109,7 @@ void update_named(Pace & pace) {
 } // namespace
 
 void ana_update_units() {
-  Msg::log(Msg::status, Msg::updating);
+  Msg::log(Msg::updating);
   Pace pace{{Msg::updating, total_items()}};
   comments_to_units(pace);
   update_unnamed(pace);

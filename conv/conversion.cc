@@ -30,7 +30,7 @@ char const * label_of(std::string const & target) {
 }
 
 bool report_unwritable(std::string const & path, int error) {
-  Msg::log(Msg::error, Msg::cannot_write, path, std::generic_category().message(error));
+  Msg::log(Msg::cannot_write, path, std::generic_category().message(error));
   return false;
 }
 
@@ -166,7 +166,7 @@ gConversion::~gConversion() {
 }
 
 bool gConversion::start() {
-  Msg::log(Msg::status, Msg::converting, label_of(target_));
+  Msg::log(Msg::converting, label_of(target_));
   Msg::log(Msg::status) << "  " << folder_ << std::endl;
   Vapp::poll_break();
   settle(folder_);
@@ -178,7 +178,7 @@ bool gConversion::start() {
   gPathstring const code = Vapp::option_path("atc_file");
   if (!gAtcReader().read(code, document_)) {
     if (!document_.files.empty())
-      Msg::log(Msg::error, Msg::no_text_unit, code);
+      Msg::log(Msg::no_text_unit, code);
     return false;
   }
   return rules_.load(Vapp::option_path(target_ + "/cur_vlt"));
@@ -226,7 +226,7 @@ void gConversion::write(std::string const & name, std::string_view text) {
 bool gConversion::copy(gPathstring const & from, std::string const & name) {
   std::string text;
   if (!gFileSystem::read_file(from, text)) {
-    Msg::log(Msg::error, Msg::cannot_read, from);
+    Msg::log(Msg::cannot_read, from);
     return false;
   }
   write(name, text);
@@ -239,7 +239,8 @@ void gConversion::progress(std::size_t done, std::size_t all) {
   if (percent == shown_)
     return;
   shown_ = percent;
-  Vlb::SetStatus(Msg::converting.text + label_of(target_) + " " + std::to_string(percent) + "%",
+  Vlb::SetStatus(gString(Msg::converting.text) + label_of(target_) + " " + std::to_string(percent) +
+                     "%",
                  true);
 }
 
@@ -265,7 +266,7 @@ void Conv::open_log() {
   Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp", 0)));
   Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file", 0)));
   if (!opened)
-    Msg::log(Msg::error, Msg::cannot_write, path);
+    Msg::log(Msg::cannot_write, path);
   // From here on the error that reaches the limit is thrown, which only a worker catches.
   Msg::log.err_max = Vapp::option_int("msg/err_max", 0);
 }
@@ -277,7 +278,7 @@ void Conv::run(std::string const & target, bool (*work)(gConversion &)) {
   if (Msg::log.close_logfile())
     return;
   Msg::log.err_max = 0;
-  Msg::log(Msg::error, Msg::cannot_write, log_path());
+  Msg::log(Msg::cannot_write, log_path());
 }
 
 gConversionResult const & Conv::last_result() {

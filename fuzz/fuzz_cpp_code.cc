@@ -1,6 +1,6 @@
 // C/C++ declarations, on any preprocessed file.
 
-#include "ana/parser/cpp_parse.h"
+#include "ana/parser/cpp/cpp_parse.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {

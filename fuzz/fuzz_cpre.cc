@@ -1,6 +1,6 @@
 // The comment preprocessor of C/C++ sources, on any bytes.
 
-#include "ana/parser/cpre_scan.h"
+#include "ana/parser/pre/cpre_scan.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {

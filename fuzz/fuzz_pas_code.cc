@@ -1,6 +1,6 @@
 // Pascal declarations, on any preprocessed file.
 
-#include "ana/parser/pas_parse.h"
+#include "ana/parser/pascal/pas_parse.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {

@@ -1,6 +1,6 @@
 // The comment preprocessor of Pascal sources, on any bytes.
 
-#include "ana/parser/ppre_scan.h"
+#include "ana/parser/pre/ppre_scan.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {

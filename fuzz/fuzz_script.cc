@@ -3,7 +3,7 @@
 
 #include "ana/cmdpar/gcmd.h"
 #include "ana/cmdpar/script_stages.h"
-#include "ana/parser/mdf_parse.h"
+#include "ana/parser/script/mdf_parse.h"
 #include "quiet_run.h"
 
 namespace {

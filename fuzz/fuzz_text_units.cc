@@ -1,7 +1,7 @@
 // The text-unit language, on any preprocessed file.
 
 #include "ana/cmdpar/keywords.h"
-#include "ana/parser/doc_parse.h"
+#include "ana/parser/doc/doc_parse.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {

@@ -4,8 +4,8 @@
 
 #include "vlb/source_place.h"
 
-gExcFatalErr::gExcFatalErr(gString const & text, gString const & argument)
-    : gException("FATAL ERROR: " + text + argument) {}
+gExcFatalErr::gExcFatalErr(std::string_view text, gString const & argument)
+    : gException(gString("FATAL ERROR: ").append(text) + argument) {}
 
 gExcInternalErr::gExcInternalErr(gString const & text, gString const & argument,
                                  gString const & where)

@@ -22,7 +22,7 @@ private:
 class gExcFatalErr : public gException {
 public:
   // "FATAL ERROR: ", text, argument.
-  gExcFatalErr(gString const & text, gString const & argument);
+  gExcFatalErr(std::string_view text, gString const & argument);
 
 protected:
   explicit gExcFatalErr(gString const & whole) : gException(whole) {}

@@ -1,4 +1,4 @@
-// The severity of a report, and the fixed half of its text.
+// The severity of a report, and what the catalogue says of it.
 #pragma once
 
 #include "vlb/gstring.h"
@@ -19,12 +19,22 @@ enum type : int {
 
 } // namespace Msg
 
-// A numbered text of the catalogue (vlb/messages.h); number 0 for an unnumbered one. A text that
-// ends in ": " is completed by the report's argument.
+// A row of the catalogue (vlb/messages.def); number 0 for an unnumbered one. A text that ends in ":
+// " is completed by the report's argument.
 struct gMessage {
-  gMessage(int number, gString const & text) : text(text), number(number) {}
-  explicit gMessage(gString const & text) : text(text), number(0) {}
+  constexpr gMessage(int number, Msg::type severity, std::string_view text,
+                     std::string_view advice = {})
+      : text(text),
+        advice(advice),
+        number(number),
+        severity(severity) {}
 
-  gString text;
+  // A hint continues the report in front of it, which has told the position.
+  constexpr bool is_hint() const { return severity == Msg::warn_hint || severity == Msg::err_hint; }
+
+  std::string_view text;
+  std::string_view
+      advice; // what it means and what to do, in the mark-up of the manual; may be empty
   int number;
+  Msg::type severity;
 };

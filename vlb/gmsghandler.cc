@@ -141,10 +141,6 @@ void Vlb::add_shown(gString & line, std::string_view text) {
 
 namespace {
 
-bool is_hint(Msg::type type) {
-  return type == Msg::warn_hint || type == Msg::err_hint;
-}
-
 char const * prefix_of(Msg::type type) {
   switch (type) {
   case Msg::info:
@@ -166,10 +162,9 @@ char const * prefix_of(Msg::type type) {
   throw gExcInternalErr("Unexpected Msg::type", "", Vlb::source_place(__FILE__, __LINE__));
 }
 
-gString line_of(Msg::type type, gMessage const & message, gString const & argument,
-                gString const & where) {
-  gString line(prefix_of(type));
-  if (!is_hint(type)) {
+gString line_of(gMessage const & message, gString const & argument, gString const & where) {
+  gString line(prefix_of(message.severity));
+  if (!message.is_hint()) {
     if (message.number != 0)
       line += " " + std::to_string(message.number);
     line += ": ";
@@ -189,17 +184,18 @@ gString line_of(Msg::type type, gMessage const & message, gString const & argume
 gMsgHandler::gMsgHandler() = default;
 gMsgHandler::~gMsgHandler() = default;
 
-void gMsgHandler::operator()(Msg::type type, gMessage const & message, gString const & argument,
+void gMsgHandler::operator()(gMessage const & message, gString const & argument,
                              gString const & where) {
-  gString const line = line_of(type, message, argument, where);
-  if (suppressed(type, message))
+  gString const line = line_of(message, argument, where);
+  if (suppressed(message))
     return;
+  Msg::type const type = message.severity;
   buffer_->report(type, line);
   if (type == Msg::warning)
     ++warnings_;
   if (type == Msg::doc_error || type == Msg::error)
     ++errors_;
-  if (type >= Msg::warning && !is_hint(type))
+  if (type >= Msg::warning && !message.is_hint())
     worst_ = std::max(worst_, type);
   if (err_max > 0 && errors_ >= err_max && type >= Msg::doc_error) {
     limit_reached_ = true;
@@ -207,8 +203,8 @@ void gMsgHandler::operator()(Msg::type type, gMessage const & message, gString c
   }
 }
 
-bool gMsgHandler::suppressed(Msg::type type, gMessage const & message) {
-  if (!is_hint(type))
+bool gMsgHandler::suppressed(gMessage const & message) {
+  if (!message.is_hint())
     buffer_->drop_hints = message.number != 0 && suppressed_numbers_.contains(message.number);
   return buffer_->drop_hints;
 }

@@ -56,7 +56,7 @@ public:
   // Line form: prefix word, a blank and the number if it isn't 0, ": ", text, argument, and
   // " (where)" if there is a position; hints have their four blanks and the text. Control
   // characters of argument and position are written as "\n", "\0" or "\x1b"; a tab stays.
-  void operator()(Msg::type type, gMessage const & message, gString const & argument = gString(),
+  void operator()(gMessage const & message, gString const & argument = gString(),
                   gString const & where = gString());
 
   void minlvl_disp(Msg::type type);
@@ -86,7 +86,7 @@ public:
   int err_max = 0; // maximum number of errors; 0 for no limit
 
 private:
-  bool suppressed(Msg::type type, gMessage const & message);
+  bool suppressed(gMessage const & message);
 
   int errors_ = 0;
   int warnings_ = 0;

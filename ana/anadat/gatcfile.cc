@@ -16,7 +16,7 @@ gAtcFile::gAtcFile(gPathstring const & path)
   stream_.open(path_.c_str(), std::ios::binary | std::ios::trunc);
   open_ = stream_.is_open();
   if (!open_)
-    Msg::log(Msg::error, Msg::cannot_write, path_);
+    Msg::log(Msg::cannot_write, path_);
 }
 
 bool gAtcFile::close() {
@@ -27,6 +27,6 @@ bool gAtcFile::close() {
   if (stream_.good())
     return true;
   gDocManager.set_write_failed();
-  Msg::log(Msg::error, Msg::cannot_write, path_);
+  Msg::log(Msg::cannot_write, path_);
   return false;
 }

@@ -18,7 +18,7 @@ void gCitation::read() {
     return;
   gCitedFile const * source = gCitedFiles.open(file_.opath());
   if (!source) {
-    Msg::log(Msg::error, Msg::cannot_read, file_.opath());
+    Msg::log(Msg::cannot_read, file_.opath());
     return;
   }
   // Without a character behind the last line the file may have been cut off.

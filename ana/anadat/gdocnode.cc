@@ -47,7 +47,7 @@ void gSectHeader::emit(std::ostream & stream) {
   }
   gPathstring const path = Vlb::atx_path(output_);
   if (path.empty()) {
-    Msg::log(Msg::error, Msg::cannot_write, output_);
+    Msg::log(Msg::cannot_write, output_);
     return;
   }
   gLogStream & log = Msg::log;

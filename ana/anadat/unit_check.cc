@@ -20,11 +20,11 @@ bool gDocUnit::report_difference(gMessage const & message, gString const & own,
   bool const adopt = Vapp::option_bool("ana/alloc/diffattr_code", true);
   if (!Vapp::option_bool("ana/alloc/diffattr_err", true))
     return adopt;
-  Msg::log(Msg::doc_error, message, own, loc_.make_string());
+  Msg::log(message, own, loc_.make_string());
   if (adopt)
-    Msg::log(Msg::err_hint, Msg::adopting_code_value, code);
+    Msg::log(Msg::adopting_code_value, code);
   else
-    Msg::log(Msg::err_hint, Msg::retaining_unit_value);
+    Msg::log(Msg::retaining_unit_value);
   return adopt;
 }
 
@@ -58,11 +58,11 @@ void gDocUnit::update_from_code() {
 void gSyntUnit::check() const {
   gString const where = loc().make_string();
   if (!code_elem() && Vapp::option_bool("ana/alloc/miss_warn", true))
-    Msg::log(Msg::warning, Msg::no_code_element, name(), where);
+    Msg::log(Msg::no_code_element, name(), where);
   gString const & type = get_attr("UNITTYPE");
   for (gSubEntries::Entry const & entry : subentries())
     if (Vapp::unit_config(type, *entry.name) < 0)
-      Msg::log(Msg::doc_error, Msg::subentry_not_permitted, *entry.name, where);
+      Msg::log(Msg::subentry_not_permitted, *entry.name, where);
   cRef<cObj> const config = Vapp::option({"unitconfig", type});
   if (!config || !config->map())
     return;
@@ -72,7 +72,7 @@ void gSyntUnit::check() const {
       continue;
     gSubText const * text = subentries().find(subentry);
     if (!text || text->is_wsp())
-      Msg::log(Msg::doc_error, Msg::empty_subentry, subentry, where);
+      Msg::log(Msg::empty_subentry, subentry, where);
   }
 }
 

@@ -150,7 +150,7 @@ gStrList const & gSyntUnit::headline() const {
 
 void gSyntUnit::set_headline(gStrList const & text) {
   if (headline_ && !headline_->list.empty())
-    Msg::log(Msg::info, Msg::overwriting_headline, gString(), loc().make_string());
+    Msg::log(Msg::overwriting_headline, gString(), loc().make_string());
   headline_ = make_ref<gTextList>(text);
 }
 

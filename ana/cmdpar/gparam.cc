@@ -48,7 +48,7 @@ void gParamList::add_option(gString const & name, gString const & value, gLoc co
   auto [place, is_new] = options.try_emplace(name, Option{value, loc});
   if (is_new)
     return;
-  Msg::log(Msg::info, Msg::redefining_option, name, place->second.loc.make_string());
+  Msg::log(Msg::redefining_option, name, place->second.loc.make_string());
   place->second = {value, loc};
 }
 

@@ -61,7 +61,7 @@ gStrList gTextParseBase::font_size(gParamList & params) {
     return {};
   gString size = params.word(0);
   if (!read_font_size(size)) {
-    error(Msg::error, Msg::invalid_font_size, size);
+    error(Msg::invalid_font_size, size);
     size = "100%";
   }
   return framed("@fontsize<" + size + ">{", params.pieces(1), "} ");
@@ -84,7 +84,7 @@ gStrList gTextParseBase::tab(gString const & name, gParamList & params) {
     return {};
   auto const [number, unit] = read_measure(params.word(0));
   if (unit.empty()) {
-    error(Msg::error, Msg::invalid_tab_width, params.word(0));
+    error(Msg::invalid_tab_width, params.word(0));
     return {};
   }
   return gStrList(gString("@" + name + "<" + number + unit + "> "));
@@ -118,7 +118,7 @@ gStrList gTextParseBase::cross_reference(gParamList & params) {
     return {};
   if (params.pieces(1).find("@cref") == params.pieces(1).end())
     return references(params, params.pieces(1));
-  error(Msg::error, Msg::nested_cref);
+  error(Msg::nested_cref);
   return references(params, {});
 }
 
@@ -180,7 +180,7 @@ int gTextParseBase::hierarchy_level(gParamList const & params, std::string_view 
   int level = 0;
   gString const text = params.option(option);
   if (!read_int(text, level)) {
-    error(Msg::error, Msg::invalid_hierarchy_level, text);
+    error(Msg::invalid_hierarchy_level, text);
     return 0;
   }
   return level;

@@ -29,7 +29,7 @@ protected:
   gStrList cross_reference(gParamList & params);
   gStrList link_reference(gParamList & params);
   static gStrList short_references(gStrList const & targets);
-  void invalid_target() const { error(Msg::error, Msg::invalid_target); }
+  void invalid_target() const { error(Msg::invalid_target); }
 
   // The fields of an index entry; always five of them in the end.
   static gStrList index_entry(std::initializer_list<gStrList *> fields);

@@ -15,14 +15,13 @@
 void gVLParseBase::set_input(gSrcFile const & file) {
   gPathstring const before = scanner().cur_infile().path();
   if (scanner().close_infile() != 0)
-    error(Msg::error, Msg::cannot_close, before);
+    error(Msg::cannot_close, before);
   scanner().open_infile(file);
 }
 
 // A hint continues the report in front of it, which has told the position.
-void gVLParseBase::error(Msg::type type, gMessage const & message, gString const & argument) const {
-  bool const hint = type == Msg::err_hint || type == Msg::warn_hint;
-  Msg::log(type, message, argument, hint ? gString() : cur_loc().make_string());
+void gVLParseBase::error(gMessage const & message, gString const & argument) const {
+  Msg::log(message, argument, message.is_hint() ? gString() : cur_loc().make_string());
 }
 
 void gVLParseBase::reset() {
@@ -45,17 +44,17 @@ bool gVLParseBase::check_positions(gFParList const & formal, gParamList & actual
     if (wanted == gParamKind::list && param.kind == gParamKind::simple) {
       param = gParam::make_list(param.text);
     } else if (wanted != param.kind) {
-      error(Msg::error, Msg::wrong_param_type, param_kind_name(param.kind));
-      error(Msg::err_hint, Msg::expected_type, param_kind_name(wanted));
+      error(Msg::wrong_param_type, param_kind_name(param.kind));
+      error(Msg::expected_type, param_kind_name(wanted));
       return false;
     }
   }
   if (n < formal.params.size() && !formal.params[n].optional) {
-    error(Msg::error, Msg::too_few_params);
+    error(Msg::too_few_params);
     return false;
   }
   if (n < actual.params.size()) {
-    error(Msg::error, Msg::too_many_params);
+    error(Msg::too_many_params);
     return false;
   }
   return true;
@@ -68,11 +67,11 @@ bool gVLParseBase::check_options(gFParList const & formal, gParamList const & ac
   auto const & [name, option] = *actual.options.begin();
   auto const known = formal.options.find(name);
   if (known == formal.options.end()) {
-    error(Msg::error, Msg::invalid_option, name);
+    error(Msg::invalid_option, name);
     return false;
   }
   if (!known->second.empty() && !known->second.contains(option.value)) {
-    error(Msg::error, Msg::invalid_option_value, option.value);
+    error(Msg::invalid_option_value, option.value);
     return false;
   }
   return true;
@@ -131,7 +130,7 @@ bool gVLParseBase::check_columns(gStrList const & list) const {
     std::string unit;
     if (*column == "*" || (read_number_and_unit(*column, number, unit) && number > 0))
       continue;
-    error(Msg::error, Msg::invalid_column, *column);
+    error(Msg::invalid_column, *column);
     good = false;
   }
   return good;
@@ -142,7 +141,7 @@ bool gVLParseBase::check_marks(gStrList const & list) const {
   for (cRef<gString> const & mark : list) {
     if (*mark == "first" || *mark == "last" || std::strtol(mark->c_str(), nullptr, 10) >= 1)
       continue;
-    error(Msg::error, Msg::invalid_mark, *mark);
+    error(Msg::invalid_mark, *mark);
     good = false;
   }
   return good;
@@ -162,7 +161,7 @@ void gVLParseBase::add_option(gParamList & params, gStrList const & name_and_val
 bool gVLParseBase::check_attribute(gString const & name) const {
   if (Vapp::option({"attr", name}))
     return true;
-  error(Msg::error, Msg::undefined_attribute, name);
+  error(Msg::undefined_attribute, name);
   return false;
 }
 
@@ -175,7 +174,7 @@ gPredicate gVLParseBase::make_predicate(gString const & attribute, gStrList cons
   bool good = true;
   for (cRef<gString> const & value : values) {
     if (!Vapp::option({"attr", attribute, "val", *value})) {
-      error(Msg::error, Msg::undefined_attribute_value, *value);
+      error(Msg::undefined_attribute_value, *value);
       good = false;
     }
     test.values.insert(*value);

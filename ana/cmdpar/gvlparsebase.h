@@ -10,8 +10,7 @@ public:
   virtual int parse() = 0;
   // Opens a file in the scanner; gExcFatalErr if it can't be read.
   virtual void set_input(gSrcFile const & file);
-  void error(Msg::type type, gMessage const & message,
-             gString const & argument = gString()) const override;
+  void error(gMessage const & message, gString const & argument = gString()) const override;
   // Prepares for the next file.
   void reset() override;
   virtual gSrcFile const & cur_file() const { return scanner().cur_infile(); }

@@ -65,7 +65,7 @@ bool can_read(gPathstring const & script) {
   std::string text;
   bool const read = gFileSystem::read_file(script, text);
   if (!read)
-    Msg::log(Msg::error, Msg::script_unreadable, script);
+    Msg::log(Msg::script_unreadable, script);
   return read;
 }
 

@@ -10,7 +10,7 @@ void gAtcFaults::report(gMessage const & message, std::string_view argument, int
     return;
   std::string const where = path_ + ":" + std::to_string(line);
   if (left_-- == 0)
-    Msg::log(Msg::error, Msg::atc_more_faults, "", where);
+    Msg::log(Msg::atc_more_faults, "", where);
   else
-    Msg::log(Msg::error, message, gString(argument.substr(0, longest)), where);
+    Msg::log(message, gString(argument.substr(0, longest)), where);
 }

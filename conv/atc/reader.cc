@@ -52,7 +52,7 @@ bool open_beside(void * context, std::string const & name, std::string & text) {
 bool gAtcReader::read(gPathstring const & atc_file, gDocument & document) {
   std::string text;
   if (!gFileSystem::read_file(atc_file, text)) {
-    Msg::log(Msg::error, Msg::cannot_read, atc_file);
+    Msg::log(Msg::cannot_read, atc_file);
     return false;
   }
   gPathstring path = atc_file;
@@ -70,8 +70,7 @@ bool gAtcReader::read(std::string text, gPathstring const & name, gOpen open, vo
   if (!document.sections.empty())
     document.sections.back().end_unit = static_cast<int>(document.units.size());
   if (announced_units_ > static_cast<int>(document.units.size()) && !incomplete_)
-    Msg::log(Msg::error, Msg::atc_truncated, mString(announced_units_ - document.units.size()),
-             name + ":1");
+    Msg::log(Msg::atc_truncated, mString(announced_units_ - document.units.size()), name + ":1");
   document.make_tables();
   return !document.units.empty();
 }
@@ -106,8 +105,7 @@ void gAtcReader::read_file(std::string text, gPathstring const & path, bool incl
     read_part(file, file.parts[i], i + 1 < file.parts.size() ? file.parts[i + 1].begin : size);
   if (!file.ended) {
     incomplete_ = true;
-    Msg::log(Msg::error, Msg::atc_truncated, path,
-             path + ":" + std::to_string(file.parts.back().line));
+    Msg::log(Msg::atc_truncated, path, path + ":" + std::to_string(file.parts.back().line));
   }
 }
 
@@ -128,7 +126,7 @@ void gAtcReader::make_utf8(std::string & text, std::vector<Part> & parts,
     } else if (!Atc::append_utf8(raw, made)) {
       std::string const source = source_of(std::string_view(made).substr(begin), path);
       if (not_utf8_.insert(source).second)
-        Msg::log(Msg::status, Msg::not_utf8, source);
+        Msg::log(Msg::not_utf8, source);
     }
     part.begin = begin;
   }

@@ -89,9 +89,9 @@ void gSources::examine(gEntry & entry) {
   std::string text;
   entry.state = gEntry::unusable;
   if (!gFileSystem::read_file(entry.source.path, text)) {
-    Msg::log(Msg::warning, Msg::source_unreadable, entry.source.path);
+    Msg::log(Msg::source_unreadable, entry.source.path);
   } else if (is_newer(entry.source.path, made_)) {
-    Msg::log(Msg::warning, Msg::source_changed, entry.source.path);
+    Msg::log(Msg::source_changed, entry.source.path);
   } else {
     entry.source.lines = count_lines(text);
     entry.state = gEntry::usable;

@@ -57,7 +57,7 @@ gPathstring map_path(gConversion const & conversion) {
   if (!conversion.option_bool("hm_create", false))
     return {};
   if (conversion.option_string("hm_newfile").empty()) {
-    Msg::log(Msg::error, Msg::no_map_name);
+    Msg::log(Msg::no_map_name);
     return {};
   }
   return Vapp::option_path("hlp/hm_newfile").set_extension_default(".hm").normalize(true);
@@ -102,7 +102,7 @@ private:
     for (gPathstring const & path : other_map_files(generated)) {
       std::string text;
       if (!gFileSystem::read_file(path, text)) {
-        Msg::log(Msg::error, Msg::cannot_read, path);
+        Msg::log(Msg::cannot_read, path);
         continue;
       }
       others_.merge(Help::read_map(text));
@@ -132,7 +132,7 @@ private:
     gPathstring const path = gString(conversion_.option_string("cur_hpj"));
     std::string text;
     if (!gFileSystem::read_file(path, text)) {
-      Msg::log(Msg::error, Msg::cannot_read, path);
+      Msg::log(Msg::cannot_read, path);
       return false;
     }
     std::map<std::string, std::string> values = {
@@ -161,11 +161,11 @@ private:
     std::string before;
     bool const exists = gFileSystem::file_exists(path) || gFileSystem::dir_exists(path);
     if (!gFileSystem::read_file(path, before) && exists) {
-      Msg::log(Msg::error, Msg::cannot_read, path);
+      Msg::log(Msg::cannot_read, path);
       return false;
     }
     if (is_result(path)) {
-      Msg::log(Msg::error, Msg::cannot_write, path);
+      Msg::log(Msg::cannot_write, path);
       return false;
     }
     std::vector<std::string> names = topics.help_ids();
@@ -197,7 +197,7 @@ private:
     gFileSystem::mk_dirs(path.dir_name());
     if (gFileSystem::write_file_atomic(path, lines))
       return true;
-    Msg::log(Msg::error, Msg::cannot_write, path);
+    Msg::log(Msg::cannot_write, path);
     return false;
   }
 

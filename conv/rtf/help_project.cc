@@ -49,7 +49,7 @@ private:
     if (value != values_.end())
       return value->second;
     if (reported_.insert(name).second)
-      Msg::log(Msg::warning, Msg::unknown_placeholder, "$" + name, path_);
+      Msg::log(Msg::unknown_placeholder, "$" + name, path_);
     return {};
   }
 

@@ -154,11 +154,11 @@ bool gRtfTemplate::load(gPathstring const & path) {
   path_ = path;
   std::string text;
   if (!gFileSystem::read_file(path, text)) {
-    Msg::log(Msg::error, Msg::cannot_read, path);
+    Msg::log(Msg::cannot_read, path);
     return false;
   }
   if (!text.starts_with("{\\rtf1")) {
-    Msg::log(Msg::error, Msg::no_rtf_template, path);
+    Msg::log(Msg::no_rtf_template, path);
     return false;
   }
   parse(text);
@@ -199,7 +199,7 @@ void gRtfTemplate::take_group(Rtf::gWordReader & reader) {
   std::string_view const name = Rtf::destination(group);
   // Where the file breaks off, the document behind its head must not become part of a group.
   if (reader.depth() > 1)
-    Msg::log(Msg::error, Msg::no_rtf_template, path_);
+    Msg::log(Msg::no_rtf_template, path_);
   else if (name == "colortbl")
     colours_ = read_colours(group);
   else if (holds(tables, name))
@@ -229,7 +229,7 @@ std::string gRtfTemplate::head() const {
 std::string gRtfTemplate::style_words(std::string_view name) {
   auto style = styles_.find(Vlb::to_lower(name));
   if (style == styles_.end() && missing_.emplace(name).second)
-    Msg::log(Msg::warning, Msg::no_such_style, gString(name), path_);
+    Msg::log(Msg::no_such_style, gString(name), path_);
   if (style == styles_.end())
     style = styles_.find("normal");
   return style == styles_.end() ? std::string() : style->second;

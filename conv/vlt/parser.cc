@@ -31,7 +31,7 @@ std::string clean_text(std::string_view text, gPathstring const & path) {
     text.remove_prefix(3);
   std::string clean;
   if (!Atc::append_utf8(text, clean))
-    Msg::log(Msg::status, Msg::not_utf8, path);
+    Msg::log(Msg::not_utf8, path);
   return clean;
 }
 
@@ -51,7 +51,7 @@ std::string shortened(std::string_view line) {
 bool gVltParser::read(gPathstring const & path) {
   std::string text;
   if (!gFileSystem::read_file(path, text)) {
-    Msg::log(Msg::error, Msg::cannot_read, path);
+    Msg::log(Msg::cannot_read, path);
     return false;
   }
   parse(text, path);
@@ -214,6 +214,6 @@ void gVltParser::store(Head const & head, gVltRule rule, gVltTemplate && parts) 
 
 void gVltParser::fault(Source const & source, gMessage const & message, std::string_view argument,
                        int line) const {
-  Msg::log(Msg::error, message, gString(argument),
+  Msg::log(message, gString(argument),
            source.path + ":" + std::to_string(line > 0 ? line : source.line));
 }

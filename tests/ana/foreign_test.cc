@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <regex>
 
+#include "ana/comments/foreign_text.h"
 #include "ana/foreign.h"
-#include "ana/foreign_text.h"
 #include "app/options/project.h"
 #include "run_project.h"
 #include "support/case_file.h"

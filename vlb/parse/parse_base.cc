@@ -10,5 +10,5 @@ void gParseBase::report_syntax_error() const {
     text.resize(shown_length);
     text += "...";
   }
-  error(Msg::error, Msg::syntax_error, "#" + std::to_string(lookahead_) + " \"" + text + "\"");
+  error(Msg::syntax_error, "#" + std::to_string(lookahead_) + " \"" + text + "\"");
 }

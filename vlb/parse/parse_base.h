@@ -12,8 +12,7 @@ public:
   virtual ~gParseBase() = default;
 
   // Reports with the scanner's position.
-  virtual void error(Msg::type type, gMessage const & message,
-                     gString const & argument = gString()) const = 0;
+  virtual void error(gMessage const & message, gString const & argument = gString()) const = 0;
   // A concrete parser answers its own class of scanner, which has a `token_value()`.
   virtual gScanBase & scanner() = 0;
   virtual gScanBase const & scanner() const = 0;

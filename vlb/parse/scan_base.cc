@@ -166,10 +166,9 @@ int gScanBase::wrap() {
 }
 
 // A hint continues the report in front of it, which has told the position.
-void gScanBase::error(Msg::type type, gMessage const & message, gString const & argument) const {
-  bool const hint = type == Msg::err_hint || type == Msg::warn_hint;
-  Msg::log(type, message, argument,
-           hint ? gString() : gLoc(infile_, std::max(line_, 0)).make_string());
+void gScanBase::error(gMessage const & message, gString const & argument) const {
+  Msg::log(message, argument,
+           message.is_hint() ? gString() : gLoc(infile_, std::max(line_, 0)).make_string());
 }
 
 // A line feed would break the report's line, and a NUL cut it.
@@ -181,7 +180,7 @@ void gScanBase::lex_error(int c) {
   char code[8];
   std::snprintf(code, sizeof code, "0x%02x", static_cast<unsigned>(real) & 0xFFu);
   gString const shown = c == '\n' ? gString("\\n") : c == 0 ? gString("\\0") : plain({&byte, 1});
-  error(Msg::error, Msg::lexical_error, "'" + shown + "' (" + code + ")");
+  error(Msg::lexical_error, "'" + shown + "' (" + code + ")");
 }
 
 // A #line directive may bring any number.

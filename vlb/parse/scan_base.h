@@ -66,8 +66,7 @@ public:
   // must have opened more.
   virtual int wrap();
   // Reports with the position of the current token.
-  virtual void error(Msg::type type, gMessage const & message,
-                     gString const & argument = gString()) const;
+  virtual void error(gMessage const & message, gString const & argument = gString()) const;
   // State before a new file: no token, condition 0, previous character a line feed, line 1. Input
   // and output stay.
   virtual void reset();

@@ -1,0 +1,49 @@
+// What is known of the macros of all inputs before any declaration is read.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace Decl {
+
+// What a macro stands for, as far as a reader of declarations cares.
+enum class gMacroSense : unsigned char {
+  unknown,     // no #define was seen: its shape and place must tell
+  nothing,     // empty
+  attribute,   // attributes, storage words, calling conventions: looked through
+  type,        // a type or the begin of one
+  declaration, // whole declarations
+  opens,       // more "{" than "}", such as the begin of a namespace
+  closes,      // the other way round
+  value,       // an expression
+  mixed,       // defined in senses that disagree
+};
+
+struct gMacroFact {
+  gMacroSense sense = gMacroSense::unknown;
+  bool with_parameters = false;
+  std::string body; // of the first definition, on one line; empty beyond 4096 bytes
+};
+
+// A table that all inputs fill before the reading, and that no reading changes. Merging in file
+// order gives the same table for any number of threads.
+class gMacroTable {
+public:
+  // Enters the definitions of one source.
+  void collect(std::string_view text);
+  void merge(gMacroTable const & other);
+  // Null for a name that no input defines.
+  gMacroFact const * find(std::string_view name) const;
+
+private:
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>()(text);
+    }
+  };
+  std::unordered_map<std::string, gMacroFact, Hash, std::equal_to<>> macros_;
+};
+
+} // namespace Decl

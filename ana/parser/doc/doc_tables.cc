@@ -1,0 +1,99 @@
+// Tables: a head that a template of the script may stand for, then rows of cells.
+#include "ana/anadat/gvlattributes.h"
+#include "ana/anadat/tables.h"
+#include "ana/parser/doc/doc_parse_base.h"
+
+bool doc_parse_base::open_table(gParamList & params) {
+  if (!check_params("b_table", params))
+    return false;
+  table_ = {};
+  table_columns_ = 0;
+  if (!params.params.empty())
+    table_.name = params.word(0);
+  if (!table_.name.empty())
+    read_table_template();
+  return true;
+}
+
+void doc_parse_base::read_table_template() {
+  if (!gVLAttributes.has({"table", table_.name})) {
+    error(Msg::undefined_table_template, table_.name);
+    error(Msg::ignoring_table_template);
+    table_.name.clear();
+    return;
+  }
+  table_.columns = gVLAttributes.list({"table", table_.name, "coldef"});
+  table_columns_ = static_cast<int>(table_.columns.size());
+  table_.style = gVLAttributes.text({"table", table_.name, "style"});
+  table_.markrows = gVLAttributes.list({"table", table_.name, "markrow"});
+  table_.markcolumns = gVLAttributes.list({"table", table_.name, "markcol"});
+  table_.rows = gVLAttributes.list({"table", table_.name, "rows"});
+}
+
+void doc_parse_base::missing_columns() {
+  if (!table_.name.empty())
+    return;
+  error(Msg::missing_columns);
+  table_columns_ = 0;
+}
+
+void doc_parse_base::set_columns(gParamList & params) {
+  if (!check_params("columns", params) || !check_columns(params.pieces(0))) {
+    error(Msg::missing_columns);
+    table_columns_ = 0;
+    return;
+  }
+  table_.columns = params.pieces(0);
+  table_columns_ = static_cast<int>(table_.columns.size());
+  if (!table_.name.empty())
+    error(Msg::overwriting_columns);
+}
+
+void doc_parse_base::set_table_style(gParamList & params) {
+  if (check_params("style", params))
+    table_.style = params.word(0);
+}
+
+void doc_parse_base::set_marks(gString const & command, gStrList & marks, gParamList & params) {
+  if (check_params(command, params) && check_marks(params.pieces(0)))
+    marks = params.pieces(0);
+}
+
+gStrList doc_parse_base::joined_row(gStrList rows, gStrList cells) {
+  rows.push_back(piece("@_vltrow"));
+  return joined(rows, cells);
+}
+
+gStrList doc_parse_base::joined_cell(gStrList cells, gParamList & params) {
+  bool const is_good = check_params("cell", params);
+  if (table_columns_ == 0)
+    return cells;
+  if (++row_cells_ > table_columns_) {
+    error(Msg::too_many_cells);
+    error(Msg::ignoring_cells);
+    return cells;
+  }
+  cells.push_back(piece("@cell "));
+  if (is_good)
+    cells.append(params.pieces(0));
+  return cells;
+}
+
+gStrList doc_parse_base::table(bool is_open, gStrList rows) {
+  if (!is_open)
+    return {};
+  gStrList pieces(piece("@_vltbeg"));
+  pieces.push_back(piece("no"));
+  pieces.push_back(gString("<" + table_.style + "><" + table_.columns.make_string(",") + "><" +
+                           table_.markcolumns.make_string(",") + "><" +
+                           table_.markrows.make_string(",") + ">\n"));
+  pieces.append(table_.rows);
+  pieces.append(std::move(rows));
+  pieces.push_back(piece("@_vltend"));
+  return pieces;
+}
+
+void doc_parse_base::faulty_table() const {
+  error(Msg::table_syntax_error);
+  error(Msg::ignoring_command);
+}
