@@ -229,10 +229,14 @@ struct gFileDeclarations {
   std::vector<gRange> uses;       // Pascal: units of the uses clauses
 };
 
-// The text of a range on one line: comments and line continuations gone, runs of white space one
-// blank, none at the ends.
-std::string one_line(std::string_view text, gRange range);
+// Which comments and literals a text holds.
+enum class gSyntax : std::uint8_t { cpp, pascal };
+
+// The text of a range on one line: comments, directives and line continuations gone, runs of white
+// space one blank, none at the ends. Of branches of the preprocessor the first is kept.
+std::string one_line(std::string_view text, gRange range, gSyntax syntax = gSyntax::cpp);
 // The name as it is shown: of operators with one blank between words and none before signs.
-std::string shown_name(std::string_view text, gDeclaration const & one);
+std::string shown_name(std::string_view text, gDeclaration const & one,
+                       gSyntax syntax = gSyntax::cpp);
 
 } // namespace Decl

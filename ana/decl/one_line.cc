@@ -1,0 +1,168 @@
+// Stretches of a source as a reader of pages sees them: one line, without comments and directives.
+// A small scan of its own, since a range may begin anywhere and belong to either language.
+#include "ana/decl/declaration.h"
+
+#include <algorithm>
+
+namespace Decl {
+
+namespace {
+
+bool is_blank(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool is_word(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
+class Line {
+public:
+  Line(std::string_view text, gSyntax syntax) : text_(text), cpp_(syntax == gSyntax::cpp) {}
+
+  std::string made() {
+    while (at_ < text_.size()) {
+      if (!blanks_or_comment())
+        code();
+    }
+    return std::move(line_);
+  }
+
+private:
+  std::string_view text_;
+  bool cpp_;
+  std::size_t at_ = 0;
+  bool line_head_ = false; // a range begins within its line, so a "#" there is no directive
+  bool gap_ = false;
+  std::string line_;
+
+  bool starts(std::string_view with) const { return text_.substr(at_).starts_with(with); }
+
+  // Behind the next `mark`, or at the end.
+  std::size_t behind(std::string_view mark, std::size_t from) const {
+    std::size_t const found = text_.find(mark, from);
+    return found == text_.npos ? text_.size() : found + mark.size();
+  }
+
+  void skip_to(std::size_t end) {
+    at_ = std::min(end, text_.size());
+    gap_ = true;
+  }
+
+  bool blanks_or_comment() {
+    char const c = text_[at_];
+    if (is_blank(c)) {
+      line_head_ = line_head_ || c == '\n';
+      skip_to(at_ + 1);
+    } else if (starts("//"))
+      skip_to(line_end(at_));
+    else if (cpp_ && starts("/*"))
+      skip_to(behind("*/", at_ + 2));
+    else if (cpp_ && c == '\\' && (starts("\\\n") || starts("\\\r\n")))
+      skip_to(at_ + 1);
+    else if (cpp_ && c == '#' && line_head_)
+      directive();
+    else if (!cpp_ && c == '{')
+      skip_to(behind("}", at_ + 1));
+    else if (!cpp_ && starts("(*"))
+      skip_to(behind("*)", at_ + 2));
+    else
+      return false;
+    return true;
+  }
+
+  // The next line feed that no backslash of C continues.
+  std::size_t line_end(std::size_t from) const {
+    std::size_t end = text_.find('\n', from);
+    while (
+        cpp_ && end != text_.npos && end > 0 &&
+        (text_[end - 1] == '\\' || (end > 1 && text_[end - 1] == '\r' && text_[end - 2] == '\\')))
+      end = text_.find('\n', end + 1);
+    return std::min(end, text_.size());
+  }
+
+  std::string_view directive_word(std::size_t at) const {
+    at = std::min(text_.find_first_not_of(" \t", at + 1), text_.size());
+    std::size_t const begin = at;
+    while (at < text_.size() && is_word(text_[at]))
+      ++at;
+    return text_.substr(begin, at - begin);
+  }
+
+  // Of branches within one declaration the first is shown.
+  void directive() {
+    std::string_view const word = directive_word(at_);
+    skip_to(line_end(at_));
+    if (word != "else" && !word.starts_with("elif"))
+      return;
+    for (int depth = 1; depth > 0 && at_ < text_.size();) {
+      at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size());
+      if (at_ < text_.size() && text_[at_] == '#') {
+        std::string_view const inner = directive_word(at_);
+        depth += inner.starts_with("if") ? 1 : inner == "endif" ? -1 : 0;
+      }
+      at_ = line_end(at_);
+    }
+  }
+
+  void code() {
+    std::size_t const end = token_end();
+    if (gap_ && !line_.empty())
+      line_ += ' ';
+    gap_ = line_head_ = false;
+    for (; at_ < end; ++at_) // a literal over several lines
+      line_ += text_[at_] == '\n' || text_[at_] == '\r' ? ' ' : text_[at_];
+  }
+
+  std::size_t token_end() const {
+    char const c = text_[at_];
+    if (c == '\'' || (c == '"' && cpp_))
+      return literal_end(at_);
+    if (!is_word(c))
+      return at_ + 1;
+    bool const number = cpp_ && c >= '0' && c <= '9';
+    std::size_t end = at_ + 1;
+    while (end < text_.size() && (is_word(text_[end]) || (number && text_[end] == '\'')))
+      ++end;
+    bool const raw = cpp_ && text_[end - 1] == 'R' && end - at_ <= 3;
+    return raw && end < text_.size() && text_[end] == '"' ? raw_end(end) : end;
+  }
+
+  std::size_t literal_end(std::size_t begin) const {
+    for (std::size_t at = begin + 1; at < text_.size(); ++at) {
+      if (text_[at] == '\\' && cpp_)
+        ++at;
+      else if (text_[at] == text_[begin] || text_[at] == '\n')
+        return at + 1;
+    }
+    return text_.size();
+  }
+
+  std::size_t raw_end(std::size_t quote) const {
+    std::size_t const open = text_.find('(', quote);
+    if (open == text_.npos || open - quote > 17)
+      return literal_end(quote);
+    return behind(")" + std::string(text_.substr(quote + 1, open - quote - 1)) + "\"", open);
+  }
+};
+
+} // namespace
+
+std::string one_line(std::string_view text, gRange range, gSyntax syntax) {
+  return Line(range.of(text), syntax).made();
+}
+
+std::string shown_name(std::string_view text, gDeclaration const & one, gSyntax syntax) {
+  std::string const line = one_line(text, one.name, syntax);
+  std::string name;
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    bool const between_words = at > 0 && at + 1 < line.size() && is_word(line[at - 1]) &&
+                               (is_word(line[at + 1]) || line[at + 1] == ':');
+    if (line[at] != ' ' || between_words)
+      name += line[at];
+  }
+  return name;
+}
+
+} // namespace Decl
