@@ -10,6 +10,7 @@
 #include "ana/parser/pre/ppre_scan.h"
 #include "ana/stages.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/source_bytes.h"
 
 namespace {
 
@@ -108,12 +109,10 @@ bool Preprocessor::write_copy(gSrcFile const & copy,
 // A text file is one single comment.
 void Preprocessor::wrap_text(gSrcFile const & file, gSrcFile const & copy) {
   std::string text;
-  if (!gFileSystem::read_file(file.path(), text)) {
+  if (!Vlb::read_source(file.path(), text)) {
     give_up(Msg::cannot_read, file.path());
     return;
   }
-  if (text.starts_with("\xEF\xBB\xBF"))
-    text.erase(0, 3);
   if (write_copy(copy, {"@_vlbcom ", text, "@_vlecom\n"}))
     gInputFiles.push_back(copy);
 }

@@ -4,17 +4,10 @@
 #include <algorithm>
 
 #include "vlb/gfilesystem.h"
+#include "vlb/source_bytes.h"
 
 gCitedFile::gCitedFile(std::string && text) : text_(std::move(text)) {
-  if (text_.starts_with("\xEF\xBB\xBF"))
-    text_.erase(0, 3);
-  if (text_.find('\r') != text_.npos) {
-    std::size_t to = 0;
-    for (std::size_t i = 0; i < text_.size(); ++i)
-      if (text_[i] != '\r' || i + 1 == text_.size() || text_[i + 1] != '\n')
-        text_[to++] = text_[i];
-    text_.resize(to);
-  }
+  Vlb::make_source_text(text_);
   starts_.push_back(0);
   for (std::size_t at = text_.find('\n'); at != text_.npos; at = text_.find('\n', at + 1))
     starts_.push_back(at + 1);

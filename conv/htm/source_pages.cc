@@ -7,7 +7,7 @@
 
 #include "conv/atc/encoding.h"
 #include "conv/htm/html_text.h"
-#include "vlb/gfilesystem.h"
+#include "vlb/source_bytes.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ void gSourcePages::write(gConversion & conversion, gPageWriter & writer) {
     conversion.progress(i, linked.size());
     // What has gone since the links were made still gets the page that they lead to.
     std::string bytes, text;
-    if (gFileSystem::read_file(linked[i]->path, bytes))
+    if (Vlb::read_source(linked[i]->path, bytes))
       Atc::append_utf8(bytes, text);
     write_source(*linked[i], text, writer);
   }

@@ -8,9 +8,9 @@
 #include <filesystem>
 
 #include "conv/htm/slug.h"
-#include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
+#include "vlb/source_bytes.h"
 
 namespace fs = std::filesystem;
 
@@ -88,7 +88,7 @@ gSources::gEntry & gSources::entry(std::string_view path) {
 void gSources::examine(gEntry & entry) {
   std::string text;
   entry.state = gEntry::unusable;
-  if (!gFileSystem::read_file(entry.source.path, text)) {
+  if (!Vlb::read_source(entry.source.path, text)) {
     Msg::log(Msg::source_unreadable, entry.source.path);
   } else if (is_newer(entry.source.path, made_)) {
     Msg::log(Msg::source_changed, entry.source.path);

@@ -132,7 +132,7 @@ TEST(runs, stop_wherever_the_user_breaks) {
 TEST(runs, read_inputs_of_any_kind) {
   std::string const unit = "/* @f One. */ void one();\n";
   std::string utf16;
-  for (char c : "\xFF\xFE" + unit)
+  for (char c : unit)
     utf16 += {c, '\0'};
   struct {
     char const * name;
@@ -147,7 +147,9 @@ TEST(runs, read_inputs_of_any_kind) {
       {"oneline.h", std::string(300000, ' ') + unit + std::string(300000, ';'), true, true},
       {"binary.h", "\x01\xFF\x80\x7F@\\{<\n" + std::string(3000, '\xB4'), false, false},
       {"nul.h", "int a;" + std::string(2000, '\0') + "\n" + unit, true, false},
-      {"utf16.h", utf16, false, false},
+      {"utf16.h", "\xFF\xFE" + utf16, true, true},
+      {"bare_utf16.h", utf16, true, true},
+      {"cr.h", "/* @f One.\r two */\r// x\rvoid one();\r", true, true},
       {"open_comment.h", "void one();\n/* @f never closed", true, false},
       {"brackets.h", "int a = " + std::string(100000, '(') + ";", false, false},
       {"braces.h", "namespace a " + std::string(100000, '{'), false, false},

@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "vlb/source_bytes.h"
+
 namespace {
 
 constexpr char quote = '\xB4';
@@ -134,27 +136,17 @@ void gInputText::grow(std::size_t size) {
 }
 
 void gInputText::normalize() {
-  char const * from = begin();
-  char const * const stop = end();
-  if (stop - from >= 3 && std::memcmp(from, "\xEF\xBB\xBF", 3) == 0)
-    from += 3;
-  char * to = begin();
-  while (from != stop) {
-    auto const * found =
-        static_cast<char const *>(std::memchr(from, '\r', static_cast<std::size_t>(stop - from)));
-    char const * const piece_end = found ? found : stop;
-    std::size_t const length = static_cast<std::size_t>(piece_end - from);
-    if (to != from)
-      std::memmove(to, from, length);
-    to += length;
-    from = piece_end;
-    if (from == stop)
-      break;
-    if (stop - from < 2 || from[1] != '\n')
-      *to++ = *from;
-    ++from;
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  std::string_view const bytes(begin(), size_);
+  if (Vlb::is_utf16(bytes)) {
+    std::string const text = Vlb::utf8_of_utf16(bytes);
+    grow(text.size() + 1);
+    size_ = text.copy(begin(), text.size());
+  } else if (bytes.starts_with(mark)) {
+    size_ -= mark.size();
+    std::memmove(begin(), begin() + mark.size(), size_);
   }
-  size_ = static_cast<std::size_t>(to - begin());
+  size_ = Vlb::unify_line_ends(begin(), size_);
 }
 
 void gInputText::shield_quotes() {

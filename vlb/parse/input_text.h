@@ -6,8 +6,8 @@
 
 #include "vlb/gpathstring.h"
 
-// The bytes of a file in one piece, behind some room for what a scanner pushes back. CRLF line ends
-// are line feeds, an opening byte-order mark of UTF-8 is gone.
+// The bytes of a file in one piece, behind some room for what a scanner pushes back. All line ends
+// are line feeds, UTF-16 is UTF-8, an opening byte-order mark is gone.
 class gInputText {
 public:
   // `room`: bytes that can be written in front of the text.

@@ -24,12 +24,33 @@ protected:
   }
 };
 
-TEST_F(Input, line_ends_and_byte_order_mark_are_read_away) {
+// Low byte first.
+std::string bytes_of(std::u16string const & text) {
+  std::string bytes;
+  for (char16_t unit : text)
+    bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+  return bytes;
+}
+
+std::string swapped(std::string bytes) {
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+    std::swap(bytes[i], bytes[i + 1]);
+  return bytes;
+}
+
+TEST_F(Input, line_ends_marks_and_utf16_are_read_away) {
   std::pair<std::string, std::string> const rows[] = {
       {"a\r\nb\r\n", "a\nb\n"},
-      {"\r\r\n\n\r", "\r\n\n\r"},
+      {"a\r\r\n\n\r", "a\n\n\n\n"},
       {"\xEF\xBB\xBF\xEF\xBB\xBF\r\n", "\xEF\xBB\xBF\n"},
       {std::string(200000, 'x') + "\r\n", std::string(200000, 'x') + "\n"},
+      {bytes_of(u"\uFEFFa\u00E9\r\u20AC\U0001D11E"), "a\u00E9\n\u20AC\U0001D11E"},
+      {swapped(bytes_of(u"\uFEFFa\r\n")), "a\n"},
+      {bytes_of(u"ab"), "ab"},
+      {swapped(bytes_of(u"ab")), "ab"},
+      {bytes_of(std::u16string(u"\uFEFFa") + char16_t(0xD834) + u"b" + char16_t(0xDD1E)) + "!",
+       "a\uFFFDb\uFFFD\uFFFD"},
+      {"\xFF\xFE", ""},
   };
   TestScan scan({"."});
   for (auto const & [bytes, text] : rows) {
