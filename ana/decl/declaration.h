@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -235,6 +236,10 @@ enum class gSyntax : std::uint8_t { cpp, pascal };
 // The text of a range on one line: comments, directives and line continuations gone, runs of white
 // space one blank, none at the ends. Of branches of the preprocessor the first is kept.
 std::string one_line(std::string_view text, gRange range, gSyntax syntax = gSyntax::cpp);
+// The same; the parts, ranges of the text, become ranges of the line. Those that lie outside of the
+// range become empty.
+std::string one_line(std::string_view text, gRange range, gSyntax syntax,
+                     std::initializer_list<gRange *> parts);
 // The name as it is shown: of operators with one blank between words and none before signs.
 std::string shown_name(std::string_view text, gDeclaration const & one,
                        gSyntax syntax = gSyntax::cpp);

@@ -3,6 +3,7 @@
 #include "ana/decl/declaration.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace Decl {
 
@@ -21,11 +22,25 @@ class Line {
 public:
   Line(std::string_view text, gSyntax syntax) : text_(text), cpp_(syntax == gSyntax::cpp) {}
 
+  // A place in the text that is to become the one in the line. An end belongs to the token in front
+  // of it, a begin to the one behind.
+  struct Mark {
+    std::uint32_t * place;
+    bool ends;
+  };
+  void follow(std::vector<Mark> marks) {
+    marks_ = std::move(marks);
+    std::stable_sort(marks_.begin(), marks_.end(),
+                     [](Mark const & a, Mark const & b) { return *a.place < *b.place; });
+  }
+
   std::string made() {
     while (at_ < text_.size()) {
       if (!blanks_or_comment())
         code();
     }
+    settle(true, text_.size());
+    settle(false, text_.size());
     return std::move(line_);
   }
 
@@ -36,6 +51,20 @@ private:
   bool line_head_ = false; // a range begins within its line, so a "#" there is no directive
   bool gap_ = false;
   std::string line_;
+  std::vector<Mark> marks_;
+
+  // The marks of one sort up to a place of the text stand at the end of the line.
+  void settle(bool ends, std::size_t up_to) {
+    if (marks_.empty())
+      return;
+    auto const end = std::find_if(marks_.begin(), marks_.end(),
+                                  [&](Mark const & mark) { return *mark.place > up_to; });
+    auto const rest = std::stable_partition(marks_.begin(), end,
+                                            [&](Mark const & mark) { return mark.ends == ends; });
+    for (auto mark = marks_.begin(); mark != rest; ++mark)
+      *mark->place = static_cast<std::uint32_t>(line_.size());
+    marks_.erase(marks_.begin(), rest);
+  }
 
   bool starts(std::string_view with) const { return text_.substr(at_).starts_with(with); }
 
@@ -108,8 +137,10 @@ private:
 
   void code() {
     std::size_t const end = token_end();
+    settle(true, at_);
     if (gap_ && !line_.empty())
       line_ += ' ';
+    settle(false, at_);
     gap_ = line_head_ = false;
     for (; at_ < end; ++at_) // a literal over several lines
       line_ += text_[at_] == '\n' || text_[at_] == '\r' ? ' ' : text_[at_];
@@ -151,6 +182,22 @@ private:
 
 std::string one_line(std::string_view text, gRange range, gSyntax syntax) {
   return Line(range.of(text), syntax).made();
+}
+
+std::string one_line(std::string_view text, gRange range, gSyntax syntax,
+                     std::initializer_list<gRange *> parts) {
+  Line line(range.of(text), syntax);
+  std::vector<Line::Mark> marks;
+  for (gRange * part : parts) {
+    bool const inside = !part->empty() && part->begin >= range.begin && part->end <= range.end;
+    *part = inside ? gRange{part->begin - range.begin, part->end - range.begin} : gRange();
+    if (inside) {
+      marks.push_back({&part->begin, false});
+      marks.push_back({&part->end, true});
+    }
+  }
+  line.follow(std::move(marks));
+  return line.made();
 }
 
 std::string shown_name(std::string_view text, gDeclaration const & one, gSyntax syntax) {
