@@ -7,11 +7,11 @@
 #include <charconv>
 
 #include "app/options/options.h"
-#include "conv/htm/declaration.h"
-#include "conv/htm/hierarchy.h"
+#include "conv/htm/declaration_text.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/slug.h"
 #include "conv/set/block_text.h"
+#include "conv/set/declaration.h"
 
 namespace {
 
@@ -151,7 +151,7 @@ gLinkEnd gHtmSetter::link_end(gTarget const & target) {
 }
 
 std::string gHtmSetter::source_href(std::string_view path, std::string_view line) {
-  return site_.sources.href(path, line);
+  return site_.source_addresses.href(path, line);
 }
 
 std::string gHtmSetter::editor_href(std::string_view path, std::string_view line) {
@@ -189,7 +189,7 @@ void gHtmSetter::set_verbatim(gNode const & node, bool declaration, std::string 
 
 void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
   gLanguage const language = gColours::language_of(unit() < 0 ? "" : site_.unit(unit()).path);
-  Declaration::set(
+  DeclarationText::set(
       Declaration::broken(text), language, colours_,
       [this](std::string_view name, std::string & link) { return link_name(name, link); }, out);
 }
@@ -218,31 +218,4 @@ void gHtmSetter::set_note(gNode const & node, std::string & out) {
   bool const foot = node.kind == gNodeKind::footnote;
   rules().apply(foot ? gVltRule::footnote : gVltRule::endnote, values, out);
   rules().apply(gVltRule::note, foot ? "footnote" : "endnote", values, notes_);
-}
-
-void gHtmSetter::set_hierarchy(gNode const & node, std::string & out) {
-  std::string items;
-  Hierarchy::set(
-      node.children, [this](gHierarchyItem const & item, std::string & to) { set_step(item, to); },
-      items);
-  rules().apply(gVltRule::hierarchy, gVltValues().set(gVltValue::items, items), out);
-}
-
-void gHtmSetter::set_step(gHierarchyItem const & item, std::string & out) {
-  using enum gVltValue;
-  gTarget const place = document().find_label(item.step->param(1));
-  gLinkEnd const end = place ? link_end(place) : gLinkEnd();
-  std::string const inner = escaped(plain_text(item.step->children));
-  std::string const depth = std::to_string(item.depth);
-  gVltValues values;
-  values.set(text, inner).set(href, end.href).set(target, end.title).set(level, depth);
-  values.set(items, item.items);
-  std::string rights, shown_label;
-  if (item.edge) {
-    rights = escaped(item.edge->param(3));
-    shown_label = escaped(item.edge->param(5));
-    values.set(access, rights).set(label, shown_label);
-    values.set(gVltValue::is_virtual, item.edge->param(4).empty() ? "" : "1");
-  }
-  rules().apply(gVltRule::step, item.step->param(0), values, out);
 }

@@ -4,7 +4,6 @@
 #include <unordered_map>
 
 #include "conv/htm/colours.h"
-#include "conv/htm/hierarchy.h"
 #include "conv/htm/site.h"
 #include "conv/set/setter.h"
 
@@ -43,14 +42,12 @@ protected:
   std::string macro_text(std::string_view name) override;
   void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
   void set_note(gNode const & node, std::string & out) override;
-  void set_hierarchy(gNode const & node, std::string & out) override;
 
 private:
   void name_entries();
   std::string claim(std::string const & id);
   void set_declaration(std::string_view text, std::string & out);
   bool link_name(std::string_view name, std::string & out);
-  void set_step(gHierarchyItem const & item, std::string & out);
 
   gSite & site_;
   gColours const & colours_;

@@ -4,7 +4,7 @@
 #include <set>
 
 #include "conv/atc/document.h"
-#include "conv/htm/forest.h"
+#include "conv/set/forest.h"
 
 struct gPage {
   int first = 0, end = 0; // its units, [first, end)

@@ -37,6 +37,7 @@ gSite::gSite(gDocument const & document, gVltRules const & rules, std::string ti
       pages(document, split_level),
       kinds(document, rules),
       sources(document),
+      source_addresses(document, sources),
       addresses(document, pages, shown_paths(document, sources)),
       thousands_(rules.setting("thousands", ",")) {}
 

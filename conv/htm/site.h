@@ -2,9 +2,9 @@
 #pragma once
 
 #include "conv/htm/addresses.h"
-#include "conv/htm/kinds.h"
 #include "conv/htm/pages.h"
-#include "conv/htm/sources.h"
+#include "conv/htm/source_addresses.h"
+#include "conv/set/kinds.h"
 
 struct gSite {
   gSite(gDocument const & document, gVltRules const & rules, std::string title, int split_level);
@@ -25,6 +25,7 @@ struct gSite {
   gPages pages;
   gKinds kinds;
   gSources sources;
+  gSourceAddresses source_addresses;
   gAddresses addresses;
 
 private:

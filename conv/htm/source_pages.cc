@@ -21,7 +21,7 @@ std::string_view next_line(std::string_view & text) {
 }
 
 gNeighbour part_link(gSource const & source, std::size_t part, std::string const & title) {
-  return {"../" + gSources::page(source, part),
+  return {"../" + gSourceAddresses::page(source, part),
           Html::escaped(title) + " " + std::to_string(part + 1)};
 }
 
@@ -37,7 +37,7 @@ gSourcePages::gSourcePages(gSite const & site, gColours const & colours,
 }
 
 void gSourcePages::write(gConversion & conversion, gPageWriter & writer) {
-  auto const linked = site_.sources.linked();
+  auto const linked = site_.source_addresses.linked();
   for (std::size_t i = 0; i < linked.size(); ++i) {
     conversion.progress(i, linked.size());
     // What has gone since the links were made still gets the page that they lead to.
@@ -57,9 +57,9 @@ void gSourcePages::write_source(gSource const & source, std::string_view text,
   language_ = gColours::language_of(source.path);
   gColours::gState state = 0;
   std::string items;
-  for (std::size_t part = 0; part < gSources::parts(source); ++part) {
-    std::size_t const first = part * gSources::lines_per_page;
-    std::size_t const end = std::min(first + gSources::lines_per_page, source.lines);
+  for (std::size_t part = 0; part < gSourceAddresses::parts(source); ++part) {
+    std::size_t const first = part * gSourceAddresses::lines_per_page;
+    std::size_t const end = std::min(first + gSourceAddresses::lines_per_page, source.lines);
     items.clear();
     for (std::size_t number = first + 1; number <= end; ++number)
       add_line(next_line(text), number, state, units, items);
@@ -89,16 +89,16 @@ void gSourcePages::write_part(gSource const & source, std::size_t part, std::str
                               gPageWriter & writer) {
   gPageFrame frame;
   frame.style = "source";
-  frame.file = gSources::page(source, part);
+  frame.file = gSourceAddresses::page(source, part);
   frame.title = source.shown;
   frame.crumbs = navigation_.crumbs(-1, source.shown, "../");
   if (part > 0)
     frame.previous = part_link(source, part - 1, source.shown);
-  if (part + 1 < gSources::parts(source))
+  if (part + 1 < gSourceAddresses::parts(source))
     frame.next = part_link(source, part + 1, source.shown);
   std::string const title = Html::escaped(source.shown);
   std::string const lines = std::to_string(source.lines);
-  std::string const count = std::to_string(gSources::parts(source));
+  std::string const count = std::to_string(gSourceAddresses::parts(source));
   std::string const number = std::to_string(part + 1);
   gVltValues values;
   values.set(V::title, title).set(V::path, title).set(V::items, items).set(V::count, lines);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "conv/conversion.h"
-#include "conv/htm/sources.h"
 #include "conv/rtf/help_setter.h"
 #include "conv/rtf/rtf_template.h"
+#include "conv/set/sources.h"
 
 // A topic of a unit, with the topics that its text gave away.
 struct gHelpTopic {

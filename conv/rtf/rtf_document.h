@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "conv/conversion.h"
-#include "conv/htm/sources.h"
 #include "conv/rtf/rtf_setter.h"
 #include "conv/rtf/rtf_template.h"
 #include "conv/set/index_lines.h"
+#include "conv/set/sources.h"
 
 class gRtfDocument {
 public:

@@ -9,9 +9,9 @@
 #include <cmath>
 
 #include "app/options/options.h"
-#include "conv/htm/declaration.h"
 #include "conv/rtf/rtf_text.h"
 #include "conv/set/block_text.h"
+#include "conv/set/declaration.h"
 #include "conv/set/index_lines.h"
 
 namespace {
@@ -151,32 +151,8 @@ std::string gRtfSetter::measure(gNode const & node) const {
   return std::to_string(is_size ? std::clamp(twips / 10, 2, 400) : twips);
 }
 
-void gRtfSetter::set_hierarchy(gNode const & node, std::string & out) {
-  std::string items;
-  Hierarchy::set(
-      node.children, [this](gHierarchyItem const & item, std::string & to) { set_step(item, to); },
-      items);
-  rules().apply(gVltRule::hierarchy, gVltValues().set(gVltValue::items, items), out);
-}
-
-void gRtfSetter::set_step(gHierarchyItem const & item, std::string & out) {
-  using enum gVltValue;
-  gTarget const place = document().find_label(item.step->param(1));
-  gLinkEnd const end = place ? link_end(place) : gLinkEnd();
-  std::string const inner = escaped(plain_text(item.step->children));
-  std::string const depth = std::to_string(item.depth);
-  std::string const space = std::to_string(fitted(item.depth * step_indent_));
-  gVltValues values;
-  values.set(text, inner).set(href, end.href).set(target, end.title).set(context, end.context);
-  values.set(level, depth).set(width, space).set(items, item.items);
-  std::string rights, shown_label;
-  if (item.edge) {
-    rights = escaped(item.edge->param(3));
-    shown_label = escaped(item.edge->param(5));
-    values.set(access, rights).set(label, shown_label);
-    values.set(gVltValue::is_virtual, item.edge->param(4).empty() ? "" : "1");
-  }
-  rules().apply(gVltRule::step, item.step->param(0), values, out);
+std::string gRtfSetter::step_indentation(int depth) const {
+  return std::to_string(fitted(depth * step_indent_));
 }
 
 std::vector<std::string> gRtfSetter::index_marks(std::string const (&fields)[5]) const {

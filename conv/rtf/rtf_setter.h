@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "conv/htm/hierarchy.h"
-#include "conv/htm/kinds.h"
+#include "conv/set/kinds.h"
 #include "conv/set/setter.h"
 
 struct gTableShape;
@@ -53,11 +52,11 @@ protected:
   void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
   void set_note(gNode const & node, std::string & out) override;
   void set_table(gNode const & node, std::string & out) override;
-  void set_hierarchy(gNode const & node, std::string & out) override;
   void set_index_entry(gNode const & node, std::string & out) override;
   void set_block(gNode const & node, std::string & out) override;
   void set_item(gNode const & item, std::string & text, std::string & below) override;
   std::string indentation() const override;
+  std::string step_indentation(int depth) const override;
   std::string measure(gNode const & node) const override;
 
 private:
@@ -68,7 +67,6 @@ private:
   std::string cell_text(gNodeList const & nodes);
   std::string row_definition(gTableShape const & shape, std::vector<int> const & ends,
                              std::size_t row, std::string_view style) const;
-  void set_step(gHierarchyItem const & item, std::string & out);
   void set_own_note(gNode const & node, std::string & out);
 
   gKinds const & kinds_;

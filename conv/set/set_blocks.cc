@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "conv/set/hierarchy.h"
 #include "conv/set/setter.h"
 
 namespace {
@@ -145,22 +146,31 @@ void gSetter::set_list(gNode const & node, std::string & out) {
 
 void gSetter::set_hierarchy(gNode const & node, std::string & out) {
   std::string steps;
-  for (std::size_t i = 0; i < node.children.size(); ++i)
-    set_step(node.children[i], i + 1, steps);
+  Hierarchy::set(
+      node.children, [this](gHierarchyItem const & item, std::string & to) { set_step(item, to); },
+      steps);
   rules_.apply(gVltRule::hierarchy, gVltValues().set(gVltValue::items, steps), out);
 }
 
-void gSetter::set_step(gNode const & node, std::size_t position, std::string & out) {
+std::string gSetter::step_indentation(int) const {
+  return {};
+}
+
+void gSetter::set_step(gHierarchyItem const & item, std::string & out) {
   using enum gVltValue;
-  gTarget const place = document_.find_label(node.param(1));
+  gTarget const place = document_.find_label(item.step->param(1));
   gLinkEnd const end = place ? link_end(place) : gLinkEnd();
-  std::string const inner = set(node.children);
-  std::string const depth = escaped(node.param(2)), rights = escaped(node.param(3));
-  std::string const shown_label = escaped(node.param(5));
-  std::string const index = std::to_string(position);
+  std::string const inner = escaped(plain_text(item.step->children));
+  std::string const depth = std::to_string(item.depth), space = step_indentation(item.depth);
   gVltValues values;
   values.set(text, inner).set(href, end.href).set(target, end.title).set(context, end.context);
-  values.set(level, depth).set(access, rights).set(label, shown_label).set(number, index);
-  values.set(gVltValue::is_virtual, node.param(4).empty() ? "" : "1");
-  rules_.apply(gVltRule::step, node.param(0), values, out);
+  values.set(level, depth).set(width, space).set(items, item.items);
+  std::string rights, shown_label;
+  if (item.edge) {
+    rights = escaped(item.edge->param(3));
+    shown_label = escaped(item.edge->param(5));
+    values.set(access, rights).set(label, shown_label);
+    values.set(gVltValue::is_virtual, item.edge->param(4).empty() ? "" : "1");
+  }
+  rules_.apply(gVltRule::step, item.step->param(0), values, out);
 }

@@ -9,6 +9,7 @@
 #include "conv/atc/document.h"
 #include "conv/vlt/rules.h"
 
+struct gHierarchyItem;
 struct gTableShape;
 
 // Where a reference leads, as target text.
@@ -70,6 +71,8 @@ protected:
   virtual void set_item(gNode const & item, std::string & text, std::string & below);
   // What a target calls the indentation of the current list; empty if the target does it itself.
   virtual std::string indentation() const;
+  // The same of a class that stands so deep in a tree, from 1.
+  virtual std::string step_indentation(int depth) const;
   // The width of a tab or the size of a font as the target writes it.
   virtual std::string measure(gNode const & node) const;
 
@@ -96,7 +99,7 @@ private:
   void set_list(gNode const & node, std::string & out);
   void set_subentry(gNode const & node, std::string & out);
   void set_cells(gTableShape const & shape, gNode const & row, bool marked, std::string & out);
-  void set_step(gNode const & node, std::size_t number, std::string & out);
+  void set_step(gHierarchyItem const & item, std::string & out);
 
   gDocument const & document_;
   gVltRules const & rules_;

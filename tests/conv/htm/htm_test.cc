@@ -7,11 +7,11 @@
 #include "app/options/options.h"
 #include "conv/atc/reader.h"
 #include "conv/conversion.h"
-#include "conv/htm/declaration.h"
-#include "conv/htm/hierarchy.h"
+#include "conv/htm/declaration_text.h"
 #include "conv/htm/index_page.h"
 #include "conv/htm/search_words.h"
 #include "conv/htm/slug.h"
+#include "conv/set/declaration.h"
 #include "support/case_file.h"
 #include "support/temp_folder.h"
 #include "support/test_outside.h"
@@ -110,7 +110,7 @@ std::string declaration(std::string const & input) {
   std::vector<std::string> const lines = lines_of(input);
   std::vector<std::string> const known = split(lines[1], ' ');
   std::string out;
-  Declaration::set(
+  DeclarationText::set(
       Declaration::broken(lines[0]), gLanguage::cpp, colours,
       [&known](std::string_view name, std::string & link) {
         bool const found = std::ranges::find(known, name) != known.end();
@@ -133,27 +133,6 @@ std::string colours(std::string const & input) {
   std::string out;
   scanner.set(pascal ? gLanguage::pascal : gLanguage::cpp, input.substr(pascal ? 4 : 0), out);
   return out;
-}
-
-// Lines "role level name".
-std::string hierarchy(std::string const & input) {
-  gNodeList steps;
-  for (std::string const & line : lines_of(input)) {
-    std::vector<std::string> const fields = split(line, ' ');
-    gNode step{gNodeKind::step, 0, fields[2], {fields[0], "", fields[1]}, {}};
-    steps.push_back(step);
-  }
-  std::string out;
-  Hierarchy::set(
-      steps,
-      [](gHierarchyItem const & item, std::string & to) {
-        to += item.step->text;
-        if (item.edge)
-          to += "<" + item.edge->text;
-        to += "(" + std::string(item.items) + ")";
-      },
-      out);
-  return out + '\n';
 }
 
 // The files of a site by their names.
@@ -202,9 +181,6 @@ TEST(Htm, Declarations) {
 }
 TEST(Htm, Colours) {
   check_cases(CASE_DIR "/colours.cases", colours);
-}
-TEST(Htm, Hierarchies) {
-  check_cases(CASE_DIR "/hierarchies.cases", hierarchy);
 }
 
 // A name that moves when something unlike it arrives would break links from outside.

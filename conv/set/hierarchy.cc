@@ -1,7 +1,7 @@
 // Bases stand behind their own bases, derived classes in front of what derives from them; the
 // levels tell which belongs to which.
 
-#include "conv/htm/hierarchy.h"
+#include "conv/set/hierarchy.h"
 
 #include <algorithm>
 #include <charconv>

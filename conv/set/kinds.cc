@@ -1,6 +1,6 @@
 // A style that the script has a word for gives it. For other styles the declaration tells.
 
-#include "conv/htm/kinds.h"
+#include "conv/set/kinds.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // The children of all things lie in one list, one behind the other.
 
-#include "conv/htm/forest.h"
+#include "conv/set/forest.h"
 
 #include <algorithm>
 

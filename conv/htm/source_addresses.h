@@ -1,9 +1,9 @@
-// The source files that links lead to, and the addresses of their pages.
+// The addresses of sources that links lead to.
 #pragma once
 
 #include <map>
 
-#include "conv/atc/document.h"
+#include "conv/set/sources.h"
 
 // A source that has pages.
 struct gSource {
@@ -13,17 +13,15 @@ struct gSource {
   std::size_t lines = 0;
 };
 
-class gSources {
+class gSourceAddresses {
 public:
   // Lines on a page; a longer source is shown in parts.
   static constexpr std::size_t lines_per_page = 10000;
 
-  explicit gSources(gDocument const & document);
+  gSourceAddresses(gDocument const & document, gSources const & sources);
 
-  // A path without the folders that all sources have in common; of others the name alone.
-  std::string_view shown(std::string_view path) const;
-  // The address of a line from the start page; empty if the source can't be read, has changed since
-  // the analysis or has no such line. The first such link to a source is reported.
+  // The address of a line from the start page; empty if the source can't be shown or has no such
+  // line. The first such link to a source is reported.
   std::string href(std::string_view path, std::string_view line);
   static std::string page(gSource const & source, std::size_t part); // parts from 0
   static std::size_t parts(gSource const & source);
@@ -39,8 +37,7 @@ private:
   void examine(gEntry & entry);
   gEntry & entry(std::string_view path);
 
-  std::string common_; // the folder of all sources, with its separator
-  gPathstring made_;   // the file of the analysis; what is newer has changed since
+  gSources const & sources_;
   std::map<std::string, gEntry, std::less<>> entries_;
   std::map<std::string, int> slugs_; // lower case, and how many have it
 };

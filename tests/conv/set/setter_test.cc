@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <sstream>
 
 #include "conv/atc/reader.h"
+#include "conv/set/hierarchy.h"
 #include "conv/set/setter.h"
 #include "support/case_file.h"
 #include "support/test_outside.h"
@@ -48,8 +50,8 @@ constexpr char script[] = R"(
 @cell = <td$[width:  $width$]$[mark:  mark$]>$text</td>
 @cell<head> = <th $number/$count>$text</th>
 @hierarchy = <hierarchy>$items$/</hierarchy>$/
-@step = $/<$level $number$[href:  $href$]$[access:  $access$]$[virtual:  virtual$]$[label:  $label$]>$text</>
-@step<this> = $/<this>$text</this>
+@step = $/<$level$[href:  $href$]$[access:  $access$]$[virtual:  virtual$]$[label:  $label$]>$text$items</>
+@step<this> = $/<this$[access:  $access$]$[virtual:  virtual$]$[label:  $label$]>$text$items</this>
 )";
 
 class TestSetter : public gSetter {
@@ -99,6 +101,28 @@ std::string answer(std::string const & input) {
   return out + (out.ends_with('\n') ? "" : "\n") + outside.report_text();
 }
 
+// Lines "role level name".
+std::string hierarchy(std::string const & input) {
+  gNodeList steps;
+  std::istringstream lines(input);
+  for (std::string role, level, name; lines >> role >> level >> name;)
+    steps.push_back(gNode{gNodeKind::step, 0, name, {role, "", level}, {}});
+  std::string out;
+  Hierarchy::set(
+      steps,
+      [](gHierarchyItem const & item, std::string & to) {
+        to += item.step->text;
+        if (item.edge)
+          to += "<" + item.edge->text;
+        to += "(" + std::string(item.items) + ")";
+      },
+      out);
+  return out + '\n';
+}
+
+TEST(Setter, Hierarchies) {
+  check_cases(CASE_DIR "/hierarchies.cases", hierarchy);
+}
 TEST(Setter, cases) {
   check_cases(CASE_DIR "/setter.cases", answer);
 }

@@ -1,0 +1,114 @@
+// Words and the signs around them tell which are names of parameters, which must not become links
+// to things that happen to have the same name.
+
+#include "conv/htm/declaration_text.h"
+
+#include "vlb/gstring.h"
+
+namespace {
+
+// What stands around a word decides whether it can be a type.
+struct gNeighbours {
+  std::string_view word_before; // if a word stands directly in front
+  char before = 0, behind = 0;  // signs; 0 at the ends
+};
+
+bool leads_to_type(std::string_view word) {
+  for (std::string_view const known :
+       {"public", "protected", "private", "virtual", "class", "struct", "union", "enum", "typename",
+        "friend", "using", "of", "inherited"})
+    if (word == known)
+      return true;
+  return false;
+}
+
+bool is_declared_name(gNeighbours const & around) {
+  bool const ends = around.behind == ',' || around.behind == ')' || around.behind == '=' ||
+                    around.behind == ';' || around.behind == '[' || around.behind == 0;
+  if (!ends)
+    return false;
+  if (!around.word_before.empty())
+    return !leads_to_type(around.word_before);
+  return around.before == '&' || around.before == '*' || around.before == '>';
+}
+
+char sign_at(std::string_view text, std::size_t pos) {
+  pos = text.find_first_not_of(" \n\t", pos);
+  return pos == std::string_view::npos ? '\0' : text[pos];
+}
+
+// One pass over the stretches of a declaration.
+class gWriter {
+public:
+  gWriter(std::string_view text, gColours const & colours, DeclarationText::gLinker const & link,
+          std::string & out)
+      : text_(text),
+        colours_(colours),
+        link_(link),
+        out_(out) {}
+
+  void write(std::vector<gColoured> const & stretches) {
+    for (std::size_t i = 0; i < stretches.size();) {
+      bool const is_word = stretches[i].colour == gColour::word;
+      std::size_t const end = is_word ? name_end(stretches, i) : i + 1;
+      std::string_view const name(stretches[i].text.data(),
+                                  static_cast<std::size_t>(stretches[end - 1].text.data() +
+                                                           stretches[end - 1].text.size() -
+                                                           stretches[i].text.data()));
+      if (!is_word || !is_type(name) || !link_(name, out_))
+        for (std::size_t k = i; k < end; ++k)
+          colours_.set(stretches[k], out_);
+      remember(stretches[end - 1]);
+      i = end;
+    }
+  }
+
+private:
+  // Behind a qualified name that begins here.
+  static std::size_t name_end(std::vector<gColoured> const & stretches, std::size_t i) {
+    while (i + 2 < stretches.size() && stretches[i + 1].text == "::" &&
+           stretches[i + 2].colour == gColour::word)
+      i += 2;
+    return i + 1;
+  }
+  bool is_type(std::string_view name) const {
+    gNeighbours around = before_;
+    auto const end = static_cast<std::size_t>(name.data() + name.size() - text_.data());
+    around.behind = sign_at(text_, end);
+    // Behind "Type::" of a type with arguments: a name in a scope that isn't known.
+    return !is_declared_name(around) && around.before != ':' && around.before != '~';
+  }
+  void remember(gColoured const & stretch) {
+    std::size_t const last = stretch.text.find_last_not_of(" \t");
+    if (last == std::string_view::npos)
+      return;
+    bool const word = stretch.colour == gColour::word || stretch.colour == gColour::keyword;
+    before_.word_before = word ? stretch.text : std::string_view();
+    // A single colon stands in front of bases, and behind names in Pascal.
+    bool const scope = stretch.text.substr(0, last + 1).ends_with("::");
+    before_.before = stretch.text[last] == ':' && !scope ? ' ' : stretch.text[last];
+  }
+
+  std::string_view text_;
+  gColours const & colours_;
+  DeclarationText::gLinker const & link_;
+  std::string & out_;
+  gNeighbours before_;
+};
+
+} // namespace
+
+void DeclarationText::set(std::string_view text, gLanguage language, gColours const & colours,
+                          gLinker const & link, std::string & out) {
+  gWriter writer(text, colours, link, out);
+  std::vector<gColoured> stretches;
+  gColours::gState state = 0;
+  for (std::size_t at = 0; at <= text.size();) {
+    std::size_t const end = std::min(text.find('\n', at), text.size());
+    colours.split(language, text.substr(at, end - at), state, stretches);
+    writer.write(stretches);
+    if (end < text.size())
+      out += '\n';
+    at = end + 1;
+  }
+}
