@@ -38,12 +38,13 @@ void correct_type(gCodeElem & ce) {
     ce.type = ce.type == ut_function ? ut_method : ut_member;
 }
 
-// True if the table has an entry between the two lines; with `inclusive` also on the lower one.
+// True if the table has an entry between the two places; with `inclusive` also at the lower one.
 template <class Table>
-bool blocked(Table const & table, gSrcFile const & file, int a, int b, bool inclusive) {
+bool blocked(Table const & table, gSrcFile const & file, gLinePlace a, gLinePlace b,
+             bool inclusive) {
   auto const * map = table.map_of(file);
   auto const [low, high] = std::minmax(a, b);
-  return map && map->has_in(inclusive ? low : low + 1, high);
+  return map && map->has_in(inclusive ? low : low.next(), high);
 }
 
 void generate_unit(cRef<gCodeElem> const & ce) {
@@ -88,18 +89,20 @@ gAssociation::Outcome gAssociation::take_near(Table const & table, cRef<gCodeEle
   auto const * map = table.map_of(file);
   if (!map)
     return {};
-  int const line = ce->loc.line();
-  auto candidate = map->lower_bound(line);
+  gLinePlace const place = ce->place();
+  auto candidate = map->lower_bound(place);
   if (candidate == (before ? map->begin() : map->end()))
     return {};
   if (before)
     --candidate;
-  int const other = candidate->first;
-  if (blocked(gNamedUnits, file, line, other, !before) ||
-      (comment && blocked(gUnnamedUnits, file, line, other, !before)) ||
-      blocked(gCodeElems, file, line, other, !before))
+  gLinePlace const other = candidate->place;
+  if (!before && other.line > place.line)
+    return {}; // a text behind an element begins on the element's line
+  if (blocked(gNamedUnits, file, place, other, !before) ||
+      (comment && blocked(gUnnamedUnits, file, place, other, !before)) ||
+      blocked(gCodeElems, file, place, other, false))
     return {};
-  return take(*candidate->second, ce, rank);
+  return take(*candidate->object, ce, rank);
 }
 
 gFileUnits * gAssociation::units_of(gSrcFile const & file) {
@@ -116,10 +119,10 @@ gAssociation::Outcome gAssociation::take_named(cRef<gCodeElem> const & ce, bool 
   gFileUnits * units = units_of(ce->loc.file());
   if (!units)
     return {};
-  int const line = ce->loc.line();
-  constexpr int last = std::numeric_limits<int>::max();
-  gDocUnit * unit = units->find(ce->name(), ce->loc.file().name_sep(), before ? 1 : line,
-                                before ? line : last, rank);
+  constexpr gLinePlace last{std::numeric_limits<int>::max()};
+  gLinePlace const place = ce->place();
+  gDocUnit * unit = units->find(ce->name(), ce->loc.file().name_sep(),
+                                before ? gLinePlace{1} : place, before ? place : last, rank);
   return unit ? take(*unit, ce, rank) : Outcome();
 }
 
@@ -191,7 +194,7 @@ void ana_associate() {
   gAssociation association(gAllocOptions::read());
   gProgress progress(Msg::associating, gCodeElems.total());
   for (auto const & file : gCodeElems) {
-    for (auto const & [line, ce] : *file.value) {
+    for (auto const & [place, ce] : *file.value) {
       Vapp::poll_break();
       association.associate(ce);
       progress.step();

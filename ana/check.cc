@@ -12,7 +12,7 @@ namespace {
 
 void check_table(gFileObjTable<cRef<gDocUnit>> const & table, gProgress & progress) {
   for (auto const & file : table) {
-    for (auto const & [line, unit] : *file.value) {
+    for (auto const & [place, unit] : *file.value) {
       Vapp::poll_break();
       unit->check();
       progress.step();

@@ -26,9 +26,9 @@ std::vector<unsigned> & gNamesakes::skips_for(int rank) {
   return next;
 }
 
-gNamesakes::Entry const * gNamesakes::first_free(int line, int rank) {
-  auto const begin = std::lower_bound(entries_.begin(), entries_.end(), line,
-                                      [](Entry const & e, int l) { return e.line < l; });
+gNamesakes::Entry const * gNamesakes::first_free(gLinePlace place, int rank) {
+  auto const begin = std::lower_bound(entries_.begin(), entries_.end(), place,
+                                      [](Entry const & e, gLinePlace p) { return e.place < p; });
   if (entries_.size() <= short_list) {
     auto const found = std::find_if(begin, entries_.end(),
                                     [&](Entry const & e) { return can_take(*e.unit, rank); });
@@ -51,17 +51,17 @@ gNamesakes::Entry const * gNamesakes::first_free(int line, int rank) {
 }
 
 gFileUnits::gFileUnits(gLineObjMap<cRef<gDocUnit>> const & units) {
-  for (auto const & [line, unit] : units)
-    names_[unit->name()].add(line, unit.get());
+  for (auto const & [place, unit] : units)
+    names_[unit->name()].add(place, unit.get());
 }
 
-gDocUnit * gFileUnits::find(std::string_view name, std::string_view sep, int line, int end_line,
-                            int rank) {
+gDocUnit * gFileUnits::find(std::string_view name, std::string_view sep, gLinePlace begin,
+                            gLinePlace end, int rank) {
   gNamesakes::Entry const * best = nullptr;
   for (std::string_view tail = name;;) {
     if (auto const found = names_.find(tail); found != names_.end()) {
-      gNamesakes::Entry const * entry = found->second.first_free(line, rank);
-      if (entry && entry->line < end_line && (!best || entry->line < best->line))
+      gNamesakes::Entry const * entry = found->second.first_free(begin, rank);
+      if (entry && entry->place < end && (!best || entry->place < best->place))
         best = entry;
     }
     std::size_t const cut = sep.empty() ? tail.npos : tail.find(sep);

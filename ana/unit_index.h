@@ -15,17 +15,17 @@ inline bool can_take(gDocUnit const & unit, int rank) {
   return !unit.code_elem() || unit.rank() < rank;
 }
 
-// The units of one name in one file, by ascending line.
+// The units of one name in one file, by ascending place.
 class gNamesakes {
 public:
   struct Entry {
-    int line;
+    gLinePlace place;
     gDocUnit * unit;
   };
 
-  void add(int line, gDocUnit * unit) { entries_.push_back({line, unit}); }
-  // The first unit at or behind `line` that can be taken; null if there is none.
-  Entry const * first_free(int line, int rank);
+  void add(gLinePlace place, gDocUnit * unit) { entries_.push_back({place, unit}); }
+  // The first unit at or behind `place` that can be taken; null if there is none.
+  Entry const * first_free(gLinePlace place, int rank);
 
 private:
   // For one rank: where to go on from an entry that can't be taken.
@@ -43,9 +43,10 @@ private:
 class gFileUnits {
 public:
   explicit gFileUnits(gLineObjMap<cRef<gDocUnit>> const & units);
-  // The first unit in [line, end_line) whose name is `name` or a tail of it behind a `sep`, and
+  // The first unit in [begin, end) whose name is `name` or a tail of it behind a `sep`, and
   // that can be taken; null if there is none.
-  gDocUnit * find(std::string_view name, std::string_view sep, int line, int end_line, int rank);
+  gDocUnit * find(std::string_view name, std::string_view sep, gLinePlace begin, gLinePlace end,
+                  int rank);
 
 private:
   struct Hash {

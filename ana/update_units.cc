@@ -31,7 +31,7 @@ std::size_t generated_count() {
 std::size_t bound_comments() {
   std::size_t count = 0;
   for (auto const & file : gComments) {
-    for (auto const & [line, comment] : *file.value)
+    for (auto const & [place, comment] : *file.value)
       count += comment->code_elem() != nullptr;
   }
   return count;
@@ -62,13 +62,13 @@ void comments_to_units(Pace & pace) {
   gCommentReader reader;
   for (auto const & file : gComments) {
     std::vector<gLineObjMap<cRef<gDocUnit>>::Entry> units;
-    for (auto const & [line, comment] : *file.value) {
+    for (auto const & [place, comment] : *file.value) {
       pace.step();
       if (comment->code_elem())
-        units.emplace_back(line, unit_of(*comment, reader));
+        units.push_back({place, unit_of(*comment, reader)});
     }
     if (!units.empty())
-      gUnnamedUnits.insert_all(file.value->begin()->second->file(), units);
+      gUnnamedUnits.insert_all(file.value->begin()->object->file(), units);
   }
 }
 
@@ -80,7 +80,7 @@ void enter_name(cRef<gDocUnit> const & unit) {
 
 void update_unnamed(Pace & pace) {
   for (auto const & file : gUnnamedUnits) {
-    for (auto const & [line, unit] : *file.value) {
+    for (auto const & [place, unit] : *file.value) {
       pace.step();
       unit->update_from_code();
       enter_name(unit);
@@ -99,7 +99,7 @@ void enter_generated(Pace & pace) {
 
 void update_named(Pace & pace) {
   for (auto const & file : gNamedUnits) {
-    for (auto const & [line, unit] : *file.value) {
+    for (auto const & [place, unit] : *file.value) {
       pace.step();
       unit->update_from_code();
     }

@@ -10,7 +10,7 @@ LIBRARIES = {
     "vlb/parse": ["vlb"],
     "store": ["vlb"],
     "app/options": ["store"],
-    "ana/anadat": ["app/options"],
+    "ana/anadat": ["app/options", "ana/decl"],
     "ana/cmdpar": ["ana/anadat", "vlb/parse"],
     "ana/parser": ["ana/cmdpar"],
     "ana/parser/script": ["ana/parser"],

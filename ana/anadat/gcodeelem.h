@@ -1,6 +1,10 @@
 // A declared thing, and the bits that classify it.
 #pragma once
 
+#include <memory>
+
+#include "ana/anadat/gfileobjtable.h"
+#include "ana/decl/declaration.h"
 #include "vlb/gsrcfile.h"
 #include "vlb/gstrlist.h"
 
@@ -36,8 +40,19 @@ enum gSpecifier : int {
 gString unit_type_name(int type);
 int unit_type_value(std::string_view name);
 
-// One class, function, method, variable, member, type, property or unit that a source declares.
-// Held by cRef; after the code analysis only `type` may still change (association).
+// What a reader knows of a declaration beyond its text. The ranges lie in that text.
+struct gDeclParts {
+  Decl::gRange name;
+  Decl::gRange template_head;
+  Decl::gRange parameters; // with their brackets
+  Decl::gRange bases;
+  Decl::gRange result;
+  std::uint32_t marks = 0;       // union of Decl::gMark
+  cRef<gString const> condition; // of the preprocessor; shared by all that it guards, null for none
+};
+
+// One thing that a source declares. Held by cRef; after the code analysis only `type` may still
+// change (association). A run holds very many, so what only some readers know lies apart.
 struct gCodeElem : cShared {
   // A negative line raises gExcInternalErr.
   gCodeElem(gStrList const & names, gSrcFile const & file, int line, int type, gString const & decl,
@@ -46,11 +61,17 @@ struct gCodeElem : cShared {
   // The qualified name, joined by the separator of the file's language.
   gString name() const { return names.make_string(loc.file().name_sep()); }
 
-  gStrList names; // outermost scope first
-  gLoc loc;       // the line that the parser noted, in the input file under analysis
-  int type;       // one gUnitType
-  int flags;      // union of gSpecifier
-  gString decl;   // the declaration's text, white space normalised
+  gLinePlace place() const { return {loc.line(), column}; }
+
+  gStrList names;   // outermost scope first
+  gLoc loc;         // the line that the parser noted, in the input file under analysis
+  int column = 0;   // 0: not known
+  int end_line = 0; // of the whole declaration; 0: not known
+  int type;         // one gUnitType
+  int flags;        // union of gSpecifier
+  Decl::gKind kind = Decl::gKind::none; // none: no more is known than the type
+  gString decl;                         // the declaration's text, white space normalised
   gString visibility;
-  gString heritage; // the base clause as text
+  gString heritage;                        // the base clause as text
+  std::unique_ptr<gDeclParts const> parts; // null: not known
 };

@@ -1,42 +1,58 @@
-// Tables by file and line: one object for each line of each file.
+// Tables by file, line and column.
 #pragma once
 
 #include <algorithm>
+#include <compare>
 #include <iterator>
 #include <vector>
 
 #include "store/ghash.h"
 #include "vlb/gsrcfile.h"
 
-// A map from line to T, by ascending line. Entries come almost always in order, so a sorted vector
-// serves.
+// A place within a file. Readers that know lines alone leave the column at 0, in front of all
+// columns.
+struct gLinePlace {
+  int line = 0;   // from 1
+  int column = 0; // from 1, in bytes; 0: not known
+
+  auto operator<=>(gLinePlace const &) const = default;
+  // The first place behind this one.
+  gLinePlace next() const { return {line, column + 1}; }
+};
+
+// The objects of one file by line and column. Entries come almost always in order, so a sorted
+// vector serves.
 template <class T> class gLineObjMap : public cShared {
 public:
-  using Entry = std::pair<int, T>;
+  struct Entry {
+    gLinePlace place;
+    T object;
+  };
   using iterator = typename std::vector<Entry>::const_iterator;
 
-  // A second entry for a line replaces the first.
-  void set(int line, T value) {
-    if (entries_.empty() || entries_.back().first < line) {
-      entries_.emplace_back(line, std::move(value));
-      return;
-    }
-    auto place = std::lower_bound(entries_.begin(), entries_.end(), line, below);
-    if (place != entries_.end() && place->first == line)
-      place->second = std::move(value);
+  // An object replaces the one that stands at its place: without columns there is one a line.
+  void set(gLinePlace place, T object) {
+    auto at = end_of(place);
+    if (at != entries_.begin() && std::prev(at)->place == place)
+      std::prev(at)->object = std::move(object);
     else
-      entries_.insert(place, Entry(line, std::move(value)));
+      entries_.insert(at, Entry{place, std::move(object)});
   }
 
-  // The same for entries by ascending line, in one go.
+  // Any number of objects at a place, in the order of entry.
+  void add(gLinePlace place, T object) {
+    entries_.insert(end_of(place), Entry{place, std::move(object)});
+  }
+
+  // set() for entries in ascending order, in one go.
   void set_all(std::vector<Entry> const & added) {
     std::vector<Entry> merged;
     merged.reserve(entries_.size() + added.size());
     auto old = entries_.begin();
     for (Entry const & entry : added) {
-      for (; old != entries_.end() && old->first < entry.first; ++old)
+      for (; old != entries_.end() && old->place < entry.place; ++old)
         merged.push_back(std::move(*old));
-      if (old != entries_.end() && old->first == entry.first)
+      if (old != entries_.end() && old->place == entry.place)
         ++old;
       merged.push_back(entry);
     }
@@ -47,18 +63,25 @@ public:
   iterator begin() const { return entries_.begin(); }
   iterator end() const { return entries_.end(); }
   std::size_t size() const { return entries_.size(); }
-  // The first entry with a line not below `line`.
-  iterator lower_bound(int line) const {
-    return std::lower_bound(entries_.begin(), entries_.end(), line, below);
+  // The first entry that doesn't lie in front of `place`.
+  iterator lower_bound(gLinePlace place) const {
+    return std::lower_bound(entries_.begin(), entries_.end(), place, below);
   }
   // True if an entry lies in the half-open range.
-  bool has_in(int first, int end_line) const {
-    auto place = lower_bound(first);
-    return place != entries_.end() && place->first < end_line;
+  bool has_in(gLinePlace first, gLinePlace end) const {
+    auto const at = lower_bound(first);
+    return at != entries_.end() && at->place < end;
   }
 
 private:
-  static bool below(Entry const & entry, int line) { return entry.first < line; }
+  static bool below(Entry const & entry, gLinePlace place) { return entry.place < place; }
+  // Behind the entries up to `place`.
+  typename std::vector<Entry>::iterator end_of(gLinePlace place) {
+    if (entries_.empty() || entries_.back().place <= place)
+      return entries_.end();
+    return std::lower_bound(entries_.begin(), entries_.end(), place.next(), below);
+  }
+
   std::vector<Entry> entries_;
 };
 
@@ -67,27 +90,29 @@ template <class T> class gFileObjTable : public gGlobalHash<cRef<gLineObjMap<T>>
 public:
   using Map = gLineObjMap<T>;
 
-  void insert_at(gLoc const & loc, T value) {
-    if (Map * map = map_of(loc.file())) {
-      map->set(loc.line(), std::move(value));
-      return;
-    }
-    auto map = make_ref<Map>();
-    map->set(loc.line(), std::move(value));
-    this->insert(loc.file().opath(), map);
+  void insert_at(gLoc const & loc, T object) {
+    own_map(loc.file()).set({loc.line()}, std::move(object));
   }
 
-  // Enters objects of one file, by ascending line.
+  // Enters objects of one file, in ascending order.
   void insert_all(gSrcFile const & file, std::vector<typename Map::Entry> const & entries) {
-    if (!map_of(file))
-      this->insert(file.opath(), make_ref<Map>());
-    map_of(file)->set_all(entries);
+    own_map(file).set_all(entries);
   }
 
   // The map of a file; null if the table has nothing of it.
   Map * map_of(gSrcFile const & file) const {
     auto const * found = this->lookup(file.opath());
     return found ? found->get() : nullptr;
+  }
+  // The same; made if there is none.
+  Map & own_map(gSrcFile const & file) {
+    Map * map = map_of(file);
+    if (!map) {
+      auto made = make_ref<Map>();
+      map = made.get();
+      this->insert(file.opath(), std::move(made));
+    }
+    return *map;
   }
 
   // Number of entries in all files.

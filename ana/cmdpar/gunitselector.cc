@@ -45,7 +45,7 @@ void gUnitSelector::collect_units() {
   for (auto const * table : {&gNamedUnits, &gUnnamedUnits})
     for (auto const & file : *table)
       for (auto const & entry : *file.value)
-        add(entry.second);
+        add(entry.object);
   for (auto const & named : gGeneratedUnits)
     for (cRef<gDocUnit> const & unit : named.value)
       add(unit);

@@ -13,7 +13,7 @@ public:
     if (!units_known_)
       find_units(file);
     for (Units const * units : {named_units_, unnamed_units_})
-      if (units && units->has_in(first_line, last_line + 1))
+      if (units && units->has_in({first_line}, {last_line + 1}))
         return;
     gComments.insert_at({file, first_line}, make_ref<gCmt>(file, first_line, last_line));
   }

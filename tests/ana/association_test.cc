@@ -61,14 +61,14 @@ void tell(std::ostream & out, char const * kind, int line, Text const & text) {
 std::string bindings() {
   std::ostringstream out;
   for (auto const & file : gComments)
-    for (auto const & [line, comment] : *file.value)
-      tell(out, "comment", line, *comment);
+    for (auto const & [place, comment] : *file.value)
+      tell(out, "comment", place.line, *comment);
   for (auto const & file : gUnnamedUnits)
-    for (auto const & [line, unit] : *file.value)
-      tell(out, "unit", line, *unit);
+    for (auto const & [place, unit] : *file.value)
+      tell(out, "unit", place.line, *unit);
   for (auto const & file : gNamedUnits)
-    for (auto const & [line, unit] : *file.value)
-      tell(out, unit->name().c_str(), line, *unit);
+    for (auto const & [place, unit] : *file.value)
+      tell(out, unit->name().c_str(), place.line, *unit);
   return out.str();
 }
 
@@ -82,7 +82,7 @@ gAllocOptions default_options() {
 std::string associated(gAllocOptions const & options) {
   gAssociation association(options);
   for (auto const & file : gCodeElems)
-    for (auto const & [line, ce] : *file.value)
+    for (auto const & [place, ce] : *file.value)
       association.associate(ce);
   return bindings();
 }
@@ -131,7 +131,7 @@ TEST(association, binds_as_the_plain_search_does) {
     random_world(seed);
     LiteralAssociation literal(options);
     for (auto const & file : gCodeElems)
-      for (auto const & [line, ce] : *file.value)
+      for (auto const & [place, ce] : *file.value)
         literal.associate(ce);
     ASSERT_EQ(found, bindings()) << "seed " << seed;
     ASSERT_EQ(generated, gGeneratedUnits.size()) << "seed " << seed;
@@ -146,6 +146,36 @@ TEST(association, a_better_method_takes_a_text_over) {
   add_unit(near, 2, "f");
   add_element(near, 7, "f");
   EXPECT_EQ(associated(default_options()), "f 1 <- f 7 rank 4\nf 2 <- f 5 rank 2\n");
+}
+
+// "int a; /* a */ int b; /* b */" with columns, and a comment in front of a line with two things.
+TEST(association, several_things_of_a_line_keep_their_own_comments) {
+  CleanTables tables;
+  gSrcFile const file = source("/a/x.h", 1);
+  auto const add = [&](int line, int column, std::string const & name) {
+    auto ce = make_ref<gCodeElem>(parts(name), file, line, ut_var, "", "undefined", 0);
+    ce->column = column;
+    gCodeElems.own_map(file).add(ce->place(), ce);
+  };
+  auto const comment = [&](int line, int column) {
+    gComments.own_map(file).add({line, column}, make_ref<gCmt>(file, line, line));
+  };
+  comment(1, 1);
+  add(2, 5, "c");
+  add(2, 8, "d");
+  add(2, 8, "d2"); // such as a macro makes
+  add(4, 5, "a");
+  comment(4, 8);
+  add(4, 20, "b");
+  comment(4, 23);
+  comment(5, 1);
+  gAllocOptions options;
+  options.order = {comment_after, comment_before};
+  options.prio = {2, 1};
+  EXPECT_EQ(associated(options), "comment 1 <- c 2 rank 1\n"
+                                 "comment 4 <- a 4 rank 2\n"
+                                 "comment 4 <- b 4 rank 2\n");
+  EXPECT_EQ(gCodeElems.total(), 5u);
 }
 
 TEST(association, generates_units_by_the_options) {

@@ -12,7 +12,8 @@ bool blocked(Table const & table, gSrcFile const & file, int a, int b, bool excl
   auto const * map = table.map_of(file);
   if (!map)
     return false;
-  for (auto const & [line, entry] : *map) {
+  for (auto const & [place, entry] : *map) {
+    int const line = place.line;
     if (line < high && (line > low || (!exclusive && line == low)))
       return true;
   }
@@ -52,7 +53,7 @@ bool LiteralAssociation::near(Table const & table, cRef<gCodeElem> const & ce, b
     return false;
   typename Table::Map::Entry const * candidate = nullptr;
   for (auto const & entry : *map) {
-    if (before ? entry.first < ce->loc.line() : entry.first >= ce->loc.line()) {
+    if (before ? entry.place.line < ce->loc.line() : entry.place.line >= ce->loc.line()) {
       candidate = &entry;
       if (!before)
         break;
@@ -61,20 +62,20 @@ bool LiteralAssociation::near(Table const & table, cRef<gCodeElem> const & ce, b
   if (!candidate)
     return false;
   gSrcFile const & file = ce->loc.file();
-  int const line = ce->loc.line(), other = candidate->first;
+  int const line = ce->loc.line(), other = candidate->place.line;
   if (blocked(gNamedUnits, file, line, other, before) ||
       (comment && blocked(gUnnamedUnits, file, line, other, before)) ||
       blocked(gCodeElems, file, line, other, before))
     return false;
-  return take(*candidate->second, ce, rank);
+  return take(*candidate->object, ce, rank);
 }
 
 bool LiteralAssociation::named(cRef<gCodeElem> const & ce, int first, int end, int rank) {
   auto const * map = gNamedUnits.map_of(ce->loc.file());
   if (!map)
     return false;
-  for (auto const & [line, unit] : *map) {
-    if (line >= first && line < end && names_match(*ce, *unit) && take(*unit, ce, rank))
+  for (auto const & [place, unit] : *map) {
+    if (place.line >= first && place.line < end && names_match(*ce, *unit) && take(*unit, ce, rank))
       return true;
   }
   return false;

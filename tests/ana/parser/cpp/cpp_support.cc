@@ -60,11 +60,11 @@ std::string results() {
   std::string out;
   if (auto const * elements = gCodeElems.map_of(source_file()))
     for (auto const & entry : *elements)
-      out += element_line(*entry.second);
+      out += element_line(*entry.object);
   if (auto const * comments = gComments.map_of(source_file()))
     for (auto const & entry : *comments)
-      out += "comment " + std::to_string(entry.first) + "-" +
-             std::to_string(entry.second->last_line()) + "\n";
+      out += "comment " + std::to_string(entry.place.line) + "-" +
+             std::to_string(entry.object->last_line()) + "\n";
   for (auto const & entry : gCppClasses)
     if (!entry.value->entries.empty())
       out += "class " + entry.key + " <" + entry.value->make_string() + ">\n";

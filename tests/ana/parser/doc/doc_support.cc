@@ -195,7 +195,7 @@ std::string table_text() {
   std::string result;
   for (auto * table : {&gNamedUnits, &gUnnamedUnits})
     for (auto const & entry : *table)
-      for (auto const & [line, unit] : *entry.value)
+      for (auto const & [place, unit] : *entry.value)
         result += unit_text(*unit);
   for (auto const & entry : gCitations)
     result += "citation " + entry.key + ": " + std::to_string(entry.value->first_line()) + "-" +

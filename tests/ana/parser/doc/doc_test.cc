@@ -39,7 +39,7 @@ std::string last_of(std::vector<std::string> texts) {
   }
   std::string result;
   for (auto const & entry : gUnnamedUnits)
-    for (auto const & [line, unit] : *entry.value)
+    for (auto const & [place, unit] : *entry.value)
       for (auto const & subentry : unit->subentries())
         result += *subentry.name + ": " + show(subentry.text) + "\n";
   return result + world.outside.report_text();

@@ -16,13 +16,13 @@ gSrcFile source_file() {
 std::string results() {
   std::ostringstream out;
   if (auto const * elements = gCodeElems.map_of(source_file()))
-    for (auto const & [line, element] : *elements)
-      out << line << " " << unit_type_name(element->type) << " " << element->name() << " "
+    for (auto const & [place, element] : *elements)
+      out << place.line << " " << unit_type_name(element->type) << " " << element->name() << " "
           << element->visibility << " [" << element->decl << "]"
           << (element->heritage.empty() ? "" : " <" + element->heritage + ">") << "\n";
   if (auto const * comments = gComments.map_of(source_file()))
-    for (auto const & [line, comment] : *comments)
-      out << "comment " << line << "-" << comment->last_line() << "\n";
+    for (auto const & [place, comment] : *comments)
+      out << "comment " << place.line << "-" << comment->last_line() << "\n";
   for (auto const & entry : gPasClasses)
     out << "class " << entry.key << " <" << entry.value->make_string() << ">\n";
   return out.str();
