@@ -100,7 +100,7 @@ bool ana_open_log() {
   Msg::log.reset_suppressed();
   Msg::log.suppress(suppressed_numbers());
   Msg::log.reset_counts();
-  Msg::log.err_max = Vapp::option_int("msg/err_max", 0);
+  Msg::log.err_max = Vapp::option_int("msg/err_max");
   Msg::log.minlvl_disp(Msg::all);
   Msg::log.minlvl_file(Msg::all);
   gPathstring path = Vapp::option_path("out_dir");
@@ -110,8 +110,8 @@ bool ana_open_log() {
   Msg::log(Msg::status) << std::endl;
   Msg::log.put_time();
   Msg::log(Msg::status) << std::endl;
-  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp", 0)));
-  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file", 0)));
+  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp")));
+  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file")));
   if (!opened)
     Msg::log(Msg::cannot_write, path);
   return opened;

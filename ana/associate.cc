@@ -15,15 +15,11 @@
 
 namespace {
 
-// Numbers from a vector of options; positions that it doesn't have stay 0.
-std::array<int, 8> read_numbers(std::string_view path) {
+// Positions that the list doesn't have stay 0.
+std::array<int, 8> read_numbers(Vapp::gNumbersName name) {
+  std::vector<int> const list = Vapp::numbers_in(Vapp::options, name.row());
   std::array<int, 8> numbers{};
-  cRef<cObj> const vector = Vapp::option(path);
-  if (!vector)
-    return numbers;
-  std::size_t i = 0;
-  for (cIterObj it = vector->begin(); it.valid() && i < numbers.size(); it++)
-    cat::read(it.valref(), numbers[i++]);
+  std::copy_n(list.begin(), std::min(list.size(), numbers.size()), numbers.begin());
   return numbers;
 }
 
@@ -65,10 +61,10 @@ gAllocOptions gAllocOptions::read() {
   gAllocOptions options;
   options.order = read_numbers("ana/alloc/order");
   options.prio = read_numbers("ana/alloc/prio");
-  options.gen_unit = Vapp::option_int("ana/alloc/gen_unit", 11);
-  options.gen_private = Vapp::option_bool("ana/alloc/gen_private", false);
-  options.gen_static = Vapp::option_bool("ana/alloc/gen_static", false);
-  options.gen_extern = Vapp::option_bool("ana/alloc/gen_extern", false);
+  options.gen_unit = Vapp::option_int("ana/alloc/gen_unit");
+  options.gen_private = Vapp::option_bool("ana/alloc/gen_private");
+  options.gen_static = Vapp::option_bool("ana/alloc/gen_static");
+  options.gen_extern = Vapp::option_bool("ana/alloc/gen_extern");
   return options;
 }
 

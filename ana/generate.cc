@@ -18,7 +18,7 @@ void compile(gCmdSeq & commands) {
   gPathstring const input_dir = Vapp::option_path("inputcurdir");
   if (gFileSystem::dir_exists(input_dir))
     state->cur_dir = input_dir;
-  state->miss_output = Vapp::option_bool("ana/alloc/miss_output", true);
+  state->miss_output = Vapp::option_bool("ana/alloc/miss_output");
   commands.execute(state);
 }
 

@@ -33,7 +33,7 @@ private:
   ppre_scan pascal_{scanner_size};
   int number_ = 0;
   bool write_failed_ = false;
-  bool foreign_tags_ = Vapp::option_bool("ana/foreign_tags", false);
+  bool foreign_tags_ = Vapp::option_bool("ana/foreign_tags");
 };
 
 // Reports a fault in the environment; the next file is taken.

@@ -158,7 +158,7 @@ gPathstring log_path() {
 
 gConversion::gConversion(std::string const & target)
     : target_(target),
-      folder_(Vapp::option_path(target + "/out_dir")),
+      folder_(option_path("out_dir")),
       work_(folder_.normalize(true) + new_suffix) {}
 
 gConversion::~gConversion() {
@@ -181,7 +181,7 @@ bool gConversion::start() {
       Msg::log(Msg::no_text_unit, code);
     return false;
   }
-  return rules_.load(Vapp::option_path(target_ + "/cur_vlt"));
+  return rules_.load(option_path("cur_vlt"));
 }
 
 std::string gConversion::title() const {
@@ -189,16 +189,24 @@ std::string gConversion::title() const {
   return title.empty() ? document_.name : title;
 }
 
-int gConversion::option_int(std::string_view key, int fallback) const {
-  return Vapp::option_int(target_ + "/" + std::string(key), fallback);
+int gConversion::option_int(std::string_view key) const {
+  Vapp::gOptionRow const * row = Vapp::gNumberName::find(target_ + "/" + std::string(key));
+  return row ? Vapp::number_in(Vapp::options, *row) : 0;
 }
 
-bool gConversion::option_bool(std::string_view key, bool fallback) const {
-  return Vapp::option_bool(target_ + "/" + std::string(key), fallback);
+bool gConversion::option_bool(std::string_view key) const {
+  Vapp::gOptionRow const * row = Vapp::gFlagName::find(target_ + "/" + std::string(key));
+  return row && Vapp::flag_in(Vapp::options, *row);
 }
 
-std::string gConversion::option_string(std::string_view key, std::string const & fallback) const {
-  return Vapp::option_string(target_ + "/" + std::string(key), fallback);
+gString gConversion::option_string(std::string_view key) const {
+  Vapp::gOptionRow const * row = Vapp::gTextName::find(target_ + "/" + std::string(key));
+  return row ? Vapp::text_in(Vapp::options, *row) : gString();
+}
+
+gPathstring gConversion::option_path(std::string_view key) const {
+  std::string text = option_string(key);
+  return gPathstring(Vapp::make_absolute_vlp(text));
 }
 
 gPathstring gConversion::place_for(std::string const & name) {
@@ -263,12 +271,12 @@ void Conv::open_log() {
   Msg::log.err_max = 0;
   gPathstring const path = log_path();
   bool const opened = Msg::log.open_logfile(path);
-  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp", 0)));
-  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file", 0)));
+  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp")));
+  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file")));
   if (!opened)
     Msg::log(Msg::cannot_write, path);
   // From here on the error that reaches the limit is thrown, which only a worker catches.
-  Msg::log.err_max = Vapp::option_int("msg/err_max", 0);
+  Msg::log.err_max = Vapp::option_int("msg/err_max");
 }
 
 void Conv::run(std::string const & target, bool (*work)(gConversion &)) {

@@ -42,9 +42,10 @@ public:
   std::string const & target() const { return target_; }
   std::string title() const; // `atc_title`, else the document's name
   // Options of the target.
-  int option_int(std::string_view key, int fallback) const;
-  bool option_bool(std::string_view key, bool fallback) const;
-  std::string option_string(std::string_view key, std::string const & fallback = {}) const;
+  int option_int(std::string_view key) const;
+  bool option_bool(std::string_view key) const;
+  gString option_string(std::string_view key) const;
+  gPathstring option_path(std::string_view key) const;
 
   // Writes a file of the result; `name` is relative and may have folders. Throws gExcUserBreak if
   // the user asked for a stop; gExcConversion, after a report, if the file can't be written.

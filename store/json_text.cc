@@ -86,8 +86,11 @@ bool shape_like(cRef<cObj> const & value, cRef<cObj> const & like, cRef<cObj> & 
     return shape_map(*from, *like, out, reason);
   if (same && &like->type() == &cat::type_vector())
     return shape_vector(*from, *like, out, reason);
+  // The store turns true into 1, which nobody means who writes it.
+  bool const flag_for_number =
+      &from->type() == &cat::type_bool() && &like->type() == &cat::type_int();
   cRef<cObj> const shaped = cat::new_of(like->type());
-  if (shaped->map() || !shaped->convert(*from)) {
+  if (flag_for_number || shaped->map() || !shaped->convert(*from)) {
     reason = "a value of the type " + from->type().name() + " where " + like->type().name() +
              " is wanted";
     return false;
@@ -105,6 +108,10 @@ bool from_json(std::string const & text, cRef<cObj> const & like, cRef<cObj> & o
   cJsonResult const json = read_json(text, cJsonForm::plain);
   if (shape_like(json.value ? json.value : cat::make(text), like, out, reason))
     return true;
+  if (!json.value && is_number(text)) {
+    reason = json.reason;
+    return false;
+  }
   bool const meant_as_json = trimmed(text).find_first_of("{[\"") == 0;
   if (!json.value && meant_as_json)
     reason += " (read as JSON: " + json.reason + ")";

@@ -17,8 +17,8 @@ bool is_refined(gString const & own, gString const & code) {
 // True if the code's value counts.
 bool gDocUnit::report_difference(gMessage const & message, gString const & own,
                                  gString const & code) {
-  bool const adopt = Vapp::option_bool("ana/alloc/diffattr_code", true);
-  if (!Vapp::option_bool("ana/alloc/diffattr_err", true))
+  bool const adopt = Vapp::option_bool("ana/alloc/diffattr_code");
+  if (!Vapp::option_bool("ana/alloc/diffattr_err"))
     return adopt;
   Msg::log(message, own, loc_.make_string());
   if (adopt)
@@ -57,7 +57,7 @@ void gDocUnit::update_from_code() {
 
 void gSyntUnit::check() const {
   gString const where = loc().make_string();
-  if (!code_elem() && Vapp::option_bool("ana/alloc/miss_warn", true))
+  if (!code_elem() && Vapp::option_bool("ana/alloc/miss_warn"))
     Msg::log(Msg::no_code_element, name(), where);
   gString const & type = get_attr("UNITTYPE");
   for (gSubEntries::Entry const & entry : subentries())

@@ -161,8 +161,8 @@ gString gDocUnit::citation_text(gString const & name) const {
   if (citation->state() == gCitation::end_of_file)
     Msg::log(Msg::citation_end_of_file, name, loc_.make_string());
   gSubText text(citation->text());
-  int const tab_width = Vapp::option_int("ana/tab_width", 4);
+  int const tab_width = Vapp::option_int("ana/tab_width");
   text.strip_indent(text.common_indent(tab_width), tab_width);
-  text.add_indent(Vapp::option_int("ana/verb_indent", 4));
+  text.add_indent(Vapp::option_int("ana/verb_indent"));
   return Vlb::escape_atc(text.make_string(""));
 }

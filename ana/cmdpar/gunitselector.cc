@@ -138,7 +138,7 @@ bool gUnitSelector::passes(gDocUnit const & unit, gOutState const & state) {
 }
 
 std::vector<cRef<gDocUnit>> gUnitSelector::select(gOutState & state) {
-  state.miss_output = Vapp::option_bool("ana/alloc/miss_output", state.miss_output);
+  state.miss_output = Vapp::option_bool("ana/alloc/miss_output");
   collect_units();
   compile_filters(state);
   std::vector<cRef<gDocUnit>> selected;

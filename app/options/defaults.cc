@@ -1,61 +1,16 @@
-// Tables of keys and values, one line a key.
+// The rows tell the plain options; what has records of its own is made here.
 #include "app/options/defaults.h"
 
-#include "app/options/settings.h"
+#include "app/options/option_rows.h"
 #include "store/ctypeobj.h"
 
 namespace {
 
-void project_frame(cMapObj & options) {
-  options["inputcurdir"] = cat::make("");
-  options["inputfiles"] = make_ref<cMapObj>();
-  options["vls_file"] = cat::make("");
-  options["out_dir"] = cat::make("");
-  options["indexsubst"] = cat::make("~");
-  options["cppmacros"] = make_ref<cMapObj>();
-}
-
-void analysis(cMapObj & ana) {
-  ana["auto_enum"] = cat::make(true);
-  ana["auto_num"] = cat::make(true);
-  ana["start_on_par"] = cat::make(true);
-  ana["tab_width"] = cat::make(4);
-  ana["verb_indent"] = cat::make(4);
-  ana["cpp_line"] = cat::make("/*-+=");
-  ana["cpp_frame"] = cat::make("/*|");
-  ana["cpp_ext"] = cat::make("c; cpp; cxx; h; hpp; hxx");
-  ana["pas_line"] = cat::make("*-+=");
-  ana["pas_frame"] = cat::make("/*|");
-  ana["pas_ext"] = cat::make("p; pas");
-  ana["spt_2star"] = cat::make(false);
-  ana["spt_3slash"] = cat::make(false);
-}
-
-cRef<cObj> vector_of(std::initializer_list<int> numbers) {
-  auto vector = make_ref<cVectorObj>();
-  for (int number : numbers)
-    vector->append(cat::make(number));
-  return vector;
-}
-
-void association(cMapObj & alloc) {
-  alloc["order"] = vector_of({5, 6, 3, 4, 7, 8, 1, 2});
-  alloc["prio"] = vector_of({4, 4, 3, 3, 2, 1, 0, 0});
-  alloc["miss_warn"] = cat::make(true);
-  alloc["miss_output"] = cat::make(true);
-  alloc["diffattr_code"] = cat::make(true);
-  alloc["diffattr_err"] = cat::make(true);
-  alloc["gen_unit"] = cat::make(11); // class, function, method
-  alloc["gen_private"] = cat::make(false);
-  alloc["gen_static"] = cat::make(false);
-  alloc["gen_extern"] = cat::make(false);
-}
-
-void messages(cMapObj & msg) {
-  msg["err_max"] = cat::make(0);
-  msg["lvl_disp"] = cat::make(0);
-  msg["lvl_file"] = cat::make(0);
-  msg["suppress"] = cat::make("");
+// The entries that a tree has from the start, in the order of the rows.
+void standard_entries(cMapObj & options, Vapp::gOptionTree tree) {
+  for (Vapp::gOptionRow const & row : Vapp::option_rows())
+    if (row.tree == tree && row.origin == Vapp::gOptionOrigin::standard)
+      Vapp::holder_of(options, row).set(Vapp::key_of(row), Vapp::default_of(row));
 }
 
 struct AttributeValue {
@@ -94,38 +49,6 @@ void attributes(cMapObj & attr) {
              {"undefined", ""}});
   attribute(attr, "VIRTUALITY", "Virtuality of methods",
             {{"virtual", "virtual"}, {"nonvirtual", ""}, {"undefined", ""}});
-}
-
-// A path with its flag "use the default".
-void ini_path(cMapObj & target, std::string const & key, char const * name) {
-  target[key] = cat::make(Vapp::ini_dir().append(name));
-  target[key + "_default"] = cat::make(true);
-}
-
-void rtf_target(cMapObj & rtf) {
-  rtf["indexsep"] = cat::make("\\:");
-  ini_path(rtf, "vlt", "rtf.vlt");
-  ini_path(rtf, "style", "rtfstyle.rtf");
-}
-
-void help_target(cMapObj & hlp) {
-  hlp["splitlevel"] = cat::make(2);
-  hlp["simpleindex"] = cat::make(false);
-  hlp["indexsep"] = cat::make(":");
-  hlp["hieratounit"] = cat::make(false);
-  ini_path(hlp, "vlt", "hlp.vlt");
-  ini_path(hlp, "style", "hlpstyle.rtf");
-  ini_path(hlp, "hpj", "hlp.hpj");
-  hlp["hm_create"] = cat::make(false);
-  hlp["hm_newfile"] = cat::make("");
-  hlp["hid_base"] = cat::make(0x80000);
-  hlp["hm_files"] = make_ref<cVectorObj>();
-}
-
-void html_target(cMapObj & htm) {
-  htm["splitlevel"] = cat::make(2);
-  ini_path(htm, "vlt", "htm.vlt");
-  ini_path(htm, "helpers_dir", "htm_helpers");
 }
 
 struct KeywordRow {
@@ -181,38 +104,26 @@ void Vapp::restore_wrong_types(cMapObj & options) {
 }
 
 void Vapp::build_defaults(cMapObj & options) {
-  project_frame(options);
-  analysis(options.submap("ana"));
-  association(options.submap("ana").submap("alloc"));
-  messages(options.submap("msg"));
+  standard_entries(options, gOptionTree::project);
   attributes(options.submap("attr"));
-  rtf_target(options.submap("rtf"));
-  help_target(options.submap("hlp"));
-  html_target(options.submap("htm"));
 }
 
 void Vapp::drop_default_paths(cMapObj & options) {
-  cMapObj defaults;
-  build_defaults(defaults);
-  for (char const * target : {"rtf", "hlp", "htm"}) {
-    cMapObj & stored = options.submap(target);
-    cRef<cObj> const standard = defaults.at(target);
-    for (cIterObj it = standard->begin(); it.valid(); it++) {
-      bool use_default = false;
-      std::string const key = it.key_as_string();
-      cat::read(stored.at(key + "_default"), use_default);
-      if (use_default && stored.at(key) && stored.at(key)->equal(*it))
-        stored.erase(key);
-    }
+  for (gOptionRow const & row : option_rows()) {
+    if (row.type != gOptionType::shipped)
+      continue;
+    bool use_default = false;
+    cMapObj & target = holder_of(options, row);
+    std::string const key(key_of(row));
+    cat::read(target.at(key + "_default"), use_default);
+    cRef<cObj> const path = target.at(key);
+    if (use_default && path && path->equal(*default_of(row)))
+      target.erase(key);
   }
 }
 
 void Vapp::build_ini_defaults(cMapObj & options_ini) {
-  options_ini["vlp_last"] = cat::make(true);
-  options_ini["warn_outdir"] = cat::make(true);
-  options_ini["htmhelp"] = cat::make(false);
-  options_ini["srclink_editor_cmd"] = cat::make("notepad.exe");
-  options_ini["srclink_editor_args"] = cat::make("$file");
+  standard_entries(options_ini, gOptionTree::settings);
 }
 
 cRef<cMapObj> Vapp::default_unit_config(std::string_view unit_type) {

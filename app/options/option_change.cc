@@ -5,7 +5,7 @@
 #include <unordered_set>
 
 #include "app/options/attributes.h"
-#include "app/options/number_rules.h"
+#include "app/options/option_limits.h"
 #include "app/options/pattern_rules.h"
 #include "app/options/unitconfig_rules.h"
 #include "store/json_text.h"
@@ -258,7 +258,7 @@ gCheck check_change(cObj const & before, cObj const & after) {
   using Rules = gCheck (*)(cObj const &, cObj const &);
   constexpr Rules rules[] = {check_attributes, check_removed_values, check_unit_patterns,
                              check_subentries, check_config,         check_macros,
-                             check_groups,     check_numbers};
+                             check_groups,     check_limits};
   for (Rules rule : rules)
     if (gCheck const refusal = rule(before, after))
       return refusal;

@@ -1,6 +1,7 @@
 #include "app/options/option_schema.h"
 
 #include "app/options/defaults.h"
+#include "app/options/option_rows.h"
 
 namespace Vapp {
 
@@ -57,19 +58,28 @@ cRef<cMapObj> subentry_record() {
   return record;
 }
 
-// What a run and the conversions leave in the tree for others.
-void add_derived(cMapObj & schema) {
-  for (char const * key : {"atc_title", "atc_file", "target"})
-    schema[key] = cat::make("");
-  for (char const * target : {"rtf", "hlp", "htm"}) {
-    cMapObj & map = schema.submap(target);
-    for (char const * key : {"out_dir", "cur_vlt"})
-      map.set(key, cat::make(""));
-  }
-  schema["htm"]["cur_helpers_dir"] = cat::make("");
-  schema["rtf"]["cur_style"] = cat::make("");
-  schema["hlp"]["cur_style"] = cat::make("");
-  schema["hlp"]["cur_hpj"] = cat::make("");
+// Options with entries of their own kind; null for all others.
+cRef<cObj> example_of_map(std::string_view path) {
+  if (path == "inputfiles")
+    return any_key(file_group());
+  if (path == "attr")
+    return any_key(attribute_record());
+  if (path == "cppmacros")
+    return any_key(cat::make(gCppMacro()));
+  if (path == "unitconfig")
+    return any_key(any_key(cat::make(0)));
+  if (path == "ana/srcpat_unit")
+    return any_key(pattern_record());
+  if (path == "ana/srcpat_subentry")
+    return any_key(subentry_record());
+  return nullptr;
+}
+
+cRef<cObj> example_of(gOptionRow const & row) {
+  if (row.type == gOptionType::texts)
+    return any_element(cat::make(""));
+  cRef<cObj> const map = example_of_map(row.path);
+  return map ? map : default_of(row);
 }
 
 template <class Fill> void for_each_record(cRef<cObj> const & records, Fill const & fill) {
@@ -94,17 +104,9 @@ void fill_macro(cObj & object, std::string const & name) {
 
 cRef<cMapObj> option_schema() {
   auto schema = make_ref<cMapObj>();
-  build_defaults(*schema);
-  schema->set("inputfiles", any_key(file_group()));
-  schema->set("attr", any_key(attribute_record()));
-  schema->set("cppmacros", any_key(cat::make(gCppMacro())));
-  schema->set("unitconfig", any_key(any_key(cat::make(0))));
-  // Off where it is left out.
-  (*schema)["ana"]["foreign_tags"] = cat::make(false);
-  (*schema)["ana"]["srcpat_unit"] = any_key(pattern_record());
-  (*schema)["ana"]["srcpat_subentry"] = any_key(subentry_record());
-  (*schema)["hlp"]["hm_files"] = any_element(cat::make(""));
-  add_derived(*schema);
+  for (gOptionRow const & row : option_rows())
+    if (row.tree == gOptionTree::project)
+      holder_of(*schema, row).set(key_of(row), example_of(row));
   return schema;
 }
 

@@ -100,20 +100,24 @@ cRef<cObj> option(std::initializer_list<std::string_view> keys) {
   return at;
 }
 
-bool option_bool(std::string_view path, bool fallback) {
-  cat::read(option(path), fallback);
-  return fallback;
+namespace {
+
+cMapObj const & tree_of(gOptionRow const & row) {
+  return row.tree == gOptionTree::settings ? options_ini : options;
 }
 
-int option_int(std::string_view path, int fallback) {
-  cat::read(option(path), fallback);
-  return fallback;
+} // namespace
+
+bool option_bool(gFlagName name) {
+  return flag_in(tree_of(name.row()), name.row());
 }
 
-gString option_string(std::string_view path, gString const & fallback) {
-  gString text = fallback;
-  cat::read(option(path), text);
-  return text;
+int option_int(gNumberName name) {
+  return number_in(tree_of(name.row()), name.row());
+}
+
+gString option_string(gTextName name) {
+  return text_in(tree_of(name.row()), name.row());
 }
 
 int unit_config(std::string_view unit_type, std::string_view subentry) {
@@ -131,8 +135,8 @@ std::string & make_absolute_vlp(std::string & path) {
   return path = std::move(absolute);
 }
 
-gPathstring option_path(std::string_view path) {
-  std::string text = option_string(path);
+gPathstring option_path(gTextName name) {
+  std::string text = option_string(name);
   return gPathstring(make_absolute_vlp(text));
 }
 

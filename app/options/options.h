@@ -4,6 +4,7 @@
 #include <atomic>
 #include <set>
 
+#include "app/options/option_rows.h"
 #include "store/cmapobj.h"
 #include "vlb/gpathstring.h"
 #include "vlb/gstrlist.h"
@@ -32,10 +33,11 @@ cRef<cObj> option(std::string_view path);
 // The same with keys of any form.
 cRef<cObj> option(std::initializer_list<std::string_view> keys);
 
-// Values with a fallback for what is missing or of the wrong type.
-bool option_bool(std::string_view path, bool fallback);
-int option_int(std::string_view path, int fallback);
-gString option_string(std::string_view path, gString const & fallback = gString());
+// Values of the trees by their rows; the default of the row for what is missing or of the wrong
+// type.
+bool option_bool(gFlagName name);
+int option_int(gNumberName name);
+gString option_string(gTextName name);
 
 // The digits of unitconfig for a unit type and a subentry; -1 if the subentry isn't permitted.
 int unit_config(std::string_view unit_type, std::string_view subentry);
@@ -52,6 +54,6 @@ inline bool config_verbatim(int digits) {
 // Makes a stored path absolute against the folder of the project file; returns its argument.
 std::string & make_absolute_vlp(std::string & path);
 // The same for the path under an option, as a path.
-gPathstring option_path(std::string_view path);
+gPathstring option_path(gTextName name);
 
 } // namespace Vapp

@@ -1,14 +1,18 @@
 // A change is made in a copy of the tree, which becomes the project when all rules hold.
 #include "app/options/set_option.h"
 
+#include <algorithm>
+
 #include "app/options/attributes.h"
 #include "app/options/completion.h"
 #include "app/options/defaults.h"
 #include "app/options/option_change.h"
+#include "app/options/option_rows.h"
 #include "app/options/option_schema.h"
 #include "app/options/options.h"
 #include "store/cerr.h"
 #include "store/json_text.h"
+#include "vlb/nearest.h"
 
 namespace Vapp {
 
@@ -48,6 +52,31 @@ std::string key_names(cObj const & map) {
   return join(names);
 }
 
+std::string joined(Path const & path) {
+  std::string text;
+  for (std::string const & key : path)
+    text += (text.empty() ? "" : "/") + key;
+  return text;
+}
+
+// What may have been meant: another key beside it, or an option elsewhere that ends in such a key.
+std::string near_path(cObj const & map, Path const & known, std::string const & key) {
+  std::vector<std::string> names;
+  for (cIterObj it = map.begin(); it.valid(); it++)
+    names.push_back(it.key_as_string());
+  if (std::string const near = Vlb::nearest(key, names); !near.empty()) {
+    Path path = known;
+    path.push_back(near);
+    return joined(path);
+  }
+  names.clear();
+  for (gOptionRow const & row : option_rows())
+    names.emplace_back(row.tree == gOptionTree::project ? key_of(row) : "");
+  std::string const near = Vlb::nearest(key, names);
+  auto const found = std::ranges::find(names, near);
+  return near.empty() ? "" : std::string(option_rows()[found - names.begin()].path);
+}
+
 // Tells how far the path is known, and what could follow.
 std::string unknown_key(cObj const & schema, Path const & path) {
   Path known;
@@ -60,7 +89,10 @@ std::string unknown_key(cObj const & schema, Path const & path) {
   known.pop_back();
   cRef<cObj> const parent = schema_at(schema, known);
   cObj const & map = parent ? *parent : schema;
-  return "unknown key \"" + key + "\"" +
+  std::string const text = "unknown key \"" + key + "\"";
+  if (std::string const near = near_path(map, known, key); !near.empty())
+    return text + "; did you mean \"" + near + "\"?";
+  return text +
          (map.size() > 0 ? "; known keys are " + key_names(map) : "; there is nothing below it");
 }
 

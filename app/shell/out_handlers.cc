@@ -3,7 +3,7 @@
 
 #include "app/shell/out_handlers.h"
 
-#include "app/options/settings.h"
+#include "app/options/options.h"
 #include "app/shell/facts.h"
 #include "app/shell/worker.h"
 #include "conv/conversion.h"
@@ -11,28 +11,24 @@
 
 namespace {
 
-void set_option(char const * target, std::string const & key, cRef<cObj> const & value) {
+void set_option(std::string const & target, std::string const & key, cRef<cObj> const & value) {
   Vapp::options.submap(target).set(key, value);
-}
-
-std::string option_key(char const * target, std::string const & key) {
-  return std::string(target) + "/" + key;
 }
 
 void set_output_folder(char const * target) {
   gPathstring folder = Vapp::option_path("out_dir");
-  folder.append(Vapp::option_string("target"));
+  folder.append(target);
   set_option(target, "out_dir", cat::make(folder));
 }
 
 } // namespace
 
-void gVappOutHandler::resolve(char const * key, char const * default_file) const {
-  bool const use_default =
-      Vapp::option_bool(option_key(target(), std::string(key) + "_default"), false);
-  gPathstring const path = use_default ? Vapp::ini_dir().append(default_file)
-                                       : Vapp::option_path(option_key(target(), key));
-  set_option(target(), std::string("cur_") + key, cat::make(path));
+void gVappOutHandler::resolve(std::string const & key) const {
+  std::string const path = std::string(target()) + "/" + key;
+  Vapp::gOptionRow const & row = *Vapp::find_row(path);
+  bool const use_default = Vapp::flag_in(Vapp::options, *Vapp::find_row(path + "_default"));
+  std::string file = cat::as_string(use_default ? default_of(row) : entry_of(Vapp::options, row));
+  set_option(target(), "cur_" + key, cat::make(Vapp::make_absolute_vlp(file)));
 }
 
 int gVappOutHandler::OnCommand() {
@@ -55,12 +51,8 @@ gVappOutHandler::gConverter gOutHTML::converter() const {
 }
 
 void gOutHTML::resolve_files() const {
-  resolve("vlt", "htm.vlt");
-  // A folder of the user's own is passed on as it was written.
-  bool const use_default = Vapp::option_bool("htm/helpers_dir_default", false);
-  set_option("htm", "cur_helpers_dir",
-             cat::make(use_default ? gString(Vapp::ini_dir().append("htm_helpers"))
-                                   : Vapp::option_string("htm/helpers_dir")));
+  resolve("vlt");
+  resolve("helpers_dir");
 }
 
 gVappOutHandler::gConverter gOutRTF::converter() const {
@@ -68,8 +60,8 @@ gVappOutHandler::gConverter gOutRTF::converter() const {
 }
 
 void gOutRTF::resolve_files() const {
-  resolve("vlt", "rtf.vlt");
-  resolve("style", "rtfstyle.rtf");
+  resolve("vlt");
+  resolve("style");
 }
 
 gVappOutHandler::gConverter gOutHLP::converter() const {
@@ -77,9 +69,9 @@ gVappOutHandler::gConverter gOutHLP::converter() const {
 }
 
 void gOutHLP::resolve_files() const {
-  resolve("vlt", "hlp.vlt");
-  resolve("style", "hlpstyle.rtf");
-  resolve("hpj", "hlp.hpj");
+  resolve("vlt");
+  resolve("style");
+  resolve("hpj");
 }
 
 int gOutBreakHandler::OnCommand() {

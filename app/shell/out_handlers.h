@@ -21,7 +21,7 @@ protected:
 
   // Sets "cur_" + key of the target: the default, a file of the ini folder, if the user wants that,
   // else the path under the key, absolute.
-  void resolve(char const * key, char const * default_file) const;
+  void resolve(std::string const & key) const;
 };
 
 class gOutHTML : public gVappOutHandler {

@@ -48,9 +48,7 @@ gHtmSetter::gHtmSetter(gSite & site, gColours const & colours)
     : gSetter(site.document, site.rules),
       site_(site),
       colours_(colours) {
-  gString scheme;
-  if (cat::read(Vapp::options_ini.at("srclink_editor_scheme"), scheme))
-    editor_ = scheme;
+  editor_ = Vapp::option_string("srclink_editor_scheme");
   name_entries();
 }
 

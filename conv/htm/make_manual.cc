@@ -5,12 +5,20 @@
 #include "conv/htm/source_pages.h"
 #include "conv/htm/unit_pages.h"
 #include "vlb/folder.h"
+#include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
 
 namespace {
 
-// The style sheet, the script, and whatever else lies in the folder.
+// The style sheet, the script, and whatever else lies in the folder. Without them the pages would
+// be bare, so a folder that can't be read is a fault.
 bool copy_helpers(gConversion & conversion) {
-  gPathstring const folder = conversion.option_string("cur_helpers_dir");
+  gPathstring const folder = conversion.option_path("cur_helpers_dir");
+  if (!gFileSystem::dir_exists(folder)) {
+    Msg::log(Msg::cannot_read, folder);
+    return false;
+  }
   bool copied = true;
   for (Vlb::FolderEntry const & entry : Vlb::read_folder(folder))
     if (!entry.hidden() && Vlb::leads_to_file(folder, entry))
@@ -22,7 +30,7 @@ bool copy_helpers(gConversion & conversion) {
 
 void write_site(gConversion & conversion) {
   gSite site(conversion.document(), conversion.rules(), conversion.title(),
-             conversion.option_int("splitlevel", 2));
+             conversion.option_int("splitlevel"));
   gColours const colours(conversion.rules());
   gContents const contents(site);
   gNavigation const navigation(site, contents);
@@ -35,8 +43,8 @@ void write_site(gConversion & conversion) {
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);
   Index::write(writer, site, navigation, units.setter(),
-               Index::keys_of(site.document, Vapp::option_string("indexsubst", "~")),
-               conversion.option_bool("simpleindex", false));
+               Index::keys_of(site.document, Vapp::option_string("indexsubst")),
+               conversion.option_bool("simpleindex"));
   search.write(conversion);
   gSourcePages(site, colours, navigation).write(conversion, writer);
 }

@@ -54,7 +54,7 @@ std::string quotable(std::string text) {
 
 // Where the generated map file belongs; empty without one.
 gPathstring map_path(gConversion const & conversion) {
-  if (!conversion.option_bool("hm_create", false))
+  if (!conversion.option_bool("hm_create"))
     return {};
   if (conversion.option_string("hm_newfile").empty()) {
     Msg::log(Msg::no_map_name);
@@ -68,8 +68,7 @@ public:
   explicit gHelpWriter(gConversion & conversion)
       : conversion_(conversion),
         rules_(conversion.rules()),
-        keywords_(conversion.option_string("indexsep", ":"),
-                  Vapp::option_string("indexsubst", "~")),
+        keywords_(conversion.option_string("indexsep"), Vapp::option_string("indexsubst")),
         name_(base_name(conversion.document().name)),
         title_(quotable(Help::line(conversion.title()))) {}
 
@@ -171,8 +170,7 @@ private:
     std::vector<std::string> names = topics.help_ids();
     for (auto const & [name, context] : topics.aliases())
       names.push_back(name);
-    auto const base =
-        static_cast<std::uint32_t>(std::max(0, conversion_.option_int("hid_base", 0x80000)));
+    auto const base = static_cast<std::uint32_t>(std::max(0, conversion_.option_int("hid_base")));
     Help::gNumbers const numbers = Help::number(names, Help::read_map(before), others_, base);
     std::set<std::pair<std::uint32_t, std::string_view>> by_number;
     for (auto const & [name, number] : numbers)

@@ -26,7 +26,7 @@ std::string gRtfDocument::index() const {
                    items);
     keys.clear();
   };
-  for (gIndexKey const & key : Index::keys_of(document_, Vapp::option_string("indexsubst", "~"))) {
+  for (gIndexKey const & key : Index::keys_of(document_, Vapp::option_string("indexsubst"))) {
     if (key.letter != letter)
       end_letter();
     letter = key.letter;

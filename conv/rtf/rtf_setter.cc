@@ -34,8 +34,8 @@ gRtfSetter::gRtfSetter(gDocument const & document, gVltRules const & rules, gKin
       font_size_(font_size),
       list_indent_(std::clamp(Rtf::number_in(rules.setting("list_indent"), 360), 0, widest_step)),
       step_indent_(std::clamp(Rtf::number_in(rules.setting("step_indent"), 360), 0, widest_step)),
-      index_separator_(Vapp::option_string("rtf/indexsep", "\\:")),
-      place_holder_(Vapp::option_string("indexsubst", "~")) {}
+      index_separator_(Vapp::option_string("rtf/indexsep")),
+      place_holder_(Vapp::option_string("indexsubst")) {}
 
 void gRtfSetter::begin_unit(int unit, int level) {
   set_unit(unit);

@@ -27,10 +27,10 @@ gStrList doc_parse_base::item(List & list, gStrList text) {
 }
 
 gStrList doc_parse_base::verbatim(gStrList text) {
-  int const tab_width = Vapp::option_int("ana/tab_width", 4);
+  int const tab_width = Vapp::option_int("ana/tab_width");
   gSubText lines(std::move(text));
   lines.strip_indent(lines.common_indent(tab_width), tab_width);
-  lines.add_indent(Vapp::option_int("ana/verb_indent", 4));
+  lines.add_indent(Vapp::option_int("ana/verb_indent"));
   gStrList pieces(piece("@b_verbatim\n"));
   pieces.append(std::move(lines));
   pieces.push_back(piece("\n@e_verbatim\n"));

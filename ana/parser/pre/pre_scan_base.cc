@@ -38,8 +38,8 @@ int gPreScanBase::wrap() {
 }
 
 void gPreScanBase::load_options() {
-  spt_2star_ = Vapp::option_bool("ana/spt_2star", false);
-  spt_3slash_ = Vapp::option_bool("ana/spt_3slash", false);
+  spt_2star_ = Vapp::option_bool("ana/spt_2star");
+  spt_3slash_ = Vapp::option_bool("ana/spt_3slash");
 }
 
 int gPreScanBase::echo() {

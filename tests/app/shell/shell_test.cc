@@ -184,14 +184,14 @@ TEST_F(Shell, drivers_settle_what_their_converter_reads) {
     run(row.driver);
     EXPECT_FALSE(Vapp::user_break);
     EXPECT_EQ(Vapp::option_string("target"), target);
-    EXPECT_EQ(Vapp::option_string(target + "/out_dir"), folder.path("out/" + target));
-    EXPECT_EQ(Vapp::option_string(target + "/cur_" + key.substr(4)),
+    EXPECT_EQ(cat::as_string(Vapp::option(target + "/out_dir")), folder.path("out/" + target));
+    EXPECT_EQ(cat::as_string(Vapp::option(target + "/cur_" + key.substr(4))),
               (row.below_ini ? ini : folder.path()) + "/" + row.expected);
   }
   Vapp::options.submap("htm").set("helpers_dir_default", cat::make(false));
   Vapp::options.submap("htm").set("helpers_dir", cat::make("my/helpers"));
   run("gOutHTML");
-  EXPECT_EQ(Vapp::option_string("htm/cur_helpers_dir"), "my/helpers");
+  EXPECT_EQ(Vapp::option_string("htm/cur_helpers_dir"), folder.path("my/helpers"));
 }
 
 TEST_F(Shell, a_conversion_that_does_not_end_well_leaves_the_earlier_result) {
@@ -213,6 +213,13 @@ TEST_F(Shell, a_conversion_that_does_not_end_well_leaves_the_earlier_result) {
   Vapp::options.submap("htm").set("vlt", cat::make("none.vlt"));
   run("gOutHTML");
   unharmed("no script");
+  Vapp::options.submap("htm").set("vlt_default", cat::make(true));
+  Vapp::options.submap("htm").set("helpers_dir_default", cat::make(false));
+  Vapp::options.submap("htm").set("helpers_dir", cat::make("nowhere"));
+  run("gOutHTML");
+  unharmed("no auxiliary files");
+  EXPECT_NE(folder.read("out/htm.log").find(folder.path("nowhere")), std::string::npos);
+  Vapp::options.submap("htm").set("helpers_dir_default", cat::make(true));
   Vapp::options.submap("htm").set("vlt_default", cat::make(true));
   outside.on_status = [](std::string const & text) {
     if (text.starts_with("Writing documentation: HTML "))
