@@ -1,8 +1,6 @@
 // Reads gSrcFiles. Fills gTmpFiles and gInputFiles.
 // Each source becomes a temporary file, line for line parallel to it, with its comments marked.
 
-#include <fstream>
-
 #include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
 #include "ana/foreign.h"
@@ -10,6 +8,7 @@
 #include "ana/parser/pre/ppre_scan.h"
 #include "ana/stages.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/parse/output_file.h"
 #include "vlb/source_bytes.h"
 
 namespace {
@@ -95,11 +94,11 @@ bool Preprocessor::adopt(gSrcFile const & copy) {
 
 bool Preprocessor::write_copy(gSrcFile const & copy,
                               std::initializer_list<std::string_view> parts) {
-  std::ofstream out(copy.path(), std::ios::binary | std::ios::trunc);
+  gOutputFile out;
+  bool const opened = out.open(copy.path());
   for (std::string_view part : parts)
-    out << part;
-  out.close();
-  if (out)
+    out.put(part);
+  if (opened && out.close())
     return true;
   write_failed_ = true;
   give_up(Msg::cannot_write, copy.path());

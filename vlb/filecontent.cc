@@ -9,6 +9,7 @@
 
 #include "vlb/gfilesystem.h"
 #include "vlb/random_name.h"
+#include "vlb/tempfiles.h"
 
 namespace {
 
@@ -108,6 +109,10 @@ bool replace_file(std::string const & path, std::string_view text, struct stat c
 
 bool gFileSystem::read_file(gPathstring const & path, std::string & text) {
   text.clear();
+  if (auto const in_memory = gTempFiles::text(path)) {
+    text = *in_memory;
+    return true;
+  }
   Descriptor const file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
   struct stat info;
   if (!file || ::fstat(file.number(), &info) != 0 || !S_ISREG(info.st_mode) ||

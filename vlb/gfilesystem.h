@@ -37,18 +37,19 @@ public:
   static bool find_next(gFileInfo & info);
   static gPathstring get_curdir();
   static gPathstring temp_dir();
-  // Makes a new empty file that only this user can read, its name beginning with the prefix (15
-  // bytes at most). It lies in a folder of this process inside temp_dir() that no one else can
+  // The name of a new empty file, beginning with the prefix (15 bytes at most). It is written with
+  // gOutputFile and read with read_file or gInputText, since it stays in memory while there is room
+  // (vlb/tempfiles.h), else in a folder of this process inside temp_dir() that no one else can
   // enter. Empty text on failure. The file is entered in a list, and goes at the latest when the
   // process ends; a handler of a signal that ends the process calls end_temp_files().
   static gPathstring get_temp_file_name(gString const & prefix);
   // Removes a file; true if it is gone. A temporary file also leaves the list.
   static bool remove(gPathstring const & path);
-  // Removes every temporary file that is still listed, and their folder. Safe to call in a signal
-  // handler. What a parent process listed isn't touched.
+  // Removes every temporary file that is still listed, and their folder. What a parent process
+  // listed isn't touched.
   static void remove_temp_files() noexcept;
   // The same while other threads go on, for a process that is about to go: no file is made from
-  // now on.
+  // now on. Safe to call in a signal handler.
   static void end_temp_files() noexcept;
   // Non-zero if the name matches a pattern with "*" and "?", without regard to case.
   static int matches(gString const & name, gString const & pattern);

@@ -95,6 +95,9 @@ TEST(runs, do_not_depend_on_earlier_runs) {
   third = bytes_of(project);
   EXPECT_EQ(third, first);
   EXPECT_NE(second, first);
+  ::setenv("VELLUMAR_TEMP_MEMORY", "0", 1);
+  EXPECT_EQ(bytes_of(project), first);
+  ::unsetenv("VELLUMAR_TEMP_MEMORY");
 }
 
 // The user breaks at each status text that a whole run shows, and at each stage's report.

@@ -1,3 +1,4 @@
+#include <atomic>
 #include <csignal>
 #include <thread>
 #include <unistd.h>
@@ -6,14 +7,22 @@
 
 #include "support/temp_folder.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/tempfiles.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 extern "C" void clean_up_and_end(int) {
-  gFileSystem::remove_temp_files();
+  gFileSystem::end_temp_files();
   ::_exit(7);
+}
+
+// A new file that lies on the disk; empty text on failure.
+gPathstring file_on_disk() {
+  gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+  int const file = gTempFiles::spill(path);
+  return file >= 0 && ::close(file) == 0 ? path : gPathstring();
 }
 
 // Files and folders in the test's folder for temporary files.
@@ -39,7 +48,7 @@ TEST_F(TempFiles, are_private_within_the_folder_for_them) {
   auto const mode = [](std::string const & path) {
     return unsigned(fs::status(path).permissions());
   };
-  gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+  gPathstring const path = file_on_disk();
   gPathstring const dir = path.dir_name();
   EXPECT_EQ(mode(path), 0600u);
   EXPECT_EQ(mode(dir), 0700u);
@@ -55,24 +64,54 @@ TEST_F(TempFiles, are_private_within_the_folder_for_them) {
 TEST_F(TempFiles, removing_all_forgets_nothing_and_the_next_run_starts_anew) {
   for (int run = 0; run < 2; ++run) {
     for (int i = 0; i < 600; ++i) {
-      gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+      gPathstring const path = file_on_disk();
       ASSERT_TRUE(path != "" && (i % 3 != 0 || gFileSystem::remove(path)));
     }
     EXPECT_EQ(left(), 401);
+    gPathstring const in_memory = gFileSystem::get_temp_file_name("~vl");
     gFileSystem::remove_temp_files();
     EXPECT_EQ(left(), 0);
+    EXPECT_FALSE(gTempFiles::text(in_memory));
   }
   // A folder that someone else removed costs one run only.
-  fs::remove_all(std::string(gPathstring(gFileSystem::get_temp_file_name("~vl")).dir_name()));
-  EXPECT_EQ(gFileSystem::get_temp_file_name("~vl"), "");
+  fs::remove_all(std::string(gPathstring(file_on_disk()).dir_name()));
+  EXPECT_EQ(file_on_disk(), "");
   gFileSystem::remove_temp_files();
-  EXPECT_NE(gFileSystem::get_temp_file_name("~vl"), "");
+  EXPECT_NE(file_on_disk(), "");
+}
+
+TEST_F(TempFiles, in_memory_share_a_budget_that_comes_back) {
+  gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+  EXPECT_EQ(*gTempFiles::text(path), "");
+  std::size_t const all = gTempFiles::usual_budget;
+  ASSERT_TRUE(gTempFiles::reserve(all - 5) && gTempFiles::reserve(5));
+  EXPECT_FALSE(gTempFiles::reserve(1));
+  ASSERT_TRUE(gTempFiles::keep(path, "12345"));
+  EXPECT_EQ(*gTempFiles::text(path), "12345");
+  gTempFiles::release(all - 5);
+  // A new text, a removal and a move to the disk each give the bytes back.
+  ASSERT_TRUE(gTempFiles::reserve(3) && gTempFiles::keep(path, "123"));
+  EXPECT_FALSE(gTempFiles::reserve(all - 2));
+  ASSERT_TRUE(gTempFiles::reserve(all - 3));
+  EXPECT_TRUE(gFileSystem::remove(path));
+  EXPECT_TRUE(gTempFiles::reserve(3));
+  EXPECT_FALSE(gTempFiles::keep(path, "123"));
+  EXPECT_TRUE(gTempFiles::reserve(3));
+  EXPECT_EQ(left(), 0);
+  ::setenv("VELLUMAR_TEMP_MEMORY", "300", 1);
+  EXPECT_TRUE(gTempFiles::reserve(44 << 20));
+  EXPECT_FALSE(gTempFiles::reserve(1));
+  ::unsetenv("VELLUMAR_TEMP_MEMORY");
 }
 
 TEST_F(TempFiles, threads_may_make_and_remove_at_once) {
   auto const work = [] {
-    for (int i = 0; i < 500; ++i)
-      EXPECT_TRUE(gFileSystem::remove(gFileSystem::get_temp_file_name("~vl")));
+    for (int i = 0; i < 500; ++i) {
+      EXPECT_TRUE(gFileSystem::remove(file_on_disk()));
+      gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+      EXPECT_TRUE(gTempFiles::reserve(1) && gTempFiles::keep(path, "x"));
+      EXPECT_TRUE(gFileSystem::remove(path));
+    }
   };
   std::thread other(work);
   work();
@@ -82,10 +121,10 @@ TEST_F(TempFiles, threads_may_make_and_remove_at_once) {
 }
 
 TEST_F(TempFiles, a_process_ends_without_its_own_but_leaves_those_of_its_parent) {
-  gPathstring const path = gFileSystem::get_temp_file_name("~vl");
+  gPathstring const path = file_on_disk();
   auto const make = [] {
     for (int i = 0; i < 300; ++i)
-      gFileSystem::get_temp_file_name("~vl");
+      file_on_disk();
   };
   EXPECT_EXIT((make(), std::exit(0)), testing::ExitedWithCode(0), "");
   EXPECT_EQ(left(), 2);
@@ -95,6 +134,27 @@ TEST_F(TempFiles, a_process_ends_without_its_own_but_leaves_those_of_its_parent)
     EXPECT_EXIT((std::signal(signal, clean_up_and_end), make(), std::raise(signal)),
                 testing::ExitedWithCode(7), "");
   EXPECT_EQ(left(), 0);
+}
+
+// The other thread is anywhere between the first name and the tenth file.
+TEST_F(TempFiles, end_for_good_while_a_thread_makes_them) {
+  auto const end_in_the_middle = [](int pause) {
+    std::signal(SIGTERM, clean_up_and_end);
+    std::atomic<bool> started = false;
+    std::thread maker([&] {
+      started = true;
+      for (;;)
+        file_on_disk();
+    });
+    while (!started)
+      ;
+    ::usleep(static_cast<unsigned>(pause));
+    std::raise(SIGTERM);
+  };
+  for (int pause = 0; pause < 200; pause += 10) {
+    EXPECT_EXIT(end_in_the_middle(pause), testing::ExitedWithCode(7), "");
+    ASSERT_EQ(left(), 0) << pause;
+  }
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "vlb/source_bytes.h"
+#include "vlb/tempfiles.h"
 
 namespace {
 
@@ -76,6 +77,10 @@ bool valid_utf8(char const * at, char const * end) {
 } // namespace
 
 bool gInputText::read(gPathstring const & path) {
+  if (auto const in_memory = gTempFiles::text(path)) {
+    set(*in_memory);
+    return true;
+  }
   clear();
   int const file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   if (file < 0)

@@ -1,4 +1,4 @@
-// A buffer in front of the system's write.
+// A buffer in front of the system's write, or of the text of a temporary file that stays in memory.
 #include "vlb/parse/output_file.h"
 
 #include <cerrno>
@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "vlb/tempfiles.h"
 
 namespace {
 
@@ -21,38 +23,72 @@ bool empty_file(int file) {
 
 bool gOutputFile::open(gPathstring const & path) {
   close();
-  file_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-  if (file_ < 0)
-    return false;
-  if (!empty_file(file_)) {
-    ::close(std::exchange(file_, -1));
-    return false;
+  if (gTempFiles::text(path)) {
+    path_ = path;
+  } else {
+    file_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (file_ < 0)
+      return false;
+    if (!empty_file(file_)) {
+      ::close(std::exchange(file_, -1));
+      return false;
+    }
   }
+  open_ = true;
   if (!buffer_)
     buffer_ = std::make_unique_for_overwrite<char[]>(size);
   return true;
 }
 
 bool gOutputFile::close() {
-  if (file_ < 0)
+  if (!open_)
     return true;
-  write({buffer_.get(), used_});
-  bool const good = ::close(file_) == 0 && !failed_;
-  file_ = -1;
+  pass_on({buffer_.get(), used_});
+  bool const good = file_ < 0 ? close_memory() : close_file();
+  open_ = false;
   used_ = 0;
   failed_ = false;
   return good;
 }
 
+bool gOutputFile::close_file() {
+  return ::close(std::exchange(file_, -1)) == 0 && !failed_;
+}
+
+bool gOutputFile::close_memory() {
+  // What a growing text took beyond its end would stay for the whole run.
+  text_.shrink_to_fit();
+  return !failed_ && gTempFiles::keep(path_, std::exchange(text_, {}));
+}
+
 void gOutputFile::flush_for(std::string_view text) {
-  if (file_ < 0)
+  if (!open_)
     return;
-  write({buffer_.get(), used_});
+  pass_on({buffer_.get(), used_});
   used_ = 0;
   if (text.size() > size)
-    write(text);
+    pass_on(text);
   else
     used_ = text.copy(buffer_.get(), text.size());
+}
+
+void gOutputFile::pass_on(std::string_view text) {
+  if (file_ < 0 && !failed_) {
+    if (gTempFiles::reserve(text.size())) {
+      text_ += text;
+      return;
+    }
+    move_to_disk();
+  }
+  write(text);
+}
+
+void gOutputFile::move_to_disk() {
+  file_ = gTempFiles::spill(path_);
+  failed_ = file_ < 0;
+  write(text_);
+  gTempFiles::release(text_.size());
+  text_ = {};
 }
 
 void gOutputFile::write(std::string_view text) {

@@ -7,7 +7,8 @@
 #include "vlb/gpathstring.h"
 
 // Collects what is written and passes it on in large pieces. A failed write is remembered until
-// close(). What is written while no file is open is lost.
+// close(). What is written while no file is open is lost. A temporary file has its new text from
+// close() on.
 class gOutputFile {
 public:
   gOutputFile() = default;
@@ -30,12 +31,19 @@ public:
 
 private:
   static constexpr std::size_t size = std::size_t(1) << 16;
-  std::size_t room() const { return file_ < 0 ? 0 : size - used_; }
+  std::size_t room() const { return open_ ? size - used_ : 0; }
   void flush_for(std::string_view text);
+  void pass_on(std::string_view text);
   void write(std::string_view text);
+  void move_to_disk();
+  bool close_file();
+  bool close_memory();
 
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
-  int file_ = -1;
+  bool open_ = false;
+  int file_ = -1;    // below 0 for a temporary file in memory
+  gPathstring path_; // of that file
+  std::string text_; // what was passed on to it
   bool failed_ = false;
 };

@@ -189,9 +189,10 @@ TEST(cli, stops_in_an_orderly_way) {
   EXPECT_EQ(temp_files(box), 0);
 }
 
-// The worker is making one temporary file after the other when the signals come.
+// The worker is making one temporary file after the other when the signals come, none in memory.
 TEST(cli, leaves_no_temporary_file_when_it_has_to_end_at_once) {
   Sandbox box;
+  ::setenv("VELLUMAR_TEMP_MEMORY", "0", 1);
   make_long_project(box);
   for (int i = 0; i < 1500; ++i)
     box.write("src/a" + std::to_string(i) + ".h", "void f();\n");
@@ -213,6 +214,7 @@ TEST(cli, leaves_no_temporary_file_when_it_has_to_end_at_once) {
     EXPECT_EQ(temp_files(box), 0) << row.status;
     std::filesystem::remove_all(box.path("out"));
   }
+  ::unsetenv("VELLUMAR_TEMP_MEMORY");
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // What a scanner makes of the bytes of a file, and what it writes.
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -8,6 +9,7 @@
 
 #include "support/test_outside.h"
 #include "vlb/gexception.h"
+#include "vlb/gfilesystem.h"
 #include "vlb/parse/test_scan.h"
 
 namespace {
@@ -140,6 +142,43 @@ TEST_F(Input, output_arrives_whole_and_a_failed_write_shows_at_the_end) {
   scan.ECHO(large);
   EXPECT_NE(scan.close_outfile(), 0);
   EXPECT_THROW(scan.open_outfile(gSrcFile(path + "/x", "", 0)), gExcFatalErr);
+}
+
+// 1 MB of memory for all texts together.
+TEST_F(Input, a_temporary_file_reads_the_same_in_memory_and_on_the_disk) {
+  ::setenv("VELLUMAR_TEMP_MEMORY", "1", 1);
+  for (std::size_t size : {0, 3, 70'000, 900'000, 70'000, 1'100'000, 2'500'000, 900'000}) {
+    gPathstring const temporary = gFileSystem::get_temp_file_name("~vl");
+    std::string text, read;
+    gOutputFile out;
+    // The second text replaces the first.
+    for (char const * begin : {"first", ""}) {
+      ASSERT_TRUE(out.open(temporary));
+      text = begin;
+      out.put(text);
+      while (text.size() < size) {
+        text += "piece " + std::to_string(text.size()) + "\n";
+        out.put(std::string_view(text).substr(text.rfind('p')));
+      }
+      ASSERT_TRUE(out.close());
+    }
+    // The old text is there until the new one is complete.
+    EXPECT_EQ(std::filesystem::exists(temporary.c_str()), 2 * size > 1 << 20);
+    ASSERT_TRUE(gFileSystem::read_file(temporary, read));
+    EXPECT_TRUE(read == text);
+    gInputText input(8);
+    ASSERT_TRUE(input.read(temporary));
+    EXPECT_TRUE(std::string_view(input.begin(), input.end()) == text);
+    ASSERT_TRUE(gFileSystem::remove(temporary));
+  }
+  gPathstring const lost = gFileSystem::get_temp_file_name("~vl");
+  std::string const large(2'000'000, 'x');
+  gOutputFile out;
+  ASSERT_TRUE(out.open(lost));
+  gFileSystem::remove_temp_files();
+  out.put(large);
+  EXPECT_FALSE(out.close());
+  ::unsetenv("VELLUMAR_TEMP_MEMORY");
 }
 
 } // namespace
