@@ -158,6 +158,11 @@ struct gDeclaration {
   gRange attributes;     // in front: [[...]], __attribute__, __declspec
   gRange trailing;       // behind the parameter list: const noexcept -> T requires ...; directives
   gRange body;           // with its brackets; contents of a class, an enumeration, a namespace
+  gRange arguments;      // template arguments behind the name, of a specialisation
+
+  // A name that no stretch of the text spells, since a macro brings it, such as that of a namespace
+  // which a macro opens: index into gFileDeclarations::spelled; -1 where `name` has it.
+  std::int32_t spelled = -1;
 };
 
 // A comment, with what stands around it. Positions of code are those of tokens.
@@ -226,8 +231,9 @@ struct gFileDeclarations {
   std::vector<gComment> comments; // in text order
   std::vector<gCondition> conditions;
   std::vector<gSkipped> skipped;
-  std::vector<gInclude> includes; // #include; of Pascal {$I file}
-  std::vector<gRange> uses;       // Pascal: units of the uses clauses
+  std::vector<gInclude> includes;   // #include; of Pascal {$I file}
+  std::vector<gRange> uses;         // Pascal: units of the uses clauses
+  std::vector<std::string> spelled; // names that macros bring
 };
 
 // Which comments and literals a text holds.

@@ -1,0 +1,211 @@
+// Definitions are found by a walk over lines; the body of each is judged by its tokens.
+#include "ana/decl/cpp_macros.h"
+
+#include "ana/decl/cpp_tokens.h"
+
+#include <algorithm>
+
+namespace Decl {
+
+namespace {
+
+constexpr std::size_t longest_body = 4096;
+constexpr int longest_chain = 8; // macros that stand for macros
+
+bool is_blank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+// Behind what says nothing of a type: attributes, specifiers, their arguments.
+std::size_t behind_attribute(std::vector<gToken> const & tokens, std::size_t at) {
+  gToken const & one = tokens[at];
+  bool const square = one.type == '[' && tokens[at + 1].type == '[';
+  if (!square && one.type != token_word)
+    return at;
+  bool const with_arguments = one.word == gWord::attribute || one.word == gWord::noexcept_ ||
+                              one.word == gWord::throw_ || one.word == gWord::explicit_;
+  bool const alone = is_specifier(one.word) || one.word == gWord::override_ ||
+                     one.word == gWord::final_ || one.word == gWord::const_ ||
+                     one.word == gWord::volatile_;
+  if (!square && !with_arguments && !alone)
+    return at;
+  if (!square)
+    ++at;
+  if (one.word == gWord::extern_ && tokens[at].type == token_string)
+    ++at;
+  if (!square && (!with_arguments || tokens[at].type != '('))
+    return at;
+  int depth = 0;
+  do {
+    std::uint8_t const type = tokens[at].type;
+    depth += type == '(' || type == '[' ? 1 : type == ')' || type == ']' ? -1 : 0;
+    ++at;
+  } while (depth > 0 && tokens[at].type != token_end);
+  return at;
+}
+
+bool all_attributes(std::vector<gToken> const & tokens) {
+  std::size_t at = 0;
+  while (tokens[at].type != token_end) {
+    std::size_t const behind = behind_attribute(tokens, at);
+    if (behind == at)
+      return false;
+    at = behind;
+  }
+  return true;
+}
+
+bool is_type(std::vector<gToken> const & tokens) {
+  bool sure = false;
+  for (gToken const & one : tokens) {
+    if (one.type == token_end)
+      break;
+    bool const word =
+        one.type == token_word &&
+        (one.word == gWord::name || is_type_word(one.word) || is_class_key(one.word) ||
+         one.word == gWord::const_ || one.word == gWord::volatile_ ||
+         one.word == gWord::typename_ || is_specifier(one.word));
+    bool const sign = one.type == '*' || one.type == '&' || one.type == token_scope ||
+                      one.type == '<' || one.type == '>' || one.type == ',';
+    if (!word && !sign)
+      return false;
+    sure = sure || is_type_word(one.word) || is_class_key(one.word);
+  }
+  return sure;
+}
+
+gMacroSense sense_of(std::vector<gToken> const & tokens) {
+  if (tokens.front().type == token_end)
+    return gMacroSense::nothing;
+  int depth = 0;
+  bool semicolon = false;
+  for (gToken const & one : tokens) {
+    depth += one.type == '{' ? 1 : one.type == '}' ? -1 : 0;
+    semicolon = semicolon || one.type == ';';
+  }
+  if (depth != 0)
+    return depth > 0 ? gMacroSense::opens : gMacroSense::closes;
+  if (all_attributes(tokens))
+    return gMacroSense::attribute;
+  if (is_type(tokens))
+    return gMacroSense::type;
+  gWord const first = tokens.front().word;
+  if (tokens.front().type == token_word && (semicolon || begins_declaration(first)) &&
+      first != gWord::statement)
+    return gMacroSense::declaration;
+  return gMacroSense::value;
+}
+
+gMacroSense merged(gMacroSense a, gMacroSense b) {
+  if (a == b || b == gMacroSense::unknown)
+    return a;
+  if (a == gMacroSense::unknown)
+    return b;
+  // An empty definition is the way to switch the other one off.
+  if (a == gMacroSense::nothing)
+    return b;
+  if (b == gMacroSense::nothing)
+    return a;
+  return gMacroSense::mixed;
+}
+
+// The logical line behind "#define", comments and continuations gone.
+class Definition {
+public:
+  Definition(std::string_view text, std::size_t at) : text_(text), at_(at) {}
+
+  std::size_t read(std::string & name, gMacroFact & fact) {
+    while (at_ < text_.size() && is_blank(text_[at_]))
+      ++at_;
+    std::size_t const begin = at_;
+    while (at_ < text_.size() && is_word_char(text_[at_]))
+      ++at_;
+    name = text_.substr(begin, at_ - begin);
+    std::size_t const end = line_end();
+    fact.with_parameters = at_ < end && text_[at_] == '(';
+    if (fact.with_parameters)
+      at_ = std::min(text_.find(')', at_), end - 1) + 1;
+    gRange const rest{static_cast<std::uint32_t>(at_), static_cast<std::uint32_t>(end)};
+    if (end - at_ <= longest_body)
+      fact.body = one_line(text_, rest);
+    gTokens const tokens = read_tokens(rest.of(text_));
+    // A body that begins with "#" makes a string of a parameter.
+    fact.sense = tokens.directives.empty() ? sense_of(tokens.tokens) : gMacroSense::value;
+    return end;
+  }
+
+private:
+  std::string_view text_;
+  std::size_t at_;
+
+  std::size_t line_end() const {
+    std::size_t end = text_.find('\n', at_);
+    while (end != text_.npos && end > at_ &&
+           (text_[end - 1] == '\\' || (text_[end - 1] == '\r' && text_[end - 2] == '\\')))
+      end = text_.find('\n', end + 1);
+    return std::min(end, text_.size());
+  }
+};
+
+// Behind "define" if a "#" at `at` begins a definition.
+std::size_t behind_define(std::string_view text, std::size_t at) {
+  for (std::size_t before = at; before > 0 && text[before - 1] != '\n';)
+    if (!is_blank(text[--before]))
+      return 0;
+  ++at;
+  while (at < text.size() && is_blank(text[at]))
+    ++at;
+  std::string_view const word = "define";
+  bool const fits = text.substr(at).starts_with(word) && at + word.size() < text.size() &&
+                    is_blank(text[at + word.size()]);
+  return fits ? at + word.size() : 0;
+}
+
+bool is_one_name(std::string_view body) {
+  return !body.empty() && std::ranges::all_of(body, is_word_char) &&
+         !(body.front() >= '0' && body.front() <= '9');
+}
+
+} // namespace
+
+void gMacroTable::collect(std::string_view text) {
+  for (std::size_t at = text.find('#'); at != text.npos; at = text.find('#', at)) {
+    std::size_t const behind = behind_define(text, at);
+    if (behind == 0) {
+      ++at;
+      continue;
+    }
+    std::string name;
+    gMacroFact fact;
+    at = Definition(text, behind).read(name, fact);
+    if (name.empty())
+      continue;
+    auto const [known, fresh] = macros_.try_emplace(std::move(name), fact);
+    if (!fresh)
+      known->second.sense = merged(known->second.sense, fact.sense);
+  }
+}
+
+void gMacroTable::merge(gMacroTable const & other) {
+  for (auto const & [name, fact] : other.macros_) {
+    auto const [known, fresh] = macros_.try_emplace(name, fact);
+    if (!fresh)
+      known->second.sense = merged(known->second.sense, fact.sense);
+  }
+}
+
+gMacroFact const * gMacroTable::find(std::string_view name) const {
+  auto found = macros_.find(name);
+  for (int step = 0; step < longest_chain && found != macros_.end(); ++step) {
+    gMacroFact const & fact = found->second;
+    if (fact.sense != gMacroSense::value || !is_one_name(fact.body))
+      return &fact;
+    auto const next = macros_.find(fact.body);
+    if (next == macros_.end())
+      return &fact;
+    found = next;
+  }
+  return found == macros_.end() ? nullptr : &found->second;
+}
+
+} // namespace Decl

@@ -1,0 +1,86 @@
+#include "ana/decl/cpp_source.h"
+
+#include <algorithm>
+
+namespace Decl {
+
+bool gSource::is_name(std::uint32_t at) const {
+  if (tokens[at].type != token_word)
+    return false;
+  switch (tokens[at].word) {
+  case gWord::name:
+  case gWord::override_:
+  case gWord::final_:
+  case gWord::module_:
+  case gWord::import_:
+  case gWord::signals:
+  case gWord::slots:
+    return true;
+  case gWord::concept_: // words of newer languages are names in older sources
+  case gWord::requires_:
+  case gWord::export_:
+    return false;
+  default:
+    return false;
+  }
+}
+
+std::uint32_t gSource::behind(std::uint32_t at) const {
+  std::uint32_t const link = tokens[at].link;
+  if (link == no_token || link <= at)
+    return at + 1;
+  // A bracket that was never closed ends in front of what ends it.
+  return tokens[link].link == at ? link + 1 : link;
+}
+
+gRange gSource::range(std::uint32_t first, std::uint32_t last) const {
+  if (first >= last)
+    return {};
+  return {tokens[first].begin, tokens[last - 1].end};
+}
+
+gMacroSense gSource::sense(std::uint32_t at) const {
+  gMacroFact const * fact = macros.find(spelling(at));
+  return fact ? fact->sense : gMacroSense::unknown;
+}
+
+bool gSource::is_attribute_macro(std::uint32_t at) const {
+  if (!is_name(at))
+    return false;
+  switch (sense(at)) {
+  case gMacroSense::nothing:
+  case gMacroSense::attribute:
+    return true;
+  case gMacroSense::unknown:
+  case gMacroSense::mixed:
+    break;
+  default:
+    return false;
+  }
+  static constexpr std::string_view parts[] = {
+      "EXPORT", "IMPORT", "_API",   "API_",     "DEPRECATED", "INLINE",   "NORETURN", "NODISCARD",
+      "ATTR",   "DECL",   "EXTERN", "NOEXCEPT", "CONSTEXPR",  "OVERRIDE", "CALLBACK", "_CALL",
+      "PURE",   "UNUSED", "WARN",   "VISIB",    "HIDDEN",     "PUBLIC",   "ALWAYS",   "FINAL"};
+  std::string_view const text = spelling(at);
+  return Decl::is_capital(text) && std::ranges::any_of(parts, [&](std::string_view part) {
+           return text.find(part) != text.npos;
+         });
+}
+
+void gSource::link_angles(std::uint32_t first, std::uint32_t last) const {
+  std::vector<std::uint32_t> open;
+  for (std::uint32_t at = first; at < last;) {
+    std::uint8_t const kind = tokens[at].type;
+    if (kind == '<' && at > 0 && (is_name(at - 1) || is_word(at - 1, gWord::template_)))
+      open.push_back(at);
+    else if (kind == '>' && !open.empty()) {
+      tokens[open.back()].link = at;
+      tokens[at].link = open.back();
+      open.pop_back();
+    } else if (kind == ';')
+      open.clear();
+    at = kind == '(' || kind == '[' || kind == '{' ? behind(at) : at + 1;
+  }
+}
+
+} // namespace Decl

@@ -1,0 +1,432 @@
+// One walk over the bytes. Directives are lines of their own: their tokens don't reach the reader
+// of declarations, but their comments are as good as any others.
+#include "ana/decl/cpp_tokens.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace Decl {
+
+namespace {
+
+enum Class : std::uint8_t { junk, blank, line_feed, letter, digit, quote, sign };
+
+constexpr std::array<std::uint8_t, 256> make_classes() {
+  std::array<std::uint8_t, 256> classes{};
+  for (int c = 0; c < 256; ++c) {
+    bool const is_letter =
+        (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$' || c >= 0x80;
+    classes[c] = is_letter                         ? letter
+                 : c >= '0' && c <= '9'            ? digit
+                 : c == '\n'                       ? line_feed
+                 : c == ' ' || (c >= 9 && c <= 13) ? blank
+                 : c == '"' || c == '\''           ? quote
+                 : c > ' ' && c < 0x7f && c != '`' ? sign
+                                                   : junk;
+  }
+  return classes;
+}
+
+constexpr std::array<std::uint8_t, 256> classes = make_classes();
+
+std::uint8_t class_of(char c) {
+  return classes[static_cast<unsigned char>(c)];
+}
+
+class Lexer {
+public:
+  explicit Lexer(std::string_view text)
+      : text_(text),
+        size_(static_cast<std::uint32_t>(text.size())) {
+    out_.tokens.reserve(text.size() / 6 + 16);
+  }
+
+  gTokens made() {
+    if (text_.starts_with("\xef\xbb\xbf"))
+      at_ = 3;
+    while (blanks(), at_ < size_) {
+      if (text_[at_] == '#' && line_head_)
+        directive();
+      else
+        token(out_.tokens);
+    }
+    gToken end;
+    end.begin = end.end = size_;
+    end.line_head = true;
+    out_.tokens.push_back(end);
+    return std::move(out_);
+  }
+
+private:
+  std::string_view text_;
+  std::uint32_t size_;
+  std::uint32_t at_ = 0;
+  std::uint32_t line_ = 1, line_begin_ = 0;
+  bool line_head_ = true;
+  bool only_blanks_ = true; // neither token nor comment on this line so far
+  gTokens out_;
+  std::vector<gToken> of_directive_;
+
+  char peek(std::uint32_t ahead) const { return at_ + ahead < size_ ? text_[at_ + ahead] : '\0'; }
+
+  void feed() { // at a line feed
+    ++at_;
+    ++line_;
+    line_begin_ = at_;
+    line_head_ = only_blanks_ = true;
+  }
+
+  // Blanks and comments; stops at a line feed within a directive.
+  void blanks(bool in_directive = false) {
+    while (at_ < size_) {
+      char const c = text_[at_];
+      if (c == '\n') {
+        if (in_directive)
+          return;
+        feed();
+      } else if (class_of(c) == blank)
+        ++at_;
+      else if (c == '/' && (peek(1) == '/' || peek(1) == '*'))
+        comment();
+      else if (c == '\\' && (peek(1) == '\n' || (peek(1) == '\r' && peek(2) == '\n')))
+        continued_line();
+      else
+        return;
+    }
+  }
+
+  void continued_line() {
+    bool const head = line_head_;
+    at_ += peek(1) == '\r' ? 2 : 1;
+    feed();
+    line_head_ = head;
+  }
+
+  void comment() {
+    gComment one;
+    one.whole.begin = at_;
+    one.line = line_;
+    one.column = at_ - line_begin_ + 1;
+    one.line_start = only_blanks_;
+    if (text_[at_ + 1] == '/')
+      line_comment();
+    else
+      block_comment();
+    one.whole.end = at_;
+    one.end_line = line_;
+    only_blanks_ = false;
+    out_.comments.push_back(one);
+  }
+
+  void line_comment() {
+    for (;;) {
+      void const * found = std::memchr(text_.data() + at_, '\n', size_ - at_);
+      std::uint32_t const end =
+          found ? static_cast<std::uint32_t>(static_cast<char const *>(found) - text_.data())
+                : size_;
+      std::uint32_t last = end;
+      if (last > at_ && text_[last - 1] == '\r')
+        --last;
+      if (!found || text_[last - 1] != '\\') {
+        at_ = last;
+        return;
+      }
+      bool const head = line_head_;
+      at_ = end;
+      feed();
+      line_head_ = head;
+    }
+  }
+
+  void block_comment() {
+    std::size_t const found = text_.find("*/", at_ + 2);
+    std::uint32_t const end = found == text_.npos ? size_ : static_cast<std::uint32_t>(found) + 2;
+    bool const head = line_head_;
+    while (void const * feed_at = std::memchr(text_.data() + at_, '\n', end - at_)) {
+      at_ = static_cast<std::uint32_t>(static_cast<char const *>(feed_at) - text_.data());
+      feed();
+    }
+    // A directive may stand behind a comment; a comment over lines begins none of its own.
+    line_head_ = head || line_head_;
+    at_ = end;
+  }
+
+  void token(std::vector<gToken> & to) {
+    gToken one;
+    one.begin = at_;
+    one.line_head = line_head_;
+    switch (class_of(text_[at_])) {
+    case letter:
+      word(one);
+      break;
+    case digit:
+      number(one);
+      break;
+    case quote:
+      literal(one, at_);
+      break;
+    case sign:
+      punctuator(one);
+      break;
+    default:
+      one.type = token_junk;
+      ++at_;
+    }
+    one.end = at_;
+    line_head_ = only_blanks_ = false;
+    to.push_back(one);
+  }
+
+  void word(gToken & one) {
+    std::uint32_t end = at_ + 1;
+    while (end < size_ && is_word_char(text_[end]))
+      ++end;
+    one.type = token_word;
+    std::string_view const text = text_.substr(at_, end - at_);
+    if (end < size_ && class_of(text_[end]) == quote && is_prefix(text)) {
+      if (text.back() == 'R' && text_[end] == '"')
+        raw_string(one, end);
+      else
+        literal(one, end);
+      return;
+    }
+    one.word = word_of(text);
+    at_ = end;
+  }
+
+  static bool is_prefix(std::string_view text) {
+    return text == "L" || text == "R" || text == "u" || text == "U" || text == "u8" ||
+           text == "LR" || text == "uR" || text == "UR" || text == "u8R";
+  }
+
+  void number(gToken & one) {
+    one.type = token_number;
+    for (++at_; at_ < size_; ++at_) {
+      char const c = text_[at_];
+      char const before = static_cast<char>(text_[at_ - 1] | 0x20);
+      bool const exponent = (c == '+' || c == '-') && (before == 'e' || before == 'p') &&
+                            (before == 'p' || !hexadecimal(one.begin));
+      bool const separator = c == '\'' && is_word_char(peek(1)) && peek(1) != '_';
+      if (!is_word_char(c) && c != '.' && !exponent && !separator)
+        return;
+    }
+  }
+
+  bool hexadecimal(std::uint32_t begin) const {
+    return text_[begin] == '0' && begin + 1 < at_ && (text_[begin + 1] | 0x20) == 'x';
+  }
+
+  // From its quote to the partner on the same line. Without one the quote alone is junk, so that
+  // the rest of the line stays code.
+  void literal(gToken & one, std::uint32_t open) {
+    char const mark = text_[open];
+    for (std::uint32_t at = open + 1; at < size_; ++at) {
+      char const c = text_[at];
+      if (c == mark)
+        return end_literal(one, open, at + 1);
+      if (c == '\n')
+        break;
+      if (c == '\\' && at + 1 < size_) {
+        ++at;
+        if (text_[at] == '\r' && at + 1 < size_ && text_[at + 1] == '\n')
+          ++at;
+      }
+    }
+    one.type = token_junk;
+    at_ = open + 1;
+  }
+
+  void end_literal(gToken & one, std::uint32_t open, std::uint32_t end) {
+    one.type = text_[open] == '"' ? token_string : token_character;
+    while (end < size_ && is_word_char(text_[end])) // a suffix
+      ++end;
+    skip_lines_to(end);
+  }
+
+  void skip_lines_to(std::uint32_t end) {
+    bool const head = line_head_;
+    while (void const * found = std::memchr(text_.data() + at_, '\n', end - at_)) {
+      at_ = static_cast<std::uint32_t>(static_cast<char const *>(found) - text_.data());
+      feed();
+    }
+    line_head_ = head;
+    at_ = end;
+  }
+
+  void raw_string(gToken & one, std::uint32_t open) {
+    std::size_t const parenthesis = text_.find('(', open);
+    if (parenthesis == text_.npos || parenthesis - open > 17)
+      return literal(one, open);
+    std::string closer = ")";
+    closer += text_.substr(open + 1, parenthesis - open - 1);
+    closer += '"';
+    std::size_t const found = text_.find(closer, parenthesis);
+    if (found == text_.npos)
+      return literal(one, open);
+    end_literal(one, open, static_cast<std::uint32_t>(found + closer.size()));
+  }
+
+  void punctuator(gToken & one) {
+    char const c = text_[at_], next = peek(1);
+    std::uint32_t size = 1;
+    one.type = static_cast<std::uint8_t>(c);
+    auto const is = [&](std::uint8_t type, std::uint32_t length) {
+      one.type = type;
+      size = length;
+    };
+    if (c == ':' && next == ':')
+      is(token_scope, 2);
+    else if (c == '-' && next == '>')
+      is(token_arrow, peek(2) == '*' ? 3 : 2);
+    else if (c == '.' && next == '.' && peek(2) == '.')
+      is(token_ellipsis, 3);
+    else if (c == '.' && class_of(next) == digit)
+      return number(one);
+    else if (c == '&' && next == '&')
+      is(token_both, 2);
+    else if (c == '<' && next == '<')
+      is(token_op, peek(2) == '=' ? 3 : 2);
+    else if (next == '=' && std::strchr("=!<>+-*/%&|^", c))
+      is(token_op, c == '<' && peek(2) == '>' ? 3 : 2);
+    else if (next == c && std::strchr("+-|", c))
+      is(token_op, 2);
+    at_ += size;
+  }
+
+  // Directives.
+
+  void directive() {
+    gDirective one;
+    one.whole.begin = at_;
+    one.token = static_cast<std::uint32_t>(out_.tokens.size());
+    ++at_;
+    line_head_ = only_blanks_ = false;
+    of_directive_.clear();
+    blanks(true);
+    std::uint32_t const word_begin = at_;
+    while (at_ < size_ && is_word_char(text_[at_]))
+      ++at_;
+    std::string_view const word = text_.substr(word_begin, at_ - word_begin);
+    one.whole.end = at_;
+    set_kind(one, word);
+    if (one.kind == gDirective::include)
+      file_name(one);
+    bool const prose = word == "error" || word == "warning" || word == "pragma";
+    while (blanks(true), at_ < size_ && text_[at_] != '\n') {
+      if (prose)
+        ++at_;
+      else
+        token(of_directive_);
+    }
+    set_parts(one);
+    out_.directives.push_back(one);
+  }
+
+  static void set_kind(gDirective & one, std::string_view word) {
+    if (word == "if" || word == "ifdef" || word == "ifndef")
+      one.kind = gDirective::if_;
+    else if (word.starts_with("elif"))
+      one.kind = gDirective::elif;
+    else if (word == "else")
+      one.kind = gDirective::else_;
+    else if (word == "endif")
+      one.kind = gDirective::endif;
+    else if (word == "define")
+      one.kind = gDirective::define;
+    else if (word == "undef")
+      one.kind = gDirective::undef;
+    else if (word == "include" || word == "include_next" || word == "import")
+      one.kind = gDirective::include;
+    one.of_name = word.ends_with("def");
+    one.negated = word.ends_with("ndef") && word != "undef";
+  }
+
+  void file_name(gDirective & one) {
+    blanks(true);
+    one.system = peek(0) == '<';
+    if (!one.system && peek(0) != '"')
+      return;
+    char const closer = one.system ? '>' : '"';
+    std::size_t const line_end = std::min<std::size_t>(text_.find('\n', at_), size_);
+    std::size_t const end = text_.substr(0, line_end).find(closer, at_ + 1);
+    if (end == text_.npos)
+      return;
+    one.name = {at_ + 1, static_cast<std::uint32_t>(end)};
+    at_ = static_cast<std::uint32_t>(end) + 1;
+    one.whole.end = at_;
+  }
+
+  void set_parts(gDirective & one) {
+    if (of_directive_.empty())
+      return;
+    gToken const & first = of_directive_.front();
+    one.whole.end = of_directive_.back().end;
+    one.value = {first.begin, one.whole.end};
+    if (one.kind == gDirective::if_ || one.kind == gDirective::elif) {
+      one.literally_zero = !one.of_name && is_literal(one.value.of(text_), "0", "false");
+      one.literally_one = !one.of_name && is_literal(one.value.of(text_), "1", "true");
+    } else if (one.kind == gDirective::define || one.kind == gDirective::undef)
+      set_macro(one);
+  }
+
+  static bool is_literal(std::string_view text, std::string_view number, std::string_view word) {
+    return text == number || text == word;
+  }
+
+  void set_macro(gDirective & one) {
+    gToken const & first = of_directive_.front();
+    if (first.type != token_word)
+      return;
+    one.name = {first.begin, first.end};
+    std::size_t value = 1;
+    if (value < of_directive_.size() && of_directive_[1].type == '(' &&
+        of_directive_[1].begin == first.end) {
+      while (value < of_directive_.size() && of_directive_[value].type != ')')
+        ++value;
+      value = std::min(value + 1, of_directive_.size());
+      one.parameters = {of_directive_[1].begin, of_directive_[value - 1].end};
+    }
+    one.value = {};
+    if (value < of_directive_.size())
+      one.value = {of_directive_[value].begin, one.whole.end};
+  }
+};
+
+} // namespace
+
+bool is_word_char(char c) {
+  return class_of(c) == letter || class_of(c) == digit;
+}
+
+gLines::gLines(std::string_view text) {
+  begins_.push_back(0);
+  for (std::size_t at = text.find('\n'); at != text.npos; at = text.find('\n', at + 1))
+    begins_.push_back(static_cast<std::uint32_t>(at + 1));
+}
+
+std::uint32_t gLines::line(std::uint32_t position) const {
+  auto from = begins_.begin(), to = begins_.end();
+  if (begins_[last_] <= position) {
+    from += static_cast<std::ptrdiff_t>(last_);
+    for (int near = 0; near < 8; ++near)
+      if (from + 1 == to || from[1] > position) {
+        last_ = static_cast<std::size_t>(from - begins_.begin());
+        return static_cast<std::uint32_t>(last_ + 1);
+      } else
+        ++from;
+  }
+  auto const found = std::upper_bound(from, to, position);
+  last_ = static_cast<std::size_t>(found - begins_.begin()) - 1;
+  return static_cast<std::uint32_t>(last_ + 1);
+}
+
+std::uint32_t gLines::column(std::uint32_t position) const {
+  return position - begins_[line(position) - 1] + 1;
+}
+
+gTokens read_tokens(std::string_view text) {
+  return Lexer(text).made();
+}
+
+} // namespace Decl
