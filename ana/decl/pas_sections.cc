@@ -1,0 +1,456 @@
+// What stands at the outermost level of a file: heads, sections, uses clauses.
+#include <algorithm>
+
+#include "ana/decl/pas_reader.h"
+
+namespace Decl {
+
+namespace {
+
+bool begins_type(gPasView const & view, std::uint32_t at) {
+  switch (view.word(at)) {
+  case gPasWord::class_:
+  case gPasWord::record:
+  case gPasWord::object:
+  case gPasWord::interface:
+  case gPasWord::dispinterface:
+  case gPasWord::objcclass:
+  case gPasWord::objcprotocol:
+  case gPasWord::cppclass:
+  case gPasWord::array:
+  case gPasWord::set:
+  case gPasWord::file:
+  case gPasWord::packed:
+  case gPasWord::bitpacked:
+  case gPasWord::procedure:
+  case gPasWord::function:
+  case gPasWord::reference:
+  case gPasWord::specialize:
+  case gPasWord::type:
+    return true;
+  default:
+    return view.sign(at) == '(' || view.sign(at) == '^';
+  }
+}
+
+// "TFoo" and "PFoo" are names of types by custom.
+bool named_like_type(std::string_view name) {
+  return name.size() > 1 && (name[0] == 'T' || name[0] == 'P') && name[1] >= 'A' && name[1] <= 'Z';
+}
+
+} // namespace
+
+gPasReader::gPasReader(gPasSource const & source, gFileDeclarations & out)
+    : view_(source),
+      out_(out) {}
+
+void gPasReader::read(gPascalContext const & given) {
+  gPascalContext const context =
+      given.section == gPascalContext::any && given.block == Block::none ? guess() : given;
+  section_ = context.section;
+  Frame file;
+  file.kind = section_ == gPascalContext::members ? Frame::members : Frame::file;
+  file.block = context.block;
+  file.access = context.access;
+  file.end = view_.size();
+  frames_.push_back(file);
+  note_state();
+  if (section_ == gPascalContext::body)
+    return;
+  if (section_ == gPascalContext::values) {
+    values(0, view_.size(), -1);
+    return;
+  }
+  while (!frames_.empty()) {
+    if (at_ >= limit())
+      leave_frame();
+    else if (frame().kind == Frame::file)
+      file_step();
+    else
+      member_step();
+  }
+  unit_end();
+}
+
+// Of a text of unknown place the first tokens tell what it holds.
+gPascalContext gPasReader::guess() const {
+  gPascalContext context;
+  std::uint32_t first = 0;
+  while (view_.sign(first) == '[')
+    first = view_.behind(first);
+  gPasWord const word = view_.word(first);
+  bool const access = (pas_word_marks(word) & pas_access) != 0 || word == gPasWord::strict;
+  char const behind = view_.sign(first + 1);
+  bool const name = view_.is_name(first);
+  if (access && behind != ':' && behind != ',' && behind != '=')
+    context.section = gPascalContext::members;
+  else if (name && (behind == ':' || behind == '=' || behind == '<'))
+    context.block = guess_of_name(first);
+  else if (name && behind == ',') {
+    std::uint32_t at = first;
+    while (view_.is_name(at) && view_.sign(at + 1) == ',')
+      at += 2;
+    if (view_.is_name(at) && view_.sign(at + 1) == ':')
+      context.block = Block::variables;
+    else if (view_.is_name(at) || at >= view_.size())
+      context.section = gPascalContext::values;
+    else
+      context.section = gPascalContext::body;
+  } else if ((pas_word_marks(word) & pas_head) == 0 && !is_routine(first) &&
+             word != gPasWord::unit && word != gPasWord::program && word != gPasWord::library &&
+             word != gPasWord::package && word != gPasWord::class_ && view_.size() > 0) {
+    context.section = gPascalContext::body;
+  }
+  return context;
+}
+
+gPasReader::Block gPasReader::guess_of_name(std::uint32_t name) const {
+  if (view_.sign(name + 1) == ':')
+    return Block::variables;
+  if (view_.sign(name + 1) == '<' || begins_type(view_, name + 2))
+    return Block::types;
+  bool const alias = view_.is_name(name + 2) && view_.sign(name + 3) == ';';
+  return alias && named_like_type(view_.text(name)) ? Block::types : Block::constants;
+}
+
+void gPasReader::note_state() {
+  gPasState state;
+  state.token = at_;
+  state.context.section = in_class() ? gPascalContext::members : section_;
+  state.context.block = frame().block;
+  state.context.access = frame().access;
+  if (!states_.empty() && states_.back().token == at_)
+    states_.back() = state;
+  else
+    states_.push_back(state);
+}
+
+// One declaration, or one word that opens a section.
+void gPasReader::file_step() {
+  gPasWord const word = view_.word(at_);
+  if (view_.sign(at_) == ';') {
+    ++at_;
+  } else if (view_.sign(at_) == '[') {
+    attribute();
+  } else if (is_routine(at_)) {
+    routine();
+  } else if (word == gPasWord::property ||
+             (word == gPasWord::class_ && view_.word(at_ + 1) == gPasWord::property)) {
+    property();
+  } else if (goes_on_with_units()) {
+    uses_clause();
+  } else if (!section_head(word)) {
+    other_step();
+  }
+}
+
+// An entry of the block. An include file may have parts that belong elsewhere: to a class, or among
+// statements.
+void gPasReader::other_step() {
+  bool const included = !has_head_;
+  char const behind = view_.sign(at_ + 1);
+  bool const named = view_.is_name(at_);
+  bool const entry_like = named && (behind == ':' || behind == '=' || behind == '<');
+  if (view_.word(at_) == gPasWord::final &&
+      (view_.word(at_ + 1) == gPasWord::var || view_.word(at_ + 1) == gPasWord::class_)) {
+    ++at_;
+  } else if (named && frame().block != Block::none && fits(frame().block)) {
+    entry(frame().block);
+  } else if (entry_like && (included || frame().block != Block::none)) {
+    if (!included)
+      report(at_, at_, "the word that begins the section is missing");
+    frame().block = guess_of_name(at_);
+    note_state();
+    entry(frame().block);
+  } else if (included && access_word(view_.word(at_))) {
+    frame().kind = Frame::members;
+  } else if (included && begins_statement()) {
+    skip_statements();
+  } else {
+    fault("no declaration");
+  }
+}
+
+// The sign behind a name can tell that the entry is of another block.
+bool gPasReader::fits(Block block) const {
+  char const behind = view_.sign(at_ + 1);
+  if (block == Block::types)
+    return behind != ':' && behind != ',';
+  return block != Block::variables || (behind != '=' && behind != '<');
+}
+
+bool gPasReader::begins_statement() const {
+  switch (view_.word(at_)) {
+  case gPasWord::if_:
+  case gPasWord::while_:
+  case gPasWord::for_:
+  case gPasWord::with:
+  case gPasWord::repeat:
+  case gPasWord::inherited:
+  case gPasWord::case_:
+  case gPasWord::try_:
+  case gPasWord::raise:
+  case gPasWord::goto_:
+    return true;
+  default: {
+    char const behind = view_.sign(at_ + 1);
+    return view_.is_name(at_) && (behind == pas_assign || behind == '.' || behind == '(' ||
+                                  behind == '^' || behind == '[' || behind == ';');
+  }
+  }
+}
+
+void gPasReader::skip_statements() {
+  gPascalContext::Section const section = section_;
+  section_ = gPascalContext::body;
+  note_state();
+  while (at_ < limit() && !view_.begins_other(at_))
+    at_ = view_.behind(at_);
+  section_ = section;
+}
+
+bool gPasReader::section_head(gPasWord word) {
+  bool const first = !has_head_ && view_.is_name(at_ + 1);
+  switch (word) {
+  case gPasWord::unit:
+    unit_head(gKind::unit);
+    return true;
+  case gPasWord::program:
+    unit_head(gKind::program);
+    return true;
+  case gPasWord::library:
+    if (first)
+      unit_head(gKind::library);
+    return first;
+  case gPasWord::package:
+    if (first)
+      unit_head(gKind::package);
+    return first;
+  case gPasWord::interface:
+    enter_section(gPascalContext::interface);
+    return true;
+  case gPasWord::implementation:
+    enter_section(gPascalContext::implementation);
+    return true;
+  case gPasWord::initialization:
+  case gPasWord::finalization:
+    skip_rest();
+    return true;
+  case gPasWord::uses:
+    uses_clause();
+    return true;
+  case gPasWord::contains:
+  case gPasWord::requires_:
+    if (view_.sign(at_ + 1) == pas_word_sign)
+      uses_clause();
+    return view_.sign(at_ + 1) == pas_word_sign || frame().block == Block::none;
+  case gPasWord::exports:
+  case gPasWord::label:
+    skip_to_semicolon();
+    return true;
+  case gPasWord::type:
+    open_block(Block::types);
+    return true;
+  case gPasWord::const_:
+    open_block(Block::constants);
+    return true;
+  case gPasWord::resourcestring:
+    open_block(Block::resource_strings);
+    return true;
+  case gPasWord::threadvar:
+  case gPasWord::var:
+    frame().class_part = word == gPasWord::threadvar; // kept to tell the two apart
+    open_block(Block::variables);
+    return true;
+  case gPasWord::begin:
+  case gPasWord::asm_:
+    statements();
+    return true;
+  case gPasWord::end:
+    if (view_.sign(at_ + 1) != '.')
+      return false;
+    at_ += 2;
+    return true;
+  default:
+    return false;
+  }
+}
+
+void gPasReader::open_block(Block block) {
+  frame().block = block;
+  frame().in_uses = false;
+  ++at_;
+  note_state();
+}
+
+void gPasReader::enter_section(gPascalContext::Section section) {
+  section_ = section;
+  open_block(Block::none);
+}
+
+// "unit a.b;": all that follows belongs to it.
+void gPasReader::unit_head(gKind kind) {
+  std::uint32_t const begin = at_++;
+  bool const second = has_head_ || frame().scope >= 0;
+  std::uint32_t const name = at_;
+  while (view_.sign(at_) == pas_word_sign && view_.sign(at_ + 1) == '.')
+    at_ += 2;
+  if (view_.sign(at_) != pas_word_sign) {
+    fault("a unit without a name");
+    return;
+  }
+  ++at_;
+  std::uint32_t const name_end = at_;
+  while (at_ < limit() && view_.sign(at_) != ';' && !view_.begins_other(at_))
+    at_ = view_.behind(at_);
+  if (!second) {
+    gDeclaration & item = add(kind, name);
+    item.name = view_.range(name, name_end);
+    item.whole = item.text = view_.range(begin, at_);
+    item.trailing = view_.range(name_end, at_);
+    item.marks |= mark_definition;
+    item.body.begin = view_.range(begin, at_ + 1).end;
+    frame().scope = static_cast<std::int32_t>(out_.items.size() - 1);
+    section_ = kind == gKind::unit ? gPascalContext::interface : gPascalContext::any;
+  }
+  has_head_ = true;
+  at_ += view_.sign(at_) == ';';
+  note_state();
+}
+
+void gPasReader::unit_end() {
+  if (!has_head_ || view_.size() == 0)
+    return;
+  gDeclaration & unit = *std::ranges::find_if(out_.items, [](gDeclaration const & item) {
+    return item.kind >= gKind::unit && item.kind <= gKind::package;
+  });
+  unit.whole.end = unit.body.end = view_[view_.size() - 1].end;
+  unit.end_line = view_.source().line_of(unit.whole.end - 1);
+}
+
+// Behind "initialization" there are statements until the end, which is the file's.
+void gPasReader::skip_rest() {
+  gPascalContext::Section const section = section_;
+  section_ = gPascalContext::body;
+  open_block(Block::none);
+  while (at_ < limit() && view_.word(at_) != gPasWord::end && !is_routine(at_) &&
+         view_.word(at_) != gPasWord::finalization)
+    at_ = view_.behind(at_);
+  section_ = section;
+}
+
+// Names of units, each as far as the first thing that is no part of a name.
+void gPasReader::uses_clause() {
+  gPascalContext::Section const section = section_;
+  section_ = gPascalContext::body;
+  at_ -= goes_on_with_units();
+  open_block(Block::none);
+  frame().in_uses = true;
+  while (at_ < limit() && view_.sign(at_) != ';' && !view_.begins_other(at_)) {
+    std::uint32_t const name = at_;
+    while (view_.sign(at_) == pas_word_sign && view_.sign(at_ + 1) == '.')
+      at_ += 2;
+    if (view_.sign(at_) == pas_word_sign)
+      out_.uses.push_back(view_.range(name, at_ + 1));
+    while (at_ < limit() && view_.sign(at_) != ',' && view_.sign(at_) != ';' &&
+           !view_.begins_other(at_))
+      at_ = view_.behind(at_);
+    at_ += view_.sign(at_) == ',';
+  }
+  missing_semicolon();
+  section_ = section;
+  at_ += view_.sign(at_) == ';';
+  note_state();
+}
+
+// Branches of one list may end with ";" each.
+bool gPasReader::goes_on_with_units() const {
+  char const behind = view_.sign(at_ + 1);
+  return frames_.back().in_uses && view_.is_name(at_) &&
+         (behind == ',' || behind == ';' || behind == '.' || view_.word(at_ + 1) == gPasWord::in);
+}
+
+// A file that is taken in where ";" should be may have it.
+void gPasReader::missing_semicolon() {
+  if (view_.sign(at_) == ';' || at_ >= limit() || taken_in(at_))
+    return;
+  report(at_, at_, "`;` is missing");
+}
+
+// Includes in front of the token that belong to the declaration in front of it.
+bool gPasReader::taken_in(std::uint32_t at) {
+  std::vector<gPasPlace> const & places = view_.source().include_places;
+  auto [first, last] = std::ranges::equal_range(places, at, {}, &gPasPlace::token);
+  for (auto place = first; place != last; ++place)
+    out_.includes[place->index].context.section = gPascalContext::body;
+  return first != last;
+}
+
+void gPasReader::skip_to_semicolon() {
+  ++at_;
+  while (at_ < limit() && view_.sign(at_) != ';' && !view_.begins_other(at_))
+    at_ = view_.behind(at_);
+  at_ += view_.sign(at_) == ';';
+}
+
+// The statements of a program or of a unit's old way to begin.
+void gPasReader::statements() {
+  bool const expected = section_ != gPascalContext::interface;
+  std::uint32_t const begin = at_;
+  gPascalContext::Section const section = section_;
+  section_ = gPascalContext::body;
+  note_state();
+  section_ = section;
+  at_ = view_.behind(at_);
+  if (view_.sign(at_) == '.') {
+    ++at_;
+    return;
+  }
+  if (!expected)
+    report(begin, at_, "statements outside of a routine");
+  frame().block = Block::none;
+  note_state();
+}
+
+// "[...]" in front of a declaration.
+void gPasReader::attribute() {
+  std::uint32_t const begin = at_;
+  at_ = view_.behind(at_);
+  if (view_.sign(at_) == ';') {
+    ++at_;
+    return;
+  }
+  gRange const range = view_.range(begin, at_);
+  if (attributes_.empty())
+    attributes_ = range;
+  attributes_.end = range.end;
+}
+
+void gPasReader::report(std::uint32_t from, std::uint32_t to, char const * reason) {
+  gRange whole = view_.range(from, to);
+  if (whole.empty())
+    whole.begin = whole.end = from > 0 ? view_[std::min(from, view_.size()) - 1].end : 0;
+  faults_.push_back({whole, reason});
+}
+
+// What stands here is no declaration: on behind the next ";", or at the next word that begins one.
+void gPasReader::fault(char const * reason) {
+  std::uint32_t const begin = at_;
+  attributes_ = {};
+  for (;;) {
+    bool const semicolon = view_.sign(at_) == ';';
+    at_ = std::min(view_.behind(at_), limit());
+    if (at_ >= limit() || semicolon || view_.begins_other(at_) ||
+        (view_[at_].line_start && (view_.word(at_) == gPasWord::class_ ||
+                                   (in_class() && (view_.marks(at_) & pas_access) != 0))))
+      break;
+  }
+  bool const same = !faults_.empty() && fault_end_ == begin && begin > 0;
+  if (same)
+    faults_.back().whole.end = view_.range(begin, at_).end;
+  else
+    report(begin, at_, reason);
+  fault_end_ = at_;
+}
+
+} // namespace Decl
