@@ -132,7 +132,7 @@ std::string gHtmSetter::headline_level(gNode const &) const {
 
 gLinkEnd gHtmSetter::link_to(int unit, std::string_view place) const {
   gLinkEnd end;
-  end.href =
+  (end.href = root_) +=
       place.empty() ? site_.addresses.href(unit, page_) : site_.addresses.href(unit, place, page_);
   end.title = escaped(site_.unit(unit).title);
   end.kind = site_.kinds.of(unit).word;
@@ -216,4 +216,24 @@ void gHtmSetter::set_note(gNode const & node, std::string & out) {
   bool const foot = node.kind == gNodeKind::footnote;
   rules().apply(foot ? gVltRule::footnote : gVltRule::endnote, values, out);
   rules().apply(gVltRule::note, foot ? "footnote" : "endnote", values, notes_);
+}
+
+// The page is a file of its own beside those of sources, so its links lead one folder up.
+std::string gHtmSetter::hierarchy_place(gNode const & node) {
+  std::string const own = site_.addresses.href(unit());
+  std::string const page = own.substr(0, own.rfind(".htm")),
+                    number =
+                        hierarchies_.empty() ? "" : "-" + std::to_string(hierarchies_.size() + 1);
+  gHierarchyPage made;
+  made.file = "_hierarchy/" + page + (own.ends_with(".htm") ? "" : "-" + Slug::hash({own})) +
+              number + ".htm";
+  int const here = std::exchange(page_, -1);
+  root_ = "../";
+  made.items = set_steps(node.children, long_hierarchy);
+  root_ = {};
+  page_ = here;
+  made.all = node.children.size();
+  made.shown = std::min(made.all, long_hierarchy);
+  hierarchies_.push_back(std::move(made));
+  return hierarchies_.back().file;
 }

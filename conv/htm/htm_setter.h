@@ -13,6 +13,13 @@ struct gHeadline {
   int level = 1;
 };
 
+// A class hierarchy with a page of its own. Finished texts.
+struct gHierarchyPage {
+  std::string file;
+  std::string items;
+  std::size_t shown = 0, all = 0; // classes
+};
+
 class gHtmSetter final : public gSetter {
 public:
   gHtmSetter(gSite & site, gColours const & colours);
@@ -24,6 +31,7 @@ public:
   // The notes of the unit as finished text, empty without any.
   std::string take_notes();
   std::vector<gHeadline> take_headlines() { return std::move(headlines_); }
+  std::vector<gHierarchyPage> take_hierarchies() { return std::exchange(hierarchies_, {}); }
   using gSetter::escape;
   void escape(std::string_view text, std::string & out) const override;
 
@@ -42,6 +50,7 @@ protected:
   std::string macro_text(std::string_view name) override;
   void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
   void set_note(gNode const & node, std::string & out) override;
+  std::string hierarchy_place(gNode const & node) override;
 
 private:
   void name_entries();
@@ -54,6 +63,8 @@ private:
   std::string editor_;
   std::unordered_map<std::string, std::string> entries_; // labels to anchors
   int page_ = -1;
+  std::string_view root_; // from where links lead to the folder of the pages
+  std::vector<gHierarchyPage> hierarchies_;
   // Anchors on the page that texts have made, and how often each was asked for.
   std::unordered_map<std::string, int> taken_;
   int unit_level_ = 1, headline_level_ = 0; // of headings; the latter counts in the unit

@@ -210,14 +210,15 @@ void gSearchIndex::write_shard(gConversion & conversion, std::string_view key, s
                                std::size_t end) {
   std::string text = "vlSearch.words(";
   add_quoted(key, text);
-  text += ", {";
+  // A list, since in an object "__proto__" would be no word.
+  text += ", [";
   for (std::size_t i = begin; i < end; ++i) {
     text += i > begin ? ",\n" : "\n";
     add_quoted(values_[i].first, text);
-    text += ':';
+    text += ',';
     add_quoted(values_[i].second, text);
   }
-  text += "\n});\n";
+  text += "\n]);\n";
   conversion.write(file_of(key), text);
 }
 

@@ -15,8 +15,9 @@ struct gSource {
 
 class gSourceAddresses {
 public:
-  // Lines on a page; a longer source is shown in parts.
-  static constexpr std::size_t lines_per_page = 10000;
+  // Lines on a page; a longer source is shown in parts. With what stands around each line a page
+  // stays one that a browser shows at once.
+  static constexpr std::size_t lines_per_page = 1000;
 
   gSourceAddresses(gDocument const & document, gSources const & sources);
 

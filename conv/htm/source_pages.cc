@@ -20,6 +20,17 @@ std::string_view next_line(std::string_view & text) {
   return line;
 }
 
+// Bytes beside the text of the lines, and those of them that links back may take in a page that has
+// no room for colours.
+constexpr std::size_t most_markup = 80000, most_links = 20000;
+
+std::size_t text_size(std::vector<std::string_view> const & lines) {
+  std::size_t size = 0;
+  for (std::string_view const line : lines)
+    size += line.size() + 1;
+  return size;
+}
+
 gNeighbour part_link(gSource const & source, std::size_t part, std::string const & title) {
   return {"../" + gSourceAddresses::page(source, part),
           Html::escaped(title) + " " + std::to_string(part + 1)};
@@ -57,32 +68,49 @@ void gSourcePages::write_source(gSource const & source, std::string_view text,
   language_ = gColours::language_of(source.path);
   gColours::gState state = 0;
   std::string items;
-  for (std::size_t part = 0; part < gSourceAddresses::parts(source); ++part) {
-    std::size_t const first = part * gSourceAddresses::lines_per_page;
-    std::size_t const end = std::min(first + gSourceAddresses::lines_per_page, source.lines);
-    items.clear();
-    for (std::size_t number = first + 1; number <= end; ++number)
-      add_line(next_line(text), number, state, units, items);
-    write_part(source, part, items, writer);
+  for (std::size_t number = 0; number < gSourceAddresses::parts(source); ++number) {
+    gPart part{number * gSourceAddresses::lines_per_page, {}};
+    std::size_t const end = std::min(part.first + gSourceAddresses::lines_per_page, source.lines);
+    while (part.first + part.lines.size() < end)
+      part.lines.push_back(next_line(text));
+    gColours::gState const before = state;
+    set_lines(part, units, true, state, items);
+    if (items.size() > text_size(part.lines) + most_markup) {
+      gColours::gState again = before;
+      set_lines(part, units, false, again, items);
+    }
+    write_part(source, number, items, writer);
   }
 }
 
-void gSourcePages::add_line(std::string_view line, std::size_t number, gColours::gState & state,
-                            gUnitLines const & units, std::string & out) {
-  line_.clear();
-  colours_.split(language_, line, state, stretches_);
-  for (gColoured const & stretch : stretches_)
-    colours_.set(stretch, line_);
-  std::string const digits = std::to_string(number), id = "L" + digits;
-  gVltValues values;
-  values.set(V::id, id).set(V::line, digits).set(V::number, digits).set(V::text, line_);
-  std::string href, title;
-  if (auto const found = units.find(number); found != units.end()) {
-    href = "../" + site_.addresses.href(found->second);
-    title = Html::escaped(site_.unit(found->second).title);
-    values.set(V::href, href).set(V::title, title);
+// Without colours links back are set as long as there is room for them.
+void gSourcePages::set_lines(gPart const & part, gUnitLines const & units, bool coloured,
+                             gColours::gState & state, std::string & items) {
+  items.clear();
+  std::size_t links = 0;
+  std::string text, href, title;
+  for (std::size_t i = 0; i < part.lines.size(); ++i) {
+    text.clear();
+    if (coloured) {
+      colours_.split(language_, part.lines[i], state, stretches_);
+      for (gColoured const & stretch : stretches_)
+        colours_.set(stretch, text);
+    } else {
+      Html::escape(part.lines[i], text);
+    }
+    std::size_t const number = part.first + i + 1;
+    std::string const digits = std::to_string(number), id = "L" + digits;
+    gVltValues values;
+    values.set(V::id, id).set(V::line, digits).set(V::number, digits).set(V::text, text);
+    auto const found = units.find(number);
+    if (found != units.end() && (coloured || links < most_links)) {
+      href = "../" + site_.addresses.href(found->second);
+      title = Html::escaped(site_.unit(found->second).title);
+      links += href.size() + title.size();
+      values.set(V::href, href).set(V::title, title);
+    }
+    site_.rules.apply(gVltRule::source_line, values, items);
   }
-  site_.rules.apply(gVltRule::source_line, values, out);
 }
 
 void gSourcePages::write_part(gSource const & source, std::size_t part, std::string const & items,

@@ -13,12 +13,17 @@ public:
 
 private:
   using gUnitLines = std::map<std::size_t, int>; // the first unit on a line
+  // The lines of one page, from `first` on (0 is the first of the source).
+  struct gPart {
+    std::size_t first = 0;
+    std::vector<std::string_view> lines;
+  };
 
   void write_source(gSource const & source, std::string_view text, gPageWriter & writer);
+  void set_lines(gPart const & part, gUnitLines const & units, bool coloured,
+                 gColours::gState & state, std::string & items);
   void write_part(gSource const & source, std::size_t part, std::string const & items,
                   gPageWriter & writer);
-  void add_line(std::string_view line, std::size_t number, gColours::gState & state,
-                gUnitLines const & units, std::string & out);
 
   gSite const & site_;
   gColours const & colours_;
@@ -26,5 +31,4 @@ private:
   gLanguage language_ = gLanguage::cpp;                // of the source at work
   std::map<std::string_view, std::vector<int>> units_; // by their source
   std::vector<gColoured> stretches_;
-  std::string line_;
 };

@@ -51,8 +51,10 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.title = head.title;
   frame.kind = kind.word;
   frame.kind_class = kind.css;
-  for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit)
+  for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit) {
     add_unit(unit, search, frame.content);
+    write_hierarchies(unit, writer);
+  }
   frame.crumbs =
       navigation_.crumbs(site_.pages.tree().parent(page), Site::contents_title(head), "");
   frame.contents = navigation_.tree(page);
@@ -61,6 +63,24 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.next = navigation_.next(page);
   set_running_heads(frame, head.section);
   writer.write(frame);
+}
+
+void gUnitPages::write_hierarchies(int unit, gPageWriter & writer) {
+  std::string const title = Html::escaped(site_.unit(unit).title);
+  for (gHierarchyPage const & hierarchy : setter_.take_hierarchies()) {
+    gPageFrame frame;
+    frame.style = "hierarchy";
+    frame.file = hierarchy.file;
+    frame.title = site_.unit(unit).title;
+    frame.crumbs = navigation_.crumbs(site_.pages.of(unit), frame.title, "../");
+    std::string const shown = std::to_string(hierarchy.shown), all = std::to_string(hierarchy.all);
+    std::string const href = "../" + site_.addresses.href(unit);
+    gVltValues values;
+    values.set(V::title, title).set(V::items, hierarchy.items).set(V::href, href);
+    values.set(V::count, shown).set(V::number, hierarchy.all > hierarchy.shown ? all : "");
+    site_.rules.apply(gVltRule::hierarchy_page, values, frame.content);
+    writer.write(frame);
+  }
 }
 
 void gUnitPages::set_running_heads(gPageFrame & frame, int section) {

@@ -21,6 +21,7 @@ private:
 
   void write_page(int page, gPageWriter & writer, gSearchIndex & search);
   void add_unit(int unit, gSearchIndex & search, std::string & out);
+  void write_hierarchies(int unit, gPageWriter & writer);
   void set_parts(gUnitText const & text, gParts & parts);
   void add_place(int unit);
   void set_running_heads(gPageFrame & frame, int section);

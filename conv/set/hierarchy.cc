@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <vector>
 
 namespace {
@@ -92,4 +93,29 @@ private:
 
 void Hierarchy::set(gNodeList const & steps, gSetItem const & set_item, std::string & out) {
   gTree(steps, set_item).set(out);
+}
+
+gNodeList Hierarchy::nearest(gNodeList const & steps, std::size_t most) {
+  auto const self =
+      std::ranges::find_if(steps, [](gNode const & s) { return s.param(0) == "this"; });
+  int const level = self == steps.end() ? 0 : level_of(*self);
+  auto const distance = [level](gNode const & step) {
+    return static_cast<std::size_t>(std::abs(level_of(step) - level));
+  };
+  std::vector<std::size_t> counts(max_level + 1);
+  for (gNode const & step : steps)
+    ++counts[distance(step)];
+  std::size_t whole =
+      0; // distances below it are taken wholly, of the next one what there is room for
+  std::size_t room = most;
+  while (whole < counts.size() && counts[whole] <= room)
+    room -= counts[whole++];
+  gNodeList near;
+  for (gNode const & step : steps) {
+    bool const partly = distance(step) == whole && room > 0;
+    if (distance(step) < whole || partly)
+      near.push_back(step);
+    room -= partly;
+  }
+  return near;
 }

@@ -22,4 +22,8 @@ using gSetItem = std::function<void(gHierarchyItem const &, std::string & out)>;
 // true, and the tree doesn't grow beyond one item for each step.
 void set(gNodeList const & steps, gSetItem const & set_item, std::string & out);
 
+// The class itself and those nearest to it, `most` steps in all. Each of them keeps its way to the
+// class.
+gNodeList nearest(gNodeList const & steps, std::size_t most);
+
 } // namespace Hierarchy

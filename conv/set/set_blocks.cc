@@ -144,12 +144,33 @@ void gSetter::set_list(gNode const & node, std::string & out) {
   rules_.apply(numbered ? gVltRule::numbering : gVltRule::enumeration, list_style, values, out);
 }
 
+// A class that is reached on many ways has as many steps, so a tree may have thousands for each of
+// a hundred classes; what is set of it must not grow with them.
 void gSetter::set_hierarchy(gNode const & node, std::string & out) {
-  std::string steps;
-  Hierarchy::set(
-      node.children, [this](gHierarchyItem const & item, std::string & to) { set_step(item, to); },
-      steps);
-  rules_.apply(gVltRule::hierarchy, gVltValues().set(gVltValue::items, steps), out);
+  std::size_t const all = node.children.size();
+  std::string const place = all > short_hierarchy ? hierarchy_place(node) : std::string();
+  std::size_t const most = place.empty() ? long_hierarchy : short_hierarchy;
+  std::string const steps = set_steps(node.children, most), count = std::to_string(all);
+  gVltValues values;
+  values.set(gVltValue::items, steps).set(gVltValue::href, place);
+  values.set(gVltValue::number, all > most ? count : "");
+  rules_.apply(gVltRule::hierarchy, values, out);
+}
+
+std::string gSetter::set_steps(gNodeList const & steps, std::size_t most) {
+  std::string out;
+  auto const set_one = [this](gHierarchyItem const & item, std::string & to) {
+    set_step(item, to);
+  };
+  if (steps.size() > most)
+    Hierarchy::set(Hierarchy::nearest(steps, most), set_one, out);
+  else
+    Hierarchy::set(steps, set_one, out);
+  return out;
+}
+
+std::string gSetter::hierarchy_place(gNode const &) {
+  return {};
 }
 
 std::string gSetter::step_indentation(int) const {

@@ -65,6 +65,9 @@ protected:
   virtual void set_note(gNode const & node, std::string & out);
   virtual void set_table(gNode const & node, std::string & out);
   virtual void set_hierarchy(gNode const & node, std::string & out);
+  // The address of a page with more of a large hierarchy than fits among other things; empty if the
+  // target has no such pages.
+  virtual std::string hierarchy_place(gNode const & node);
   virtual void set_index_entry(gNode const & node, std::string & out);
   virtual void set_block(gNode const & node, std::string & out);
   // An item of a list: its text, and what has to stand below it. HTML has items with all in them.
@@ -76,6 +79,11 @@ protected:
   // The width of a tab or the size of a font as the target writes it.
   virtual std::string measure(gNode const & node) const;
 
+  // Classes that a hierarchy shows among other things if it has a page of its own, and on that page
+  // or without one.
+  static constexpr std::size_t short_hierarchy = 60, long_hierarchy = 500;
+  // The tree of a hierarchy, or what is nearest to its class if there are more steps than `most`.
+  std::string set_steps(gNodeList const & steps, std::size_t most);
   void set_node(gNode const & node, std::string & out);
   void set_reference(gNode const & node, gTarget const & target, std::string & out);
   // The number of the next note of the unit, from 1.

@@ -106,6 +106,7 @@ constexpr Row rows[] = {
     {"row", true, row_values},
     {"cell", true, cell_values},
     {"hierarchy", false, step_values},
+    {"hierarchy_page", false, page_values},
     {"step", true, step_values},
     {"notes", false, list_values},
     {"note", true, note_values},

@@ -123,6 +123,7 @@ enum class gVltRule : unsigned char {
   row,
   cell,
   hierarchy,
+  hierarchy_page,
   step /* by role: base, this, child */,
   notes,
   note,

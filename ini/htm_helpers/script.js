@@ -239,7 +239,8 @@
     const scores = new Map();
     let common = false;
     for (const shard of await Promise.all(keys.map((key) => part(`w-${file_of(key)}`)))) {
-      for (const [word, fields] of Object.entries(shard ?? {})) {
+      for (let at = 0; at < (shard?.length ?? 0); at += 2) { // word, its fields, word ...
+        const [word, fields] = [shard[at], shard[at + 1]];
         if (!word.startsWith(query)) continue;
         const values = word === query ? whole : beginning;
         const nearness = 5 * query.length / word.length;

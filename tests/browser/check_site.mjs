@@ -63,6 +63,8 @@ export const check_site = (root) => {
     if (extname(name) !== ".htm") continue;
     const frame = text.replace(/<main[^]*<\/main>/, "");
     if (frame.length + shared > 102400) faults.push(`${name}: ${frame.length + shared} bytes beside its text`);
+    const markup = text.length - text.replace(/<[^>]*>/g, "").length;
+    if (name.startsWith("_source") && markup > 102400) faults.push(`${name}: ${markup} bytes beside its text`);
     pages.set(name, read_page(text));
   }
   let links = 0;

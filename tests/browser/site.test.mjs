@@ -10,7 +10,7 @@ import { chromium } from "playwright-core";
 import { check_site, files_of } from "./check_site.mjs";
 
 const sites = process.env.SITES.split(":");
-const [example, folder] = sites;
+const [example, folder, odd] = sites;
 const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 const pages_of = (site) => files_of(site).filter((name) => name.endsWith(".htm"));
 const address = (site, name) => pathToFileURL(join(site, name)).href;
@@ -106,6 +106,24 @@ const first_hit = async (page, name) => {
   await row.waitFor();
   return row;
 };
+
+test("the search finds names that objects have already", () =>
+  on_page(address(odd, "index.htm"), {}, async (page) => {
+    await search(page, "__proto__");
+    await first_hit(page, "__proto__");
+    await page.locator(".search input").fill("");
+    await search(page, "constr");
+    await first_hit(page, "constructor");
+  }));
+
+// A finger meets the right one if there are 24 pixels from each to the next.
+test("line numbers of sources are far enough from each other", () =>
+  on_page(address(odd, pages_of(odd).find((name) => name.endsWith("many.h-2.htm"))), {}, async (page) => {
+    const tops = await page.locator("pre code > a[id]").evaluateAll((links) =>
+      links.slice(0, 50).map((link) => link.getBoundingClientRect().top));
+    assert.equal(tops.length, 50);
+    for (let at = 1; at < tops.length; ++at) assert.ok(tops[at] - tops[at - 1] >= 24);
+  }));
 
 test("search by keyboard alone, ranked, from a file", () =>
   on_page(address(example, "index.htm"), {}, async (page) => {

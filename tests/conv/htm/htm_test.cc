@@ -268,9 +268,9 @@ TEST(Htm, WordsOfNames) {
 TEST_F(HtmSite, SearchFindsNamesPiecesAndText) {
   convert(unit(1, "net::FileReader", "/x/a.h", 1, "Takes \"bytes\" off a tape.") +
           unit(1, "other", "/x/a.h", 2, "Knows no FileReader."));
-  EXPECT_NE(file("_search/w-fi.js").find("\"file\":\"40\""), std::string::npos);
-  EXPECT_NE(file("_search/w-fi.js").find("\"filereader\":\"50;"), std::string::npos);
-  EXPECT_NE(file("_search/w-ne.js").find("\"net\":\"30\""), std::string::npos);
+  EXPECT_NE(file("_search/w-fi.js").find("\"file\",\"40\""), std::string::npos);
+  EXPECT_NE(file("_search/w-fi.js").find("\"filereader\",\"50;"), std::string::npos);
+  EXPECT_NE(file("_search/w-ne.js").find("\"net\",\"30\""), std::string::npos);
   std::string const block = file("_search/b-0.js");
   EXPECT_NE(block.find("[\"FileReader\",\"net\",1,\"net.FileReader.htm\",\"a.h:1\","
                        "\"Takes \\\"bytes\\\" off a tape.\"]"),
@@ -300,6 +300,44 @@ TEST_F(HtmSite, SourceLinksLeadToExistingLinesOnly) {
   std::regex const warning("WARNING 53[01]");
   EXPECT_EQ(std::distance(std::sregex_iterator(reports.begin(), reports.end(), warning), {}), 2)
       << reports;
+}
+
+// Bytes of a page that are no text of its own.
+std::size_t markup_of(std::string const & page) {
+  return page.size() - std::regex_replace(page, std::regex("<[^>]*>"), "").size();
+}
+
+// A table of numbers in a generated source is the page that freezes a browser.
+TEST_F(HtmSite, LongSourcesBecomeLightPages) {
+  std::string text;
+  for (int line = 0; line < 2500; ++line)
+    text += "  0x12, 0x34, 1.5, 7, 8, 9, 10, 11, 12, 13, 14, \"text\", 'x', if, // end\n";
+  std::string const path = folder_.write("table.h", text);
+  folder_.write("out/m.atc");
+  convert(unit(1, "A", path, 2400, link(path, 2400)));
+  EXPECT_NE(file("A.htm").find("\"_source/table.h-3.htm#L2400\""), std::string::npos);
+  for (char const * page : {"table.h.htm", "table.h-2.htm", "table.h-3.htm"})
+    EXPECT_LT(markup_of(file(std::string("_source/") + page)), 100000u) << page;
+  EXPECT_NE(file("_source/table.h-3.htm").find("id=\"L2400\""), std::string::npos);
+}
+
+// Where each of many classes derives from all before it, the ways to them are without number.
+TEST_F(HtmSite, LargeHierarchiesAreFoldedAndBounded) {
+  std::string steps = "@b_hierarchy\n@b_base\n";
+  for (int i = 0; i < 3000; ++i)
+    steps += "@cref<void><><><" + std::to_string(i / 300) + ">{B" + std::to_string(i) +
+             "} @hieraprop<0><public><>{public}\n";
+  steps += "@cref<main><L2><><9>{Near} @hieraprop<9><public><>{public}\n@e_base\n@thisclass\n"
+           "@cref<main><L1><><10>{A}\n@e_hierarchy\n";
+  convert(unit(1, "A", "/x/a.h", 1, steps) + unit(1, "Near", "/x/a.h", 2, ""));
+  std::string const page = file("A.htm"), whole = file("_hierarchy/A.htm");
+  EXPECT_LT(markup_of(page), 20000u);
+  EXPECT_NE(page.find("B2700"), std::string::npos);
+  EXPECT_EQ(page.find("B2699"), std::string::npos);
+  EXPECT_NE(page.find("href=\"_hierarchy/A.htm\""), std::string::npos);
+  EXPECT_NE(whole.find("B2700"), std::string::npos);
+  EXPECT_NE(whole.find("href=\"../Near.htm\""), std::string::npos);
+  EXPECT_LT(markup_of(whole), 60000u);
 }
 
 // Every link of a site with all sorts of places leads to a file and an anchor that are there.
