@@ -9,7 +9,6 @@
 #include "ana/parser/script/mpre_scan.h"
 #include "ana/progress.h"
 #include "ana/stages.h"
-#include "app/options/options.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -63,28 +62,10 @@ bool parse_script(gPathstring const & script, gPathstring const & copy) {
   return parsed && !stages.failed();
 }
 
-// The suppressed numbers are a list of digits with anything between them.
-std::set<int> suppressed_numbers() {
-  std::set<int> numbers;
-  int number = 0;
-  bool in_number = false;
-  for (char c : Vapp::option_string("msg/suppress") + ",") {
-    if (Vlb::is_digit(c)) {
-      number = number < 100000 ? number * 10 + (c - '0') : number;
-      in_number = true;
-    } else if (in_number) {
-      numbers.insert(number);
-      number = 0;
-      in_number = false;
-    }
-  }
-  return numbers;
-}
-
-void run_project() {
-  gPathstring script = Vapp::option_path("vls_file");
+bool run_project() {
+  gPathstring script = gInput->script;
   script.normalize(true);
-  Vapp::ana_success = ana_run_script(script);
+  return ana_run_script(script);
 }
 
 // What a run leaves open when it was broken off.
@@ -98,20 +79,20 @@ void clean_up() {
 
 bool ana_open_log() {
   Msg::log.reset_suppressed();
-  Msg::log.suppress(suppressed_numbers());
+  Msg::log.suppress(gInput->messages.suppressed);
   Msg::log.reset_counts();
-  Msg::log.err_max = Vapp::option_int("msg/err_max");
+  Msg::log.err_max = gInput->messages.err_max;
   Msg::log.minlvl_disp(Msg::all);
   Msg::log.minlvl_file(Msg::all);
-  gPathstring path = Vapp::option_path("out_dir");
+  gPathstring path = gInput->out_dir;
   path.append("ana.log");
   bool const opened = Msg::log.open_logfile(path);
   // The head of the log stands there at every level.
   Msg::log(Msg::status) << std::endl;
   Msg::log.put_time();
   Msg::log(Msg::status) << std::endl;
-  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp")));
-  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file")));
+  Msg::log.minlvl_disp(Msg::type(gInput->messages.lvl_disp));
+  Msg::log.minlvl_file(Msg::type(gInput->messages.lvl_file));
   if (!opened)
     Msg::log(Msg::cannot_write, path);
   return opened;
@@ -131,20 +112,20 @@ bool ana_run_script(gPathstring const & script) {
     Msg::log(Msg::cannot_remove, copy);
   bool const log_complete = Msg::log.close_logfile();
   if (logged && !log_complete)
-    Msg::log(Msg::cannot_write, Vapp::option_path("out_dir").append("ana.log"));
+    Msg::log(Msg::cannot_write, gPathstring(gInput->out_dir).append("ana.log"));
   return done && logged && log_complete;
 }
 
-void ana_thread() {
+gRunResult ana_thread(gRunInput input) {
   gStatusLine restore;
-  Vapp::ana_active = true;
-  Vapp::ana_success = false;
+  gRunResult result;
   try {
-    Vapp::incomplete_files().clear();
-    gUEKeywords.build_keywords();
+    gInput.set(std::move(input));
+    gFindings.reset();
+    gUEKeywords.build_keywords(*gInput);
     Msg::cur_errtaglist().reset();
     gCounters.units = 0;
-    run_project();
+    result.success = run_project();
   } catch (gException const & fault) {
     log_text(fault);
   } catch (std::exception const & fault) {
@@ -152,6 +133,8 @@ void ana_thread() {
   } catch (...) {
     Msg::log() << "Exception" << std::endl;
   }
+  result.atc_file = gFindings.atc_file;
+  result.incomplete = std::move(gFindings.incomplete);
   clean_up();
-  Vapp::ana_active = false;
+  return result;
 }

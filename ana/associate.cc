@@ -7,21 +7,14 @@
 
 #include <limits>
 
+#include "ana/anadat/input_table.h"
 #include "ana/progress.h"
 #include "ana/stages.h"
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 
 namespace {
-
-// Positions that the list doesn't have stay 0.
-std::array<int, 8> read_numbers(Vapp::gNumbersName name) {
-  std::vector<int> const list = Vapp::numbers_in(Vapp::options, name.row());
-  std::array<int, 8> numbers{};
-  std::copy_n(list.begin(), std::min(list.size(), numbers.size()), numbers.begin());
-  return numbers;
-}
 
 // A function or variable that belongs to a known class is its method or member. The parser can't
 // tell where the definition stands outside the class.
@@ -58,13 +51,14 @@ void generate_unit(cRef<gCodeElem> const & ce) {
 } // namespace
 
 gAllocOptions gAllocOptions::read() {
+  gAssociationInput const & input = gInput->association;
   gAllocOptions options;
-  options.order = read_numbers("ana/alloc/order");
-  options.prio = read_numbers("ana/alloc/prio");
-  options.gen_unit = Vapp::option_int("ana/alloc/gen_unit");
-  options.gen_private = Vapp::option_bool("ana/alloc/gen_private");
-  options.gen_static = Vapp::option_bool("ana/alloc/gen_static");
-  options.gen_extern = Vapp::option_bool("ana/alloc/gen_extern");
+  options.order = input.order;
+  options.prio = input.prio;
+  options.gen_unit = input.gen_unit;
+  options.gen_private = input.gen_private;
+  options.gen_static = input.gen_static;
+  options.gen_extern = input.gen_extern;
   return options;
 }
 

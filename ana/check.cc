@@ -4,7 +4,7 @@
 #include "ana/anadat/tables.h"
 #include "ana/progress.h"
 #include "ana/stages.h"
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 

@@ -3,8 +3,9 @@
 
 #include <list>
 
+#include "ana/anadat/input_table.h"
 #include "ana/progress.h"
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 #include "vlb/gexception.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/gsrcfile.h"
@@ -30,14 +31,14 @@ void file_loop(std::list<gSrcFile> const & files, gMessage const & stage, gMessa
       log_file(file, text);
       try {
         if (work(file) != 0) {
-          Vapp::incomplete_files().insert(file.opath());
+          gFindings.incomplete.insert(file.opath());
           Msg::log(failure);
           Msg::log(Msg::next_file);
         }
       } catch (gExcFatalErr const & fault) {
         if (Msg::log.limit_reached())
           throw; // too many errors end the run, not the file
-        Vapp::incomplete_files().insert(file.opath());
+        gFindings.incomplete.insert(file.opath());
         Msg::log() << fault.text() << std::endl;
         Msg::log(Msg::next_file);
       }

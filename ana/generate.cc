@@ -4,7 +4,6 @@
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/gcmd.h"
 #include "ana/stages.h"
-#include "app/options/options.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -15,10 +14,10 @@ void compile(gCmdSeq & commands) {
   Msg::log(Msg::compiling);
   auto state = make_ref<gOutState>();
   state->cur_dir = gFileSystem::get_curdir();
-  gPathstring const input_dir = Vapp::option_path("inputcurdir");
+  gPathstring const input_dir = gInput->root;
   if (gFileSystem::dir_exists(input_dir))
     state->cur_dir = input_dir;
-  state->miss_output = Vapp::option_bool("ana/alloc/miss_output");
+  state->miss_output = gInput->association.miss_output;
   commands.execute(state);
 }
 
@@ -35,7 +34,7 @@ bool write_document(gPathstring const & path, std::set<gString> const & outputs)
 }
 
 void log_summary() {
-  gPathstring const script = Vapp::option_string("vls_file");
+  gPathstring const script = gInput->script_name;
   Msg::log() << std::endl << script.file_name() << " - ";
   Msg::log.put_summary();
   Msg::log() << std::endl;
@@ -47,14 +46,13 @@ gPathstring ana_atc_path(gString const & output) {
   gPathstring name = output;
   name.normalize(true);
   if (name.empty())
-    name = gPathstring(Vapp::option_string("vls_file")).base_name();
+    name = gPathstring(gInput->script_name).base_name();
   gPathstring path = Vlb::atx_path(name);
   return path.empty() ? path : path.set_extension("atc");
 }
 
 void ana_atc_header(std::ostream & stream, std::set<gString> const & outputs) {
-  gPathstring const path = Vapp::option_string("atc_file");
-  stream << "@verinfo<VL_10>\n@outfile<" << path.base_name() << ">\n"
+  stream << "@verinfo<VL_10>\n@outfile<" << gFindings.atc_file.base_name() << ">\n"
          << "@b_wintype\n"
             "@wintype<main><Main Window>\n"
             "@wintype<subwin><Subwindow>\n"
@@ -74,7 +72,7 @@ bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString
   if (path.empty()) {
     Msg::log(Msg::cannot_write, output);
   } else {
-    Vapp::options["atc_file"] = cat::make(path);
+    gFindings.atc_file = path;
     written = write_document(path, outputs);
   }
   log_summary();

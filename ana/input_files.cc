@@ -2,20 +2,17 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/stages.h"
-#include "app/options/options.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gmsghandler.h"
 
 void ana_input_files() {
   gSrcFiles.clear();
-  gSrcFile::set_cpp_ext(Vapp::option_string("ana/cpp_ext"));
-  gSrcFile::set_pas_ext(Vapp::option_string("ana/pas_ext"));
+  gSrcFile::set_cpp_ext(gInput->cpp_ext);
+  gSrcFile::set_pas_ext(gInput->pas_ext);
   gFileList found(0);
-  found.cur_dir(Vapp::option_path("inputcurdir"));
-  if (cRef<cObj> const groups = Vapp::option("inputfiles")) {
-    for (cIterObj group = groups->begin(); group.valid(); group++)
-      found.add(cat::as_string(group->at("path")), cat::as_string(group->at("files")), 1);
-  }
+  found.cur_dir(gInput->root);
+  for (gFileGroup const & group : gInput->groups)
+    found.add(group.paths, group.files, 1);
   for (gString const & problem : found.problems())
     Msg::log() << problem << std::endl;
   for (gSrcFile const & file : found.files())

@@ -32,7 +32,7 @@ private:
   ppre_scan pascal_{scanner_size};
   int number_ = 0;
   bool write_failed_ = false;
-  bool foreign_tags_ = Vapp::option_bool("ana/foreign_tags");
+  bool foreign_tags_ = gInput->comments.foreign;
 };
 
 // Reports a fault in the environment; the next file is taken.

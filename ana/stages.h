@@ -37,5 +37,5 @@ bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString
 // Path of the .atc file for the option `output` of @document; empty if it leads out of the output
 // folder.
 gPathstring ana_atc_path(gString const & output);
-// The head of the .atc file, whose path stands in the option atc_file.
+// The head of the .atc file, whose path stands in gFindings.
 void ana_atc_header(std::ostream & stream, std::set<gString> const & outputs);

@@ -6,7 +6,7 @@
 #include "ana/comment_reader.h"
 #include "ana/progress.h"
 #include "ana/stages.h"
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 

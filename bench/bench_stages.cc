@@ -59,7 +59,8 @@ void run_stage(benchmark::State & state, std::size_t number) {
   for (auto _ : state) {
     state.PauseTiming();
     Global::objects().reset_all();
-    gUEKeywords.build_keywords();
+    gInput.set(Vapp::run_input());
+    gUEKeywords.build_keywords(*gInput);
     ana_input_files();
     for (std::size_t i = 0; i < number; ++i)
       stages[i]();

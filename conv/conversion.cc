@@ -11,7 +11,7 @@
 
 #include <fcntl.h>
 
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 #include "conv/atc/reader.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
@@ -100,25 +100,17 @@ bool is_page(std::string const & name) {
   return (name.ends_with(".htm") || name.ends_with(".html")) && !name.starts_with('_');
 }
 
-// Shows the conversion as active; the status line and the log are put back first.
+// Puts the status line back behind the conversion.
 class Frame {
 public:
-  Frame() : status_(Vlb::GetStatus()) { Vapp::output_active = true; }
+  Frame() : status_(Vlb::GetStatus()) {}
   Frame(Frame const &) = delete;
   Frame & operator=(Frame const &) = delete;
-  ~Frame() {
-    Vlb::SetStatus(status_, true);
-    Vapp::output_active = false;
-  }
+  ~Frame() { Vlb::SetStatus(status_, true); }
 
 private:
   gString status_;
 };
-
-gConversionResult & result_of_last() {
-  static gConversionResult result;
-  return result;
-}
 
 void log_summary(std::string const & target) {
   Msg::log() << std::endl << label_of(target) << " - ";
@@ -126,19 +118,19 @@ void log_summary(std::string const & target) {
   Msg::log() << std::endl;
 }
 
-void convert(std::string const & target, bool (*work)(gConversion &)) {
-  gConversion conversion(target);
-  if (work(conversion))
-    result_of_last() = conversion.result();
-  log_summary(target);
+gConversionResult convert(gConversionInput const & input, bool (*work)(gConversion &)) {
+  gConversion conversion(input);
+  gConversionResult const result = work(conversion) ? conversion.result() : gConversionResult();
+  log_summary(input.target);
+  return result;
 }
 
 // Every fault ends here, since nothing stands above a worker's entry.
-void convert_guarded(std::string const & target, bool (*work)(gConversion &)) {
+gConversionResult convert_guarded(gConversionInput const & input, bool (*work)(gConversion &)) {
   try {
-    convert(target, work);
+    return convert(input, work);
   } catch (gExcConversion const &) {
-    log_summary(target);
+    log_summary(input.target);
   } catch (gException const & fault) {
     Msg::log() << fault.text() << std::endl;
   } catch (std::exception const & fault) {
@@ -146,19 +138,20 @@ void convert_guarded(std::string const & target, bool (*work)(gConversion &)) {
   } catch (...) {
     Msg::log() << "Exception" << std::endl;
   }
+  return {};
 }
 
-gPathstring log_path() {
-  gPathstring path = Vapp::option_path("out_dir");
-  path.append(Vapp::option_string("target"));
+gPathstring log_path(gConversionInput const & input) {
+  gPathstring path = input.out_dir;
+  path.append(input.target);
   return path.set_extension("log");
 }
 
 } // namespace
 
-gConversion::gConversion(std::string const & target)
-    : target_(target),
-      folder_(option_path("out_dir")),
+gConversion::gConversion(gConversionInput const & input)
+    : input_(input),
+      folder_(input.folder),
       work_(folder_.normalize(true) + new_suffix) {}
 
 gConversion::~gConversion() {
@@ -166,7 +159,7 @@ gConversion::~gConversion() {
 }
 
 bool gConversion::start() {
-  Msg::log(Msg::converting, label_of(target_));
+  Msg::log(Msg::converting, label_of(input_.target));
   Msg::log(Msg::status) << "  " << folder_ << std::endl;
   Vapp::poll_break();
   settle(folder_);
@@ -175,38 +168,17 @@ bool gConversion::start() {
   gFileSystem::mk_dirs(folder_.dir_name());
   if (!gFileSystem::mk_dir(work_))
     return report_unwritable(work_, errno);
-  gPathstring const code = Vapp::option_path("atc_file");
+  gPathstring const & code = input_.code;
   if (!gAtcReader().read(code, document_)) {
     if (!document_.files.empty())
       Msg::log(Msg::no_text_unit, code);
     return false;
   }
-  return rules_.load(option_path("cur_vlt"));
+  return rules_.load(input_.script);
 }
 
 std::string gConversion::title() const {
-  gString const title = Vapp::option_string("atc_title");
-  return title.empty() ? document_.name : title;
-}
-
-int gConversion::option_int(std::string_view key) const {
-  Vapp::gOptionRow const * row = Vapp::gNumberName::find(target_ + "/" + std::string(key));
-  return row ? Vapp::number_in(Vapp::options, *row) : 0;
-}
-
-bool gConversion::option_bool(std::string_view key) const {
-  Vapp::gOptionRow const * row = Vapp::gFlagName::find(target_ + "/" + std::string(key));
-  return row && Vapp::flag_in(Vapp::options, *row);
-}
-
-gString gConversion::option_string(std::string_view key) const {
-  Vapp::gOptionRow const * row = Vapp::gTextName::find(target_ + "/" + std::string(key));
-  return row ? Vapp::text_in(Vapp::options, *row) : gString();
-}
-
-gPathstring gConversion::option_path(std::string_view key) const {
-  std::string text = option_string(key);
-  return gPathstring(Vapp::make_absolute_vlp(text));
+  return input_.title.empty() ? document_.name : input_.title;
 }
 
 gPathstring gConversion::place_for(std::string const & name) {
@@ -247,8 +219,8 @@ void gConversion::progress(std::size_t done, std::size_t all) {
   if (percent == shown_)
     return;
   shown_ = percent;
-  Vlb::SetStatus(gString(Msg::converting.text) + label_of(target_) + " " + std::to_string(percent) +
-                     "%",
+  Vlb::SetStatus(gString(Msg::converting.text) + label_of(input_.target) + " " +
+                     std::to_string(percent) + "%",
                  true);
 }
 
@@ -266,29 +238,25 @@ bool gConversion::finish(std::string const & start_file) {
   return true;
 }
 
-void Conv::open_log() {
+void Conv::open_log(gConversionInput const & input) {
   Msg::log.reset_counts();
   Msg::log.err_max = 0;
-  gPathstring const path = log_path();
+  gPathstring const path = log_path(input);
   bool const opened = Msg::log.open_logfile(path);
-  Msg::log.minlvl_disp(Msg::type(Vapp::option_int("msg/lvl_disp")));
-  Msg::log.minlvl_file(Msg::type(Vapp::option_int("msg/lvl_file")));
+  Msg::log.minlvl_disp(Msg::type(input.messages.lvl_disp));
+  Msg::log.minlvl_file(Msg::type(input.messages.lvl_file));
   if (!opened)
     Msg::log(Msg::cannot_write, path);
   // From here on the error that reaches the limit is thrown, which only a worker catches.
-  Msg::log.err_max = Vapp::option_int("msg/err_max");
+  Msg::log.err_max = input.messages.err_max;
 }
 
-void Conv::run(std::string const & target, bool (*work)(gConversion &)) {
+gConversionResult Conv::run(gConversionInput const & input, bool (*work)(gConversion &)) {
   Frame const frame;
-  result_of_last() = {};
-  convert_guarded(target, work);
-  if (Msg::log.close_logfile())
-    return;
-  Msg::log.err_max = 0;
-  Msg::log(Msg::cannot_write, log_path());
-}
-
-gConversionResult const & Conv::last_result() {
-  return result_of_last();
+  gConversionResult result = convert_guarded(input, work);
+  if (!Msg::log.close_logfile()) {
+    Msg::log.err_max = 0;
+    Msg::log(Msg::cannot_write, log_path(input));
+  }
+  return result;
 }

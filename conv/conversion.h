@@ -1,4 +1,4 @@
-// The frame of a conversion: options, log, progress, break, and the folder that is put in place
+// The frame of a conversion: input, log, progress, break, and the folder that is put in place
 // when all went well.
 #pragma once
 
@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "app/options/run_input.h"
 #include "conv/atc/document.h"
 #include "conv/vlt/rules.h"
 #include "vlb/gexception.h"
@@ -26,11 +27,11 @@ public:
   gExcConversion() : gException("Conversion failed") {}
 };
 
-// One conversion, from the option tree as the driver left it. Writes into a folder beside the
+// One conversion. Writes into a folder beside the
 // target's output folder; finish() swaps the two. Without finish() the old result stays as it was.
 class gConversion {
 public:
-  explicit gConversion(std::string const & target); // "htm", "rtf", "hlp"
+  explicit gConversion(gConversionInput const & input); // outlives this
   ~gConversion();
   gConversion(gConversion const &) = delete;
   gConversion & operator=(gConversion const &) = delete;
@@ -39,14 +40,8 @@ public:
   bool start();
   gDocument const & document() const { return document_; }
   gVltRules const & rules() const { return rules_; }
-  std::string const & target() const { return target_; }
+  gConversionInput const & input() const { return input_; }
   std::string title() const; // `atc_title`, else the document's name
-  // Options of the target.
-  int option_int(std::string_view key) const;
-  bool option_bool(std::string_view key) const;
-  gString option_string(std::string_view key) const;
-  gPathstring option_path(std::string_view key) const;
-
   // Writes a file of the result; `name` is relative and may have folders. Throws gExcUserBreak if
   // the user asked for a stop; gExcConversion, after a report, if the file can't be written.
   void write(std::string const & name, std::string_view text);
@@ -63,7 +58,7 @@ public:
 private:
   gPathstring place_for(std::string const & name);
 
-  std::string target_;
+  gConversionInput const & input_;
   gPathstring folder_, work_; // of the result, and where it is written
   gDocument document_;
   gVltRules rules_;
@@ -73,21 +68,19 @@ private:
 };
 
 namespace Conv {
-// Opens the log of the target that the options name, beside its output folder ("htm.log"), and
-// sets levels and counts. run() closes it.
-void open_log();
-// Runs a converter under the guards that every conversion has: the flag of the run, the log, the
-// break. `work` throws or answers false when it fails.
-void run(std::string const & target, bool (*work)(gConversion &));
-// The outcome of the last conversion.
-gConversionResult const & last_result();
+// Opens the log of the target beside its output folder ("htm.log"), and sets levels and counts.
+// run() closes it.
+void open_log(gConversionInput const & input);
+// Runs a converter under the guards that every conversion has: the log, the break, the status line.
+// `work` throws or answers false when it fails; the result is empty then.
+gConversionResult run(gConversionInput const & input, bool (*work)(gConversion &));
 } // namespace Conv
 
-// The converters: entries of a worker thread. They read everything from Vapp::options, report
-// through Msg::log and set Vapp::output_active for the length of their run. The argument is null.
+// The converters: entries of a worker thread. They report through Msg::log.
 namespace Htm {
-void make_manual(void *);
+gConversionResult make_manual(gConversionInput const & input);
 }
 namespace RTF {
-void make_manual(void *);
-}
+// Of both targets that are RTF.
+gConversionResult make_manual(gConversionInput const & input);
+} // namespace RTF

@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
   fuzz_one([&] {
     static doc_parse parser(150);
-    gUEKeywords.build_keywords();
+    gUEKeywords.build_keywords(Vapp::standard_run_input());
     parser.reset();
     parser.scanner().open_text(gSrcFile("fuzz.h", "", 1), fuzz_text(data, size));
     parser.parse();

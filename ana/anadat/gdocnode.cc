@@ -4,7 +4,7 @@
 #include "ana/anadat/gatcfile.h"
 #include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -94,7 +94,7 @@ void gSectHeader::write_head(std::ostream & stream) {
 }
 
 gPathstring Vlb::atx_path(gString const & output) {
-  gPathstring folder = Vapp::option_path("out_dir");
+  gPathstring folder = gInput->out_dir;
   folder.normalize(true);
   gPathstring path = output;
   path.make_absolute(folder).normalize(true).set_extension("atx");

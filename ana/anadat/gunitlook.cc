@@ -7,7 +7,6 @@
 #include "ana/anadat/gdocunit.h"
 #include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 
 namespace {
 
@@ -55,7 +54,7 @@ gUnitLook::gUnitLook(gString const & section_template, gString const & unit_type
   no_index = gVLAttributes.flag({"unittpl", unit_template, "noxe"});
   hier_up = template_level(unit_template, "hierup");
   hier_down = template_level(unit_template, "hierdown");
-  tab_width = Vapp::option_int("ana/tab_width");
+  tab_width = gInput->text.tab_width;
   link_line = shared(gVLAttributes.list({"unittpl", unit_template, "linkline"}));
   headline = shared(gVLAttributes.list({"unittpl", unit_template, "hdline"}));
   srclink_text = ::srclink_text(section_template, unit_type);
@@ -64,14 +63,12 @@ gUnitLook::gUnitLook(gString const & section_template, gString const & unit_type
 }
 
 void gUnitLook::read_verbatim(gString const & unit_type) {
-  cRef<cObj> const config = Vapp::option({"unitconfig", unit_type});
-  if (!config || !config->map())
+  auto const config = gInput->unit_config.find(unit_type);
+  if (config == gInput->unit_config.end())
     return;
-  for (cIterObj it = config->begin(); it.valid(); it++) {
-    gString const subentry = it.key_as_string();
-    if (Vapp::config_verbatim(Vapp::unit_config(unit_type, subentry)))
+  for (auto const & [subentry, digits] : config->second.entries())
+    if (Vapp::config_verbatim(digits))
       verbatim_.push_back(subentry);
-  }
 }
 
 bool gUnitLook::is_verbatim(std::string_view subentry) const {

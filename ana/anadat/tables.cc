@@ -1,6 +1,8 @@
 // The tables of a run, in the order of construction, init and reset.
 #include "ana/anadat/tables.h"
 
+gInputTable gInput;
+gRunFindings gFindings;
 gRunCounters gCounters;
 gTextPool gTexts;
 

@@ -13,6 +13,7 @@
 #include "ana/anadat/gfileobjtable.h"
 #include "ana/anadat/gunitnames.h"
 #include "ana/anadat/gvlattributes.h"
+#include "ana/anadat/input_table.h"
 #include "ana/anadat/text_pool.h"
 #include "vlb/gcounter.h"
 

@@ -1,7 +1,6 @@
 // A bound unit has two accounts of the same thing: what its author wrote and what the source
 // declares. Here they are merged, and differences and gaps reported.
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 
@@ -17,8 +16,8 @@ bool is_refined(gString const & own, gString const & code) {
 // True if the code's value counts.
 bool gDocUnit::report_difference(gMessage const & message, gString const & own,
                                  gString const & code) {
-  bool const adopt = Vapp::option_bool("ana/alloc/diffattr_code");
-  if (!Vapp::option_bool("ana/alloc/diffattr_err"))
+  bool const adopt = gInput->association.diffattr_code;
+  if (!gInput->association.diffattr_err)
     return adopt;
   Msg::log(message, own, loc_.make_string());
   if (adopt)
@@ -36,7 +35,7 @@ void gDocUnit::merge_attr(gString const & name, gString const & code, gMessage c
 }
 
 void gDocUnit::merge_text(gString const & subentry, gString const & code) {
-  if (Vapp::config_automatic(Vapp::unit_config(get_attr("UNITTYPE"), subentry)))
+  if (Vapp::config_automatic(gInput->digits(get_attr("UNITTYPE"), subentry)))
     set_subentry(subentry, gStrList(Vlb::escape_atc(code)));
 }
 
@@ -57,18 +56,17 @@ void gDocUnit::update_from_code() {
 
 void gSyntUnit::check() const {
   gString const where = loc().make_string();
-  if (!code_elem() && Vapp::option_bool("ana/alloc/miss_warn"))
+  if (!code_elem() && gInput->association.miss_warn)
     Msg::log(Msg::no_code_element, name(), where);
   gString const & type = get_attr("UNITTYPE");
   for (gSubEntries::Entry const & entry : subentries())
-    if (Vapp::unit_config(type, *entry.name) < 0)
+    if (gInput->digits(type, *entry.name) < 0)
       Msg::log(Msg::subentry_not_permitted, *entry.name, where);
-  cRef<cObj> const config = Vapp::option({"unitconfig", type});
-  if (!config || !config->map())
+  auto const config = gInput->unit_config.find(type);
+  if (config == gInput->unit_config.end())
     return;
-  for (cIterObj it = config->begin(); it.valid(); it++) {
-    gString const subentry = it.key_as_string();
-    if (!Vapp::config_fill_out(Vapp::unit_config(type, subentry)))
+  for (auto const & [subentry, digits] : config->second.entries()) {
+    if (!Vapp::config_fill_out(digits))
       continue;
     gSubText const * text = subentries().find(subentry);
     if (!text || text->is_wsp())

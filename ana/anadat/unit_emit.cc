@@ -1,7 +1,7 @@
 // A placed copy is written once, piece by piece and straight into the stream.
 #include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
+#include "app/options/run_flags.h"
 
 namespace {
 

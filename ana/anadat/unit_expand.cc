@@ -2,7 +2,6 @@
 // document is known, and a reference can lead forward.
 #include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 
@@ -20,9 +19,11 @@ gString quoted(gString const & text) {
 } // namespace
 
 gString Vlb::attribute_text(gString const & attribute, gString const & value) {
-  gStrList text;
-  cat::read(Vapp::option({"attr", attribute, "val", value}), text);
-  return text.make_string("");
+  auto const values = gInput->attributes.find(attribute);
+  if (values == gInput->attributes.end())
+    return gString();
+  auto const text = values->second.find(value);
+  return text == values->second.end() ? gString() : text->second;
 }
 
 gString gDocUnit::variable(std::string_view name) const {
@@ -161,8 +162,8 @@ gString gDocUnit::citation_text(gString const & name) const {
   if (citation->state() == gCitation::end_of_file)
     Msg::log(Msg::citation_end_of_file, name, loc_.make_string());
   gSubText text(citation->text());
-  int const tab_width = Vapp::option_int("ana/tab_width");
+  int const tab_width = gInput->text.tab_width;
   text.strip_indent(text.common_indent(tab_width), tab_width);
-  text.add_indent(Vapp::option_int("ana/verb_indent"));
+  text.add_indent(gInput->text.verb_indent);
   return Vlb::escape_atc(text.make_string(""));
 }

@@ -3,7 +3,6 @@
 #include <charconv>
 
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 
@@ -133,7 +132,7 @@ gStrList const & gDocUnit::srclink_text() const {
 
 bool gDocUnit::is_verbatim(std::string_view subentry) const {
   return look_ ? look_->is_verbatim(subentry)
-               : Vapp::config_verbatim(Vapp::unit_config(get_attr("UNITTYPE"), subentry));
+               : Vapp::config_verbatim(gInput->digits(get_attr("UNITTYPE"), subentry));
 }
 
 gTextUnit::gTextUnit(gString const & name, gSrcFile const & file, int line)

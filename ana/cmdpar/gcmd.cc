@@ -2,7 +2,6 @@
 #include "ana/cmdpar/gcmd.h"
 
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 #include "vlb/gexception.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gfilesystem.h"
@@ -58,21 +57,14 @@ namespace {
 
 // Adds the files of all groups with this output name; false if there is no such group.
 bool add_group(gString const & name, std::list<gPathstring> & files) {
-  cRef<cObj> const groups = Vapp::option("inputfiles");
   bool found = false;
-  if (!groups)
-    return false;
-  for (cIterObj group = groups->begin(); group.valid(); group++) {
-    gString output, paths, names;
-    cat::read(group->at("outgrp"), output);
-    if (output.compare_i(name) != 0)
+  for (gFileGroup const & group : gInput->groups) {
+    if (group.output.compare_i(name) != 0)
       continue;
     found = true;
-    cat::read(group->at("path"), paths);
-    cat::read(group->at("files"), names);
     gFileList list(0);
-    list.cur_dir(Vapp::option_path("inputcurdir"));
-    list.add(paths, names, 0);
+    list.cur_dir(gInput->root);
+    list.add(group.paths, group.files, 0);
     for (gSrcFile const & file : list.files())
       files.push_back(file.path());
   }

@@ -2,7 +2,6 @@
 #include "ana/cmdpar/gunitselector.h"
 
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 #include "vlb/gfilesystem.h"
 
 namespace {
@@ -138,7 +137,7 @@ bool gUnitSelector::passes(gDocUnit const & unit, gOutState const & state) {
 }
 
 std::vector<cRef<gDocUnit>> gUnitSelector::select(gOutState & state) {
-  state.miss_output = Vapp::option_bool("ana/alloc/miss_output");
+  state.miss_output = gInput->association.miss_output;
   collect_units();
   compile_filters(state);
   std::vector<cRef<gDocUnit>> selected;

@@ -8,7 +8,7 @@
 #include <limits>
 #include <sstream>
 
-#include "app/options/options.h"
+#include "ana/anadat/input_table.h"
 #include "vlb/gexception.h"
 #include "vlb/messages.h"
 
@@ -159,7 +159,7 @@ void gVLParseBase::add_option(gParamList & params, gStrList const & name_and_val
 }
 
 bool gVLParseBase::check_attribute(gString const & name) const {
-  if (Vapp::option({"attr", name}))
+  if (gInput->attributes.contains(name))
     return true;
   error(Msg::undefined_attribute, name);
   return false;
@@ -173,7 +173,7 @@ gPredicate gVLParseBase::make_predicate(gString const & attribute, gStrList cons
   test.equal = equal;
   bool good = true;
   for (cRef<gString> const & value : values) {
-    if (!Vapp::option({"attr", attribute, "val", *value})) {
+    if (!gInput->has_value(attribute, *value)) {
       error(Msg::undefined_attribute_value, *value);
       good = false;
     }

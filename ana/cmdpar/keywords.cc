@@ -3,7 +3,7 @@
 #include "ana/cmdpar/keywords.h"
 
 #include "ana/cmdpar/gparam.h"
-#include "app/options/options.h"
+#include "app/options/run_input.h"
 
 namespace {
 
@@ -97,70 +97,51 @@ constexpr CommandRow commands[] = {
 constexpr char const * variables[] = {"$name",    "$qname",   "$cname",   "$curclass",
                                       "$curfile", "$curpage", "$curdate", "$curtime"};
 
-// The keywords of a source pattern or a subentry: a vector of pairs of keyword and separators.
-template <class Use> void each_keyword(cObj const & record, Use use) {
-  cRef<cObj> const list = record.at("kwd");
-  if (!list)
-    return;
-  for (cIterObj it = list->begin(); it.valid(); it++) {
-    gString name, separators;
-    if (!cat::read(it->at(0), name) || name.empty())
-      continue;
-    cat::read(it->at(1), separators);
-    use(name, separators);
-  }
-}
-
-cRef<gUnitPattern> make_pattern(cObj const & record) {
+cRef<gUnitPattern> make_pattern(gPatternInput const & input) {
   auto pattern = make_ref<gUnitPattern>();
-  cat::read(record.at("idspec"), pattern->idspec);
-  cat::read(record.at("slspec"), pattern->slspec);
-  cat::read(record.at("slsep"), pattern->slsep);
-  if (cRef<cObj> const attributes = record.at("attr"))
-    for (cIterObj it = attributes->begin(); it.valid(); it++)
-      pattern->attr.set(it.key_as_string(), cat::as_string(it.valref()));
+  pattern->idspec = input.idspec;
+  pattern->slspec = input.slspec;
+  pattern->slsep = input.slsep;
+  for (auto const & [name, value] : input.attributes)
+    pattern->attr.set(name, value);
   return pattern;
 }
 
 } // namespace
 
-void gUEKeywordTable::build_keywords() {
+void gUEKeywordTable::build_keywords(gRunInput const & input) {
   reset();
-  if (cRef<cObj> const patterns = Vapp::option("ana/srcpat_unit"))
-    for (cIterObj it = patterns->begin(); it.valid(); it++)
-      if (!cat::is_nil(it.valref()))
-        add_pattern(it.key_as_string(), *it);
-  if (cRef<cObj> const subentries = Vapp::option("ana/srcpat_subentry"))
-    for (cIterObj it = subentries->begin(); it.valid(); it++)
-      if (!cat::is_nil(it.valref()))
-        add_subentry(it.key_as_string(), *it);
+  for (gPatternInput const & pattern : input.patterns)
+    add_pattern(pattern);
+  for (gSubentryInput const & subentry : input.subentries)
+    add_subentry(subentry);
 }
 
-void gUEKeywordTable::add_pattern(gString const & name, cObj const & record) {
-  cRef<gUnitPattern> const pattern = make_pattern(record);
-  if (name == "spt_2star")
+void gUEKeywordTable::add_pattern(gPatternInput const & input) {
+  cRef<gUnitPattern> const pattern = make_pattern(input);
+  if (input.name == "spt_2star")
     star_pattern_ = pattern;
-  if (name == "spt_3slash")
+  if (input.name == "spt_3slash")
     slash_pattern_ = pattern;
-  each_keyword(record, [&](gString const & word, gString const & separators) {
+  for (auto const & [word, separators] : input.keywords) {
     auto keyword = make_ref<gKwd>();
     keyword->name = word;
     keyword->separators = separators;
     keyword->kind = word == "@text" || word == "@x" ? gKwd::text_unit : gKwd::synt_unit;
     keyword->pattern = pattern;
     set(word, keyword);
-  });
+  }
 }
 
-void gUEKeywordTable::add_subentry(gString const & name, cObj const & record) {
-  each_keyword(record, [&](gString const & word, gString const & separators) {
+void gUEKeywordTable::add_subentry(gSubentryInput const & input) {
+  for (auto const & [word, separators] : input.keywords) {
     auto keyword = make_ref<gKwd>();
     keyword->name = word;
     keyword->separators = separators;
     keyword->kind = gKwd::subentry_kwd;
-    keyword->subentry = name;
+    keyword->subentry = input.name;
     set(word, keyword);
-  });
+  }
 }
 
 void gUEKeywordTable::reset() {

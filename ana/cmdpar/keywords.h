@@ -4,7 +4,9 @@
 #include "ana/anadat/gattributes.h"
 #include "store/ghash.h"
 
-class cObj;
+struct gPatternInput;
+struct gRunInput;
+struct gSubentryInput;
 
 // What a source pattern says about the units that it opens.
 struct gUnitPattern : cShared {
@@ -27,10 +29,10 @@ struct gKwd : cShared {
   cRef<gUnitPattern> pattern; // unit keywords only
 };
 
-// Keywords that open units and subentries, rebuilt from the options at the start of each run.
+// Keywords that open units and subentries, rebuilt from the input of each run.
 class gUEKeywordTable : public gGlobalHash<cRef<gKwd>> {
 public:
-  virtual void build_keywords();
+  virtual void build_keywords(gRunInput const & input);
   // The pattern of comments that open with "/**" or "(**", and with "///"; null while the source
   // pattern doesn't exist.
   cRef<gUnitPattern> const & star_pattern() const { return star_pattern_; }
@@ -38,8 +40,8 @@ public:
   void reset() override;
 
 private:
-  void add_pattern(gString const & name, cObj const & record);
-  void add_subentry(gString const & name, cObj const & record);
+  void add_pattern(gPatternInput const & input);
+  void add_subentry(gSubentryInput const & input);
 
   cRef<gUnitPattern> star_pattern_, slash_pattern_;
 };

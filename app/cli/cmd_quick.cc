@@ -8,7 +8,7 @@
 #include "app/cli/source_walk.h"
 #include "app/options/options.h"
 #include "app/options/settings.h"
-#include "conv/conversion.h"
+#include "app/shell/run.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 
@@ -138,7 +138,7 @@ private:
   }
 
   void print_result() const {
-    gConversionResult const & result = Conv::last_result();
+    gConversionResult const & result = gConversionRun::last_result();
     std::size_t const cut = Vapp::incomplete_files().size();
     gString start;
     Vlb::add_shown(start, result.start);

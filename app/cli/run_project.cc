@@ -7,9 +7,9 @@
 #include "app/cli/interrupts.h"
 #include "app/cli/run_options.h"
 #include "app/options/options.h"
+#include "app/shell/run.h"
 #include "app/shell/run_handlers.h"
 #include "app/shell/worker.h"
-#include "conv/conversion.h"
 #include "vlb/gmsghandler.h"
 
 namespace {
@@ -52,7 +52,7 @@ private:
       return exit_failed;
     wait();
     start_.folder()->record_contents();
-    return status_of(Conv::last_result().success);
+    return status_of(gConversionRun::last_result().success);
   }
 
   void wait() {

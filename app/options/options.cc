@@ -120,12 +120,6 @@ gString option_string(gTextName name) {
   return text_in(tree_of(name.row()), name.row());
 }
 
-int unit_config(std::string_view unit_type, std::string_view subentry) {
-  int digits = -1;
-  cat::read(option({"unitconfig", unit_type, subentry}), digits);
-  return digits;
-}
-
 std::string & make_absolute_vlp(std::string & path) {
   gString folder;
   if (!cat::read(options_ini.at("vlp_dir"), folder) || folder.empty())

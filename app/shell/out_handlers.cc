@@ -1,12 +1,10 @@
-// A converter has no parameters: the driver leaves all that it needs in the project's options
-// before the thread starts, and nobody changes them while it runs.
+// The driver leaves in the project's options what it settled, and starts the converter with a copy.
 
 #include "app/shell/out_handlers.h"
 
 #include "app/options/options.h"
 #include "app/shell/facts.h"
-#include "app/shell/worker.h"
-#include "conv/conversion.h"
+#include "app/shell/run.h"
 #include "vlb/outside.h"
 
 namespace {
@@ -35,10 +33,8 @@ int gVappOutHandler::OnCommand() {
   Vapp::options["target"] = cat::make(target());
   set_output_folder(target());
   resolve_files();
-  Conv::open_log();
-  Vapp::user_break = false;
   show_msgwindow(true);
-  Shell::start_worker(converter(), nullptr);
+  gConversionRun::start(Vapp::conversion_input(target()), converter());
   return 1;
 }
 
@@ -46,7 +42,7 @@ int gVappOutHandler::OnUpdateCommand() {
   return Vapp::ana_success && Shell::idle();
 }
 
-gVappOutHandler::gConverter gOutHTML::converter() const {
+gConversionRun::Converter gOutHTML::converter() const {
   return Htm::make_manual;
 }
 
@@ -55,7 +51,7 @@ void gOutHTML::resolve_files() const {
   resolve("helpers_dir");
 }
 
-gVappOutHandler::gConverter gOutRTF::converter() const {
+gConversionRun::Converter gOutRTF::converter() const {
   return RTF::make_manual;
 }
 
@@ -64,7 +60,7 @@ void gOutRTF::resolve_files() const {
   resolve("style");
 }
 
-gVappOutHandler::gConverter gOutHLP::converter() const {
+gConversionRun::Converter gOutHLP::converter() const {
   return RTF::make_manual;
 }
 

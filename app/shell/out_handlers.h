@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/shell/cmenu_handler.h"
+#include "app/shell/run.h"
 
 // Base of the target drivers: writes into the project's options what the converter reads, and
 // starts it. Shell::wait_for_worker() waits for its end.
@@ -11,11 +12,9 @@ public:
   int OnUpdateCommand() override;
 
 protected:
-  using gConverter = void (*)(void *);
-
   // The key of the target: "htm", "rtf" or "hlp".
   virtual char const * target() const = 0;
-  virtual gConverter converter() const = 0;
+  virtual gConversionRun::Converter converter() const = 0;
   // Settles which scripts and templates the target uses.
   virtual void resolve_files() const = 0;
 
@@ -27,21 +26,21 @@ protected:
 class gOutHTML : public gVappOutHandler {
 protected:
   char const * target() const override { return "htm"; }
-  gConverter converter() const override;
+  gConversionRun::Converter converter() const override;
   void resolve_files() const override;
 };
 
 class gOutRTF : public gVappOutHandler {
 protected:
   char const * target() const override { return "rtf"; }
-  gConverter converter() const override;
+  gConversionRun::Converter converter() const override;
   void resolve_files() const override;
 };
 
 class gOutHLP : public gVappOutHandler {
 protected:
   char const * target() const override { return "hlp"; }
-  gConverter converter() const override;
+  gConversionRun::Converter converter() const override;
   void resolve_files() const override;
 };
 

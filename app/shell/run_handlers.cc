@@ -2,8 +2,8 @@
 
 #include "app/shell/run_handlers.h"
 
-#include "ana/ana_thread.h"
 #include "app/shell/facts.h"
+#include "app/shell/run.h"
 #include "app/shell/worker.h"
 #include "vlb/outside.h"
 
@@ -12,12 +12,11 @@ gAnaStart::~gAnaStart() {
     Shell::wait_for_worker();
 }
 
-void gAnaStart::run(void * self) {
-  auto & start = *static_cast<gAnaStart *>(self);
-  ana_thread();
-  start.folder_->record_contents();
-  if (!start.keep_folder_)
-    start.folder_.reset();
+// The worker writes down what it left in the folder before anyone else may use that.
+void gAnaStart::end_folder() {
+  folder_->record_contents();
+  if (!keep_folder_)
+    folder_.reset();
 }
 
 int gAnaStart::OnCommand() {
@@ -29,10 +28,9 @@ int gAnaStart::OnCommand() {
   folder_ = ana_prepare_folder(overwrite_);
   if (!folder_)
     return 1;
-  Vapp::user_break = false;
   show_msgwindow(true);
   started_ = true;
-  Shell::start_worker(run, this);
+  gRun::start(Vapp::run_input(), [this] { end_folder(); });
   return 1;
 }
 

@@ -24,7 +24,7 @@ public:
   void set_keep_folder(bool keep) { keep_folder_ = keep; }
 
 private:
-  static void run(void * self);
+  void end_folder();
 
   gOverwrite overwrite_ = gOverwrite::ask;
   bool keep_folder_ = false;

@@ -1,25 +1,48 @@
-// The thread stays joinable, so that a caller can wait for it. The object is never destroyed: a
-// window may be closed, and with it the program, while the worker is busy.
+// The thread stays joinable, so that a caller can wait for it. What it found is handed over when it
+// is joined, so nothing that belongs to the starter's thread is ever written by it. The state is
+// never destroyed: a window may be closed, and with it the program, while the worker is busy.
 
 #include "app/shell/worker.h"
 
+#include <atomic>
 #include <thread>
+#include <utility>
 
 namespace {
 
-std::thread & worker() {
-  static std::thread & thread = *new std::thread;
-  return thread;
+struct Worker {
+  std::thread thread;
+  std::atomic<bool> done = false;
+  std::function<void()> finished;
+};
+
+Worker & worker() {
+  static Worker & worker = *new Worker;
+  return worker;
 }
 
 } // namespace
 
 void Shell::wait_for_worker() {
-  if (worker().joinable())
-    worker().join();
+  if (!worker().thread.joinable())
+    return;
+  worker().thread.join();
+  std::exchange(worker().finished, nullptr)();
 }
 
-void Shell::start_worker(void (*function)(void *), void * argument) {
+bool Shell::collect_worker() {
+  bool const ready = !worker().thread.joinable() || worker().done;
+  if (ready)
+    wait_for_worker();
+  return ready;
+}
+
+void Shell::start_worker(gWork work) {
   wait_for_worker();
-  worker() = std::thread(function, argument);
+  worker().finished = std::move(work.finished);
+  worker().done = false;
+  worker().thread = std::thread([task = std::move(work.work)] {
+    task();
+    worker().done = true;
+  });
 }

@@ -1,12 +1,21 @@
 // The one worker thread: a run or a conversion.
 #pragma once
 
+#include <functional>
+
 namespace Shell {
 
-// Runs the function in a thread of its own. What it is still doing at its end, the call waits for;
-// the enabling of the commands sees to it that nothing longer is under way.
-void start_worker(void (*function)(void *), void * argument);
-// Returns when the worker has ended; at once if there is none.
+struct gWork {
+  std::function<void()> work;     // on the worker's thread; never throws
+  std::function<void()> finished; // behind it, on the thread of the starter
+};
+
+// Runs the work in a thread of its own. What it is still doing at its end, the call waits for; the
+// enabling of the commands sees to it that nothing longer is under way.
+void start_worker(gWork work);
+// Returns when the worker has ended and its `finished` was called; at once if there is none.
 void wait_for_worker();
+// The same for a window, which can't wait: false, and nothing happens, while the worker is busy.
+bool collect_worker();
 
 } // namespace Shell

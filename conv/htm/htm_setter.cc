@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "app/options/options.h"
 #include "conv/htm/declaration_text.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/slug.h"
@@ -48,7 +47,7 @@ gHtmSetter::gHtmSetter(gSite & site, gColours const & colours)
     : gSetter(site.document, site.rules),
       site_(site),
       colours_(colours) {
-  editor_ = Vapp::option_string("srclink_editor_scheme");
+  editor_ = site.editor_scheme;
   name_entries();
 }
 

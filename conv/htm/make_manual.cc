@@ -1,6 +1,5 @@
 // The converter to HTML, from the plan of the site to its last file.
 
-#include "app/options/options.h"
 #include "conv/htm/index_page.h"
 #include "conv/htm/source_pages.h"
 #include "conv/htm/unit_pages.h"
@@ -14,7 +13,7 @@ namespace {
 // The style sheet, the script, and whatever else lies in the folder. Without them the pages would
 // be bare, so a folder that can't be read is a fault.
 bool copy_helpers(gConversion & conversion) {
-  gPathstring const folder = conversion.option_path("cur_helpers_dir");
+  gPathstring const folder = conversion.input().helpers;
   if (!gFileSystem::dir_exists(folder)) {
     Msg::log(Msg::cannot_read, folder);
     return false;
@@ -29,8 +28,9 @@ bool copy_helpers(gConversion & conversion) {
 }
 
 void write_site(gConversion & conversion) {
-  gSite site(conversion.document(), conversion.rules(), conversion.title(),
-             conversion.option_int("splitlevel"));
+  gConversionInput const & input = conversion.input();
+  gSite site(conversion.document(), conversion.rules(), conversion.title(), input.split_level);
+  site.editor_scheme = input.editor_scheme;
   gColours const colours(conversion.rules());
   gContents const contents(site);
   gNavigation const navigation(site, contents);
@@ -43,8 +43,7 @@ void write_site(gConversion & conversion) {
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);
   Index::write(writer, site, navigation, units.setter(),
-               Index::keys_of(site.document, Vapp::option_string("indexsubst")),
-               conversion.option_bool("simpleindex"));
+               Index::keys_of(site.document, input.index_place_holder), input.simple_index);
   search.write(conversion);
   gSourcePages(site, colours, navigation).write(conversion, writer);
 }
@@ -58,6 +57,6 @@ bool make_html(gConversion & conversion) {
 
 } // namespace
 
-void Htm::make_manual(void *) {
-  Conv::run("htm", make_html);
+gConversionResult Htm::make_manual(gConversionInput const & input) {
+  return Conv::run(input, make_html);
 }

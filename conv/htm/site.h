@@ -21,7 +21,8 @@ struct gSite {
 
   gDocument const & document;
   gVltRules const & rules;
-  std::string title; // of the whole; plain text
+  std::string title;         // of the whole; plain text
+  std::string editor_scheme; // address by which a source opens in an editor; may be empty
   gPages pages;
   gKinds kinds;
   gSources sources;

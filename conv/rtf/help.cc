@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <set>
 
-#include "app/options/options.h"
 #include "conv/rtf/help_contents.h"
 #include "conv/rtf/help_map.h"
 #include "conv/rtf/help_project.h"
@@ -29,16 +28,11 @@ std::string base_name(std::string name) {
   return name;
 }
 
-// The paths of the option that name a file which isn't the generated one.
-std::vector<gPathstring> other_map_files(gPathstring const & generated) {
+// The files that the user wrote, each once.
+std::vector<gPathstring> other_map_files(gConversionInput const & input,
+                                         gPathstring const & generated) {
   std::vector<gPathstring> paths;
-  cRef<cObj> const files = Vapp::option("hlp/hm_files");
-  for (int i = 0; files && i < files->size(); ++i) {
-    gString text;
-    if (!cat::read(files->at(i), text) || text.empty())
-      continue;
-    gPathstring path = gString(Vapp::make_absolute_vlp(text));
-    path.normalize(true);
+  for (gPathstring const & path : input.other_maps) {
     bool const is_new = std::ranges::find(paths, path) == paths.end();
     if (is_new && (generated.empty() || path.compare_i(generated) != 0))
       paths.push_back(path);
@@ -53,14 +47,12 @@ std::string quotable(std::string text) {
 }
 
 // Where the generated map file belongs; empty without one.
-gPathstring map_path(gConversion const & conversion) {
-  if (!conversion.option_bool("hm_create"))
+gPathstring map_path(gConversionInput const & input) {
+  if (!input.map_wanted)
     return {};
-  if (conversion.option_string("hm_newfile").empty()) {
+  if (input.map_file.empty())
     Msg::log(Msg::no_map_name);
-    return {};
-  }
-  return Vapp::option_path("hlp/hm_newfile").set_extension_default(".hm").normalize(true);
+  return input.map_file;
 }
 
 class gHelpWriter {
@@ -68,18 +60,18 @@ public:
   explicit gHelpWriter(gConversion & conversion)
       : conversion_(conversion),
         rules_(conversion.rules()),
-        keywords_(conversion.option_string("indexsep"), Vapp::option_string("indexsubst")),
+        keywords_(conversion.input().index_separator, conversion.input().index_place_holder),
         name_(base_name(conversion.document().name)),
         title_(quotable(Help::line(conversion.title()))) {}
 
   bool write() {
     gRtfTemplate style;
-    style.load(gString(conversion_.option_string("cur_style")));
+    style.load(conversion_.input().style);
     gHelpTopics topics(conversion_, style, keywords_);
     conversion_.write(name_ + ".rtf", topics.text());
     conversion_.write(name_ + ".cnt",
                       Help::contents(topics.topics(), name_ + ".hlp", conversion_.title()));
-    gPathstring const map = map_path(conversion_);
+    gPathstring const map = map_path(conversion_.input());
     std::string const includes = include_maps(map);
     std::string lines;
     return write_project(topics, includes) && make_map(map, topics, lines) &&
@@ -98,7 +90,7 @@ private:
     std::string lines;
     if (!generated.empty())
       add_include(generated, lines);
-    for (gPathstring const & path : other_map_files(generated)) {
+    for (gPathstring const & path : other_map_files(conversion_.input(), generated)) {
       std::string text;
       if (!gFileSystem::read_file(path, text)) {
         Msg::log(Msg::cannot_read, path);
@@ -128,7 +120,7 @@ private:
   }
 
   bool write_project(gHelpTopics const & topics, std::string const & includes) {
-    gPathstring const path = gString(conversion_.option_string("cur_hpj"));
+    gPathstring const & path = conversion_.input().project;
     std::string text;
     if (!gFileSystem::read_file(path, text)) {
       Msg::log(Msg::cannot_read, path);
@@ -170,7 +162,7 @@ private:
     std::vector<std::string> names = topics.help_ids();
     for (auto const & [name, context] : topics.aliases())
       names.push_back(name);
-    auto const base = static_cast<std::uint32_t>(std::max(0, conversion_.option_int("hid_base")));
+    auto const base = static_cast<std::uint32_t>(std::max(0, conversion_.input().map_base));
     Help::gNumbers const numbers = Help::number(names, Help::read_map(before), others_, base);
     std::set<std::pair<std::uint32_t, std::string_view>> by_number;
     for (auto const & [name, number] : numbers)
@@ -183,7 +175,7 @@ private:
   // Whether the map would take the place of another file.
   bool is_result(gPathstring const & path) const {
     return std::ranges::any_of(std::array{".rtf", ".cnt", ".hpj"}, [&](char const * extension) {
-      gPathstring file = Vapp::option_path("hlp/out_dir");
+      gPathstring file = conversion_.input().folder;
       return file.append(name_ + extension).normalize(true).compare_i(path) == 0;
     });
   }

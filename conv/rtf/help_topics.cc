@@ -18,8 +18,8 @@ constexpr std::size_t longest_title = 127;
 
 gHelpLooks looks_of(gConversion const & conversion, gRtfTemplate const & style) {
   gHelpLooks looks;
-  looks.simple_index = conversion.option_bool("simpleindex");
-  looks.hierarchies_apart = conversion.option_bool("hieratounit");
+  looks.simple_index = conversion.input().simple_index;
+  looks.hierarchies_apart = conversion.input().hierarchies_apart;
   looks.hierarchy_word = conversion.rules().setting("hierarchy_title", "Class hierarchy");
   looks.text_width = style.text_width();
   looks.font_size = style.font_size();
@@ -52,7 +52,7 @@ gHelpTopics::gHelpTopics(gConversion & conversion, gRtfTemplate & style,
       contexts_(document_),
       looks_(looks_of(conversion, style)),
       setter_(document_, rules_, kinds_, contexts_, keywords, looks_) {
-  plan(conversion.option_int("splitlevel"));
+  plan(conversion.input().split_level);
 }
 
 void gHelpTopics::plan(int split_level) {

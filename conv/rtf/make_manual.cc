@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "app/options/options.h"
 #include "conv/conversion.h"
 #include "conv/rtf/help.h"
 #include "conv/rtf/rtf_document.h"
@@ -13,7 +12,7 @@ bool make_document(gConversion & conversion) {
   if (!conversion.start())
     return false;
   gRtfTemplate style;
-  style.load(gString(conversion.option_string("cur_style")));
+  style.load(conversion.input().style);
   // The name comes from a file: it must not lead out of the folder.
   std::string name = conversion.document().name + ".rtf";
   std::ranges::replace(name, '/', '_');
@@ -23,9 +22,6 @@ bool make_document(gConversion & conversion) {
 
 } // namespace
 
-void RTF::make_manual(void *) {
-  if (Vapp::option_string("target") == "hlp")
-    Conv::run("hlp", make_help);
-  else
-    Conv::run("rtf", make_document);
+gConversionResult RTF::make_manual(gConversionInput const & input) {
+  return Conv::run(input, input.target == "hlp" ? make_help : make_document);
 }

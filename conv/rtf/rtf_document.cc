@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "app/options/options.h"
 #include "conv/rtf/rtf_marks.h"
 #include "conv/rtf/rtf_text.h"
 
@@ -37,7 +36,8 @@ gRtfDocument::gRtfDocument(gConversion & conversion, gRtfTemplate & style)
       style_(style),
       kinds_(document_, rules_),
       sources_(document_),
-      setter_(document_, rules_, kinds_, style.text_width(), style.font_size()),
+      setter_(document_, rules_, kinds_, style.text_width(), style.font_size(),
+              conversion.input().index_separator, conversion.input().index_place_holder),
       heads_differ_(running_heads_differ()),
       contents_levels_(Rtf::number_in(rules_.setting("contents_levels"), 3)) {}
 

@@ -2,7 +2,6 @@
 
 #include "conv/rtf/rtf_document.h"
 
-#include "app/options/options.h"
 #include "conv/rtf/rtf_text.h"
 #include "conv/set/index_lines.h"
 
@@ -26,7 +25,7 @@ std::string gRtfDocument::index() const {
                    items);
     keys.clear();
   };
-  for (gIndexKey const & key : Index::keys_of(document_, Vapp::option_string("indexsubst"))) {
+  for (gIndexKey const & key : Index::keys_of(document_, conversion_.input().index_place_holder)) {
     if (key.letter != letter)
       end_letter();
     letter = key.letter;

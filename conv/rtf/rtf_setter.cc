@@ -8,7 +8,6 @@
 #include <charconv>
 #include <cmath>
 
-#include "app/options/options.h"
 #include "conv/rtf/rtf_text.h"
 #include "conv/set/block_text.h"
 #include "conv/set/declaration.h"
@@ -27,15 +26,16 @@ int Rtf::number_in(std::string_view text, int fallback) {
 }
 
 gRtfSetter::gRtfSetter(gDocument const & document, gVltRules const & rules, gKinds const & kinds,
-                       int text_width, int font_size)
+                       int text_width, int font_size, std::string index_separator,
+                       std::string place_holder)
     : gSetter(document, rules),
       kinds_(kinds),
       text_width_(text_width),
       font_size_(font_size),
       list_indent_(std::clamp(Rtf::number_in(rules.setting("list_indent"), 360), 0, widest_step)),
       step_indent_(std::clamp(Rtf::number_in(rules.setting("step_indent"), 360), 0, widest_step)),
-      index_separator_(Vapp::option_string("rtf/indexsep")),
-      place_holder_(Vapp::option_string("indexsubst")) {}
+      index_separator_(std::move(index_separator)),
+      place_holder_(std::move(place_holder)) {}
 
 void gRtfSetter::begin_unit(int unit, int level) {
   set_unit(unit);

@@ -26,9 +26,11 @@ int number_in(std::string_view text, int fallback);
 // Documents and help topics are set alike; what leads where is theirs to say.
 class gRtfSetter : public gSetter {
 public:
-  // `text_width`: of a page, in twips; `font_size`: of its text, in half points.
+  // `text_width`: of a page, in twips; `font_size`: of its text, in half points. The last two are
+  // for index marks.
   gRtfSetter(gDocument const & document, gVltRules const & rules, gKinds const & kinds,
-             int text_width, int font_size);
+             int text_width, int font_size, std::string index_separator = {},
+             std::string place_holder = {});
 
   // Texts that follow belong to this unit; -1 for running heads.
   // Headlines in them are that much deeper than they say.

@@ -62,8 +62,7 @@ bool RunProject::run() {
 
 bool RunProject::analyze() {
   Vapp::user_break = false;
-  ana_thread();
-  return Vapp::ana_success;
+  return ana_thread(Vapp::run_input()).success;
 }
 
 std::map<std::string, std::string> RunProject::output() const {

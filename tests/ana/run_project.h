@@ -16,7 +16,7 @@ public:
 
   // KEY=VALUE, as on the command line.
   void set(std::string const & assignment) const;
-  // Runs with an output folder that was emptied before. The answer is Vapp::ana_success.
+  // Runs with an output folder that was emptied before. True if the run succeeded.
   bool run();
   // The same without emptying the folder.
   bool analyze();

@@ -1,7 +1,8 @@
 // Lists and verbatim blocks. A list has no brackets in the mark-up: its first item opens it, and
 // the last item that isn't followed by another one closes it.
 #include "ana/parser/doc/doc_parse_base.h"
-#include "app/options/options.h"
+
+#include "ana/anadat/input_table.h"
 
 void doc_parse_base::set_list_style(List & list, gParamList & params) {
   if (!check_params(&list == &enum_ ? "enumstyle" : "numstyle", params))
@@ -27,10 +28,10 @@ gStrList doc_parse_base::item(List & list, gStrList text) {
 }
 
 gStrList doc_parse_base::verbatim(gStrList text) {
-  int const tab_width = Vapp::option_int("ana/tab_width");
+  int const tab_width = gInput->text.tab_width;
   gSubText lines(std::move(text));
   lines.strip_indent(lines.common_indent(tab_width), tab_width);
-  lines.add_indent(Vapp::option_int("ana/verb_indent"));
+  lines.add_indent(gInput->text.verb_indent);
   gStrList pieces(piece("@b_verbatim\n"));
   pieces.append(std::move(lines));
   pieces.push_back(piece("\n@e_verbatim\n"));

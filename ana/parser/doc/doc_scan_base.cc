@@ -2,7 +2,7 @@
 // of a source is code, and most comments hold no unit.
 #include "ana/parser/doc/doc_scan_base.h"
 
-#include "app/options/options.h"
+#include "ana/anadat/input_table.h"
 #include "vlb/messages.h"
 
 using namespace Doc;
@@ -26,9 +26,9 @@ doc_scan_base::doc_scan_base(int size) : gScanBase(size), blank_(make_ref<gStrin
 }
 
 void doc_scan_base::reset() {
-  auto_num_ = Vapp::option_bool("ana/auto_num");
-  auto_enum_ = Vapp::option_bool("ana/auto_enum");
-  start_on_par_ = Vapp::option_bool("ana/start_on_par");
+  auto_num_ = gInput->text.auto_num;
+  auto_enum_ = gInput->text.auto_enum;
+  start_on_par_ = gInput->text.start_on_par;
   in_table_ = at_entry_ = verbatim_ = in_subject_ = false;
   warn_linebreak_ = true;
   subject_lines_ = angle_depth_ = 0;

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "ana/parser/doc/doc_scan_base.h"
-#include "app/options/options.h"
+
+#include "ana/anadat/input_table.h"
 
 using namespace Doc;
 
@@ -137,7 +138,7 @@ int doc_scan_base::open_unit(Keyword keyword) {
 int doc_scan_base::open_subentry(Keyword keyword) {
   at_entry_ = true;
   in_subject_ = false;
-  verbatim_ = Vapp::config_verbatim(Vapp::unit_config(unit_type_, keyword->subentry));
+  verbatim_ = Vapp::config_verbatim(gInput->digits(unit_type_, keyword->subentry));
   Token const token = keyword->subentry == "@sline" ? SUBJECT_KW : SUBENTRY_KW;
   value_.set(std::move(keyword));
   begin(BODY);

@@ -3,7 +3,6 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/parser/doc/doc_parse_base.h"
-#include "app/options/options.h"
 
 void doc_parse_base::begin_unit(Doc::Keyword const & keyword) {
   auto unit = make_ref<gSyntUnit>(gStrList(), gString(), cur_file(), scanner_.keyword_line());
@@ -101,7 +100,7 @@ void doc_parse_base::set_attribute(gParamList & params) {
     return;
   gString const & name = params.word(0);
   gString const & value = params.word(1);
-  if (Vapp::option({"attr", name, "val", value}))
+  if (gInput->has_value(name, value))
     cur_unit_->set_attr(name, value);
   else
     error(Msg::undefined_attribute_value, value);

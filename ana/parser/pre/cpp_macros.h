@@ -11,7 +11,7 @@ public:
   // What a macro that is left stands for in the code.
   enum Code { identifier = 0, declaration = 1 };
 
-  // Takes over the option "cppmacros" as it is now.
+  // Takes over the macros of the run.
   void load();
   // Most projects have none: the scanners then use rules that ask nothing.
   bool empty() const { return macros_.empty(); }

@@ -2,8 +2,8 @@
 // begin and end.
 #include "ana/parser/pre/cpre_scan_base.h"
 
+#include "ana/anadat/input_table.h"
 #include "ana/parser/pre/cpp_long_words.h"
-#include "app/options/options.h"
 
 cpre_scan_base::cpre_scan_base(int size)
     : gPreScanBase(size, {.line_head = CMT_LINEHEAD,
@@ -24,8 +24,8 @@ void cpre_scan_base::reset() {
 void cpre_scan_base::load_options() {
   gPreScanBase::load_options();
   macros_.load();
-  frame_chars_.assign(Vapp::option_string("ana/cpp_frame"));
-  line_chars_.assign(Vapp::option_string("ana/cpp_line"));
+  frame_chars_.assign(gInput->comments.cpp_frame);
+  line_chars_.assign(gInput->comments.cpp_line);
 }
 
 int cpre_scan_base::plain_code() {

@@ -2,9 +2,9 @@
 // open any more; the two bracket pairs are counted apart, so that one doesn't close the other.
 #include "ana/parser/pre/ppre_scan_base.h"
 
-#include <algorithm>
+#include "ana/anadat/input_table.h"
 
-#include "app/options/options.h"
+#include <algorithm>
 
 void ppre_scan_base::Nesting::enter(Delimiter delimiter) {
   if (delimiter == LINE)
@@ -35,8 +35,8 @@ void ppre_scan_base::reset() {
 
 void ppre_scan_base::load_options() {
   gPreScanBase::load_options();
-  frame_chars_.assign(Vapp::option_string("ana/pas_frame"));
-  line_chars_.assign(Vapp::option_string("ana/pas_line"));
+  frame_chars_.assign(gInput->comments.pas_frame);
+  line_chars_.assign(gInput->comments.pas_line);
 }
 
 int ppre_scan_base::begin_line() {

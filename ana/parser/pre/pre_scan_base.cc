@@ -1,7 +1,7 @@
 // The lines of comments: what of them is frame, what is text.
 #include "ana/parser/pre/pre_scan_base.h"
 
-#include "app/options/options.h"
+#include "ana/anadat/input_table.h"
 
 namespace {
 
@@ -38,8 +38,8 @@ int gPreScanBase::wrap() {
 }
 
 void gPreScanBase::load_options() {
-  spt_2star_ = Vapp::option_bool("ana/spt_2star");
-  spt_3slash_ = Vapp::option_bool("ana/spt_3slash");
+  spt_2star_ = gInput->comments.two_stars;
+  spt_3slash_ = gInput->comments.three_slashes;
 }
 
 int gPreScanBase::echo() {

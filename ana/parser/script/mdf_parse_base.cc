@@ -2,7 +2,6 @@
 #include "ana/parser/script/mdf_parse_base.h"
 
 #include "ana/anadat/tables.h"
-#include "app/options/options.h"
 
 mdf_parse_base::mdf_parse_base(gScriptStages & stages)
     : stages_(stages),

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "ana/anadat/input_table.h"
 #include "ana/cmdpar/keywords.h"
-#include "app/options/options.h"
 #include "vlb/messages.h"
 
 namespace {
@@ -70,7 +70,7 @@ int mdf_scan_base::escaped_bracket() {
 
 int mdf_scan_base::word() {
   gString text = value();
-  if (Vapp::option({"ana", "srcpat_subentry", text})) {
+  if (gInput->subentry_names.contains(text)) {
     token_value_.set(std::move(text));
     return call(command_level, PARAM, mdf_token::subentry);
   }

@@ -2,7 +2,7 @@
 // unread between "#line" directives, so that the next pass can tell the position of everything.
 #include "ana/parser/script/mpre_scan.h"
 
-#include "app/options/options.h"
+#include "ana/anadat/input_table.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/messages.h"
 
@@ -78,7 +78,7 @@ void mpre_scan::include_file() {
   name.wsp_rmleft();
   gPathstring path(name.substr(1, name.size() - 2));
   path.normalize(true);
-  path.make_absolute(Vapp::option_path("vls_file").dir_name());
+  path.make_absolute(gInput->script.dir_name());
   std::string text;
   if (!gFileSystem::read_file(path, text)) {
     error(Msg::cannot_read, path);

@@ -172,6 +172,7 @@ std::string UnitScript::run(std::string const & script) {
   gSrcFile::set_cpp_ext("h");
   gSrcFile::set_pas_ext("pas");
   Global::objects().reset_all();
+  gInput.set(Vapp::run_input());
   gVLAttributes.reset();
   state_ = make_ref<gOutState>();
   state_->section_template = "STPL_Default";
@@ -192,7 +193,11 @@ void UnitScript::command(Words const & words) {
   auto const number = [&](std::size_t i) { return std::stoi(words.at(i)); };
   std::map<std::string, std::function<void()>> const commands = {
       {"whole", [] {}},
-      {"option", [&] { store(Vapp::options, word(1), value_of(rest(words, 2))); }},
+      {"option",
+       [&] {
+         store(Vapp::options, word(1), value_of(rest(words, 2)));
+         gInput.set(Vapp::run_input());
+       }},
       {"template", [&] { store(gVLAttributes, word(1), cat::make(pieces_of(rest(words, 2)))); }},
       {"setting", [&] { store(gVLAttributes, word(1), value_of(word(2))); }},
       {"bookmark", [&] { gBookmarks.insert(word(1), 0); }},

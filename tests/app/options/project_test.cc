@@ -1,5 +1,6 @@
 // The life of a project, with scripted answers in the place of windows.
 #include "app/options/project.h"
+#include "app/options/run_input.h"
 
 #include <gtest/gtest.h>
 
@@ -99,7 +100,7 @@ TEST_F(Project, ValuesOfTheWrongTypeCountAsAbsent) {
   for (char const * path : {"ana/srcpat_unit/spt_class/kwd", "ana/srcpat_subentry/@sline/kwd",
                             "attr/UNITTYPE/val/class"})
     EXPECT_TRUE(Vapp::option(path)) << path;
-  EXPECT_EQ(Vapp::unit_config("class", "@heritage"), 11);
+  EXPECT_EQ(Vapp::run_input().digits("class", "@heritage"), 11);
   EXPECT_EQ(cat::as_string(Vapp::option("inputfiles/0/path")), "src");
 }
 

@@ -7,9 +7,9 @@
 #include "app/options/project.h"
 #include "app/options/settings.h"
 #include "app/shell/option_handlers.h"
+#include "app/shell/run.h"
 #include "app/shell/run_handlers.h"
 #include "app/shell/worker.h"
-#include "conv/conversion.h"
 #include "store/cfactory.h"
 #include "store/gglobalobj.h"
 #include "support/temp_folder.h"
@@ -199,11 +199,11 @@ TEST_F(Shell, a_conversion_that_does_not_end_well_leaves_the_earlier_result) {
   run("gAnaStart");
   ASSERT_TRUE(Vapp::ana_success) << outside.report_text();
   run("gOutHTML");
-  ASSERT_TRUE(Conv::last_result().success) << outside.report_text();
-  EXPECT_EQ(Conv::last_result().start, folder.path("out/htm/index.htm"));
+  ASSERT_TRUE(gConversionRun::last_result().success) << outside.report_text();
+  EXPECT_EQ(gConversionRun::last_result().start, folder.path("out/htm/index.htm"));
   EXPECT_TRUE(folder.read("out/htm.log").ends_with("HTML - 0 error(s), 0 warning(s)\n"));
   auto const unharmed = [&](char const * what) {
-    EXPECT_FALSE(Conv::last_result().success) << what;
+    EXPECT_FALSE(gConversionRun::last_result().success) << what;
     EXPECT_TRUE(fs::exists(folder.path("out/htm/mark"))) << what;
     EXPECT_FALSE(fs::exists(folder.path("out/htm.new"))) << what;
     EXPECT_TRUE(Vapp::ana_success && !Vapp::output_active) << what;
@@ -231,8 +231,43 @@ TEST_F(Shell, a_conversion_that_does_not_end_well_leaves_the_earlier_result) {
   outside.on_status = nullptr;
   folder.write("out/htm.new/stale", "of a process that was killed");
   run("gOutHTML");
-  EXPECT_TRUE(Conv::last_result().success);
+  EXPECT_TRUE(gConversionRun::last_result().success);
   EXPECT_FALSE(fs::exists(folder.path("out/htm/mark")) || fs::exists(folder.path("out/htm/stale")));
+}
+
+// A run and a conversion have their own copy of the options: whatever is changed or saved
+// meanwhile, they write the same. The thread sanitizer sees to it that nothing is shared.
+TEST_F(Shell, the_options_may_change_while_a_run_goes_on) {
+  open_project();
+  auto const change_all = [] {
+    Vapp::project().save();
+    for (Vapp::gOptionRow const & row : Vapp::option_rows())
+      if (row.tree == Vapp::gOptionTree::project && row.origin != Vapp::gOptionOrigin::run) {
+        cMapObj & holder = Vapp::holder_of(Vapp::options, row);
+        cRef<cObj> const before = holder.at(Vapp::key_of(row));
+        holder.erase(Vapp::key_of(row));
+        if (before)
+          holder.set(Vapp::key_of(row), before->clone());
+      }
+  };
+  auto const run_while_changing = [&](char const * driver) {
+    make_handler(driver)->OnCommand();
+    while (!::Shell::collect_worker())
+      change_all();
+  };
+  run("gAnaStart");
+  run("gOutHTML");
+  std::string const code = folder.read("out/d.atc"), page = folder.read("out/htm/index.htm");
+  std::unique_ptr<cMenuHandlerBase> const start = make_handler("gAnaStart");
+  start->OnCommand();
+  while (!::Shell::collect_worker())
+    change_all();
+  ASSERT_TRUE(Vapp::ana_success) << outside.report_text();
+  run_while_changing("gOutHTML");
+  EXPECT_TRUE(gConversionRun::last_result().success);
+  EXPECT_FALSE(code.empty() || page.empty());
+  EXPECT_EQ(folder.read("out/d.atc"), code);
+  EXPECT_EQ(folder.read("out/htm/index.htm"), page);
 }
 
 } // namespace

@@ -153,7 +153,7 @@ protected:
     htm["out_dir"] = cat::make(gString(folder_.path("out/htm")));
     htm["cur_vlt"] = cat::make(gString(script));
     htm["cur_helpers_dir"] = cat::make(gString(source + "htm_helpers"));
-    Htm::make_manual(nullptr);
+    Htm::make_manual(Vapp::conversion_input("htm"));
   }
   std::string file(std::string const & name) const { return folder_.read("out/htm/" + name); }
   std::string unit(int level, std::string const & name, std::string const & path, int line,

@@ -93,8 +93,8 @@ protected:
 
   // Converts, and checks what holds for all help sources.
   void convert() {
-    RTF::make_manual(nullptr);
-    ASSERT_TRUE(Conv::last_result().success) << outside.report_text();
+    result = RTF::make_manual(Vapp::conversion_input("hlp"));
+    ASSERT_TRUE(result.success) << outside.report_text();
     topics = read_help_topics(folder.read("hlp/tally.rtf"));
     project = read_help_project(folder.read("hlp/tally.hpj"));
     contents = read_help_project(folder.read("hlp/tally.cnt"))[""];
@@ -172,6 +172,7 @@ protected:
 
   TestOutside outside;
   TempFolder folder;
+  gConversionResult result;
   std::vector<HelpTopic> topics;
   std::map<std::string, std::string> project; // sections
   std::string contents;
@@ -237,7 +238,7 @@ TEST_F(Help, numbers_of_help_identifiers_stay) {
   EXPECT_NE(outside.report_text().find("ERROR 20: Cannot read from file: " + missing),
             std::string::npos);
   set("hm_newfile", cat::make(""));
-  RTF::make_manual(nullptr);
+  result = RTF::make_manual(Vapp::conversion_input("hlp"));
   EXPECT_NE(outside.report_text().find("ERROR 542"), std::string::npos);
 }
 
@@ -246,24 +247,24 @@ TEST_F(Help, map_file_inside_the_result_or_in_vain) {
   set("hm_newfile", cat::make(folder.path("hlp/maps/t.hm")));
   for (int base : {100, 900}) {
     set("hid_base", cat::make(base));
-    RTF::make_manual(nullptr);
+    result = RTF::make_manual(Vapp::conversion_input("hlp"));
     EXPECT_TRUE(folder.read("hlp/maps/t.hm").starts_with("INHEAD  0x00064\n")) << base;
   }
   folder.write("tally.hm", "INHEAD 5\n");
   set("hm_newfile", cat::make(folder.path("tally")));
   set("cur_hpj", cat::make(folder.path("none.hpj")));
-  RTF::make_manual(nullptr);
+  result = RTF::make_manual(Vapp::conversion_input("hlp"));
   EXPECT_EQ(folder.read("tally.hm"), "INHEAD 5\n") << "a failed conversion changed the map";
   set("cur_hpj", cat::make(folder.write("my.hpj", "x=\"$title\"\n")));
   Vapp::options["atc_title"] = cat::make("a \"b\"");
   for (char const * name : {"hlp", "hlp/tally.rtf"}) { // a folder; a file of the result
     set("hm_newfile", cat::make(folder.path(name) + (name[3] ? "" : "/maps.d")));
     folder.write("hlp/maps.d/x", "");
-    RTF::make_manual(nullptr);
-    EXPECT_FALSE(Conv::last_result().success) << name;
+    result = RTF::make_manual(Vapp::conversion_input("hlp"));
+    EXPECT_FALSE(result.success) << name;
   }
   set("hm_create", cat::make(false));
-  RTF::make_manual(nullptr);
+  result = RTF::make_manual(Vapp::conversion_input("hlp"));
   EXPECT_EQ(folder.read("hlp/tally.hpj"), "x=\"a 'b'\"\r\n");
 }
 
@@ -289,12 +290,12 @@ TEST_F(Help, project_of_the_user) {
   convert();
   std::string const good = folder.read("hlp/tally.hpj");
   set("cur_hpj", cat::make(folder.path("none.hpj")));
-  RTF::make_manual(nullptr);
-  EXPECT_FALSE(Conv::last_result().success);
+  result = RTF::make_manual(Vapp::conversion_input("hlp"));
+  EXPECT_FALSE(result.success);
   EXPECT_EQ(folder.read("hlp/tally.hpj"), good);
   set("cur_hpj", cat::make(folder.write("my.hpj", "$$1 ${name}s$title\n$nothing\n\n$maps$none")));
   set("hm_create", cat::make(false));
-  RTF::make_manual(nullptr);
+  result = RTF::make_manual(Vapp::conversion_input("hlp"));
   EXPECT_EQ(folder.read("hlp/tally.hpj"), "$1 tallysTally\r\n\r\n");
   EXPECT_NE(outside.report_text().find("WARNING 543: Unknown placeholder in the help project: "
                                        "$nothing (" +

@@ -168,12 +168,13 @@ protected:
     rtf["cur_vlt"] =
         cat::make(gString(folder_.write("m.vlt", "#include \"" + ini + "rtf.vlt\"\n" + rules)));
     rtf["cur_style"] = cat::make(gString(ini + "rtfstyle.rtf"));
-    RTF::make_manual(nullptr);
+    result = RTF::make_manual(Vapp::conversion_input("rtf"));
     return folder_.read("rtf/m.rtf");
   }
 
   TempFolder folder_;
   TestOutside outside_;
+  gConversionResult result;
 };
 
 // What a reader of the document meets, in its order.
@@ -240,7 +241,7 @@ TEST(Rtf, Templates) {
 // Whatever is wrong here, a word processor shows as garbage, or not at all.
 TEST_F(Document, IsWellFormedAndItsFieldsLeadSomewhere) {
   std::string const rtf = convert();
-  EXPECT_TRUE(Conv::last_result().success);
+  EXPECT_TRUE(result.success);
   EXPECT_EQ(outside_.report_text(), "\nSTATUS: Writing documentation: RTF\n");
   ASSERT_TRUE(rtf.starts_with("{\\rtf1") && rtf.ends_with("}\n"));
   ReadBack const read(rtf);
@@ -282,7 +283,7 @@ TEST_F(Document, StaysWellFormedWhateverItHolds) {
   for (std::string const key : {"vlt", "style", "hpj"})
     hlp["cur_" + key] = cat::make(gString(VELLUMAR_SOURCE_DIR "/ini/hlp" +
                                           std::string(key == "style" ? "style.rtf" : "." + key)));
-  RTF::make_manual(nullptr);
+  result = RTF::make_manual(Vapp::conversion_input("hlp"));
   ReadBack const topics(folder_.read("hlp/m.rtf"));
   EXPECT_EQ(topics.outside, 1);
   EXPECT_EQ(topics.left_open, 0);
@@ -320,6 +321,6 @@ TEST_F(Document, SetsTablesAndListsOnThePage) {
 TEST_F(Document, TellsOfAnUnknownStyleOnceAndUsesTheUsualOne) {
   std::string const rtf = convert("@p = \\pard\\plain\\style{No \"such\"} $text\\par");
   EXPECT_EQ(count(outside_.report_text(), "541"), 1u) << outside_.report_text();
-  EXPECT_TRUE(Conv::last_result().success);
+  EXPECT_TRUE(result.success);
   EXPECT_NE(rtf.find("\\lang2057 Plain text.\\par"), rtf.npos);
 }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ana/anadat/input_table.h"
 #include "ana/parser/cpp/cpp_parse.h"
 #include "ana/parser/doc/dense_cases.h"
 #include "ana/parser/pre/cpre_scan.h"
@@ -86,6 +87,7 @@ std::string take_options(std::string const & input) {
     set_option_line(input.substr(at, end - at));
     at = end + 1;
   }
+  gInput.set(Vapp::run_input());
   return input.substr(at);
 }
 

@@ -93,6 +93,7 @@ gSrcFile DocWorld::prepare(std::string & input) {
     else
       Vapp::options["ana"][line.substr(5)] = cat::make(false);
   }
+  gInput.set(Vapp::run_input());
   input = marked(input);
   return gSrcFile(gPathstring(path), gPathstring(), 1);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ana/anadat/input_table.h"
 #include "ana/parser/doc/dense_cases.h"
 #include "ana/parser/pre/ppre_naive.h"
 #include "ana/parser/pre/ppre_scan.h"
@@ -27,6 +28,7 @@ std::string preprocess(std::string const & source, NaiveOptions const & options)
   ana.set("spt_3slash", cat::make(options.slash));
   ana.set("pas_frame", cat::make(options.frame));
   ana.set("pas_line", cat::make(options.line));
+  gInput.set(Vapp::run_input());
   TextPreprocessor scanner(1024);
   scanner.reset();
   scanner.open_text(gSrcFile(gPathstring("a.pas"), gPathstring(), 1), source);

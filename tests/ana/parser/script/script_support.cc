@@ -70,6 +70,7 @@ ScriptProject::ScriptProject() {
   Vapp::options["ana"]["srcpat_subentry"]["@description"]["kwd"] = make_ref<cVectorObj>();
   Vapp::options["ana"]["srcpat_subentry"]["note"]["kwd"] = make_ref<cVectorObj>();
   Global::objects().reset_all();
+  gInput.set(Vapp::run_input());
 }
 
 ScriptProject::~ScriptProject() {

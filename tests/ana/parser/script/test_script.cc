@@ -48,6 +48,7 @@ public:
     gFileSystem::mk_dirs(path + "/folder");
     write("inc.vls", "one\n! stays\n");
     Vapp::options["vls_file"] = cat::make(path + "/main.vls");
+    gInput.set(Vapp::run_input());
   }
   void write(char const * name, std::string const & text) const {
     std::ofstream(path + "/" + name, std::ios::binary) << text;
@@ -161,7 +162,7 @@ TEST(Vocabulary, keywords_follow_the_options_of_each_run) {
   units["text"]["kwd"] = keyword("@x", "");
   units["spt_2star"]["attr"]["UNITTYPE"] = cat::make("function");
   Vapp::options["ana"]["srcpat_subentry"]["note"]["kwd"] = keyword("Note", ":");
-  gUEKeywords.build_keywords();
+  gUEKeywords.build_keywords(Vapp::run_input());
   ASSERT_EQ(gUEKeywords.size(), 3u);
   gKwd const & unit = **gUEKeywords.lookup("@twice");
   EXPECT_EQ(unit.kind, gKwd::synt_unit);
@@ -175,7 +176,7 @@ TEST(Vocabulary, keywords_follow_the_options_of_each_run) {
   // A subentry takes a keyword from a unit, and what is gone from the options is gone.
   Vapp::options["ana"]["srcpat_subentry"]["note"]["kwd"] = keyword("@twice", "");
   units["spt_2star"] = cat::make_nil();
-  gUEKeywords.build_keywords();
+  gUEKeywords.build_keywords(Vapp::run_input());
   EXPECT_EQ(gUEKeywords.size(), 2u);
   EXPECT_EQ((*gUEKeywords.lookup("@twice"))->kind, gKwd::subentry_kwd);
   EXPECT_FALSE(gUEKeywords.star_pattern());
