@@ -18,7 +18,7 @@ constexpr int scanner_size = 1024;
 class Preprocessor {
 public:
   // 0 if the file went through, as for every scanner.
-  int run(gSrcFile const & file);
+  int run(gSrcFile const & file, gReportSink & reports);
   bool write_failed() const { return write_failed_; }
 
 private:
@@ -30,6 +30,7 @@ private:
 
   cpre_scan cpp_{scanner_size};
   ppre_scan pascal_{scanner_size};
+  gReportSink * reports_ = nullptr; // of the file in hand
   int number_ = 0;
   bool write_failed_ = false;
   bool foreign_tags_ = Vapp::option_bool("ana/foreign_tags");
@@ -37,11 +38,12 @@ private:
 
 // Reports a fault in the environment; the next file is taken.
 void Preprocessor::give_up(gMessage const & message, gPathstring const & path) {
-  Msg::log(message, path);
-  Msg::log(Msg::next_file);
+  (*reports_)(message, path);
+  (*reports_)(Msg::next_file);
 }
 
-int Preprocessor::run(gSrcFile const & file) {
+int Preprocessor::run(gSrcFile const & file, gReportSink & reports) {
+  reports_ = &reports;
   gPathstring const path = gFileSystem::get_temp_file_name("~vl");
   ++number_;
   if (path.empty()) {
@@ -65,6 +67,7 @@ int Preprocessor::run(gSrcFile const & file) {
 int Preprocessor::mark_comments(gPreScanBase & scanner, gSrcFile const & file,
                                 gSrcFile const & copy) {
   scanner.reset();
+  scanner.report_to(*reports_);
   if (scanner.close_infile() != 0)
     scanner.error(Msg::cannot_close, scanner.cur_infile().opath());
   scanner.open_infile(file);
@@ -134,8 +137,10 @@ bool ana_preprocess(std::list<gSrcFile> const & files) {
   Msg::log(Msg::preprocessing);
   Preprocessor preprocessor;
   file_loop(
-      files, Msg::preprocessing, Msg::preprocessing_failed,
+      files, {Msg::preprocessing, Msg::preprocessing_failed, gRunStage::preprocess},
       [](gSrcFile const & file) { return language_label(file.language()); },
-      [&](gSrcFile const & file) { return preprocessor.run(file); });
+      [&](gSrcFile const & file, gReportSink & reports) {
+        return preprocessor.run(file, reports);
+      });
   return !preprocessor.write_failed();
 }

@@ -21,11 +21,12 @@ void ana_program_code(std::list<gSrcFile> const & files) {
   cpp_parse cpp(stack_size);
   pas_parse pascal(stack_size);
   Msg::log(Msg::analyzing_code);
-  file_loop(files, Msg::analyzing_code, Msg::code_failed, label_of_code,
-            [&](gSrcFile const & file) {
+  file_loop(files, {Msg::analyzing_code, Msg::code_failed, gRunStage::code}, label_of_code,
+            [&](gSrcFile const & file, gReportSink & reports) {
               bool const is_pascal = file.language() == gLanguage::pascal;
               gVLParseBase & parser = is_pascal ? static_cast<gVLParseBase &>(pascal) : cpp;
               parser.reset();
+              parser.report_to(reports);
               parser.set_input(file);
               return parser.parse();
             });

@@ -8,9 +8,11 @@ void ana_text_units(std::list<gSrcFile> const & files) {
   doc_parse parser(150);
   Msg::log(Msg::analyzing_text_units);
   file_loop(
-      files, Msg::analyzing_text_units, Msg::text_units_failed, [](gSrcFile const &) { return ""; },
-      [&](gSrcFile const & file) {
+      files, {Msg::analyzing_text_units, Msg::text_units_failed, gRunStage::text_units},
+      [](gSrcFile const &) { return ""; },
+      [&](gSrcFile const & file, gReportSink & reports) {
         parser.reset();
+        parser.report_to(reports);
         parser.set_input(file);
         return parser.parse();
       });

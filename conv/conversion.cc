@@ -13,6 +13,7 @@
 
 #include "app/options/options.h"
 #include "conv/atc/reader.h"
+#include "vlb/caught.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -139,12 +140,8 @@ void convert_guarded(std::string const & target, bool (*work)(gConversion &)) {
     convert(target, work);
   } catch (gExcConversion const &) {
     log_summary(target);
-  } catch (gException const & fault) {
-    Msg::log() << fault.text() << std::endl;
-  } catch (std::exception const & fault) {
-    Msg::log() << "Exception: " << fault.what() << std::endl;
   } catch (...) {
-    Msg::log() << "Exception" << std::endl;
+    Vlb::report_caught();
   }
 }
 
@@ -281,6 +278,8 @@ void Conv::open_log() {
 
 void Conv::run(std::string const & target, bool (*work)(gConversion &)) {
   Frame const frame;
+  Msg::log.continue_run();
+  Msg::log.stage(gRunStage::convert);
   result_of_last() = {};
   convert_guarded(target, work);
   if (Msg::log.close_logfile())

@@ -11,6 +11,7 @@
 #include "ana/anadat/gsubentries.h"
 #include "ana/anadat/gsubtext.h"
 #include "vlb/gmessage.h"
+#include "vlb/greport.h"
 
 // Position in the document: the counts at the depths 0 to 7.
 using gOutline = std::array<int, 8>;
@@ -187,7 +188,7 @@ public:
   // The unit's own or, from compile on, that of its template.
   gStrList const & headline() const;
   // Reports an INFO if the unit has a headline already.
-  void set_headline(gStrList const & text);
+  void set_headline(gStrList const & text, gReportSink & reports);
   void set_hierarchy(int up, int down);
   int hier_up() const { return hier_up_; }
   int hier_down() const { return hier_down_; }

@@ -20,7 +20,7 @@ bool gDocUnit::report_difference(gMessage const & message, gString const & own,
   bool const adopt = Vapp::option_bool("ana/alloc/diffattr_code");
   if (!Vapp::option_bool("ana/alloc/diffattr_err"))
     return adopt;
-  Msg::log(message, own, loc_.make_string());
+  Msg::log(message, own, loc_);
   if (adopt)
     Msg::log(Msg::adopting_code_value, code);
   else
@@ -56,7 +56,7 @@ void gDocUnit::update_from_code() {
 }
 
 void gSyntUnit::check() const {
-  gString const where = loc().make_string();
+  gLoc const where = loc();
   if (!code_elem() && Vapp::option_bool("ana/alloc/miss_warn"))
     Msg::log(Msg::no_code_element, name(), where);
   gString const & type = get_attr("UNITTYPE");

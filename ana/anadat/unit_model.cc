@@ -148,9 +148,9 @@ gStrList const & gSyntUnit::headline() const {
   return list_of(from_template ? look()->headline : headline_);
 }
 
-void gSyntUnit::set_headline(gStrList const & text) {
+void gSyntUnit::set_headline(gStrList const & text, gReportSink & reports) {
   if (headline_ && !headline_->list.empty())
-    Msg::log(Msg::overwriting_headline, gString(), loc().make_string());
+    reports(Msg::overwriting_headline, {}, loc());
   headline_ = make_ref<gTextList>(text);
 }
 

@@ -88,7 +88,7 @@ void gFileFilterCmd::expand() {
     if (!cat::is_ident(entry))
       entries_.push_back(entry);
     else if (!add_group(entry, entries_))
-      Msg::log(Msg::undefined_file_group, entry, loc_.make_string());
+      Msg::log(Msg::undefined_file_group, entry, loc_);
 }
 
 void gFileFilterCmd::execute(cRef<gOutState> & state) {
@@ -119,14 +119,14 @@ gString resolved_name(gString const & name, gOutState const & state, gLoc const 
     return name;
   if (!state.class_stack.empty())
     return state.class_stack.back();
-  Msg::log(Msg::empty_curclass, "", loc.make_string());
+  Msg::log(Msg::empty_curclass, "", loc);
   return {};
 }
 
 bool find_unit(gString const & name, cRef<gDocUnit> & unit, gLoc const & loc) {
   if (gUnitNames.find(name, unit, gString()))
     return true;
-  Msg::log(Msg::unit_not_found, name, loc.make_string());
+  Msg::log(Msg::unit_not_found, name, loc);
   return false;
 }
 
@@ -135,7 +135,7 @@ void open_block(cRef<gDocUnit> const & unit, gLoc const & loc) {
   try {
     gDocManager.push_unit(unit);
   } catch (gExcRange const &) {
-    throw gExcFatalErr("Class blocks are nested too deep: ", loc.make_string());
+    throw gExcFatalErr(Msg::class_blocks_too_deep, loc.make_string(), loc);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 #include "vlb/parse/parse_base.h"
 #include "vlb/parse/value.h"
 
@@ -93,7 +94,7 @@ private:
 
   void push(int state, Value & value) {
     if (height_ == states_.size())
-      throw gExcFatalErr("Stack overflow in the parser", "");
+      throw gExcFatalErr(Msg::parser_stack, "", base_.scanner().place());
     states_[height_] = static_cast<gLalrTables::Number>(state);
     values_[height_] = std::move(value);
     ++height_;

@@ -17,6 +17,9 @@ public:
   virtual gScanBase & scanner() = 0;
   virtual gScanBase const & scanner() const = 0;
   virtual void reset() = 0;
+  // Where the reports of the file in hand go; the log unless something else is set.
+  gReportSink & reports() const { return scanner().reports(); }
+  void report_to(gReportSink & sink) { scanner().report_to(sink); }
 
   // Scanners answer this for a parse that has to give up.
   static constexpr int give_up = -2;

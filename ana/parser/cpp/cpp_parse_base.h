@@ -35,7 +35,7 @@ protected:
   void enter_class(std::string_view key, gStrList const & names);
   void leave_class();
   // A name, a base clause, the left side of a declaration: gExcFatalErr beyond any sensible length.
-  static void check_length(std::size_t parts);
+  void check_length(std::size_t parts) const;
   void push_linkage(gString const & literal) { linkage_stack_.push_back(literal); }
   void pop_linkage() { linkage_stack_.pop_back(); }
   gString linkage_prefix() const;

@@ -59,7 +59,7 @@ void doc_parse_base::add_text(gString const & subentry, gStrList text) {
 // A command that failed gives no pieces and costs nothing else.
 void doc_parse_base::set_headline(gStrList const & text) {
   if (!text.empty())
-    synt_unit().set_headline(text);
+    synt_unit().set_headline(text, reports());
 }
 
 void doc_parse_base::set_hierarchy(Doc::Levels levels) {

@@ -56,7 +56,7 @@ protected:
   gString low_constant(gString const & name);
   gString subrange(gString const & low);
   // A list: gExcFatalErr beyond any sensible length.
-  static void check_length(std::size_t parts);
+  void check_length(std::size_t parts) const;
 
 private:
   class Collecting;
