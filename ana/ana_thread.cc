@@ -118,6 +118,7 @@ bool ana_open_log() {
 bool ana_run_script(gPathstring const & script) {
   gStatusLine restore;
   bool const logged = ana_open_log();
+  Msg::log.stage(gRunStage::script);
   Msg::log(Msg::analyzing_input);
   Msg::log(Msg::analyzing_script);
   Msg::log(Msg::status) << "  " << script << std::endl;

@@ -1,6 +1,9 @@
 // Reads gSrcFiles. Fills gTmpFiles and gInputFiles.
 // Each source becomes a temporary file, line for line parallel to it, with its comments marked.
 
+#include <cerrno>
+#include <system_error>
+
 #include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
 #include "ana/foreign.h"
@@ -27,6 +30,7 @@ private:
   bool write_copy(gSrcFile const & copy, std::initializer_list<std::string_view> parts);
   bool adopt(gSrcFile const & copy);
   void give_up(gMessage const & message, gPathstring const & path);
+  void give_up_writing(gMessage const & message, gPathstring const & path);
 
   cpre_scan cpp_{scanner_size};
   ppre_scan pascal_{scanner_size};
@@ -42,13 +46,19 @@ void Preprocessor::give_up(gMessage const & message, gPathstring const & path) {
   (*reports_)(Msg::next_file);
 }
 
+// A full disk stops every file behind the first; it is told once, with the reason.
+void Preprocessor::give_up_writing(gMessage const & message, gPathstring const & path) {
+  std::string const reason = std::generic_category().message(errno);
+  if (!std::exchange(write_failed_, true))
+    (*reports_)(message, path + ": " + reason);
+}
+
 int Preprocessor::run(gSrcFile const & file, gReportSink & reports) {
   reports_ = &reports;
   gPathstring const path = gFileSystem::get_temp_file_name("~vl");
   ++number_;
   if (path.empty()) {
-    write_failed_ = true;
-    give_up(Msg::cannot_write, gFileSystem::temp_dir());
+    give_up_writing(Msg::cannot_write, gFileSystem::temp_dir());
     return 0;
   }
   gTmpFiles.push_back(path);
@@ -77,8 +87,7 @@ int Preprocessor::mark_comments(gPreScanBase & scanner, gSrcFile const & file,
   if (int const result = scanner.scan())
     return result;
   if (scanner.close_outfile() != 0) {
-    write_failed_ = true;
-    give_up(Msg::cannot_close, copy.path());
+    give_up_writing(Msg::cannot_write, copy.path());
     return 0;
   }
   if (!foreign_tags_ || adopt(copy))
@@ -103,8 +112,7 @@ bool Preprocessor::write_copy(gSrcFile const & copy,
     out.put(part);
   if (opened && out.close())
     return true;
-  write_failed_ = true;
-  give_up(Msg::cannot_write, copy.path());
+  give_up_writing(Msg::cannot_write, copy.path());
   return false;
 }
 

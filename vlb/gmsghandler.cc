@@ -178,6 +178,8 @@ gString Vlb::report_line(gReport const & report) {
     }
   }
   line += message.text;
+  if (!report.argument.empty() && !message.text.ends_with(' '))
+    line += ' ';
   Vlb::add_shown(line, report.argument);
   if (shows_place(report)) {
     line += " (";
@@ -193,6 +195,7 @@ struct gMsgHandler::Run {
   int errors = 0;
   int warnings = 0;
   Msg::type worst = Msg::all;
+  std::string last_error;
   bool limit_reached = false;
   gRunStage stage = gRunStage::none;
   std::set<int> suppressed_numbers;
@@ -223,6 +226,10 @@ bool gMsgHandler::enter(gReport & report, gString const & line) {
     report.stage = run_->stage;
   if (run_->copy)
     run_->copy->take(report);
+  // "Error parsing the VLS file" says less than the error in front of it.
+  bool const tells_what = !report.argument.empty() || !report.place.empty();
+  if (type == Msg::error && (tells_what || run_->last_error.empty()))
+    run_->last_error = line;
   // The limit is no fault of its own: it tells how many there were.
   if (report.message == &Msg::error_limit)
     return true;
@@ -320,6 +327,11 @@ int gMsgHandler::warnings() const {
 Msg::type gMsgHandler::worst() const {
   std::scoped_lock const guard(lines_->lock);
   return run_->worst;
+}
+
+std::string gMsgHandler::last_error() const {
+  std::scoped_lock const guard(lines_->lock);
+  return run_->last_error;
 }
 
 bool gMsgHandler::limit_reached() const {

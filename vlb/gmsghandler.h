@@ -100,6 +100,9 @@ public:
   // Msg::all if there was none.
   Msg::type worst() const;
 
+  // The line of the last error that tells what it is about; empty if there was none.
+  std::string last_error() const;
+
   // True from the report that raised gExcFatalErr for err_max on, until reset_counts(): that error
   // ends the run, so a guard that would go on with the next file passes it on.
   bool limit_reached() const;

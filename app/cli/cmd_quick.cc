@@ -70,7 +70,7 @@ public:
     if (status == exit_ok || status == exit_reports)
       print_result();
     else if (status == exit_failed)
-      context_.outside.tell("No documentation was written. The log tells why: " + log());
+      context_.outside.tell("No documentation was written. The log tells why: " + failed_log());
     return status;
   }
 
@@ -154,6 +154,11 @@ private:
 
   // Where the run has put it: a question may have led to another folder.
   static gPathstring log() { return Vapp::option_path("out_dir").append("ana.log"); }
+
+  // The log of the part that failed.
+  static gPathstring failed_log() {
+    return Vapp::ana_success ? Vapp::option_path("out_dir").append("htm.log") : log();
+  }
 
   static std::string units(gConversionResult const & result) {
     std::string text;

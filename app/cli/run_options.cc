@@ -15,6 +15,8 @@ void gRunOptions::add_to(CLI::App & command) {
       ->type_name("N,N...")
       ->delimiter(',')
       ->allow_extra_args(false);
+  command.add_option("--reports", reports, "Write the reports of the run to a file, as JSON lines")
+      ->type_name("FILE");
   command.add_flag("-q,--quiet", quiet, "No reports on standard error");
 }
 

@@ -12,6 +12,7 @@ struct gRunOptions {
   bool overwrite = false;
   std::string fail_on; // a severity; empty for none
   std::vector<int> suppress;
+  std::string reports; // a file for them; empty for none
   bool quiet = false;
 
   void add_to(CLI::App & command);

@@ -121,11 +121,13 @@ TEST_F(Messages, the_error_that_reaches_the_limit_is_written_and_ends_the_stage)
 TEST_F(Messages, what_ends_a_file_is_counted_and_tells_the_place_once) {
   log.take({Msg::parser_stack, "", {"a.h", 7}});
   log(Msg::unreadable, "b.h", "b.h");
+  log(Msg::illegal_headline_level, "0");
   log.take(gExcInternalErr("ASSERT_ failed: ", "x > 0", "y.cc(3)").report());
   EXPECT_EQ(outside.report_text(), "FATAL ERROR: Stack overflow in the parser (a.h:7)\n"
                                    "FATAL ERROR: Cannot read from file: b.h\n"
+                                   "ERROR 193: Illegal headline level (1 <= n <= 6) 0\n"
                                    " INTERNAL ERROR: ASSERT_ failed: x > 0 (y.cc(3))\n");
-  EXPECT_TRUE(log.errors() == 3 && log.worst() == Msg::error);
+  EXPECT_TRUE(log.errors() == 4 && log.worst() == Msg::error);
 }
 
 TEST_F(Messages, a_list_counts_and_ends_a_run_only_when_it_is_handed_on) {

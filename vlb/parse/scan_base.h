@@ -88,7 +88,7 @@ public:
   int close_infile();
   // gExcFatalErr "Cannot write to file: " if it can't be made.
   void open_outfile(gSrcFile const & file);
-  // 0 on success: everything has reached the file.
+  // 0 on success: everything has reached the file. Else errno tells why.
   int close_outfile();
   // Replaces the record that positions refer to, as a #line directive does.
   void set_infile(gSrcFile const & file) { infile_ = file; }

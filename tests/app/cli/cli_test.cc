@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "program.h"
+#include "vlb/messages.h"
 
 namespace {
 
@@ -90,6 +91,41 @@ TEST(cli, run_options_hold_for_one_run) {
             "vellumar: 'vellumar set' or --set changes inputfiles, vls_file and out_dir.\n");
   EXPECT_EQ(box.run("analyze p.vlp --set vls_file=none.vls").status, 1);
   EXPECT_EQ(box.read("p.vlp"), before);
+}
+
+TEST(cli, tells_what_failed_and_where) {
+  Sandbox box;
+  box.make_project();
+  box.write("src/a.h", "int a;\n\nint f(int a) {\n {");
+  std::string const fault = "FATAL ERROR: Unexpected end of file (" + box.path("src/a.h:4)\n");
+  Answer answer = box.run("analyze p.vlp --fail-on error --reports r.jsonl");
+  EXPECT_EQ(answer.status, 3);
+  EXPECT_NE(answer.err.find(fault + "    Continuing analysis with next file.\n"),
+            std::string::npos)
+      << answer.err;
+  EXPECT_EQ(box.read("r.jsonl"),
+            "{\"number\":34,\"severity\":\"error\",\"text\":\"FATAL ERROR: Unexpected end of file\","
+            "\"path\":\"" +
+                box.path("src/a.h") + "\",\"line\":4,\"stage\":\"code\",\"advice\":\"" +
+                std::string(Msg::unexpected_end.advice) +
+                "\",\"hints\":[\"Continuing analysis with next file.\"]}\n");
+  EXPECT_EQ(box.run("analyze p.vlp --suppress 34 --reports r.jsonl --fail-on error").status, 0);
+  EXPECT_EQ(box.read("r.jsonl"), "");
+  answer = box.run("build p.vlp -q --set vls_file=none.vls");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_EQ(answer.err,
+            "vellumar: FATAL ERROR: Cannot read from file: " + box.path("none.vls") + "\n");
+  box.write("helpers", "");
+  answer = box.run("build p.vlp -q --reports r.jsonl --set htm/out_dir=helpers/x");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("vellumar: ERROR 21: Cannot write to file: "), std::string::npos);
+  EXPECT_NE(box.read("r.jsonl").find("\"stage\":\"convert\""), std::string::npos);
+  answer = box.run("analyze p.vlp --reports src/a.h");
+  EXPECT_EQ(answer.status, 2);
+  EXPECT_EQ(answer.err, "vellumar: Cannot write the reports to 'src/a.h': "
+                        "It exists, and holds other things\n");
+  EXPECT_TRUE(box.read("src/a.h").starts_with("int a;"));
+  EXPECT_EQ(box.run("analyze p.vlp --reports none/r.jsonl").status, 2);
 }
 
 TEST(cli, empties_only_what_a_run_has_left) {
