@@ -29,7 +29,7 @@ private:
   void write_last();
 
   std::FILE * file_ = nullptr;
-  int failure_ = 0; // the errno of the first failed write
+  int failure_ = 0;           // the errno of the first failed write
   std::vector<gReport> last_; // waits for its hints
   std::vector<std::string> hints_;
 };

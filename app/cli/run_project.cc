@@ -86,8 +86,8 @@ public:
   ReportCopy(std::string const & path, gCommandContext & context) : path_(path), context_(context) {
     if (path.empty())
       return;
-    good_ = file_.open(path) || refuse(errno == EEXIST ? "It exists, and holds other things"
-                                                       : system_text(errno));
+    good_ = file_.open(path) ||
+            refuse(errno == EEXIST ? "It exists, and holds other things" : system_text(errno));
     if (good_)
       Msg::log.copy_to(&file_);
   }

@@ -100,15 +100,15 @@ TEST(cli, tells_what_failed_and_where) {
   std::string const fault = "FATAL ERROR: Unexpected end of file (" + box.path("src/a.h:4)\n");
   Answer answer = box.run("analyze p.vlp --fail-on error --reports r.jsonl");
   EXPECT_EQ(answer.status, 3);
-  EXPECT_NE(answer.err.find(fault + "    Continuing analysis with next file.\n"),
-            std::string::npos)
+  EXPECT_NE(answer.err.find(fault + "    Continuing analysis with next file.\n"), std::string::npos)
       << answer.err;
-  EXPECT_EQ(box.read("r.jsonl"),
-            "{\"number\":34,\"severity\":\"error\",\"text\":\"FATAL ERROR: Unexpected end of file\","
-            "\"path\":\"" +
-                box.path("src/a.h") + "\",\"line\":4,\"stage\":\"code\",\"advice\":\"" +
-                std::string(Msg::unexpected_end.advice) +
-                "\",\"hints\":[\"Continuing analysis with next file.\"]}\n");
+  EXPECT_EQ(
+      box.read("r.jsonl"),
+      "{\"number\":34,\"severity\":\"error\",\"text\":\"FATAL ERROR: Unexpected end of file\","
+      "\"path\":\"" +
+          box.path("src/a.h") + "\",\"line\":4,\"stage\":\"code\",\"advice\":\"" +
+          std::string(Msg::unexpected_end.advice) +
+          "\",\"hints\":[\"Continuing analysis with next file.\"]}\n");
   EXPECT_EQ(box.run("analyze p.vlp --suppress 34 --reports r.jsonl --fail-on error").status, 0);
   EXPECT_EQ(box.read("r.jsonl"), "");
   answer = box.run("build p.vlp -q --set vls_file=none.vls");
