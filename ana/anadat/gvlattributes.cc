@@ -1,6 +1,8 @@
 // The store of the templates, and the two templates that need no script.
 #include "ana/anadat/gvlattributes.h"
 
+#include "ana/anadat/pieces.h"
+
 namespace {
 
 constexpr std::pair<char const *, char const *> titles[] = {
@@ -23,20 +25,21 @@ cRef<cObj> one_piece(char const * text) {
   return cat::make(gStrList(gString(text)));
 }
 
+// Texts and variables.
 gStrList pieces(std::initializer_list<char const *> texts) {
   gStrList list;
   for (char const * text : texts)
-    list << gString(text);
+    list << Vlb::variable_piece(text);
   return list;
 }
 
 } // namespace
 
 gStrList gTemplates::make_default_contents() {
-  gStrList contents = pieces({"@_vlhdl"});
+  gStrList contents(Vlb::placeholder(gPiece::headline));
   for (char const * word :
        {"@sline", "@description", "@declaration", "@heritage", "@parameter", "@return", "@comment"})
-    contents << gString("@_vlsub") << gString(word);
+    contents << Vlb::placeholder(gPiece::subentry) << gString(word);
   return contents;
 }
 

@@ -8,16 +8,15 @@
 
 namespace {
 
-// "$curfile" gives "@macro<cur_file>{} ".
-gString macro_text(std::string_view variable) {
-  return "@macro<cur_" + std::string(variable.substr(4)) + ">{} ";
-}
-
 gString quoted(gString const & text) {
   return "\"" + text + "\"";
 }
 
 } // namespace
+
+gString Vlb::macro_text(std::string_view variable) {
+  return "@macro<cur_" + std::string(variable.substr(4)) + ">{} ";
+}
 
 gString Vlb::attribute_text(gString const & attribute, gString const & value) {
   gStrList text;
@@ -71,7 +70,7 @@ void gDocUnit::expand_text(gStrList & list, gStrList::iterator & it, bool skip) 
     list.set(it, Vlb::escape_atc(variable(**it)));
     break;
   case gPiece::macro:
-    list.set(it, macro_text(**it));
+    list.set(it, Vlb::macro_text(**it));
     break;
   case gPiece::index:
     list.set(it, Vlb::index_mark("xetplbkmk"));

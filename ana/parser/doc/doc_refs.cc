@@ -1,4 +1,5 @@
 // Bookmarks, which references may point at, and citations of the source.
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/parser/doc/doc_parse_base.h"
 
@@ -34,7 +35,7 @@ gStrList doc_parse_base::bookmark(gString const & command, gString const & kind,
     error(Msg::repeated_bookmark, name);
     return {};
   }
-  gStrList pieces(piece("@_vlbkmk"));
+  gStrList pieces(Vlb::placeholder(gPiece::bookmark));
   pieces.push_back(std::move(name));
   pieces.push_back(piece(kind));
   return pieces;
@@ -49,7 +50,7 @@ gStrList doc_parse_base::help_alias(gParamList & params) {
     error(Msg::empty_identifier);
     return {};
   }
-  gStrList pieces(piece("@hidalias"));
+  gStrList pieces(Vlb::placeholder(gPiece::alias));
   pieces.push_back(std::move(name));
   return pieces;
 }

@@ -84,6 +84,7 @@ public:
   int blanks();
 
   // Code text, references, index entries, verbatim blocks.
+  int verbatim_text();
   int escaped_text();
   int trimmed_escaped_text();
   int code_line_break();
@@ -104,6 +105,7 @@ public:
   int nested(Doc::Token token, int condition);
 
   int text_token(std::string_view text);
+  int variable_token(gString name);
   bool auto_num() const { return auto_num_; }
   bool auto_enum() const { return auto_enum_; }
   bool at_entry() const { return at_entry_; }

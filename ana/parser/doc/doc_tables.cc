@@ -1,5 +1,6 @@
 // Tables: a head that a template of the script may stand for, then rows of cells.
 #include "ana/anadat/gvlattributes.h"
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/parser/doc/doc_parse_base.h"
 
@@ -60,7 +61,7 @@ void doc_parse_base::set_marks(gString const & command, gStrList & marks, gParam
 }
 
 gStrList doc_parse_base::joined_row(gStrList rows, gStrList cells) {
-  rows.push_back(piece("@_vltrow"));
+  rows.push_back(Vlb::placeholder(gPiece::table_row));
   return joined(rows, cells);
 }
 
@@ -82,14 +83,14 @@ gStrList doc_parse_base::joined_cell(gStrList cells, gParamList & params) {
 gStrList doc_parse_base::table(bool is_open, gStrList rows) {
   if (!is_open)
     return {};
-  gStrList pieces(piece("@_vltbeg"));
+  gStrList pieces(Vlb::placeholder(gPiece::table));
   pieces.push_back(piece("no"));
   pieces.push_back(gString("<" + table_.style + "><" + table_.columns.make_string(",") + "><" +
                            table_.markcolumns.make_string(",") + "><" +
                            table_.markrows.make_string(",") + ">\n"));
   pieces.append(table_.rows);
   pieces.append(std::move(rows));
-  pieces.push_back(piece("@_vltend"));
+  pieces.push_back(Vlb::placeholder(gPiece::table_end));
   return pieces;
 }
 

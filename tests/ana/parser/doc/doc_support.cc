@@ -3,6 +3,7 @@
 #include <sstream>
 #include <utility>
 
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/parser/doc/dense_cases.h"
 #include "app/options/options.h"
@@ -73,7 +74,7 @@ DocWorld::DocWorld() {
   gVLAttributes["table"]["tpl"]["coldef"] = cat::make(gStrList("2cm") << gString("*"));
   gVLAttributes["table"]["tpl"]["style"] = cat::make("ts");
   gVLAttributes["table"]["tpl"]["markrow"] = cat::make(gStrList("first"));
-  gVLAttributes["table"]["tpl"]["rows"] = cat::make(gStrList("@_vltrow"));
+  gVLAttributes["table"]["tpl"]["rows"] = cat::make(gStrList(Vlb::placeholder(gPiece::table_row)));
   for (char const * type : {"function", "class"})
     Vapp::options["attr"]["UNITTYPE"]["val"][type] = cat::make(type);
   for (char const * state : {"draft", "done"})
