@@ -56,8 +56,12 @@ b4_lalr_table([check], b4_check)
 b4_lalr_table([left_sides], b4_r1)
 b4_lalr_table([lengths], b4_r2)
 b4_lalr_table([symbols], b4_translate)
+char const * const symbol_names@{@} = {
+  b4_tname
+};
 gLalrTables const all_tables = {
     offsets, reductions, goto_offsets, goto_defaults, table, check, left_sides, lengths, symbols,
+    symbol_names,
     b4_last, b4_pact_ninf, b4_table_ninf, b4_final_state_number, b4_tokens_number, b4_code_max};
 
 } // namespace

@@ -39,8 +39,8 @@ protected:
   void set_lookahead(int token) { lookahead_ = token; }
   // True while the tokens behind a fault count, so that the parser has to shift each by itself.
   bool recovering() const { return recovery_ > 0; }
-  // Reports a look-ahead that doesn't fit.
-  void report_syntax_error() const;
+  // Reports a look-ahead that doesn't fit. `name`: what it is, for one whose text shows nothing.
+  void report_syntax_error(std::string_view name) const;
 
 private:
   template <class Parser> friend class gLalrRun;
