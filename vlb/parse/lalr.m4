@@ -22,6 +22,9 @@ m4_define([b4_rhs_value], [b4_lalr_typed([last@{b4_subtract([$2], [$1])@}], [$3]
 m4_define([b4_lhs_location], [b4_fatal([[positions of symbols aren't kept]])])
 m4_define([b4_rhs_location], [b4_fatal([[positions of symbols aren't kept]])])
 
+# What ends Bison's list of names.
+m4_define([b4_null], [nullptr])
+
 # b4_case(RULE, ACTION, [COMMENT])
 m4_define([b4_case], [  case $1: // $3
 $2
