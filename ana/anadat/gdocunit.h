@@ -155,6 +155,7 @@ private:
   gString citation_text(gString const & name) const;
   // The plain value of a unit variable or $curclass.
   gString variable(std::string_view name) const;
+  void write_facts(std::ostream & stream) const;
   void write_index(std::ostream & stream, std::string_view label) const;
 
   gSubEntries subentries_;

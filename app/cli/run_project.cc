@@ -128,6 +128,9 @@ int run_project(gRunOptions const & options, std::vector<std::string> const & ta
   if (!copy.good())
     return exit_refused;
   context.outside.set_quiet(options.quiet);
+  // The converters are told what a run of the analysis alone keeps to itself.
+  if (!targets.empty() && !Vapp::option({"ana", "facts_line"}))
+    Vapp::options.submap("ana").set("facts_line", cat::make(true));
   Run run(options);
   int status = run.analyze();
   if (status == exit_ok)
