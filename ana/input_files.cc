@@ -5,6 +5,7 @@
 #include "app/options/options.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
 
 void ana_input_files() {
   gSrcFiles.clear();
@@ -18,6 +19,11 @@ void ana_input_files() {
   }
   for (gString const & problem : found.problems())
     Msg::log() << problem << std::endl;
+  for (gPathstring const & path : found.left_out()) {
+    gString shown;
+    Vlb::add_shown(shown, path);
+    Msg::log(Msg::source_name, shown);
+  }
   for (gSrcFile const & file : found.files())
     gSrcFiles.emplace_back(file.path(), "", 0);
 }
