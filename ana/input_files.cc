@@ -5,7 +5,6 @@
 #include "app/options/options.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gmsghandler.h"
-#include "vlb/messages.h"
 
 void ana_input_files() {
   gSrcFiles.clear();
@@ -22,7 +21,7 @@ void ana_input_files() {
   for (gPathstring const & path : found.left_out()) {
     gString shown;
     Vlb::add_shown(shown, path);
-    Msg::log(Msg::source_name, shown);
+    Msg::log() << "Left out because of a line feed in its name: " << shown << std::endl;
   }
   for (gSrcFile const & file : found.files())
     gSrcFiles.emplace_back(file.path(), "", 0);
