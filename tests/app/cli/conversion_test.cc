@@ -141,7 +141,7 @@ TEST(conversion, quick_takes_what_it_is_given_and_no_more) {
   EXPECT_NE(answer.out.find("\nSources:    3 files\n"), std::string::npos) << answer.out;
   EXPECT_NE(answer.err.find("leads out of the folders: '" + box.path("tree/x.h'")),
             std::string::npos);
-  EXPECT_NE(answer.err.find("line\\x0afeed.h"), std::string::npos) << answer.err;
+  EXPECT_NE(answer.err.find("line\\nfeed.h"), std::string::npos) << answer.err;
   EXPECT_EQ(answer.err.find("ERROR"), std::string::npos) << answer.err;
   std::string const code = box.read("site/quick.atc");
   EXPECT_NE(code.find("shown_one"), std::string::npos);
