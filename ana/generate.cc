@@ -5,6 +5,7 @@
 #include "ana/cmdpar/gcmd.h"
 #include "ana/stages.h"
 #include "app/options/options.h"
+#include "vlb/folder_record.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -20,6 +21,23 @@ void compile(gCmdSeq & commands) {
     state->cur_dir = input_dir;
   state->miss_output = Vapp::option_bool("ana/alloc/miss_output");
   commands.execute(state);
+}
+
+// Enters all files of the set in the record of the output folder. False, after a report, if a file
+// of the user stands in the place of one.
+bool claim_files(gPathstring const & document, std::set<gString> const & outputs) {
+  gPathstring folder = Vapp::option_path("out_dir");
+  folder.normalize(true);
+  std::set<std::string> names = {document.substr(std::min(folder.size() + 1, document.size()))};
+  for (gString const & output : outputs) {
+    gPathstring const path = Vlb::atx_path(output);
+    if (path.size() > folder.size())
+      names.insert(path.substr(folder.size() + 1));
+  }
+  std::string const taken = gFolderRecord(folder).claim(names);
+  if (!taken.empty())
+    Msg::log(Msg::cannot_write, folder.append(taken), "no run has left it there");
+  return taken.empty();
 }
 
 bool write_document(gPathstring const & path, std::set<gString> const & outputs) {
@@ -75,7 +93,7 @@ bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString
     Msg::log(Msg::cannot_write, output);
   } else {
     Vapp::options["atc_file"] = cat::make(path);
-    written = write_document(path, outputs);
+    written = claim_files(path, outputs) && write_document(path, outputs);
   }
   log_summary();
   return written;
