@@ -1,8 +1,7 @@
 // The loop that all stages over files share.
 #pragma once
 
-#include <list>
-
+#include "ana/anadat/gfilefacts.h"
 #include "ana/progress.h"
 #include "app/options/options.h"
 #include "vlb/gexception.h"
@@ -37,7 +36,7 @@ template <class Work>
 void read_guarded(gSrcFile const & file, gFileStage const & stage, gReportList & reports,
                   Work work) {
   try {
-    if (work(file, reports) == 0)
+    if (work() == 0)
       return;
     reports(stage.failure);
   } catch (gExcFatalErr const & fault) {
@@ -49,19 +48,35 @@ void read_guarded(gSrcFile const & file, gFileStage const & stage, gReportList &
   reports(Msg::next_file);
 }
 
+// The file of an item.
+inline gSrcFile const & file_of(gSrcFile const & file) {
+  return file;
+}
+inline gSrcFile const & file_of(gFileFacts const & facts) {
+  return facts.file;
+}
+
+// The work of a stage on a file that has been read: hands its reports on, and answers as the loop
+// wants it.
+inline int finish_reading(gReportList & list, gReadEnd const & end, gReportSink & reports) {
+  list.hand_on(reports);
+  if (end.fatal)
+    throw gExcFatalErr(*end.fatal->message, end.fatal->argument, end.fatal->place);
+  return end.failed ? 1 : 0;
+}
+
 // Does `work` on each file, with a list for its reports. It answers 0 when the file went through;
 // anything else reports the stage's failure. `label` gives the text behind the path in the log, or
 // null for a file that the stage passes over.
-template <class Label, class Work>
-void file_loop(std::list<gSrcFile> const & files, gFileStage const & stage, Label label,
-               Work work) {
+template <class Files, class Label, class Work>
+void file_loop(Files & files, gFileStage const & stage, Label label, Work work) {
   gProgress progress(stage.progress, files.size());
-  for (gSrcFile const & file : files) {
+  for (auto & item : files) {
     Vapp::poll_break();
-    if (char const * text = label(file)) {
-      log_file(file, text);
+    if (char const * text = label(item)) {
+      log_file(file_of(item), text);
       gReportList reports(stage.stage, &Msg::log);
-      read_guarded(file, stage, reports, work);
+      read_guarded(file_of(item), stage, reports, [&] { return work(item, reports); });
       reports.hand_on(Msg::log);
     }
     progress.step();

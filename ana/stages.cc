@@ -11,9 +11,9 @@ void gStages::run() {
   ana_input_files();
   failed_ |= !ana_preprocess(gSrcFiles);
   Msg::log.stage(gRunStage::text_units);
-  ana_text_units(gInputFiles);
+  std::vector<gFileFacts> files = ana_text_units(gInputFiles);
   Msg::log.stage(gRunStage::code);
-  ana_program_code(gInputFiles);
+  ana_program_code(files);
   Msg::log.stage(gRunStage::associate);
   ana_associate();
   Msg::log.stage(gRunStage::update);

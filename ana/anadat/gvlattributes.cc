@@ -93,3 +93,29 @@ bool gTemplates::flag(std::initializer_list<std::string_view> path) const {
 bool gTemplates::has(std::initializer_list<std::string_view> path) const {
   return get(path) != nullptr;
 }
+
+namespace {
+
+std::vector<gString> texts_of(gStrList const & list) {
+  std::vector<gString> texts;
+  for (cRef<gString> const & piece : list)
+    texts.push_back(*piece);
+  return texts;
+}
+
+} // namespace
+
+gTableTemplates gTemplates::tables() const {
+  gTableTemplates tables;
+  cRef<cObj> const all = get({"table"});
+  if (!all || !all->map())
+    return tables;
+  for (cIterObj it = all->begin(); it.valid(); it++) {
+    gString const name = it.key_as_string();
+    tables[name] = {text({"table", name, "style"}), texts_of(list({"table", name, "coldef"})),
+                    texts_of(list({"table", name, "markrow"})),
+                    texts_of(list({"table", name, "markcol"})),
+                    texts_of(list({"table", name, "rows"}))};
+  }
+  return tables;
+}

@@ -149,8 +149,15 @@ void run_block(cRef<gDocUnit> const & unit, gString const & name, gCmdSeq & inne
   state->class_stack.pop_back();
 }
 
+// The filter for what belongs to a class. A class without a name is nobody's scope, and an empty
+// filter would let everything pass: no name holds a line feed.
+gString members_filter(gString const & class_name) {
+  return class_name.empty() ? gString("\n") : class_name;
+}
+
 void restore_class_filter(gOutState & state) {
-  state.class_filter = state.class_stack.empty() ? gString() : state.class_stack.back();
+  bool const in_class = !state.class_stack.empty();
+  state.class_filter = in_class ? members_filter(state.class_stack.back()) : gString();
 }
 
 } // namespace
@@ -184,7 +191,7 @@ void gOutFilterCmd::execute(cRef<gOutState> & state) {
 
 void gOutClassCmd::execute(cRef<gOutState> & state) {
   gString const name = resolved_name(name_, *state, loc_);
-  state->class_filter = name;
+  state->class_filter = state->class_stack.empty() ? name : members_filter(name);
   cRef<gDocUnit> unit;
   if (find_unit(name, unit, loc_))
     run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
@@ -199,7 +206,7 @@ void gOutClassFilterCmd::execute(cRef<gOutState> & state) {
   state->attr_filter.erase("UNITTYPE");
   for (cRef<gDocUnit> const & unit : classes) {
     gString const name = unit->name();
-    state->class_filter = name;
+    state->class_filter = members_filter(name);
     run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
   }
   if (!classes.empty())

@@ -34,6 +34,11 @@ void cpp_parse_base::reset() {
   template_prefix_.clear();
 }
 
+void cpp_parse_base::read_into(gCodeFacts & facts) {
+  facts_ = &facts;
+  scanner_.record_comments(&facts.comments);
+}
+
 void cpp_parse_base::enter_scope(gStrList const & names) {
   for (cRef<gString> const & name : names)
     scope_bytes_ += name_bytes(*name);

@@ -126,8 +126,8 @@ private:
   void index_keywords();
   bool may_be_keyword(std::string_view text, unsigned kinds) const;
   Candidate candidate() const;
-  gKwd * find_keyword(Candidate const & candidate, unsigned kinds) const;
-  int take_keyword(gKwd * keyword, Candidate const & found, bool separator_in_token);
+  gKwd const * find_keyword(Candidate const & candidate, unsigned kinds) const;
+  int take_keyword(gKwd const * keyword, Candidate const & found, bool separator_in_token);
   int open_unit(Doc::Keyword keyword);
   int open_subentry(Doc::Keyword keyword);
 
@@ -158,7 +158,7 @@ private:
   int keyword_line_ = 1;
   std::vector<Return> return_stack_;
   gString unit_type_;
-  cRef<gUnitPattern> cur_pattern_; // of the keyword that opened the unit
+  gUnitPattern const * cur_pattern_ = nullptr; // of the keyword that opened the unit
 
   KeywordIndex keywords_;
   Doc::Keyword star_keyword_, slash_keyword_; // for comments with a special opener; null if off

@@ -23,6 +23,11 @@ void pas_parse_base::reset() {
   text_bytes_ = 0;
 }
 
+void pas_parse_base::read_into(gCodeFacts & facts) {
+  facts_ = &facts;
+  scanner_.record_comments(&facts.comments);
+}
+
 int pas_parse_base::begin_unit(gString const & name) {
   unit_name_ = name;
   return cur_line();
@@ -55,7 +60,7 @@ void pas_parse_base::begin_class(gBasesRef const & bases) {
   class_name_ = type_name_;
   visibility_ = "public";
   if (bases)
-    gPasClasses.insert_class(class_name_, bases);
+    facts_->classes.push_back({class_name_, bases});
 }
 
 // The body stays out of the text: its members are elements of their own.

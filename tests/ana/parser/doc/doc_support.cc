@@ -6,6 +6,7 @@
 #include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/parser/doc/dense_cases.h"
+#include "ana/read/enter.h"
 #include "app/options/options.h"
 
 namespace {
@@ -166,6 +167,16 @@ std::string tokens_of(std::string input) {
   return result + dense_reports(world.outside.reports);
 }
 
+gFileFacts read_text(gFileReader & reader, gSrcFile const & file, std::string_view text) {
+  gFileFacts facts;
+  facts.file = file;
+  reader.read_text(facts, {}, &text);
+  facts.text.reports.hand_on(Msg::log);
+  if (facts.text.end.fatal)
+    throw gExcFatalErr(*facts.text.end.fatal->message, facts.text.end.fatal->argument);
+  return facts;
+}
+
 namespace {
 
 // One line: line, type and name, then what the unit has.
@@ -211,9 +222,10 @@ std::string table_text() {
 std::string units_of(std::string input) {
   DocWorld world;
   gSrcFile const file = world.prepare(input);
-  doc_parse parser;
-  parser.reset();
-  parser.scanner().open_text(file, input);
-  int const failed = parser.parse();
-  return table_text() + (failed ? "failed\n" : "") + dense_reports(world.outside.reports);
+  gReadInput const read_input{gVLAttributes.tables()};
+  gFileReader reader(read_input);
+  gFileFacts facts = read_text(reader, file, input);
+  enter_text(facts);
+  return table_text() + (facts.text.end.failed ? "failed\n" : "") +
+         dense_reports(world.outside.reports);
 }
