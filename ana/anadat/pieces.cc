@@ -53,7 +53,8 @@ gPiece variable_kind(std::string_view name) {
 }
 
 gString variable_piece(gString name) {
-  return marked(variable_kind(name), std::move(name));
+  gPiece const kind = variable_kind(name);
+  return marked(kind, std::move(name));
 }
 
 bool has_placeholder(gStrList const & list) {

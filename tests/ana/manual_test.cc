@@ -54,7 +54,7 @@ std::string as_source(std::string const & text) {
   if (text.starts_with("/*"))
     return "void f() {\n" + text + "}\n";
   if (text.starts_with("@function"))
-    return "/* " + text + "*/\nclass Stack {\n  int push(int value);\n};\n";
+    return "/* " + text + "\nPuts it there. */\nclass Stack {\n  int push(int value);\n};\n";
   return "/* @function A function.\n\n" + text + "*/\nvoid f();\n";
 }
 

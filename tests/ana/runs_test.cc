@@ -12,7 +12,6 @@
 #include "ana/anadat/tables.h"
 #include "app/options/options.h"
 #include "run_project.h"
-#include "vlb/tempfiles.h"
 
 namespace {
 
@@ -249,7 +248,7 @@ TEST(runs, tell_once_that_temporary_files_find_no_room) {
   RunProject project;
   for (char const * name : {"in/a.h", "in/b.h", "in/c.txt"})
     project.write(name, std::string(400000, ' '));
-  ASSERT_TRUE(gTempFiles::reserve(gTempFiles::usual_budget)) << "or they would stay in memory";
+  setenv("VELLUMAR_TEMP_MEMORY", "0", 1);
   rlimit before;
   getrlimit(RLIMIT_FSIZE, &before);
   rlimit const low = {100000, before.rlim_max};
@@ -258,7 +257,7 @@ TEST(runs, tell_once_that_temporary_files_find_no_room) {
   bool const success = project.run();
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
-  gTempFiles::release(gTempFiles::usual_budget);
+  unsetenv("VELLUMAR_TEMP_MEMORY");
   EXPECT_FALSE(success);
   std::string const reports = project.reports();
   std::size_t const first = reports.find("ERROR 21: Cannot write to file: ");
