@@ -30,7 +30,7 @@ struct gUnitRecord {
   std::string toc;     // its form for the contents
   std::string summary; // subject line, else the first sentence of the text; at most 200 bytes
   std::string declaration; // the text of the declaration; empty if there is none
-  gUnitFacts facts;
+  gKnownFacts facts;
   int section = 0; // index into sections
   int parent = -1; // the unit it stands below by its level; -1 at the top of its section
   int file = 0;    // index into files

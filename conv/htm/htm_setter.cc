@@ -187,8 +187,8 @@ void gHtmSetter::set_verbatim(gNode const & node, bool declaration, std::string 
 
 void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
   gLanguage const language = gColours::language_of(unit() < 0 ? "" : site_.unit(unit()).path);
-  static gUnitFacts const none;
-  gUnitFacts const & facts =
+  static gKnownFacts const none;
+  gKnownFacts const & facts =
       unit() < 0 || text != site_.unit(unit()).declaration ? none : site_.unit(unit()).facts;
   std::vector<std::string_view> const bound = Declaration::bound_names(text, facts);
   DeclarationText::set(

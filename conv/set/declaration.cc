@@ -91,15 +91,15 @@ void add_parameters(std::string_view list, std::string & out) {
   add(list.size());
 }
 
-bool is_of(gUnitFacts const & facts, std::string_view text) {
+bool is_of(gKnownFacts const & facts, std::string_view text) {
   return facts.size > 0 && facts.size == text.size();
 }
 
-std::size_t head_end(std::string_view text, gUnitFacts const & facts) {
+std::size_t head_end(std::string_view text, gKnownFacts const & facts) {
   return is_of(facts, text) && !facts.name.empty() ? facts.template_head.end : template_end(text);
 }
 
-std::size_t list_begin(std::string_view text, gUnitFacts const & facts) {
+std::size_t list_begin(std::string_view text, gKnownFacts const & facts) {
   if (!is_of(facts, text) || facts.name.empty())
     return parameters_begin(text, head_end(text, facts));
   return facts.parameters.empty() ? std::string_view::npos : facts.parameters.begin;
@@ -119,7 +119,7 @@ std::string_view last_word(std::string_view parameter) {
 
 } // namespace
 
-std::string Declaration::broken(std::string_view text, gUnitFacts const & facts) {
+std::string Declaration::broken(std::string_view text, gKnownFacts const & facts) {
   if (text.size() <= wide || text.find('\n') != std::string_view::npos || text.starts_with('#'))
     return std::string(text);
   std::string out;
@@ -140,7 +140,7 @@ std::string Declaration::broken(std::string_view text, gUnitFacts const & facts)
 }
 
 std::vector<std::string_view> Declaration::bound_names(std::string_view text,
-                                                       gUnitFacts const & facts) {
+                                                       gKnownFacts const & facts) {
   std::vector<std::string_view> names;
   std::string_view const head = text.substr(0, head_end(text, facts));
   std::size_t begin = head.find('<');

@@ -11,9 +11,9 @@ namespace Declaration {
 
 // A declaration that is one line of more than 80 characters gets its parameters on lines of their
 // own. Others stay as they are. `facts` tells where the parts are, if they are of this text.
-std::string broken(std::string_view text, gUnitFacts const & facts = {});
+std::string broken(std::string_view text, gKnownFacts const & facts = {});
 
 // The names of template parameters, which mean nothing outside of the declaration.
-std::vector<std::string_view> bound_names(std::string_view text, gUnitFacts const & facts = {});
+std::vector<std::string_view> bound_names(std::string_view text, gKnownFacts const & facts = {});
 
 } // namespace Declaration

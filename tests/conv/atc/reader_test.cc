@@ -283,7 +283,7 @@ TEST(Facts, RangesHoldInWhatIsRead) {
 // What says two things is reported, and ranges outside of the text are none.
 TEST(Facts, DamageIsReported) {
   TestOutside outside;
-  gUnitFacts facts;
+  gKnownFacts facts;
   EXPECT_FALSE(
       Atc::read_facts({"k", "A::f", "g", "", "", "", "x", "", "9", "4-99,3,5-2,-,"}, facts));
   EXPECT_TRUE(facts.name.empty() && facts.template_head.empty() && facts.parameters.empty());
