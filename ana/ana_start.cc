@@ -32,10 +32,36 @@ bool is_protected(gOutputFolder const & folder) {
   return !reason.empty();
 }
 
+bool has_foreign_files(gOutputFolder const & folder) {
+  return folder.exists() && !folder.foreign_file().empty();
+}
+
 bool needs_question(gOutputFolder const & folder, gOverwrite overwrite) {
   if (!folder.exists() || overwrite == gOverwrite::allow || !warn_outdir())
     return false;
-  return overwrite == gOverwrite::ask || !(folder.empty() || folder.only_own_files());
+  return overwrite == gOverwrite::ask || has_foreign_files(folder);
+}
+
+// Says so if files of the user stand where the run would write.
+bool is_in_the_way(gOutputFolder const & folder) {
+  gString const name = folder.file_in_the_way();
+  if (!name.empty())
+    refuse(folder_text(folder, "holds '") + name +
+               "', which no run has left there and which a run would replace. Move it away, or "
+               "choose another output folder.",
+           gOutside::Icon::stop);
+  return !name.empty();
+}
+
+// What another run is writing in the meantime must not be taken for files of the user, so the lock
+// comes in front of all questions.
+bool is_in_use(gOutputFolder & folder) {
+  if (!folder.exists() || folder.lock())
+    return false;
+  refuse(folder_text(folder, "is in use by another run. Wait for its end, or choose another "
+                             "output folder."),
+         gOutside::Icon::stop);
+  return true;
 }
 
 // The folder that the user settles on; null if the run is called off. A folder that was chosen
@@ -43,13 +69,13 @@ bool needs_question(gOutputFolder const & folder, gOverwrite overwrite) {
 std::unique_ptr<gOutputFolder> settle_folder(gOverwrite overwrite) {
   for (bool again = true;;) {
     auto folder = std::make_unique<gOutputFolder>();
-    if (is_protected(*folder))
+    if (is_protected(*folder) || is_in_use(*folder))
       return nullptr;
     if (!again || !needs_question(*folder, overwrite))
       return folder;
     if (overwrite == gOverwrite::refuse_foreign) {
-      refuse(folder_text(*folder, "already exists and holds files that no run has left there. "
-                                  "--overwrite deletes them."));
+      refuse(folder_text(*folder, "already exists and holds files that no run has left there: '") +
+             folder->foreign_file() + "'. With --overwrite a run goes on and leaves them there.");
       return nullptr;
     }
     gOutside::Answer const answer = Vlb::outside().ask_yes_no_cancel(
@@ -84,17 +110,16 @@ std::unique_ptr<gOutputFolder> ana_prepare_folder(gOverwrite overwrite) {
   std::unique_ptr<gOutputFolder> folder = settle_folder(overwrite);
   if (!folder)
     return nullptr;
-  bool const made = folder->exists() || folder->create();
-  if (!made) {
-    refuse(folder_text(*folder, "could not be created."), gOutside::Icon::stop);
-    return nullptr;
+  if (!folder->exists()) {
+    if (!folder->create()) {
+      refuse(folder_text(*folder, "could not be created."), gOutside::Icon::stop);
+      return nullptr;
+    }
+    if (is_in_use(*folder))
+      return nullptr;
   }
-  if (!folder->lock()) {
-    refuse(folder_text(*folder, "is in use by another run. Wait for its end, or choose "
-                                "another output folder."),
-           gOutside::Icon::stop);
+  if (is_in_the_way(*folder))
     return nullptr;
-  }
   if (!folder->clear()) {
     refuse(folder_text(*folder, "could not be emptied. See who may write in it."),
            gOutside::Icon::stop);

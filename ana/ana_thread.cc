@@ -9,6 +9,7 @@
 #include "ana/parser/script/mpre_scan.h"
 #include "ana/progress.h"
 #include "ana/stages.h"
+#include "vlb/caught.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -18,10 +19,6 @@ namespace {
 
 constexpr int scanner_size = 1024;
 
-void log_text(gException const & fault) {
-  Msg::log() << fault.text() << std::endl;
-}
-
 bool abort_script(gMessage const & message) {
   Msg::log(message);
   Msg::log(Msg::aborting);
@@ -29,18 +26,19 @@ bool abort_script(gMessage const & message) {
 }
 
 // Runs a pass over the script; a result other than 0 and a fatal error both end the run.
-template <class Pass> bool guarded(gMessage const & failure, Pass pass) {
+template <class Pass>
+bool guarded(gPathstring const & script, gMessage const & failure, Pass pass) {
   try {
     return pass() == 0 || abort_script(failure);
-  } catch (gExcFatalErr const & fault) {
-    log_text(fault);
+  } catch (gExcFatalErr const &) {
+    Vlb::report_caught(script);
     Msg::log(Msg::aborting);
     return false;
   }
 }
 
 bool preprocess_script(gPathstring const & script, gPathstring const & copy) {
-  return guarded(Msg::preprocessing_failed, [&] {
+  return guarded(script, Msg::preprocessing_failed, [&] {
     mpre_scan scanner(scanner_size);
     scanner.open_infile(gSrcFile(script, "", 0));
     scanner.open_outfile(gSrcFile(copy, script, 0));
@@ -54,7 +52,7 @@ bool preprocess_script(gPathstring const & script, gPathstring const & copy) {
 
 bool parse_script(gPathstring const & script, gPathstring const & copy) {
   gStages stages;
-  bool const parsed = guarded(Msg::script_failed, [&] {
+  bool const parsed = guarded(script, Msg::script_failed, [&] {
     mdf_parse parser(stages);
     parser.set_input(gSrcFile(copy, script, 0));
     return parser.parse();
@@ -101,6 +99,7 @@ bool ana_open_log() {
 bool ana_run_script(gPathstring const & script) {
   gStatusLine restore;
   bool const logged = ana_open_log();
+  Msg::log.stage(gRunStage::script);
   Msg::log(Msg::analyzing_input);
   Msg::log(Msg::analyzing_script);
   Msg::log(Msg::status) << "  " << script << std::endl;
@@ -126,12 +125,8 @@ gRunResult ana_thread(gRunInput input) {
     Msg::cur_errtaglist().reset();
     gCounters.units = 0;
     result.success = run_project();
-  } catch (gException const & fault) {
-    log_text(fault);
-  } catch (std::exception const & fault) {
-    Msg::log() << "Exception: " << fault.what() << std::endl;
   } catch (...) {
-    Msg::log() << "Exception" << std::endl;
+    Vlb::report_caught();
   }
   result.atc_file = gFindings.atc_file;
   result.incomplete = std::move(gFindings.incomplete);

@@ -172,6 +172,8 @@ bool gAssociation::should_generate(gCodeElem const & ce) const {
 void gAssociation::associate(cRef<gCodeElem> const & first) {
   for (cRef<gCodeElem> ce = first; ce;) {
     correct_type(*ce);
+    if (ce->text >= 0)
+      return; // its reader knew
     Outcome outcome = search(ce);
     if (!outcome.bound && should_generate(*ce))
       generate_unit(ce);

@@ -1,8 +1,7 @@
 // The loop that all stages over files share.
 #pragma once
 
-#include <list>
-
+#include "ana/anadat/gfilefacts.h"
 #include "ana/anadat/input_table.h"
 #include "ana/progress.h"
 #include "app/options/run_flags.h"
@@ -18,30 +17,68 @@ inline void log_file(gSrcFile const & file, char const * label) {
   Msg::log(Msg::status) << "  " << file.opath() << label << std::endl;
 }
 
-// Does `work` on each file. It answers 0 when the file went through; anything else reports
-// `failure`, and a fatal error its own text. Both cost that file alone. `label` gives the text
-// behind the path in the log, or null for a file that the stage passes over.
-template <class Label, class Work>
-void file_loop(std::list<gSrcFile> const & files, gMessage const & stage, gMessage const & failure,
-               Label label, Work work) {
-  gProgress progress(stage, files.size());
-  for (gSrcFile const & file : files) {
+// What a stage over files is called, in each of its places.
+struct gFileStage {
+  gMessage const & progress;
+  gMessage const & failure; // a file that didn't go through
+  gRunStage stage;
+};
+
+// The report of a fatal error in a file; where the place isn't known, the file is told.
+inline gReport fatal_report(gExcFatalErr const & fault, gSrcFile const & file) {
+  gReport report = fault.report();
+  if (report.place.empty())
+    report.place = file.opath();
+  return report;
+}
+
+// Does `work` on one file; its reports are in the list then. A fatal error costs that file alone.
+template <class Work>
+void read_guarded(gSrcFile const & file, gFileStage const & stage, gReportList & reports,
+                  Work work) {
+  try {
+    if (work() == 0)
+      return;
+    reports(stage.failure);
+  } catch (gExcFatalErr const & fault) {
+    if (Msg::log.limit_reached())
+      throw; // too many errors end the run, not the file
+    reports.take(fatal_report(fault, file));
+  }
+  gFindings.incomplete.insert(file.opath());
+  reports(Msg::next_file);
+}
+
+// The file of an item.
+inline gSrcFile const & file_of(gSrcFile const & file) {
+  return file;
+}
+inline gSrcFile const & file_of(gFileFacts const & facts) {
+  return facts.file;
+}
+
+// The work of a stage on a file that has been read: hands its reports on, and answers as the loop
+// wants it.
+inline int finish_reading(gReportList & list, gReadEnd const & end, gReportSink & reports) {
+  list.hand_on(reports);
+  if (end.fatal)
+    throw gExcFatalErr(*end.fatal->message, end.fatal->argument, end.fatal->place);
+  return end.failed ? 1 : 0;
+}
+
+// Does `work` on each file, with a list for its reports. It answers 0 when the file went through;
+// anything else reports the stage's failure. `label` gives the text behind the path in the log, or
+// null for a file that the stage passes over.
+template <class Files, class Label, class Work>
+void file_loop(Files & files, gFileStage const & stage, Label label, Work work) {
+  gProgress progress(stage.progress, files.size());
+  for (auto & item : files) {
     Vapp::poll_break();
-    if (char const * text = label(file)) {
-      log_file(file, text);
-      try {
-        if (work(file) != 0) {
-          gFindings.incomplete.insert(file.opath());
-          Msg::log(failure);
-          Msg::log(Msg::next_file);
-        }
-      } catch (gExcFatalErr const & fault) {
-        if (Msg::log.limit_reached())
-          throw; // too many errors end the run, not the file
-        gFindings.incomplete.insert(file.opath());
-        Msg::log() << fault.text() << std::endl;
-        Msg::log(Msg::next_file);
-      }
+    if (char const * text = label(item)) {
+      log_file(file_of(item), text);
+      gReportList reports(stage.stage, &Msg::log);
+      read_guarded(file_of(item), stage, reports, [&] { return work(item, reports); });
+      reports.hand_on(Msg::log);
     }
     progress.step();
   }

@@ -4,6 +4,7 @@
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/gcmd.h"
 #include "ana/stages.h"
+#include "vlb/folder_record.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -19,6 +20,23 @@ void compile(gCmdSeq & commands) {
     state->cur_dir = input_dir;
   state->miss_output = gInput->association.miss_output;
   commands.execute(state);
+}
+
+// Enters all files of the set in the record of the output folder. False, after a report, if a file
+// of the user stands in the place of one.
+bool claim_files(gPathstring const & document, std::set<gString> const & outputs) {
+  gPathstring folder = gInput->out_dir;
+  folder.normalize(true);
+  std::set<std::string> names = {document.substr(std::min(folder.size() + 1, document.size()))};
+  for (gString const & output : outputs) {
+    gPathstring const path = Vlb::atx_path(output);
+    if (path.size() > folder.size())
+      names.insert(path.substr(folder.size() + 1));
+  }
+  std::string const taken = gFolderRecord(folder).claim(names);
+  if (!taken.empty())
+    Msg::log(Msg::cannot_write, folder.append(taken), "no run has left it there");
+  return taken.empty();
 }
 
 bool write_document(gPathstring const & path, std::set<gString> const & outputs) {
@@ -73,7 +91,7 @@ bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString
     Msg::log(Msg::cannot_write, output);
   } else {
     gFindings.atc_file = path;
-    written = write_document(path, outputs);
+    written = claim_files(path, outputs) && write_document(path, outputs);
   }
   log_summary();
   return written;

@@ -15,6 +15,11 @@ void ana_input_files() {
     found.add(group.paths, group.files, 1);
   for (gString const & problem : found.problems())
     Msg::log() << problem << std::endl;
+  for (gPathstring const & path : found.left_out()) {
+    gString shown;
+    Vlb::add_shown(shown, path);
+    Msg::log() << "Left out because of a line feed in its name: " << shown << std::endl;
+  }
   for (gSrcFile const & file : found.files())
     gSrcFiles.emplace_back(file.path(), "", 0);
 }

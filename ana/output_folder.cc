@@ -1,12 +1,12 @@
-// A run deletes what lies in its output folder, so a slip in an option could cost a user's work.
-// Two fences stand in front of that: folders that are never emptied, compared with all links
-// resolved, and a record of what runs have written.
+// A run deletes what the last one has left, so a slip in an option could cost a user's work. Two
+// fences stand in front of that: folders that no run writes into, compared with all links resolved,
+// and the record of what runs have written, without which nothing goes.
 
 #include "ana/output_folder.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -14,16 +14,42 @@
 #include <unistd.h>
 
 #include "app/options/options.h"
+#include "vlb/folder_record.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/random_name.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr char const * record_name = ".vellumar";
-constexpr char const * record_head = "vellumar output folder";
-constexpr char const * unreadable = "/";
+constexpr char const * targets[] = {"htm", "rtf", "hlp"};
+
+// Where conversions work, and what they put aside for a moment.
+bool is_work(std::string const & top) {
+  return std::ranges::any_of(targets, [&](std::string const & target) {
+    return top == target + ".new/" || top == target + ".old/";
+  });
+}
+
+bool is_finished(std::string const & top) {
+  return std::ranges::any_of(targets,
+                             [&](std::string const & target) { return top == target + "/"; });
+}
+
+// What every run may write without asking the record.
+std::set<std::string> reserved_names() {
+  std::set<std::string> names = {gFolderRecord::file_name, "ana.log"};
+  for (std::string const target : targets)
+    names.insert({target + ".log", target + ".new/", target + ".old/"});
+  return names;
+}
+
+// The record is written beside its place first.
+bool is_record_in_work(std::string_view name) {
+  std::string const begin = std::string(gFolderRecord::file_name) + ".";
+  return name.starts_with(begin) && Vlb::is_work_name(name, begin.size() - 1);
+}
 
 fs::path resolved(std::string const & path) {
   std::error_code error;
@@ -73,29 +99,6 @@ std::set<std::string> input_folders() {
   return folders;
 }
 
-// Text files of the output begin with their version, so a name alone doesn't make a file one.
-bool is_intermediate(fs::path const & path) {
-  constexpr std::string_view head = "@verinfo<";
-  std::error_code error;
-  if ((path.extension() != ".atc" && path.extension() != ".atx") ||
-      !fs::is_regular_file(path, error))
-    return false;
-  std::ifstream file(path);
-  char begin[head.size()];
-  file.read(begin, sizeof begin);
-  return file.gcount() == 0 || head == std::string_view(begin, file.gcount());
-}
-
-// What a conversion was writing when it was cut off.
-bool is_unfinished(std::string const & name) {
-  for (std::string const target : {"htm", "rtf", "hlp"}) {
-    if (name == target + ".log" || name.starts_with(target + ".new/") ||
-        name.starts_with(target + ".old/"))
-      return true;
-  }
-  return false;
-}
-
 // By what the environment says and by what the system knows; the first can be missing or changed.
 std::vector<std::string> home_folders() {
   std::vector<std::string> folders;
@@ -121,57 +124,39 @@ bool gOutputFolder::exists() const {
   return gFileSystem::dir_exists(path_);
 }
 
-bool gOutputFolder::empty() const {
-  std::error_code error;
-  return fs::is_empty(path_.c_str(), error) && !error;
+// The map file of help identifiers outlives results, wherever it lies.
+std::string gOutputFolder::map_file() const {
+  if (Vapp::option_string("hlp/hm_newfile").empty())
+    return {};
+  gPathstring const path =
+      Vapp::option_path("hlp/hm_newfile").set_extension_default(".hm").normalize(true);
+  return fs::path(path.c_str()).lexically_relative(path_.c_str()).string();
 }
 
-// Everything below the folder by its name from there; folders end with a separator. A part that
-// can't be read is a name that no run can have left.
-std::set<std::string> gOutputFolder::contents() const {
-  std::set<std::string> names;
-  std::error_code error;
-  fs::path const root = path_.c_str();
-  for (fs::recursive_directory_iterator it(root, error), end; !error && it != end;
-       it.increment(error)) {
-    bool const folder = it->is_directory(error) && !it->is_symlink(error);
-    names.insert(it->path().lexically_relative(root).string() + (folder ? "/" : ""));
+gString gOutputFolder::foreign_file() const {
+  gFolderRecord const record(path_);
+  std::string const map = map_file();
+  Vlb::FolderContents const found = Vlb::read_contents(path_);
+  for (std::string const & name : found.names) {
+    bool const folder = name.ends_with('/');
+    std::string const top = name.substr(0, name.find('/') + 1);
+    bool const own = record.knows(name) || (is_work(top) && record.knows(top)) ||
+                     is_record_in_work(name) || name == map;
+    if (!folder && !own)
+      return name;
   }
-  if (error)
-    names.insert(unreadable);
-  return names;
+  return found.complete ? gString() : gString(path_);
 }
 
-std::set<std::string> gOutputFolder::recorded() const {
-  std::set<std::string> names;
-  std::ifstream record(gPathstring(path_).append(record_name));
-  std::string line;
-  if (std::getline(record, line) && line == record_head) {
-    names.insert(record_name);
-    while (std::getline(record, line))
-      names.insert(line);
+gString gOutputFolder::file_in_the_way() const {
+  gFolderRecord const record(path_);
+  for (std::string const & name : reserved_names()) {
+    std::error_code error;
+    fs::path const path = (path_ + "/" + name.substr(0, name.find('/'))).c_str();
+    if (!record.knows(name) && fs::exists(fs::symlink_status(path, error)))
+      return name;
   }
-  return names;
-}
-
-bool gOutputFolder::is_own(std::string const & name, std::set<std::string> const & known) const {
-  if (name == unreadable)
-    return false;
-  if (known.contains(name) || name == "ana.log" || is_unfinished(name))
-    return true;
-  // A run that was cut off hasn't written its list.
-  return is_intermediate(gPathstring(path_).append(name).c_str());
-}
-
-bool gOutputFolder::only_own_files() const {
-  std::set<std::string> const known = recorded();
-  if (known.empty())
-    return false;
-  for (std::string const & name : contents()) {
-    if (!is_own(name, known))
-      return false;
-  }
-  return true;
+  return {};
 }
 
 gString gOutputFolder::protection() const {
@@ -204,16 +189,55 @@ bool gOutputFolder::lock() {
   return lock_ < 0 || flock(lock_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
+// What a crash left between the steps of a conversion: an old result that was put aside comes back.
+bool gOutputFolder::settle_results() {
+  gFolderRecord const record(path_);
+  std::error_code error;
+  bool settled = true;
+  for (std::string const target : targets) {
+    fs::path const folder = gPathstring(path_).append(target).c_str();
+    fs::path const old = folder.string() + ".old", work = folder.string() + ".new";
+    if (record.knows(target + ".old/") && fs::exists(old) && !fs::exists(folder))
+      fs::rename(old, folder, error);
+    for (fs::path const & left : {old, work}) {
+      if (record.knows(left.filename().string() + "/"))
+        fs::remove_all(left, error);
+      settled = settled && !error;
+    }
+  }
+  return settled;
+}
+
+// Folders come behind what they hold, and go if nothing of the user's is in them. The record goes
+// last, by being replaced.
 bool gOutputFolder::clear() {
-  bool const cleared = gFileSystem::clear_dir(path_, true);
-  gFileSystem::write_file_atomic(gPathstring(path_).append(record_name),
-                                 std::string(record_head) + "\n");
-  return cleared;
+  if (!settle_results())
+    return false;
+  gFolderRecord record(path_);
+  std::set<std::string> kept = reserved_names();
+  std::set<std::string> const names = Vlb::read_contents(path_).names;
+  for (auto name = names.rbegin(); name != names.rend(); ++name) {
+    std::string const top = name->substr(0, name->find('/') + 1);
+    std::error_code error;
+    if (!record.knows(*name) && !is_record_in_work(*name))
+      continue;
+    if (is_finished(top))
+      kept.insert(*name);
+    else if (*name != gFolderRecord::file_name)
+      fs::remove((path_ + "/" + *name).c_str(), error);
+    if (error && error != std::errc::directory_not_empty)
+      return false;
+  }
+  return record.write(kept);
 }
 
 void gOutputFolder::record_contents() {
-  std::string text = std::string(record_head) + "\n";
-  for (std::string const & name : contents())
-    text += name + "\n";
-  gFileSystem::write_file_atomic(gPathstring(path_).append(record_name), text);
+  gFolderRecord record(path_);
+  std::set<std::string> names = reserved_names();
+  for (std::string const & name : Vlb::read_contents(path_).names) {
+    if (record.knows(name))
+      names.insert(name);
+  }
+  if (record.exists() && names != record.names())
+    record.write(names);
 }

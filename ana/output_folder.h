@@ -1,4 +1,4 @@
-// The folder that a run writes into, and the rules by which its contents may be deleted.
+// The folder that a run writes into, and what may be deleted there.
 #pragma once
 
 #include <set>
@@ -6,7 +6,8 @@
 
 #include "vlb/gpathstring.h"
 
-// The folder of the option out_dir. A small file in it (its record) lists what a run left there.
+// The folder of the option out_dir. Its record (vlb/folder_record.h) lists what runs have written;
+// nothing else is ever deleted, whatever the user answers.
 class gOutputFolder {
 public:
   gOutputFolder();
@@ -16,10 +17,11 @@ public:
 
   gPathstring const & path() const { return path_; }
   bool exists() const;
-  bool empty() const;
-  // True if everything in it was left there by an earlier run.
-  bool only_own_files() const;
-  // Why the folder must never be emptied: it is, or holds, the root, the home folder, the
+  // A file in it that no run has written; empty if there is none.
+  gString foreign_file() const;
+  // Such a file, or folder, in the place of one that every run writes.
+  gString file_in_the_way() const;
+  // Why the folder must never be written into: it is, or holds, the root, the home folder, the
   // project's folder, the script's folder or a folder with input files. Empty if it may.
   gString protection() const;
 
@@ -27,15 +29,15 @@ public:
   bool create();
   // Keeps other runs out for the life of this object. False if one is at work in the folder.
   bool lock();
-  // Deletes the contents and begins a new record.
+  // Deletes what runs have left, but for finished documentation, and begins a new record. Cut off
+  // anywhere, it can be done again.
   bool clear();
-  // Writes down what now lies in the folder as left by a run.
+  // Forgets what is no longer there.
   void record_contents();
 
 private:
-  std::set<std::string> contents() const;
-  std::set<std::string> recorded() const;
-  bool is_own(std::string const & name, std::set<std::string> const & known) const;
+  bool settle_results();
+  std::string map_file() const;
 
   gPathstring path_;
   int lock_ = -1;

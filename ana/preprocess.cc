@@ -1,6 +1,9 @@
 // Reads gSrcFiles. Fills gTmpFiles and gInputFiles.
 // Each source becomes a temporary file, line for line parallel to it, with its comments marked.
 
+#include <cerrno>
+#include <system_error>
+
 #include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
 #include "ana/foreign.h"
@@ -18,7 +21,7 @@ constexpr int scanner_size = 1024;
 class Preprocessor {
 public:
   // 0 if the file went through, as for every scanner.
-  int run(gSrcFile const & file);
+  int run(gSrcFile const & file, gReportSink & reports);
   bool write_failed() const { return write_failed_; }
 
 private:
@@ -27,9 +30,11 @@ private:
   bool write_copy(gSrcFile const & copy, std::initializer_list<std::string_view> parts);
   bool adopt(gSrcFile const & copy);
   void give_up(gMessage const & message, gPathstring const & path);
+  void give_up_writing(gMessage const & message, gPathstring const & path);
 
   cpre_scan cpp_{scanner_size};
   ppre_scan pascal_{scanner_size};
+  gReportSink * reports_ = nullptr; // of the file in hand
   int number_ = 0;
   bool write_failed_ = false;
   bool foreign_tags_ = gInput->comments.foreign;
@@ -37,16 +42,23 @@ private:
 
 // Reports a fault in the environment; the next file is taken.
 void Preprocessor::give_up(gMessage const & message, gPathstring const & path) {
-  Msg::log(message, path);
-  Msg::log(Msg::next_file);
+  (*reports_)(message, path);
+  (*reports_)(Msg::next_file);
 }
 
-int Preprocessor::run(gSrcFile const & file) {
+// A full disk stops every file behind the first; it is told once, with the reason.
+void Preprocessor::give_up_writing(gMessage const & message, gPathstring const & path) {
+  std::string const reason = std::generic_category().message(errno);
+  if (!std::exchange(write_failed_, true))
+    (*reports_)(message, path + ": " + reason);
+}
+
+int Preprocessor::run(gSrcFile const & file, gReportSink & reports) {
+  reports_ = &reports;
   gPathstring const path = gFileSystem::get_temp_file_name("~vl");
   ++number_;
   if (path.empty()) {
-    write_failed_ = true;
-    give_up(Msg::cannot_write, gFileSystem::temp_dir());
+    give_up_writing(Msg::cannot_write, gFileSystem::temp_dir());
     return 0;
   }
   gTmpFiles.push_back(path);
@@ -65,6 +77,7 @@ int Preprocessor::run(gSrcFile const & file) {
 int Preprocessor::mark_comments(gPreScanBase & scanner, gSrcFile const & file,
                                 gSrcFile const & copy) {
   scanner.reset();
+  scanner.report_to(*reports_);
   if (scanner.close_infile() != 0)
     scanner.error(Msg::cannot_close, scanner.cur_infile().opath());
   scanner.open_infile(file);
@@ -74,8 +87,7 @@ int Preprocessor::mark_comments(gPreScanBase & scanner, gSrcFile const & file,
   if (int const result = scanner.scan())
     return result;
   if (scanner.close_outfile() != 0) {
-    write_failed_ = true;
-    give_up(Msg::cannot_close, copy.path());
+    give_up_writing(Msg::cannot_write, copy.path());
     return 0;
   }
   if (!foreign_tags_ || adopt(copy))
@@ -100,8 +112,7 @@ bool Preprocessor::write_copy(gSrcFile const & copy,
     out.put(part);
   if (opened && out.close())
     return true;
-  write_failed_ = true;
-  give_up(Msg::cannot_write, copy.path());
+  give_up_writing(Msg::cannot_write, copy.path());
   return false;
 }
 
@@ -134,8 +145,10 @@ bool ana_preprocess(std::list<gSrcFile> const & files) {
   Msg::log(Msg::preprocessing);
   Preprocessor preprocessor;
   file_loop(
-      files, Msg::preprocessing, Msg::preprocessing_failed,
+      files, {Msg::preprocessing, Msg::preprocessing_failed, gRunStage::preprocess},
       [](gSrcFile const & file) { return language_label(file.language()); },
-      [&](gSrcFile const & file) { return preprocessor.run(file); });
+      [&](gSrcFile const & file, gReportSink & reports) {
+        return preprocessor.run(file, reports);
+      });
   return !preprocessor.write_failed();
 }

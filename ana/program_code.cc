@@ -1,32 +1,29 @@
-// Reads gInputFiles, gNamedUnits and gUnnamedUnits. Fills gCodeElems, gComments and the class
-// tables.
+// Fills gCodeElems, gComments and the class tables.
 
 #include "ana/file_loop.h"
-#include "ana/parser/cpp/cpp_parse.h"
-#include "ana/parser/pascal/pas_parse.h"
+#include "ana/read/enter.h"
+#include "ana/read/read_file.h"
 #include "ana/stages.h"
 
 namespace {
 
-constexpr int stack_size = 150;
-
 // Files without program code are passed over.
-char const * label_of_code(gSrcFile const & file) {
-  return file.language() == gLanguage::text ? nullptr : language_label(file.language());
+char const * label_of_code(gFileFacts const & facts) {
+  gLanguage const language = facts.file.language();
+  return language == gLanguage::text ? nullptr : language_label(language);
 }
 
 } // namespace
 
-void ana_program_code(std::list<gSrcFile> const & files) {
-  cpp_parse cpp(stack_size);
-  pas_parse pascal(stack_size);
+void ana_program_code(std::vector<gFileFacts> & files) {
+  gReadInput const input;
+  gFileReader reader(input);
   Msg::log(Msg::analyzing_code);
-  file_loop(files, Msg::analyzing_code, Msg::code_failed, label_of_code,
-            [&](gSrcFile const & file) {
-              bool const is_pascal = file.language() == gLanguage::pascal;
-              gVLParseBase & parser = is_pascal ? static_cast<gVLParseBase &>(pascal) : cpp;
-              parser.reset();
-              parser.set_input(file);
-              return parser.parse();
+  file_loop(files, {Msg::analyzing_code, Msg::code_failed, gRunStage::code}, label_of_code,
+            [&](gFileFacts & facts, gReportSink & reports) {
+              facts.code.reports = gReportList(gRunStage::code, &reports);
+              reader.read_code(facts);
+              enter_code(facts);
+              return finish_reading(facts.code.reports, facts.code.end, reports);
             });
 }

@@ -4,19 +4,28 @@
 #include "ana/stages.h"
 
 #include "ana/anadat/tables.h"
+#include "vlb/gmsghandler.h"
 
 void gStages::run() {
+  Msg::log.stage(gRunStage::preprocess);
   ana_input_files();
   failed_ |= !ana_preprocess(gSrcFiles);
-  ana_text_units(gInputFiles);
-  ana_program_code(gInputFiles);
+  Msg::log.stage(gRunStage::text_units);
+  std::vector<gFileFacts> files = ana_text_units(gInputFiles);
+  Msg::log.stage(gRunStage::code);
+  ana_program_code(files);
+  Msg::log.stage(gRunStage::associate);
   ana_associate();
+  Msg::log.stage(gRunStage::update);
   ana_update_units();
+  Msg::log.stage(gRunStage::check);
   ana_check();
   ana_delete_temp();
+  Msg::log.stage(gRunStage::script);
 }
 
 void gStages::generate(gCmdSeq & commands, std::set<gString> const & outputs,
                        gString const & output) {
+  Msg::log.stage(gRunStage::generate);
   failed_ |= !ana_generate(commands, outputs, output);
 }

@@ -4,6 +4,7 @@
 #include <list>
 #include <set>
 
+#include "ana/anadat/gfilefacts.h"
 #include "ana/cmdpar/script_stages.h"
 #include "vlb/gsrcfile.h"
 
@@ -25,8 +26,9 @@ private:
 void ana_input_files();
 // False if a temporary file couldn't be written.
 bool ana_preprocess(std::list<gSrcFile> const & files);
-void ana_text_units(std::list<gSrcFile> const & files);
-void ana_program_code(std::list<gSrcFile> const & files);
+// Answers what is left to know of each file, for the code.
+std::vector<gFileFacts> ana_text_units(std::list<gSrcFile> const & files);
+void ana_program_code(std::vector<gFileFacts> & files);
 void ana_associate();
 void ana_update_units();
 void ana_check();

@@ -1,17 +1,42 @@
-// Reads gInputFiles. Fills gNamedUnits, gUnnamedUnits, gUnitNames, gCitations and gBookmarks.
+// Fills gNamedUnits, gUnnamedUnits, gUnitNames, gCitations and gBookmarks.
 
+#include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
-#include "ana/parser/doc/doc_parse.h"
+#include "ana/read/enter.h"
+#include "ana/read/read_file.h"
 #include "ana/stages.h"
 
-void ana_text_units(std::list<gSrcFile> const & files) {
-  doc_parse parser(150);
+namespace {
+
+// A name that an earlier file has taken changes what the file says, and so does a list that was too
+// short for its reports. Both are rare, so the file is simply read again.
+void read_settled(gFileReader & reader, gFileFacts & facts, gReportSink & reports) {
+  reader.read_text(facts);
+  gTakenNames const taken = names_taken(facts.text);
+  if (taken.empty() && facts.text.reports.left_out() == 0)
+    return;
+  facts.text = {};
+  facts.text.reports = gReportList(gRunStage::text_units, &reports);
+  reader.read_text(facts, taken);
+}
+
+} // namespace
+
+std::vector<gFileFacts> ana_text_units(std::list<gSrcFile> const & files) {
+  gReadInput const input{gVLAttributes.tables()};
+  gFileReader reader(input);
+  std::vector<gFileFacts> all;
+  all.reserve(files.size());
   Msg::log(Msg::analyzing_text_units);
   file_loop(
-      files, Msg::analyzing_text_units, Msg::text_units_failed, [](gSrcFile const &) { return ""; },
-      [&](gSrcFile const & file) {
-        parser.reset();
-        parser.set_input(file);
-        return parser.parse();
+      files, {Msg::analyzing_text_units, Msg::text_units_failed, gRunStage::text_units},
+      [](gSrcFile const &) { return ""; },
+      [&](gSrcFile const & file, gReportSink & reports) {
+        gFileFacts & facts = all.emplace_back();
+        facts.file = file;
+        read_settled(reader, facts, reports);
+        enter_text(facts);
+        return finish_reading(facts.text.reports, facts.text.end, reports);
       });
+  return all;
 }

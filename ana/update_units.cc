@@ -53,7 +53,7 @@ cRef<gDocUnit> unit_of(gCmt const & comment, gCommentReader & reader) {
     text.wsp_norm();
     unit->set_subentry("@description", gStrList(Vlb::escape_atc(text)));
   } else {
-    Msg::log(Msg::comment_unreadable, "", comment.loc().make_string());
+    Msg::log(Msg::comment_unreadable, "", comment.loc());
   }
   return unit;
 }

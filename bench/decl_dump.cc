@@ -4,8 +4,7 @@
 //   decl_dump [--time] [--skipped] FILE...   ("-" reads names of files from standard input)
 #include "ana/decl/readers.h"
 
-#include <chrono>
-#include <cstring>
+#include <ctime>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -76,19 +75,19 @@ int main(int count, char ** words) {
   std::ios::sync_with_stdio(false);
   std::vector<std::string> texts;
   gMacroTable macros;
-  auto const begin = std::chrono::steady_clock::now();
+  auto const begin = std::clock();
   for (std::string const & path : paths)
     texts.push_back(read_file(path));
-  auto const loaded = std::chrono::steady_clock::now();
+  auto const loaded = std::clock();
   for (std::string const & text : texts)
     macros.collect(text);
-  auto const collected = std::chrono::steady_clock::now();
+  auto const collected = std::clock();
   Sums sums;
-  std::chrono::steady_clock::duration reading{};
+  std::clock_t reading = 0;
   for (std::size_t at = 0; at < paths.size(); ++at) {
-    auto const from = std::chrono::steady_clock::now();
+    auto const from = std::clock();
     gFileDeclarations const file = read_cpp(texts[at], macros);
-    reading += std::chrono::steady_clock::now() - from;
+    reading += std::clock() - from;
     sums.bytes += texts[at].size();
     sums.declarations += file.items.size();
     sums.skipped += file.skipped.size();
@@ -100,8 +99,8 @@ int main(int count, char ** words) {
       print(paths[at], texts[at], file);
   }
   if (timed) {
-    auto const seconds = [](auto duration) {
-      return std::chrono::duration<double>(duration).count();
+    auto const seconds = [](std::clock_t ticks) {
+      return static_cast<double>(ticks) / CLOCKS_PER_SEC;
     };
     std::cout << paths.size() << " files, " << static_cast<double>(sums.bytes) / 1e6 << " MB, load "
               << seconds(loaded - begin) << " s, macros " << seconds(collected - loaded)

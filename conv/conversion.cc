@@ -10,9 +10,12 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include "app/options/run_flags.h"
 #include "conv/atc/reader.h"
+#include "vlb/caught.h"
+#include "vlb/folder_record.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -82,6 +85,20 @@ bool replace(std::string const & folder, std::string const & work) {
   return true;
 }
 
+// Gives a file another name in another folder; the old name stays, so that a crash costs nothing.
+bool carry(std::string const & from, std::string const & to, std::string const & name) {
+  fs::path const old = from + "/" + name, made = to + "/" + name;
+  std::error_code error;
+  fs::create_directories(made.parent_path(), error);
+  if (name.ends_with('/') || linkat(AT_FDCWD, old.c_str(), AT_FDCWD, made.c_str(), 0) == 0)
+    return true;
+  if (errno == EEXIST)
+    return false;
+  fs::copy(old, made, fs::copy_options::copy_symlinks, error);
+  errno = error.value();
+  return !error;
+}
+
 // The number of the fault, 0 if all was written.
 int write_file(std::string const & path, std::string_view text) {
   errno = 0;
@@ -131,12 +148,8 @@ gConversionResult convert_guarded(gConversionInput const & input, bool (*work)(g
     return convert(input, work);
   } catch (gExcConversion const &) {
     log_summary(input.target);
-  } catch (gException const & fault) {
-    Msg::log() << fault.text() << std::endl;
-  } catch (std::exception const & fault) {
-    Msg::log() << "Exception: " << fault.what() << std::endl;
   } catch (...) {
-    Msg::log() << "Exception" << std::endl;
+    Vlb::report_caught();
   }
   return {};
 }
@@ -166,6 +179,7 @@ bool gConversion::start() {
   if (exists(folder_) && !gFileSystem::dir_exists(folder_))
     return report_unwritable(folder_, ENOTDIR);
   gFileSystem::mk_dirs(folder_.dir_name());
+  pending_.emplace(work_);
   if (!gFileSystem::mk_dir(work_))
     return report_unwritable(work_, errno);
   gPathstring const & code = input_.code;
@@ -224,8 +238,32 @@ void gConversion::progress(std::size_t done, std::size_t all) {
                  true);
 }
 
+// What the user has put into the result of an earlier run goes on into the new one, and what is new
+// is entered in the record of the output folder before it is there.
+bool gConversion::keep_foreign_files() {
+  gPathstring const parent = folder_.dir_name();
+  std::string const prefix = folder_.file_name() + "/";
+  gFolderRecord record(parent);
+  if (!record.exists())
+    return true;
+  std::set<std::string> entered = {prefix};
+  for (std::string const & name : Vlb::read_contents(work_).names)
+    entered.insert(prefix + name);
+  Vlb::FolderContents const old = Vlb::read_contents(folder_);
+  if (!old.complete && exists(folder_))
+    return report_unwritable(folder_, EACCES);
+  for (std::string const & name : old.names) {
+    if (!record.knows(prefix + name) && !carry(folder_, work_, name))
+      return report_unwritable(gPathstring(folder_).append(name), errno);
+  }
+  return record.add(entered) ||
+         report_unwritable(gPathstring(parent).append(gFolderRecord::file_name), errno);
+}
+
 bool gConversion::finish(std::string const & start_file) {
   Vapp::poll_break();
+  if (!keep_foreign_files())
+    return false;
   if (!replace(folder_, work_))
     return report_unwritable(folder_, errno);
   for (gUnitRecord const & unit : document_.units) {
@@ -253,6 +291,8 @@ void Conv::open_log(gConversionInput const & input) {
 
 gConversionResult Conv::run(gConversionInput const & input, bool (*work)(gConversion &)) {
   Frame const frame;
+  Msg::log.continue_run();
+  Msg::log.stage(gRunStage::convert);
   gConversionResult result = convert_guarded(input, work);
   if (!Msg::log.close_logfile()) {
     Msg::log.err_max = 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -10,6 +11,7 @@
 #include "conv/atc/document.h"
 #include "conv/vlt/rules.h"
 #include "vlb/gexception.h"
+#include "vlb/pending.h"
 
 // What a conversion counts for the user.
 struct gConversionResult {
@@ -57,9 +59,11 @@ public:
 
 private:
   gPathstring place_for(std::string const & name);
+  bool keep_foreign_files();
 
   gConversionInput const & input_;
   gPathstring folder_, work_; // of the result, and where it is written
+  std::optional<Vlb::gPending> pending_;
   gDocument document_;
   gVltRules rules_;
   std::set<std::string> made_; // folders in work_, so that not every file asks for its own

@@ -1,14 +1,17 @@
 // Pascal declarations, on any preprocessed file.
 
-#include "ana/parser/pascal/pas_parse.h"
+#include "ana/read/read_file.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
   fuzz_one([&] {
-    static pas_parse parser(150);
-    parser.reset();
-    parser.scanner().open_text(gSrcFile("fuzz.pas", "", 1), fuzz_text(data, size));
-    parser.parse();
+    static gReadInput const input;
+    static gFileReader reader(input);
+    gSrcFile::set_pas_ext("pas");
+    gFileFacts facts;
+    facts.file = gSrcFile("fuzz.pas", "", 1);
+    std::string_view const text = fuzz_text(data, size);
+    reader.read_code(facts, &text);
   });
   return 0;
 }

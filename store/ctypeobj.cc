@@ -85,7 +85,14 @@ cRef<cObj> cTomMap::getattr_insert(cRef<cObj> const & map, cRef<cObj> const & ke
 }
 
 bool cTomMap::equal_sorted(cObj & map, cRef<cObj> & other) {
-  return other && map.equal(*other);
+  cMapObj const * const a = map.map();
+  cMapObj const * const b = other ? other->map() : nullptr;
+  if (!a || !b || a->entries().size() != b->entries().size())
+    return false;
+  for (int i = 0; i < a->entries().size(); ++i)
+    if (!a->entries().node(i).value->equal(*b->entries().node(i).value))
+      return false;
+  return true;
 }
 
 namespace cat {

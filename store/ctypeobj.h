@@ -132,7 +132,7 @@ struct cTomMap {
   static cRef<cObj> getattr(cRef<cObj> const & map, cRef<cObj> const & key);
   // Makes a missing entry, with a nil value.
   static cRef<cObj> getattr_insert(cRef<cObj> const & map, cRef<cObj> const & key);
-  // Equal entries, whatever their order.
+  // Equal values in the same order, whatever their keys: so a list can equal a map.
   static bool equal_sorted(cObj & map, cRef<cObj> & other);
 };
 

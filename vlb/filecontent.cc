@@ -4,10 +4,13 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <limits>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "vlb/folder.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/pending.h"
 #include "vlb/random_name.h"
 #include "vlb/tempfiles.h"
 
@@ -24,11 +27,13 @@ public:
   explicit Descriptor(int number) : number_(number) {}
   Descriptor(Descriptor const &) = delete;
   Descriptor & operator=(Descriptor const &) = delete;
-  ~Descriptor() { close(); }
+  ~Descriptor() {
+    if (number_ >= 0)
+      ::close(number_);
+  }
 
   explicit operator bool() const { return number_ >= 0; }
   int number() const { return number_; }
-  bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 
 private:
   int number_;
@@ -63,16 +68,37 @@ bool write_all(int file, std::string_view text) {
   return true;
 }
 
-// A new file beside `path`; its name goes to `name`.
-int create_beside(std::string const & path, std::string & name) {
-  int file = -1;
-  for (int tries = 0; tries < 100 && file < 0; ++tries) {
-    name = path + "." + Vlb::random_name() + ".tmp";
-    file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-    if (file < 0 && errno != EEXIST)
-      break;
+// A file of that name is being written as long as its lock is held; others are left of a process
+// that was killed.
+void remove_left_behind(std::string const & path) {
+  Descriptor const file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (file && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0)
+    ::unlink(path.c_str());
+}
+
+void clear_left_behind(gPathstring const & path) {
+  gPathstring folder = path.dir_name();
+  if (folder.empty())
+    folder = ".";
+  gString const name = path.file_name();
+  for (Vlb::FolderEntry const & entry : Vlb::read_folder(folder)) {
+    if (entry.kind == Vlb::EntryKind::file && entry.name.starts_with(name) &&
+        Vlb::is_work_name(entry.name, name.size()))
+      remove_left_behind(gPathstring(folder).append(entry.name));
   }
-  return file;
+}
+
+// A new file, locked. Negative if it can't be made, or was taken for one that is left behind in the
+// moment before the lock.
+int create_locked(std::string const & name) {
+  int const file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+  struct stat info;
+  if (file < 0 || ::flock(file, LOCK_EX | LOCK_NB) != 0 || ::fstat(file, &info) != 0 ||
+      info.st_nlink > 0)
+    return file;
+  ::close(file);
+  errno = EEXIST;
+  return -1;
 }
 
 bool take_mode(int file, struct stat const & old) {
@@ -89,20 +115,28 @@ void sync_folder(std::string const & path) {
     ::fsync(dir.number());
 }
 
-bool replace_file(std::string const & path, std::string_view text, struct stat const * old) {
-  std::string beside;
-  Descriptor file(create_beside(path, beside));
-  if (!file)
-    return false;
+bool fill_file(int file, std::string_view text, struct stat const * old) {
   // The mode first: nobody may read the new text who couldn't read the old one.
-  bool done = !old || take_mode(file.number(), *old);
-  done = done && write_all(file.number(), text);
-  done = done && ::fsync(file.number()) == 0;
-  done = file.close() && done;
-  done = done && std::rename(beside.c_str(), path.c_str()) == 0;
-  if (!done)
-    ::unlink(beside.c_str());
-  return done;
+  return (!old || take_mode(file, *old)) && write_all(file, text) && ::fsync(file) == 0;
+}
+
+bool replace_file(std::string const & path, std::string_view text, struct stat const * old) {
+  for (int tries = 0; tries < 100; ++tries) {
+    std::string const beside = path + Vlb::work_ending();
+    Vlb::gPending const pending(beside);
+    Descriptor const file(create_locked(beside));
+    if (!file && errno == EEXIST)
+      continue;
+    if (!file)
+      return false;
+    // The lock holds until the file has its place.
+    bool const done =
+        fill_file(file.number(), text, old) && std::rename(beside.c_str(), path.c_str()) == 0;
+    if (!done)
+      ::unlink(beside.c_str());
+    return done;
+  }
+  return false;
 }
 
 } // namespace
@@ -141,6 +175,7 @@ bool gFileSystem::write_file_atomic(gPathstring const & path, std::string_view t
   // Renaming would do away with a device, and with the write protection of a file.
   if (exists && (!S_ISREG(old.st_mode) || ::access(target.c_str(), W_OK) != 0))
     return false;
+  clear_left_behind(gPathstring(target));
   if (!replace_file(target, text, exists ? &old : nullptr))
     return false;
   sync_folder(target);

@@ -2,15 +2,18 @@
 // passes them on.
 #include "vlb/gexception.h"
 
+#include "vlb/messages.h"
 #include "vlb/source_place.h"
 
-gExcFatalErr::gExcFatalErr(std::string_view text, gString const & argument)
-    : gException(gString("FATAL ERROR: ").append(text) + argument) {}
+gExcFatalErr::gExcFatalErr(gMessage const & message, gString const & argument,
+                           gReportPlace const & place)
+    : gException(gString(message.text) + argument),
+      report_(message, argument, place) {}
 
 gExcInternalErr::gExcInternalErr(gString const & text, gString const & argument,
                                  gString const & where)
-    : gExcFatalErr(gString(" INTERNAL ERROR: " + text + argument +
-                           (where.empty() ? std::string() : " (" + where + ")"))) {}
+    : gExcFatalErr(Msg::internal_error,
+                   text + argument + (where.empty() ? std::string() : " (" + where + ")")) {}
 
 gExcUserBreak::gExcUserBreak() : gException("User aborted program.") {}
 

@@ -3,7 +3,7 @@
 
 #include <exception>
 
-#include "vlb/gstring.h"
+#include "vlb/greport.h"
 
 class gException : public std::exception {
 public:
@@ -18,14 +18,16 @@ private:
   gString text_;
 };
 
-// A fault that ends the current stage.
+// A fault that ends the current stage: a row of the catalogue, its argument and, where it is known,
+// the place.
 class gExcFatalErr : public gException {
 public:
-  // "FATAL ERROR: ", text, argument.
-  gExcFatalErr(std::string_view text, gString const & argument);
+  explicit gExcFatalErr(gMessage const & message, gString const & argument = gString(),
+                        gReportPlace const & place = {});
+  gReport const & report() const { return report_; }
 
-protected:
-  explicit gExcFatalErr(gString const & whole) : gException(whole) {}
+private:
+  gReport report_;
 };
 
 // A broken rule of the program itself: " INTERNAL ERROR: ", text, argument, place.

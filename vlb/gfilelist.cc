@@ -109,12 +109,14 @@ void gFileList::add_from(gPathstring const & folder, std::vector<Pattern> & patt
 }
 
 void gFileList::add_file(gPathstring const & path, Pattern & pattern) {
-  files_.insert(path);
   pattern.found = true;
+  // Lists of files, logs and the intermediate code have one name a line.
+  (path.find('\n') == path.npos ? files_ : left_out_).insert(path);
 }
 
 void gFileList::clear() {
   files_.clear();
+  left_out_.clear();
   problems_.clear();
 }
 

@@ -9,6 +9,10 @@
 // An ordered collection of files; a file enters at most once. The order is that of gSrcFile.
 class gFileList {
 public:
+  struct ByPath {
+    bool operator()(gPathstring const & a, gPathstring const & b) const;
+  };
+
   explicit gFileList(unsigned);
 
   // Sets the folder for relative paths; false if it doesn't exist.
@@ -26,11 +30,10 @@ public:
   std::vector<gSrcFile> files() const;
   std::size_t size() const { return files_.size(); }
   std::vector<gString> const & problems() const { return problems_; }
+  // Files that can't be taken, since their path holds a line feed.
+  std::set<gPathstring, ByPath> const & left_out() const { return left_out_; }
 
 private:
-  struct ByPath {
-    bool operator()(gPathstring const & a, gPathstring const & b) const;
-  };
   struct Pattern;
   std::vector<gPathstring> folders_of(gString const & paths);
   static std::vector<gPathstring> folders_below(gPathstring const & folder, gString const & below);
@@ -38,6 +41,6 @@ private:
   void add_file(gPathstring const & path, Pattern & pattern);
 
   gPathstring cur_dir_;
-  std::set<gPathstring, ByPath> files_;
+  std::set<gPathstring, ByPath> files_, left_out_;
   std::vector<gString> problems_;
 };

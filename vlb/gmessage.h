@@ -22,12 +22,18 @@ enum type : int {
 // A row of the catalogue (vlb/messages.def); number 0 for an unnumbered one. A text that ends in ":
 // " is completed by the report's argument.
 struct gMessage {
+  enum class Form : unsigned char {
+    line, // with prefix word and number
+    bare  // the text says by itself how grave it is, as "FATAL ERROR: ..." does
+  };
+
   constexpr gMessage(int number, Msg::type severity, std::string_view text,
-                     std::string_view advice = {})
+                     std::string_view advice = {}, Form form = Form::line)
       : text(text),
         advice(advice),
         number(number),
-        severity(severity) {}
+        severity(severity),
+        form(form) {}
 
   // A hint continues the report in front of it, which has told the position.
   constexpr bool is_hint() const { return severity == Msg::warn_hint || severity == Msg::err_hint; }
@@ -37,4 +43,5 @@ struct gMessage {
       advice; // what it means and what to do, in the mark-up of the manual; may be empty
   int number;
   Msg::type severity;
+  Form form;
 };

@@ -1,23 +1,38 @@
 // Reports and free text become lines; a line goes to the port and to the log file, each subject to
-// its own minimum level. Everything that is written is collected to lines in one stream buffer.
+// its own minimum level. One lock stands in front of lines and counts.
 #include "vlb/gmsghandler.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <locale>
-#include <streambuf>
+#include <mutex>
+#include <thread>
+#include <utility>
 
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 #include "vlb/outside.h"
 #include "vlb/source_place.h"
 
-// Collects the characters of a line and hands it on at its end.
-class gLogStream::Buffer : public std::streambuf {
+// Where lines go. Only the handler's lock and free text's own guard it: callers of the operations
+// without `lock` in front hold it.
+class gLogLines {
 public:
-  ~Buffer() override { close(); }
+  ~gLogLines() { close(); }
 
-  void severity(Msg::type type) { type_ = type; }
+  mutable std::mutex lock;
+
+  // Takes free text; what stands behind its last line feed waits for more.
+  void append(Msg::type type, std::string_view rest) {
+    std::scoped_lock const guard(lock);
+    type_ = type;
+    for (std::size_t end; (end = rest.find('\n')) != rest.npos; rest.remove_prefix(end + 1)) {
+      line_ += rest.substr(0, end);
+      end_line();
+    }
+    line_ += rest;
+  }
 
   // A report is a line of its own, whatever was left open before it.
   void report(Msg::type type, gString const & line) {
@@ -47,30 +62,9 @@ public:
 
   Msg::type minimum_display = Msg::all;
   Msg::type minimum_file = Msg::all;
-  // The last report was suppressed, and with it the hints up to the next report or line.
-  bool drop_hints = false;
-
-protected:
-  int_type overflow(int_type c) override {
-    if (traits_type::eq_int_type(c, traits_type::eof()))
-      return traits_type::not_eof(c);
-    char const character = traits_type::to_char_type(c);
-    if (character == '\n')
-      end_line();
-    else
-      line_ += character;
-    return c;
-  }
-
-  std::streamsize xsputn(char const * text, std::streamsize length) override {
-    std::string_view rest(text, static_cast<std::size_t>(length));
-    for (std::size_t end; (end = rest.find('\n')) != rest.npos; rest.remove_prefix(end + 1)) {
-      line_ += rest.substr(0, end);
-      end_line();
-    }
-    line_ += rest;
-    return length;
-  }
+  // The last report of the run, or of another thread, was suppressed, and with it the hints up to
+  // the next report or line.
+  bool drop_hints[2] = {};
 
 private:
   static bool passes(Msg::type type, Msg::type minimum) {
@@ -80,7 +74,7 @@ private:
   void end_line() {
     gString const line(std::move(line_));
     line_.clear();
-    drop_hints = false;
+    drop_hints[0] = drop_hints[1] = false;
     if (passes(type_, minimum_display))
       Vlb::outside().log_line(type_, line);
     write(type_, line);
@@ -99,22 +93,25 @@ private:
   bool failed_ = false;
 };
 
-gLogStream::gLogStream()
-    : buffer_(std::make_unique<Buffer>()),
-      stream_(std::make_unique<std::ostream>(buffer_.get())) {
-  // Numbers are never grouped, whatever the locale of the program.
-  stream_->imbue(std::locale::classic());
+// Numbers are never grouped, whatever the locale of the program.
+gLogText::gLogText(gLogLines & lines, Msg::type type) : lines_(lines), type_(type) {
+  imbue(std::locale::classic());
 }
+
+gLogText::~gLogText() {
+  lines_.append(type_, view());
+}
+
+gLogStream::gLogStream() : lines_(std::make_unique<gLogLines>()) {}
 
 gLogStream::~gLogStream() = default;
 
-std::ostream & gLogStream::operator()() {
-  return (*this)(Msg::all);
+gLogText gLogStream::operator()() {
+  return {*lines_, Msg::all};
 }
 
-std::ostream & gLogStream::operator()(Msg::type type) {
-  buffer_->severity(type);
-  return *stream_;
+gLogText gLogStream::operator()(Msg::type type) {
+  return {*lines_, type};
 }
 
 void gLogStream::put_time() {
@@ -162,87 +159,189 @@ char const * prefix_of(Msg::type type) {
   throw gExcInternalErr("Unexpected Msg::type", "", Vlb::source_place(__FILE__, __LINE__));
 }
 
-gString line_of(gMessage const & message, gString const & argument, gString const & where) {
-  gString line(prefix_of(message.severity));
-  if (!message.is_hint()) {
-    if (message.number != 0)
-      line += " " + std::to_string(message.number);
-    line += ": ";
+// A path that is the argument already isn't told twice.
+bool shows_place(gReport const & report) {
+  return !report.place.empty() && report.place.text() != report.argument;
+}
+
+} // namespace
+
+gString Vlb::report_line(gReport const & report) {
+  gMessage const & message = *report.message;
+  gString line;
+  if (message.form == gMessage::Form::line) {
+    line += prefix_of(message.severity);
+    if (!message.is_hint()) {
+      if (message.number != 0)
+        line += " " + std::to_string(message.number);
+      line += ": ";
+    }
   }
   line += message.text;
-  Vlb::add_shown(line, argument);
-  if (!where.empty()) {
+  if (!report.argument.empty() && !message.text.ends_with(' '))
+    line += ' ';
+  Vlb::add_shown(line, report.argument);
+  if (shows_place(report)) {
     line += " (";
-    Vlb::add_shown(line, where);
+    Vlb::add_shown(line, report.place.text());
     line += ')';
   }
   return line;
 }
 
-} // namespace
+// The counts of a run, and what it has switched off.
+struct gMsgHandler::Run {
+  std::thread::id thread = std::this_thread::get_id();
+  int errors = 0;
+  int warnings = 0;
+  Msg::type worst = Msg::all;
+  std::string last_error;
+  bool limit_reached = false;
+  gRunStage stage = gRunStage::none;
+  std::set<int> suppressed_numbers;
+  gReportSink * copy = nullptr;
+};
 
-gMsgHandler::gMsgHandler() = default;
+gMsgHandler::gMsgHandler() : run_(std::make_unique<Run>()) {}
 gMsgHandler::~gMsgHandler() = default;
 
-void gMsgHandler::operator()(gMessage const & message, gString const & argument,
-                             gString const & where) {
-  gString const line = line_of(message, argument, where);
-  if (suppressed(message))
-    return;
-  Msg::type const type = message.severity;
-  buffer_->report(type, line);
-  if (type == Msg::warning)
-    ++warnings_;
-  if (type == Msg::doc_error || type == Msg::error)
-    ++errors_;
-  if (type >= Msg::warning && !message.is_hint())
-    worst_ = std::max(worst_, type);
-  if (err_max > 0 && errors_ >= err_max && type >= Msg::doc_error) {
-    limit_reached_ = true;
-    throw gExcFatalErr("Maximum error count reached: ", std::to_string(err_max));
-  }
+void gMsgHandler::take(gReport report) {
+  gString const line = Vlb::report_line(report);
+  int const limit = err_max;
+  if (!enter(report, line))
+    throw gExcFatalErr(Msg::error_limit, std::to_string(limit));
 }
 
-bool gMsgHandler::suppressed(gMessage const & message) {
+// False if the report reaches the limit of the run's errors.
+bool gMsgHandler::enter(gReport & report, gString const & line) {
+  std::scoped_lock const guard(lines_->lock);
+  bool const of_run = std::this_thread::get_id() == run_->thread;
+  if (suppressed(report, of_run))
+    return true;
+  Msg::type const type = report.message->severity;
+  lines_->report(type, line);
+  if (!of_run)
+    return true;
+  if (report.stage == gRunStage::none)
+    report.stage = run_->stage;
+  if (run_->copy)
+    run_->copy->take(report);
+  // "Error parsing the VLS file" says less than the error in front of it.
+  bool const tells_what = !report.argument.empty() || !report.place.empty();
+  if (type == Msg::error && (tells_what || run_->last_error.empty()))
+    run_->last_error = line;
+  // The limit is no fault of its own: it tells how many there were.
+  if (report.message == &Msg::error_limit)
+    return true;
+  count(*report.message);
+  int const limit = err_max;
+  if (limit > 0 && run_->errors >= limit && type >= Msg::doc_error)
+    run_->limit_reached = true;
+  else
+    return true;
+  return false;
+}
+
+void gMsgHandler::count(gMessage const & message) {
+  Msg::type const type = message.severity;
+  if (type == Msg::warning)
+    ++run_->warnings;
+  if (type == Msg::doc_error || type == Msg::error)
+    ++run_->errors;
+  if (type >= Msg::warning && !message.is_hint())
+    run_->worst = std::max(run_->worst, type);
+}
+
+bool gMsgHandler::suppressed(gReport const & report, bool of_run) {
+  gMessage const & message = *report.message;
+  bool & drop_hints = lines_->drop_hints[of_run ? 0 : 1];
   if (!message.is_hint())
-    buffer_->drop_hints = message.number != 0 && suppressed_numbers_.contains(message.number);
-  return buffer_->drop_hints;
+    drop_hints = message.number != 0 && run_->suppressed_numbers.contains(message.number);
+  return drop_hints;
 }
 
 void gMsgHandler::minlvl_disp(Msg::type type) {
-  buffer_->minimum_display = type;
+  std::scoped_lock const guard(lines_->lock);
+  lines_->minimum_display = type;
 }
 
 void gMsgHandler::minlvl_file(Msg::type type) {
-  buffer_->minimum_file = type;
+  std::scoped_lock const guard(lines_->lock);
+  lines_->minimum_file = type;
 }
 
 bool gMsgHandler::open_logfile(gString const & path) {
-  return buffer_->open(path);
+  std::scoped_lock const guard(lines_->lock);
+  return lines_->open(path);
 }
 
 bool gMsgHandler::close_logfile() {
-  return buffer_->close();
+  std::scoped_lock const guard(lines_->lock);
+  return lines_->close();
 }
 
 void gMsgHandler::reset_suppressed() {
-  suppressed_numbers_.clear();
-  buffer_->drop_hints = false;
+  suppress({});
+  std::scoped_lock const guard(lines_->lock);
+  lines_->drop_hints[0] = lines_->drop_hints[1] = false;
 }
 
 void gMsgHandler::suppress(std::set<int> const & numbers) {
-  suppressed_numbers_ = numbers;
+  std::scoped_lock const guard(lines_->lock);
+  run_->suppressed_numbers = numbers;
 }
 
 void gMsgHandler::reset_counts() {
-  errors_ = 0;
-  warnings_ = 0;
-  worst_ = Msg::all;
-  limit_reached_ = false;
+  std::scoped_lock const guard(lines_->lock);
+  Run fresh;
+  fresh.suppressed_numbers = std::move(run_->suppressed_numbers);
+  fresh.copy = run_->copy;
+  *run_ = std::move(fresh);
+}
+
+void gMsgHandler::continue_run() {
+  std::scoped_lock const guard(lines_->lock);
+  run_->thread = std::this_thread::get_id();
+}
+
+void gMsgHandler::stage(gRunStage stage) {
+  std::scoped_lock const guard(lines_->lock);
+  run_->stage = stage;
+}
+
+void gMsgHandler::copy_to(gReportSink * sink) {
+  std::scoped_lock const guard(lines_->lock);
+  run_->copy = sink;
+}
+
+int gMsgHandler::errors() const {
+  std::scoped_lock const guard(lines_->lock);
+  return run_->errors;
+}
+
+int gMsgHandler::warnings() const {
+  std::scoped_lock const guard(lines_->lock);
+  return run_->warnings;
+}
+
+Msg::type gMsgHandler::worst() const {
+  std::scoped_lock const guard(lines_->lock);
+  return run_->worst;
+}
+
+std::string gMsgHandler::last_error() const {
+  std::scoped_lock const guard(lines_->lock);
+  return run_->last_error;
+}
+
+bool gMsgHandler::limit_reached() const {
+  std::scoped_lock const guard(lines_->lock);
+  return run_->limit_reached;
 }
 
 void gMsgHandler::put_summary() {
-  (*this)() << errors_ << " error(s), " << warnings_ << " warning(s)";
+  int const errors = this->errors();
+  (*this)() << errors << " error(s), " << warnings() << " warning(s)";
 }
 
 namespace Msg {

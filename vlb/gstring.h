@@ -6,9 +6,21 @@
 
 #include "vlb/shared.h"
 
-// A standard string that can be held by cRef<gString>. Nothing here decodes multi-byte text:
+// A mark of one byte, which lies where the count leaves room: it costs no memory.
+class cMarked : public cShared {
+public:
+  unsigned char mark() const { return mark_; }
+  void set_mark(unsigned char mark) { mark_ = mark; }
+
+private:
+  unsigned char mark_ = 0;
+};
+
+// A standard string that can be held by cRef<gString>. Its mark tells what the text is to those who
+// made it (0: nothing but text); copies have it too, and text that is put together hasn't. Nothing
+// here decodes multi-byte text:
 // case and white space are those of ASCII (white space: the blank and the characters 9 to 13).
-class gString : public cShared, public std::string {
+class gString : public cMarked, public std::string {
 public:
   gString() = default;
   gString(char const * text) : std::string(text) {}
@@ -16,12 +28,14 @@ public:
   gString(std::string && text) noexcept : std::string(std::move(text)) {}
   explicit gString(std::string_view text) : std::string(text) {}
   gString(gString const &) = default;
-  gString(gString && other) noexcept : cShared(), std::string(std::move(other)) {}
+  gString(gString && other) noexcept : cMarked(other), std::string(std::move(other)) {}
   gString & operator=(gString const & other) {
     std::string::operator=(other);
+    set_mark(other.mark());
     return *this;
   }
   gString & operator=(gString && other) noexcept {
+    set_mark(other.mark());
     std::string::operator=(std::move(other));
     return *this;
   }

@@ -17,4 +17,14 @@ std::string random_name() {
   return name;
 }
 
+std::string work_ending() {
+  return "." + random_name() + ".tmp";
+}
+
+bool is_work_name(std::string_view name, std::size_t length) {
+  static std::size_t const ending = work_ending().size();
+  return name.size() == length + ending && name[length] == '.' && name.ends_with(".tmp") &&
+         name.substr(length + 1).find_first_not_of("0123456789abcdef") == ending - 5;
+}
+
 } // namespace Vlb

@@ -2,10 +2,17 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace Vlb {
 
 // 16 hexadecimal digits.
 std::string random_name();
+
+// The ending of a file that is written beside its place, until it takes that place: a dot, a random
+// name and ".tmp".
+std::string work_ending();
+// True if a name has that ending, and in front of it `length` bytes.
+bool is_work_name(std::string_view name, std::size_t length);
 
 } // namespace Vlb

@@ -69,6 +69,7 @@ struct gCodeElem : cShared {
   int end_line = 0; // of the whole declaration; 0: not known
   int type;         // one gUnitType
   int flags;        // union of gSpecifier
+  int text = -1; // which of its file's text units the reader bound to it; -1: one is searched for
   Decl::gKind kind = Decl::gKind::none; // none: no more is known than the type
   gString decl;                         // the declaration's text, white space normalised
   gString visibility;

@@ -19,15 +19,24 @@ using gOutline = std::array<int, 8>;
 constexpr int hier_unset = -2;
 constexpr int hier_all = -1;
 
+// The running numbers of a unit.
+struct gUnitNumbers {
+  // The next ones of the run.
+  static gUnitNumbers next();
+
+  std::uint32_t unit;
+  int label;
+};
+
 // A run holds about two units for each thing that a source declares, so a unit is small: everything
 // that a copy or a code element holds as well is shared with them.
 class gDocUnit : public gDocNode {
 public:
   enum Flag : int { bookmark = 1, index_entry = 2, flag_p = 4, flag_o = 8, flag_s = 16 };
 
-  // Tables and the document hold units by cRef. `number` is the running number of the unit in the
-  // run, one higher for each construction.
-  gDocUnit(gStrList const & names, gString const & name_sep, gSrcFile const & file, int line);
+  // Tables and the document hold units by cRef.
+  gDocUnit(gStrList const & names, gString const & name_sep, gSrcFile const & file, int line,
+           gUnitNumbers numbers);
 
   // names, joined with name_sep.
   gString name() const;
@@ -38,8 +47,6 @@ public:
   gStrList const & names() const { return *names_; }
   gString const & name_sep() const { return *name_sep_; }
   void set_name_sep(gString const & sep);
-  // Replaces the name; the unit takes a new label.
-  void set_names(gStrList const & names);
   // All parts of the name joined with no separator: what the label is made from.
   gString sort_key() const;
 
@@ -148,6 +155,7 @@ private:
   gString citation_text(gString const & name) const;
   // The plain value of a unit variable or $curclass.
   gString variable(std::string_view name) const;
+  void write_facts(std::ostream & stream) const;
   void write_index(std::ostream & stream, std::string_view label) const;
 
   gSubEntries subentries_;
@@ -165,14 +173,15 @@ private:
   int flags_ = 31;
   int rank_ = 0;
   std::uint32_t number_;
-  int label_number_ = 0; // the running number in the label
+  int label_number_; // the running number in the label
 };
 
 // A continuous text: free text under the subentry "text", with headlines of its own.
 class gTextUnit : public gDocUnit {
 public:
   // The name is the one member of names(), even if it is empty.
-  gTextUnit(gString const & name, gSrcFile const & file, int line);
+  gTextUnit(gString const & name, gSrcFile const & file, int line,
+            gUnitNumbers numbers = gUnitNumbers::next());
 
   void clone(cRef<gDocUnit> & out) const override;
   void emit(std::ostream & stream) override;
@@ -182,11 +191,11 @@ public:
 // A unit that documents a program element.
 class gSyntUnit : public gDocUnit {
 public:
-  gSyntUnit(gStrList const & names, gString const & name_sep, gSrcFile const & file, int line);
+  gSyntUnit(gStrList const & names, gString const & name_sep, gSrcFile const & file, int line,
+            gUnitNumbers numbers = gUnitNumbers::next());
 
   // The unit's own or, from compile on, that of its template.
   gStrList const & headline() const;
-  // Reports an INFO if the unit has a headline already.
   void set_headline(gStrList const & text);
   void set_hierarchy(int up, int down);
   int hier_up() const { return hier_up_; }

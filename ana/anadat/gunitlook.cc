@@ -55,6 +55,7 @@ gUnitLook::gUnitLook(gString const & section_template, gString const & unit_type
   hier_up = template_level(unit_template, "hierup");
   hier_down = template_level(unit_template, "hierdown");
   tab_width = gInput->text.tab_width;
+  facts_line = gInput->facts_line;
   link_line = shared(gVLAttributes.list({"unittpl", unit_template, "linkline"}));
   headline = shared(gVLAttributes.list({"unittpl", unit_template, "hdline"}));
   srclink_text = ::srclink_text(section_template, unit_type);

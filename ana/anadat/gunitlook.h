@@ -32,6 +32,7 @@ struct gUnitLook : cShared {
   gString unit_template;
   gString style;
   bool no_bookmark, no_index;
+  bool facts_line;        // of the project, not of the template
   int hier_up, hier_down; // hier_unset if the template has none
   int tab_width;
   cRef<gTextList> link_line, headline, srclink_text; // null for none

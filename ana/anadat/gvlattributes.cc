@@ -1,6 +1,8 @@
 // The store of the templates, and the two templates that need no script.
 #include "ana/anadat/gvlattributes.h"
 
+#include "ana/anadat/pieces.h"
+
 namespace {
 
 constexpr std::pair<char const *, char const *> titles[] = {
@@ -23,20 +25,21 @@ cRef<cObj> one_piece(char const * text) {
   return cat::make(gStrList(gString(text)));
 }
 
+// Texts and variables.
 gStrList pieces(std::initializer_list<char const *> texts) {
   gStrList list;
   for (char const * text : texts)
-    list << gString(text);
+    list << Vlb::variable_piece(text);
   return list;
 }
 
 } // namespace
 
 gStrList gTemplates::make_default_contents() {
-  gStrList contents = pieces({"@_vlhdl"});
+  gStrList contents(Vlb::placeholder(gPiece::headline));
   for (char const * word :
        {"@sline", "@description", "@declaration", "@heritage", "@parameter", "@return", "@comment"})
-    contents << gString("@_vlsub") << gString(word);
+    contents << Vlb::placeholder(gPiece::subentry) << gString(word);
   return contents;
 }
 
@@ -89,4 +92,30 @@ bool gTemplates::flag(std::initializer_list<std::string_view> path) const {
 
 bool gTemplates::has(std::initializer_list<std::string_view> path) const {
   return get(path) != nullptr;
+}
+
+namespace {
+
+std::vector<gString> texts_of(gStrList const & list) {
+  std::vector<gString> texts;
+  for (cRef<gString> const & piece : list)
+    texts.push_back(*piece);
+  return texts;
+}
+
+} // namespace
+
+gTableTemplates gTemplates::tables() const {
+  gTableTemplates tables;
+  cRef<cObj> const all = get({"table"});
+  if (!all || !all->map())
+    return tables;
+  for (cIterObj it = all->begin(); it.valid(); it++) {
+    gString const name = it.key_as_string();
+    tables[name] = {text({"table", name, "style"}), texts_of(list({"table", name, "coldef"})),
+                    texts_of(list({"table", name, "markrow"})),
+                    texts_of(list({"table", name, "markcol"})),
+                    texts_of(list({"table", name, "rows"}))};
+  }
+  return tables;
 }

@@ -1,6 +1,7 @@
 // The templates of a run: unit, section and table templates by name.
 #pragma once
 
+#include "ana/anadat/table_template.h"
 #include "store/cmapobj.h"
 #include "store/gglobalobj.h"
 #include "vlb/gstrlist.h"
@@ -20,6 +21,8 @@ public:
   gString text(std::initializer_list<std::string_view> path) const;
   bool flag(std::initializer_list<std::string_view> path) const;
   bool has(std::initializer_list<std::string_view> path) const;
+  // Those of tables, as values.
+  gTableTemplates tables() const;
 
   // The body of UTPL_Default. A change outlives reset() and counts from the next one.
   static gStrList & default_contents();

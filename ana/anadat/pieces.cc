@@ -1,8 +1,9 @@
-// Placeholders begin with "@" or "$" and are few, so a piece is told apart by its first character
-// and one comparison with a short table.
+// The texts of placeholders show up in tests and nowhere else: what counts is the mark.
 #include "ana/anadat/pieces.h"
 
 #include <charconv>
+
+#include "vlb/gexception.h"
 
 namespace {
 
@@ -27,28 +28,45 @@ constexpr Placeholder variables[] = {
     {"$curdate", gPiece::macro},     {"$curtime", gPiece::macro},
 };
 
-template <std::size_t n> gPiece look_up(Placeholder const (&table)[n], std::string_view piece) {
-  for (Placeholder const & one : table)
-    if (one.text == piece)
-      return one.kind;
-  return gPiece::plain;
-}
-
 } // namespace
 
 namespace Vlb {
 
-gPiece piece_kind(std::string_view piece) {
-  if (piece.size() < 5 || piece.size() > 9)
-    return gPiece::plain;
-  if (piece[0] == '@')
-    return look_up(commands, piece);
-  return piece[0] == '$' ? look_up(variables, piece) : gPiece::plain;
+gString marked(gPiece kind, gString text) {
+  text.set_mark(static_cast<unsigned char>(kind));
+  return text;
+}
+
+cRef<gString> placeholder(gPiece kind) {
+  for (Placeholder const & one : commands)
+    if (one.kind == kind)
+      return make_ref<gString>(marked(kind, gString(one.text)));
+  VLB_ASSERT(!"a placeholder");
+  return {};
+}
+
+gPiece variable_kind(std::string_view name) {
+  for (Placeholder const & one : variables)
+    if (one.text == name)
+      return one.kind;
+  return gPiece::plain;
+}
+
+gString variable_piece(gString name) {
+  gPiece const kind = variable_kind(name);
+  return marked(kind, std::move(name));
 }
 
 bool has_placeholder(gStrList const & list) {
   for (cRef<gString> const & piece : list)
     if (piece_kind(*piece) != gPiece::plain)
+      return true;
+  return false;
+}
+
+bool has_piece(gStrList const & list, gPiece kind) {
+  for (cRef<gString> const & piece : list)
+    if (piece_kind(*piece) == kind)
       return true;
   return false;
 }

@@ -5,7 +5,9 @@
 
 #include "vlb/gstrlist.h"
 
-enum class gPiece {
+// What a piece of a text is. The parsers know it when they make the piece; it stays with the piece,
+// as the mark of its string, so that text that merely looks alike is never taken for a placeholder.
+enum class gPiece : unsigned char {
   plain,     // final
   bookmark,  // "@_vlbkmk", a name, "hid" or empty
   index,     // "@_vlxe", then the fields of the entry
@@ -27,12 +29,24 @@ enum class gPiece {
 
 namespace Vlb {
 
-gPiece piece_kind(std::string_view piece);
+inline gPiece piece_kind(gString const & piece) {
+  return static_cast<gPiece>(piece.mark());
+}
+gString marked(gPiece kind, gString text);
+// The head of a placeholder, such as "@_vlxe" for an index entry; not for variables.
+cRef<gString> placeholder(gPiece kind);
+// The kind of a variable by its name, such as "$name"; plain for any other text.
+gPiece variable_kind(std::string_view name);
+// A variable where a scanner has met one; a text that is none becomes plain.
+gString variable_piece(gString name);
 // True if a piece must be settled.
 bool has_placeholder(gStrList const & list);
+bool has_piece(gStrList const & list, gPiece kind);
 
 // The settled form of "@_vlxe", with a label of its own made from `stem`.
 gString index_mark(std::string_view stem);
+// The settled form of a macro: "$curfile" gives "@macro<cur_file>{} ".
+gString macro_text(std::string_view variable);
 // The text that the project shows for the value of an attribute; the settled form of "@outattr".
 gString attribute_text(gString const & attribute, gString const & value);
 

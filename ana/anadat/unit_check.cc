@@ -19,7 +19,7 @@ bool gDocUnit::report_difference(gMessage const & message, gString const & own,
   bool const adopt = gInput->association.diffattr_code;
   if (!gInput->association.diffattr_err)
     return adopt;
-  Msg::log(message, own, loc_.make_string());
+  Msg::log(message, own, loc_);
   if (adopt)
     Msg::log(Msg::adopting_code_value, code);
   else
@@ -55,7 +55,7 @@ void gDocUnit::update_from_code() {
 }
 
 void gSyntUnit::check() const {
-  gString const where = loc().make_string();
+  gLoc const where = loc();
   if (!code_elem() && gInput->association.miss_warn)
     Msg::log(Msg::no_code_element, name(), where);
   gString const & type = get_attr("UNITTYPE");

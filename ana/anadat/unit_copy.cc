@@ -127,9 +127,9 @@ void gSyntUnit::compile_hierarchy(gUnitLook const & look) {
   gString const & type = get_attr("UNITTYPE");
   gSrcFile const & file = code_loc().file();
   if (type != "class")
-    Msg::log(Msg::no_hierarchy_for_unit, type, loc().make_string());
+    Msg::log(Msg::no_hierarchy_for_unit, type, loc());
   else if (file.language() == gLanguage::text)
-    Msg::log(Msg::no_hierarchy_for_file, file.type_string(), loc().make_string());
+    Msg::log(Msg::no_hierarchy_for_file, file.type_string(), loc());
   else
     set_hierarchy(up, down);
 }

@@ -49,7 +49,10 @@ void gDocUnit::write_head(std::ostream & stream) const {
   Vlb::put_number(stream, place.line());
   Vlb::put(stream, "><");
   Vlb::put(stream, label);
-  Vlb::put(stream, ">\n@bkmk<");
+  Vlb::put(stream, ">\n");
+  if (look_ && look_->facts_line)
+    write_facts(stream);
+  Vlb::put(stream, "@bkmk<");
   Vlb::put(stream, label);
   Vlb::put(stream, ">\n");
   if (flags_ & index_entry)

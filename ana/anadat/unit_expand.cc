@@ -7,16 +7,15 @@
 
 namespace {
 
-// "$curfile" gives "@macro<cur_file>{} ".
-gString macro_text(std::string_view variable) {
-  return "@macro<cur_" + std::string(variable.substr(4)) + ">{} ";
-}
-
 gString quoted(gString const & text) {
   return "\"" + text + "\"";
 }
 
 } // namespace
+
+gString Vlb::macro_text(std::string_view variable) {
+  return "@macro<cur_" + std::string(variable.substr(4)) + ">{} ";
+}
 
 gString Vlb::attribute_text(gString const & attribute, gString const & value) {
   auto const values = gInput->attributes.find(attribute);
@@ -72,7 +71,7 @@ void gDocUnit::expand_text(gStrList & list, gStrList::iterator & it, bool skip) 
     list.set(it, Vlb::escape_atc(variable(**it)));
     break;
   case gPiece::macro:
-    list.set(it, macro_text(**it));
+    list.set(it, Vlb::macro_text(**it));
     break;
   case gPiece::index:
     list.set(it, Vlb::index_mark("xetplbkmk"));
@@ -103,7 +102,7 @@ void gDocUnit::expand_reference(gStrList & list, gStrList::iterator & it) {
   if (kind == gPiece::variable || kind == gPiece::curclass) {
     gString const value = variable(name);
     if (value.empty())
-      Msg::log(Msg::empty_unit_variable, name, loc_.make_string());
+      Msg::log(Msg::empty_unit_variable, name, loc_);
     name = value;
   } else {
     name.unescape('\\');
@@ -113,7 +112,7 @@ void gDocUnit::expand_reference(gStrList & list, gStrList::iterator & it) {
     list.set(place, "<" + target + ">");
     return;
   }
-  Msg::log(Msg::target_not_found, quoted(name), loc_.make_string());
+  Msg::log(Msg::target_not_found, quoted(name), loc_);
   list.set(window, "<void>");
   list.set(place, "<>");
 }
@@ -127,7 +126,7 @@ void gDocUnit::expand_alias(gStrList & list, gStrList::iterator & it) {
     list.set(it++, "<" + upper + ">");
     return;
   }
-  Msg::log(Msg::target_not_found, quoted(**it), loc_.make_string());
+  Msg::log(Msg::target_not_found, quoted(**it), loc_);
   list.set(command, "");
   it = list.erase(it);
 }
@@ -151,16 +150,16 @@ void gDocUnit::expand_citation(gStrList & list, gStrList::iterator & it) {
 gString gDocUnit::citation_text(gString const & name) const {
   cRef<gCitation> citation;
   if (!gCitations.find(name, citation)) {
-    Msg::log(Msg::undefined_citation, name, loc_.make_string());
+    Msg::log(Msg::undefined_citation, name, loc_);
     return gString();
   }
   citation->read();
   if (citation->state() == gCitation::unread) {
-    Msg::log(Msg::citation_unreadable, name, loc_.make_string());
+    Msg::log(Msg::citation_unreadable, name, loc_);
     return gString();
   }
   if (citation->state() == gCitation::end_of_file)
-    Msg::log(Msg::citation_end_of_file, name, loc_.make_string());
+    Msg::log(Msg::citation_end_of_file, name, loc_);
   gSubText text(citation->text());
   int const tab_width = gInput->text.tab_width;
   text.strip_indent(text.common_indent(tab_width), tab_width);

@@ -1,6 +1,5 @@
 // The fields of a unit and the small operations on them.
 #include <algorithm>
-#include <charconv>
 
 #include "ana/anadat/tables.h"
 #include "vlb/gmsghandler.h"
@@ -34,18 +33,20 @@ gString make_label(std::string_view name, std::string_view number) {
 
 gDocUnit::Names::Names(gStrList const & names) : Names(make_ref<gTextList>(names)) {}
 
+gUnitNumbers gUnitNumbers::next() {
+  return {gCounters.units++, gCounters.labels.next()};
+}
+
 gDocUnit::gDocUnit(gStrList const & names, gString const & name_sep, gSrcFile const & file,
-                   int line)
+                   int line, gUnitNumbers numbers)
     : names_(names),
       loc_(file, line),
       name_sep_(Vlb::intern(name_sep)),
-      number_(gCounters.units++) {
-  take_label();
-}
+      number_(numbers.unit),
+      label_number_(numbers.label) {}
 
 void gDocUnit::take_label() {
-  std::string const number = gCounters.labels.get_next_str();
-  std::from_chars(number.data(), number.data() + number.size(), label_number_);
+  label_number_ = gCounters.labels.next();
 }
 
 gString gDocUnit::name() const {
@@ -62,11 +63,6 @@ gString gDocUnit::second_name() const {
 
 void gDocUnit::set_name_sep(gString const & sep) {
   name_sep_ = Vlb::intern(sep);
-}
-
-void gDocUnit::set_names(gStrList const & names) {
-  names_ = Names(names);
-  take_label();
 }
 
 gString gDocUnit::sort_key() const {
@@ -135,12 +131,12 @@ bool gDocUnit::is_verbatim(std::string_view subentry) const {
                : Vapp::config_verbatim(gInput->digits(get_attr("UNITTYPE"), subentry));
 }
 
-gTextUnit::gTextUnit(gString const & name, gSrcFile const & file, int line)
-    : gDocUnit(gStrList(name), "", file, line) {}
+gTextUnit::gTextUnit(gString const & name, gSrcFile const & file, int line, gUnitNumbers numbers)
+    : gDocUnit(gStrList(name), "", file, line, numbers) {}
 
 gSyntUnit::gSyntUnit(gStrList const & names, gString const & name_sep, gSrcFile const & file,
-                     int line)
-    : gDocUnit(names, name_sep, file, line) {}
+                     int line, gUnitNumbers numbers)
+    : gDocUnit(names, name_sep, file, line, numbers) {}
 
 gStrList const & gSyntUnit::headline() const {
   bool const from_template = (!headline_ || headline_->list.empty()) && look();
@@ -148,8 +144,6 @@ gStrList const & gSyntUnit::headline() const {
 }
 
 void gSyntUnit::set_headline(gStrList const & text) {
-  if (headline_ && !headline_->list.empty())
-    Msg::log(Msg::overwriting_headline, gString(), loc().make_string());
   headline_ = make_ref<gTextList>(text);
 }
 

@@ -80,7 +80,7 @@ void gFileFilterCmd::expand() {
     if (!cat::is_ident(entry))
       entries_.push_back(entry);
     else if (!add_group(entry, entries_))
-      Msg::log(Msg::undefined_file_group, entry, loc_.make_string());
+      Msg::log(Msg::undefined_file_group, entry, loc_);
 }
 
 void gFileFilterCmd::execute(cRef<gOutState> & state) {
@@ -111,14 +111,14 @@ gString resolved_name(gString const & name, gOutState const & state, gLoc const 
     return name;
   if (!state.class_stack.empty())
     return state.class_stack.back();
-  Msg::log(Msg::empty_curclass, "", loc.make_string());
+  Msg::log(Msg::empty_curclass, "", loc);
   return {};
 }
 
 bool find_unit(gString const & name, cRef<gDocUnit> & unit, gLoc const & loc) {
   if (gUnitNames.find(name, unit, gString()))
     return true;
-  Msg::log(Msg::unit_not_found, name, loc.make_string());
+  Msg::log(Msg::unit_not_found, name, loc);
   return false;
 }
 
@@ -127,7 +127,7 @@ void open_block(cRef<gDocUnit> const & unit, gLoc const & loc) {
   try {
     gDocManager.push_unit(unit);
   } catch (gExcRange const &) {
-    throw gExcFatalErr("Class blocks are nested too deep: ", loc.make_string());
+    throw gExcFatalErr(Msg::class_blocks_too_deep, loc.make_string(), loc);
   }
 }
 
@@ -141,8 +141,15 @@ void run_block(cRef<gDocUnit> const & unit, gString const & name, gCmdSeq & inne
   state->class_stack.pop_back();
 }
 
+// The filter for what belongs to a class. A class without a name is nobody's scope, and an empty
+// filter would let everything pass: no name holds a line feed.
+gString members_filter(gString const & class_name) {
+  return class_name.empty() ? gString("\n") : class_name;
+}
+
 void restore_class_filter(gOutState & state) {
-  state.class_filter = state.class_stack.empty() ? gString() : state.class_stack.back();
+  bool const in_class = !state.class_stack.empty();
+  state.class_filter = in_class ? members_filter(state.class_stack.back()) : gString();
 }
 
 } // namespace
@@ -176,7 +183,7 @@ void gOutFilterCmd::execute(cRef<gOutState> & state) {
 
 void gOutClassCmd::execute(cRef<gOutState> & state) {
   gString const name = resolved_name(name_, *state, loc_);
-  state->class_filter = name;
+  state->class_filter = state->class_stack.empty() ? name : members_filter(name);
   cRef<gDocUnit> unit;
   if (find_unit(name, unit, loc_))
     run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
@@ -191,7 +198,7 @@ void gOutClassFilterCmd::execute(cRef<gOutState> & state) {
   state->attr_filter.erase("UNITTYPE");
   for (cRef<gDocUnit> const & unit : classes) {
     gString const name = unit->name();
-    state->class_filter = name;
+    state->class_filter = members_filter(name);
     run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
   }
   if (!classes.empty())

@@ -44,11 +44,12 @@ gParam gParam::make_text(gStrList pieces) {
   return param;
 }
 
-void gParamList::add_option(gString const & name, gString const & value, gLoc const & loc) {
+void gParamList::add_option(gString const & name, gString const & value, gLoc const & loc,
+                            gReportSink & reports) {
   auto [place, is_new] = options.try_emplace(name, Option{value, loc});
   if (is_new)
     return;
-  Msg::log(Msg::redefining_option, name, place->second.loc.make_string());
+  reports(Msg::redefining_option, name, place->second.loc);
   place->second = {value, loc};
 }
 

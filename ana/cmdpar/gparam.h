@@ -7,6 +7,7 @@
 
 #include "ana/anadat/goutstate.h"
 #include "store/ghash.h"
+#include "vlb/greport.h"
 #include "vlb/gsrcfile.h"
 #include "vlb/gstrlist.h"
 
@@ -38,7 +39,8 @@ struct gParamList {
   std::map<gString, Option> options;
 
   // A repeated option reports an INFO at the place of the earlier one and replaces it.
-  void add_option(gString const & name, gString const & value, gLoc const & loc);
+  void add_option(gString const & name, gString const & value, gLoc const & loc,
+                  gReportSink & reports);
   // Empty if the option isn't there.
   gString option(std::string_view name) const;
   bool has_option(std::string_view name) const;

@@ -2,6 +2,7 @@
 #include "ana/cmdpar/gtextparsebase.h"
 
 #include "ana/anadat/gdocunit.h"
+#include "ana/anadat/pieces.h"
 #include "ana/cmdpar/keywords.h"
 
 namespace {
@@ -32,7 +33,7 @@ gStrList gTextParseBase::note(gString const & name, gParamList & params) {
 
 gStrList gTextParseBase::with_word(char const * open, gString const & word,
                                    char const * close) const {
-  if (!expands_words() || !gDocVars.contains(word))
+  if (!expands_words() || Vlb::piece_kind(word) == gPiece::plain)
     return gStrList(open + word + close);
   gStrList pieces{gString(open)};
   pieces.push_back(word);
@@ -43,8 +44,11 @@ gStrList gTextParseBase::with_word(char const * open, gString const & word,
 gStrList gTextParseBase::definition(gParamList & params) {
   if (!check_params("dfn", params))
     return {};
-  gString const key = Vlb::escape_atc(params.pieces(0).make_string(""));
-  gStrList pieces(gString("@_vlxe"));
+  gStrList const & text = params.pieces(0);
+  gString const key = text.size() == 1 && Vlb::has_placeholder(text)
+                          ? *text.front()
+                          : Vlb::escape_atc(text.make_string(""));
+  gStrList pieces(Vlb::placeholder(gPiece::index));
   pieces.append(with_word("<><", key, "><><><> "));
   pieces.append(framed("@dfn{", params.pieces(0), "} "));
   return pieces;
@@ -105,7 +109,7 @@ gStrList gTextParseBase::references(gParamList const & params, gStrList const & 
     window = "main";
   gStrList pieces;
   for (cRef<gString> const & target : params.pieces(0)) {
-    pieces.push_back(gString("@cref"));
+    pieces.push_back(Vlb::placeholder(gPiece::reference));
     pieces.push_back("<" + window + ">");
     pieces.push_back(target);
     pieces.append(framed("{", text.empty() ? gStrList(target) : text, "} "));
@@ -116,7 +120,7 @@ gStrList gTextParseBase::references(gParamList const & params, gStrList const & 
 gStrList gTextParseBase::cross_reference(gParamList & params) {
   if (!check_params("cref", params))
     return {};
-  if (params.pieces(1).find("@cref") == params.pieces(1).end())
+  if (!Vlb::has_piece(params.pieces(1), gPiece::reference))
     return references(params, params.pieces(1));
   error(Msg::nested_cref);
   return references(params, {});
@@ -131,7 +135,7 @@ gStrList gTextParseBase::link_reference(gParamList & params) {
 gStrList gTextParseBase::short_references(gStrList const & targets) {
   gStrList pieces;
   for (cRef<gString> const & target : targets) {
-    pieces.push_back(gString("@cref"));
+    pieces.push_back(Vlb::placeholder(gPiece::reference));
     pieces.push_back(gString("<main>"));
     pieces.push_back(target);
     pieces.append(framed("{", gStrList(target), "} "));
@@ -140,7 +144,7 @@ gStrList gTextParseBase::short_references(gStrList const & targets) {
 }
 
 gStrList gTextParseBase::index_entry(std::initializer_list<gStrList *> fields) {
-  gStrList pieces(gString("@_vlxe"));
+  gStrList pieces(Vlb::placeholder(gPiece::index));
   char const * open = "<";
   for (gStrList * field : fields) {
     pieces.push_back(gString(open));
@@ -154,7 +158,7 @@ gStrList gTextParseBase::index_entry(std::initializer_list<gStrList *> fields) {
 gStrList gTextParseBase::citation(gParamList & params) {
   if (!check_params("cite", params))
     return {};
-  gStrList pieces(gString("@cite"));
+  gStrList pieces(Vlb::placeholder(gPiece::citation));
   pieces.push_back(params.word(0));
   return pieces;
 }
@@ -162,7 +166,7 @@ gStrList gTextParseBase::citation(gParamList & params) {
 gStrList gTextParseBase::attribute_value(gParamList & params) {
   if (!check_params("outattr", params) || !check_attribute(params.word(0)))
     return {};
-  gStrList pieces(gString("@outattr"));
+  gStrList pieces(Vlb::placeholder(gPiece::attribute));
   pieces.push_back(params.word(0));
   return pieces;
 }

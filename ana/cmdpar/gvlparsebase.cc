@@ -21,7 +21,7 @@ void gVLParseBase::set_input(gSrcFile const & file) {
 
 // A hint continues the report in front of it, which has told the position.
 void gVLParseBase::error(gMessage const & message, gString const & argument) const {
-  Msg::log(message, argument, message.is_hint() ? gString() : cur_loc().make_string());
+  reports()(message, argument, message.is_hint() ? gReportPlace() : gReportPlace(cur_loc()));
 }
 
 void gVLParseBase::reset() {
@@ -155,7 +155,7 @@ gStrList gVLParseBase::option_pair(gString name, gString value) {
 }
 
 void gVLParseBase::add_option(gParamList & params, gStrList const & name_and_value) const {
-  params.add_option(*name_and_value.front(), *name_and_value.back(), cur_loc());
+  params.add_option(*name_and_value.front(), *name_and_value.back(), cur_loc(), reports());
 }
 
 bool gVLParseBase::check_attribute(gString const & name) const {

@@ -23,18 +23,27 @@ void gCppReader::contents(gExtent const & extent, gHead const & head) {
       joined.qualifier_last = name.last;
     name = joined;
   }
-  gDeclaration item = make(gKind::name_space, extent, head);
-  if (name.empty())
-    item.marks |= mark_unnamed;
-  else
-    set_name(item, name);
-  item.marks |= mark_definition;
-  item.access = gAccess::none;
-  item.body = source_.range(extent.open, std::max(extent.tail, extent.open + 1));
+  // "a::b" are two, one within the other.
   Scope inner;
   inner.kind = Scope::name_space;
   inner.linkage_c = scope().linkage_c;
-  inner.opener = inner.item = add(item);
+  inner.item = scope().item;
+  for (at = name.first; at < name.last || name.empty(); ++at) {
+    if (!name.empty() && !source_.is_name(at))
+      continue;
+    gDeclaration item = make(gKind::name_space, extent, head);
+    if (name.empty())
+      item.marks |= mark_unnamed;
+    else
+      item.name = source_.range(at, at + 1);
+    item.marks |= mark_definition;
+    item.access = gAccess::none;
+    item.scope = inner.item;
+    item.body = source_.range(extent.open, std::max(extent.tail, extent.open + 1));
+    inner.opener = inner.item = add(item);
+    if (name.empty())
+      break;
+  }
   open_scope(inner, extent);
 }
 
@@ -138,7 +147,7 @@ gChain gCppReader::name_in_tail(gExtent const & extent) const {
   for (std::uint32_t at = extent.tail; at + 1 < extent.last;) {
     gDeclarator const one = read_declarator(source_, at, extent.last - 1, place);
     bool const plain = !one.name.empty() && !one.function && !one.pointer &&
-                       source_.type(at) != '*' && one.name.last == one.last;
+                       source_.type(at) != '*' && one.name.arguments_last == one.last;
     if (plain)
       return one.name;
     at = one.last + 1;
@@ -164,7 +173,9 @@ void gCppReader::tail(Scope const & closed) {
     gRange const name = source_.range(one.name.name_first, one.name.name_last);
     bool const same = (closed.head.marks & mark_typedef) && !own.empty() &&
                       name.of(source_.text) == own.of(source_.text) && !one.pointer;
-    bool const attribute = source_.is_attribute_macro(one.name.name_first);
+    bool const attribute =
+        source_.is_known_attribute(one.name.name_first) ||
+        (!(closed.head.marks & mark_typedef) && source_.is_attribute_macro(one.name.name_first));
     if (!same && !attribute)
       declarator(statement, one, extent.first);
   }

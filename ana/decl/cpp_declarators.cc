@@ -90,9 +90,9 @@ private:
   }
 
   void square() {
-    std::uint32_t const behind = behind_attribute(source_, at_);
-    if (behind != at_ && name_.last == at_)
-      name_.last = behind; // "f [[x]] ()"
+    // What stands behind is still next to the name: "f [[x]] ()", "a[2] ATTRIBUTE".
+    if (!name_.empty() && name_.last == at_)
+      name_.last = source_.behind(at_);
     at_ = source_.behind(at_);
   }
 
@@ -188,9 +188,10 @@ private:
     std::uint32_t at = at_ + 1;
     if (at >= close)
       return false;
+    source_.link_angles(at, close);
     std::uint8_t const behind = type(close + 1);
     bool const list = behind == '(' || behind == '[';
-    bool const sign = has_pointer_sign(at, close);
+    bool const sign = has_pointer_sign(at, close, list);
     if (!name_.empty() && name_.last == at_ &&
         (names_constructor(source_, name_) || is_constructor(name_)))
       return false;
@@ -203,7 +204,7 @@ private:
 
   // Nothing but calling conventions, macros, attributes and the class of a member pointer stand in
   // front of the sign.
-  bool has_pointer_sign(std::uint32_t at, std::uint32_t close) const {
+  bool has_pointer_sign(std::uint32_t at, std::uint32_t close, bool list) const {
     while (at < close) {
       std::uint8_t const kind = source_.type(at);
       if (kind == '*' || kind == '&' || kind == '^' || kind == token_both)
@@ -211,7 +212,7 @@ private:
       gChain const chain = read_chain(source_, at, close);
       if (chain.kind == gChain::member_pointer)
         return true;
-      bool const macro = chain.last == at + 1 && source_.is_capital(at);
+      bool const macro = chain.last == at + 1 && (list || source_.is_capital(at));
       std::uint32_t const behind = behind_attribute(source_, at);
       if (behind == at && !macro && !is_specifier(source_.word(at)))
         return false;
@@ -221,7 +222,7 @@ private:
   }
 
   void wrapped(std::uint32_t close) {
-    bool const sign = has_pointer_sign(at_ + 1, close);
+    bool const sign = has_pointer_sign(at_ + 1, close, true);
     gDeclaratorPlace inner_place;
     inner_place.type_known = true;
     gDeclarator const inner = read_declarator(source_, at_ + 1, close, inner_place);

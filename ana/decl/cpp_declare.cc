@@ -131,6 +131,7 @@ bool gCppReader::is_forward(std::uint32_t at, std::uint32_t last) const {
   if (last > at && source_.type(last - 1) == ';')
     --last;
   bool const enumeration = source_.is_word(at, gWord::enum_);
+  bool const of_class = source_.is_word(at, gWord::class_); // which C doesn't know
   std::uint32_t names = 0;
   while (at < last) {
     if (std::uint32_t const behind = behind_attribute(source_, at); behind != at)
@@ -139,21 +140,20 @@ bool gCppReader::is_forward(std::uint32_t at, std::uint32_t last) const {
       ++at;
     else if (source_.type(at) == ':' && enumeration && names > 0)
       return true;
-    else if (source_.type(at) == '(' && names > 0 && at + 1 < last)
-      at = source_.behind(at); // of a macro
     else {
       gChain const name = read_chain(source_, at, last);
       if (name.empty() || name.kind != gChain::plain)
         return false;
-      bool const macro = name.last < last && (source_.is_attribute_macro(name.name_first) ||
-                                              source_.is_capital(name.name_first));
-      names += macro || source_.is_attribute_macro(name.name_first) ? 0 : 1;
-      if (macro && source_.type(name.last) == '(')
-        at = source_.behind(name.last);
-      else
-        at = name.last;
-      if (names == 0 && at >= last)
-        return true; // "class EXPORT;": it is its name
+      bool const call = name.last < last && source_.type(name.last) == '(';
+      bool const shaped = names == 0 && (source_.is_attribute_macro(name.name_first) ||
+                                         (of_class && source_.is_capital(name.name_first)));
+      bool const macro = call ? source_.is_capital(name.name_first)
+                              : (name.last < last && shaped) ||
+                                    (names > 0 && source_.is_known_attribute(name.name_first));
+      if (call && !macro)
+        return false;
+      names += macro ? 0 : 1;
+      at = call ? source_.behind(name.last) : name.last;
     }
   }
   return names == 1;
@@ -220,12 +220,10 @@ bool gCppReader::declarator(Statement & statement, gDeclarator const & one,
   bool const typed = one.type_last > type_first || one.first > type_first;
   if (one.call && !one.constructor) {
     // Without a type it is a call of a macro, or of a time when "int" could be left out.
-    bool const old = extent.shape == gExtent::function &&
-                     !source_.is_capital(one.name.name_first) &&
-                     source_.sense(one.name.name_first) == gMacroSense::unknown &&
-                     source_.macros.find(source_.spelling(one.name.name_first)) == nullptr;
+    bool const macro = source_.is_capital(one.name.name_first) ||
+                       source_.macros.find(source_.spelling(one.name.name_first));
     bool const specified = head.marks & (mark_static | mark_extern | mark_friend);
-    if (!old && !(specified && !source_.is_capital(one.name.name_first)))
+    if (macro || (extent.shape != gExtent::function && !specified))
       return false;
   } else if (!one.function && !typed && !friend_type)
     return false; // a word alone: a macro

@@ -295,8 +295,7 @@ private:
       return begins_behind_call();
     gWord const word = source_.word(at_);
     if (extent_.first + 1 == at_ && source_.is_name(extent_.first))
-      return word == gWord::namespace_ || word == gWord::using_ || word == gWord::typedef_ ||
-             word == gWord::friend_ || word == gWord::qt_property || word == gWord::qt_statement;
+      return begins_behind_word(word);
     return kind == token_word && lacks_semicolon(word);
   }
 
@@ -313,14 +312,40 @@ private:
            source_.spelling(first) != place_.class_name;
   }
 
+  // Of "MACRO" on a line of its own.
+  bool begins_behind_word(gWord next) const {
+    std::uint32_t const first = extent_.first;
+    if (next == gWord::namespace_ || next == gWord::using_ || next == gWord::typedef_ ||
+        next == gWord::friend_ || next == gWord::qt_property || next == gWord::qt_statement)
+      return true;
+    if (!source_.is_capital(first) || !source_[first].line_head)
+      return false;
+    gMacroSense const sense = source_.sense(first);
+    if (sense == gMacroSense::opens || sense == gMacroSense::closes ||
+        sense == gMacroSense::declaration)
+      return true;
+    bool const call = source_.is_name(at_) && type(at_ + 1) == '(';
+    if (call && source_.is_capital(at_))
+      return true;
+    std::string_view const text = source_.spelling(first);
+    return text.find("NAMESPACE") != text.npos || text.find("BEGIN") != text.npos ||
+           text.find("_END") != text.npos || text.find("END_") != text.npos;
+  }
+
   // Of "MACRO(x)" on lines of its own: whether what follows has nothing to do with it.
   bool begins_behind_call() const {
     std::uint32_t const first = extent_.first;
-    gMacroSense const sense = source_.sense(first);
-    if (sense == gMacroSense::type || source_.is_attribute_macro(first))
-      return false;
-    if (sense != gMacroSense::unknown && sense != gMacroSense::mixed)
+    gWord const next = source_.word(at_);
+    if (next == gWord::namespace_ || next == gWord::using_)
       return true;
+    gMacroSense const sense = source_.sense(first);
+    if (sense == gMacroSense::type || sense == gMacroSense::attribute)
+      return false;
+    if (sense != gMacroSense::unknown && sense != gMacroSense::mixed &&
+        sense != gMacroSense::nothing)
+      return true;
+    if (is_attribute_shape(source_.spelling(first)))
+      return false;
     if (type(at_) == '~' || begins_declaration(source_.word(at_)))
       return true;
     bool const call = at_ + 1 < end_ && type(at_ + 1) == '(';
@@ -338,7 +363,8 @@ private:
     if (!sure || !source_[first].line_head || type(first) == '[' || initialisers_)
       return false;
     gWord const begin = source_.word(first);
-    if (begin == gWord::attribute || begin == gWord::template_ || begin == gWord::export_)
+    if (begin == gWord::attribute || begin == gWord::template_ || begin == gWord::export_ ||
+        begin == gWord::friend_)
       return false;
     gWord const before = source_.word(at_ - 1);
     std::uint8_t const kind = type(at_ - 1);

@@ -41,6 +41,8 @@ std::uint32_t mark_of(gWord word) {
 
 namespace {
 
+constexpr int most_macros = 8; // in front of one declaration
+
 // One operand of a constraint: (...), requires(...) {...}, a::b<c>(...), true.
 std::uint32_t behind_operand(gSource const & source, std::uint32_t at, std::uint32_t last) {
   while (source.type(at) == '!')
@@ -151,6 +153,18 @@ private:
     return to(at);
   }
 
+  // Behind further macros, "A B(1) static".
+  std::uint32_t behind_macros(std::uint32_t at) const {
+    for (int count = 0;
+         count < most_macros && at < last_ && source_.is_name(at) && source_.is_capital(at);
+         ++count) {
+      ++at;
+      if (source_.type(at) == '(')
+        at = source_.behind(at);
+    }
+    return at;
+  }
+
   // A name in front of a specifier, or one that is known to say nothing of a type.
   bool macro() {
     std::uint32_t const at = head_.next;
@@ -158,12 +172,12 @@ private:
     std::uint32_t const behind = arguments ? source_.behind(at + 1) : at + 1;
     if (behind >= last_ || source_.type(behind) == token_scope || source_.type(behind) == '<')
       return false;
-    gWord const next = source_.word(behind);
+    gWord const next = source_.word(behind_macros(behind));
     bool const word_behind = source_.type(behind) == token_word;
     bool const before_specifier =
-        word_behind && (is_specifier(next) || next == gWord::template_ || next == gWord::typedef_ ||
-                        is_class_key(next) || is_type_word(next) || next == gWord::using_ ||
-                        next == gWord::namespace_);
+        word_behind && ((is_specifier(next) && next != gWord::specifier) ||
+                        next == gWord::template_ || next == gWord::typedef_ || is_class_key(next) ||
+                        is_type_word(next) || next == gWord::using_ || next == gWord::namespace_);
     bool const known = source_.is_attribute_macro(at) && word_behind &&
                        (next == gWord::name || next == gWord::const_ || next == gWord::typename_ ||
                         next == gWord::operator_ || next == gWord::volatile_);
@@ -172,7 +186,7 @@ private:
     if (!before_specifier && !known && !attribute_behind)
       return false;
     // A constructor's name isn't a macro, nor is the name of a variable.
-    if (arguments && !source_.is_capital(at) && !known)
+    if (arguments && !source_.is_capital(at) && !source_.is_known_attribute(at))
       return false;
     head_.looked_through = true;
     return to(behind);

@@ -10,7 +10,8 @@ namespace Decl {
 namespace {
 
 constexpr std::size_t longest_body = 4096;
-constexpr int longest_chain = 8; // macros that stand for macros
+constexpr int longest_chain = 6; // macros that stand for macros
+constexpr std::size_t longest_chain_body = 200;
 
 bool is_blank(char c) {
   return c == ' ' || c == '\t';
@@ -44,6 +45,12 @@ std::size_t behind_attribute(std::vector<gToken> const & tokens, std::size_t at)
   return at;
 }
 
+// A definition that only speaks to the compiler counts as empty.
+bool is_pragma(std::vector<gToken> const & tokens, std::string_view text) {
+  std::string_view const first = text.substr(tokens[0].begin, tokens[0].end - tokens[0].begin);
+  return first == "_Pragma" || first == "__pragma";
+}
+
 bool all_attributes(std::vector<gToken> const & tokens) {
   std::size_t at = 0;
   while (tokens[at].type != token_end) {
@@ -74,8 +81,27 @@ bool is_type(std::vector<gToken> const & tokens) {
   return sure;
 }
 
-gMacroSense sense_of(std::vector<gToken> const & tokens) {
-  if (tokens.front().type == token_end)
+// "EXPORT TYPE" of a macro that takes a type.
+bool takes_type(std::vector<gToken> const & tokens, std::string_view text,
+                std::string_view parameters) {
+  std::size_t const last = tokens.size() - 2;
+  if (tokens.size() < 3)
+    return false;
+  for (std::size_t at = 0; at < last;) {
+    std::size_t const behind = behind_attribute(tokens, at);
+    if (behind == at && tokens[at].type != token_word)
+      return false;
+    at = std::max(behind, at + 1);
+  }
+  gToken const & one = tokens[last];
+  std::string_view const name = text.substr(one.begin, one.end - one.begin);
+  return one.type == token_word && one.word == gWord::name && !parameters.empty() &&
+         parameters.substr(1, parameters.size() - 2) == name;
+}
+
+gMacroSense sense_of(std::vector<gToken> const & tokens, std::string_view text,
+                     std::string_view parameters) {
+  if (tokens.front().type == token_end || is_pragma(tokens, text))
     return gMacroSense::nothing;
   int depth = 0;
   bool semicolon = false;
@@ -87,7 +113,7 @@ gMacroSense sense_of(std::vector<gToken> const & tokens) {
     return depth > 0 ? gMacroSense::opens : gMacroSense::closes;
   if (all_attributes(tokens))
     return gMacroSense::attribute;
-  if (is_type(tokens))
+  if (is_type(tokens) || takes_type(tokens, text, parameters))
     return gMacroSense::type;
   gWord const first = tokens.front().word;
   if (tokens.front().type == token_word && (semicolon || begins_declaration(first)) &&
@@ -123,14 +149,17 @@ public:
     name = text_.substr(begin, at_ - begin);
     std::size_t const end = line_end();
     fact.with_parameters = at_ < end && text_[at_] == '(';
+    std::size_t const open = at_;
     if (fact.with_parameters)
       at_ = std::min(text_.find(')', at_), end - 1) + 1;
+    std::string_view const parameters = text_.substr(open, at_ - open);
     gRange const rest{static_cast<std::uint32_t>(at_), static_cast<std::uint32_t>(end)};
     if (end - at_ <= longest_body)
       fact.body = one_line(text_, rest);
     gTokens const tokens = read_tokens(rest.of(text_));
     // A body that begins with "#" makes a string of a parameter.
-    fact.sense = tokens.directives.empty() ? sense_of(tokens.tokens) : gMacroSense::value;
+    fact.sense = tokens.directives.empty() ? sense_of(tokens.tokens, rest.of(text_), parameters)
+                                           : gMacroSense::value;
     return end;
   }
 
@@ -161,9 +190,25 @@ std::size_t behind_define(std::string_view text, std::size_t at) {
   return fits ? at + word.size() : 0;
 }
 
-bool is_one_name(std::string_view body) {
-  return !body.empty() && std::ranges::all_of(body, is_word_char) &&
-         !(body.front() >= '0' && body.front() <= '9');
+// The next name of a body of names and calls of macros alone; empty at its end. Sets `fits` to
+// false where anything else stands.
+std::string_view next_name(std::string_view & body, bool & fits) {
+  std::size_t at = std::min(body.find_first_not_of(' '), body.size());
+  std::size_t end = at;
+  while (end < body.size() && is_word_char(body[end]))
+    ++end;
+  std::string_view const name = body.substr(at, end - at);
+  fits = at == body.size() || (!name.empty() && !(name.front() >= '0' && name.front() <= '9'));
+  if (end < body.size() && body[end] == ' ' && end + 1 < body.size() && body[end + 1] == '(')
+    ++end;
+  if (end < body.size() && body[end] == '(') {
+    int depth = 0;
+    do
+      depth += body[end] == '(' ? 1 : body[end] == ')' ? -1 : 0;
+    while (++end < body.size() && depth > 0);
+  }
+  body.remove_prefix(end);
+  return name;
 }
 
 } // namespace
@@ -180,32 +225,59 @@ void gMacroTable::collect(std::string_view text) {
     at = Definition(text, behind).read(name, fact);
     if (name.empty())
       continue;
-    auto const [known, fresh] = macros_.try_emplace(std::move(name), fact);
-    if (!fresh)
-      known->second.sense = merged(known->second.sense, fact.sense);
+    enter(name, fact);
   }
+}
+
+void gMacroTable::enter(std::string const & name, gMacroFact const & fact) {
+  auto const [known, fresh] = macros_.try_emplace(name, fact);
+  if (fresh)
+    return;
+  gMacroSense const sense = merged(known->second.sense, fact.sense);
+  if (known->second.sense == gMacroSense::nothing && sense != gMacroSense::nothing)
+    known->second = fact;
+  known->second.sense = sense;
 }
 
 void gMacroTable::merge(gMacroTable const & other) {
-  for (auto const & [name, fact] : other.macros_) {
-    auto const [known, fresh] = macros_.try_emplace(name, fact);
-    if (!fresh)
-      known->second.sense = merged(known->second.sense, fact.sense);
-  }
+  for (auto const & [name, fact] : other.macros_)
+    enter(name, fact);
 }
 
 gMacroFact const * gMacroTable::find(std::string_view name) const {
-  auto found = macros_.find(name);
-  for (int step = 0; step < longest_chain && found != macros_.end(); ++step) {
-    gMacroFact const & fact = found->second;
-    if (fact.sense != gMacroSense::value || !is_one_name(fact.body))
-      return &fact;
-    auto const next = macros_.find(fact.body);
-    if (next == macros_.end())
-      return &fact;
-    found = next;
-  }
+  auto const found = macros_.find(name);
   return found == macros_.end() ? nullptr : &found->second;
+}
+
+gMacroSense gMacroTable::sense(std::string_view name) const {
+  return sense(name, longest_chain);
+}
+
+// A macro that stands for macros which are all attributes is one, too; one that stands for a single
+// other is what that is.
+gMacroSense gMacroTable::sense(std::string_view name, int steps) const {
+  gMacroFact const * fact = find(name);
+  if (!fact)
+    return gMacroSense::unknown;
+  if (fact->sense != gMacroSense::value || steps == 0 || fact->body.size() > longest_chain_body)
+    return fact->sense;
+  std::string_view body = fact->body;
+  gMacroSense all = gMacroSense::unknown;
+  for (bool first = true, fits = true;; first = false) {
+    std::string_view const part = next_name(body, fits);
+    if (!fits)
+      return fact->sense;
+    if (part.empty())
+      return all;
+    gMacroSense one = sense(part, steps - 1);
+    if (one == gMacroSense::nothing)
+      one = gMacroSense::attribute;
+    if (one == gMacroSense::unknown && is_specifier(word_of(part)))
+      one = gMacroSense::attribute;
+    if (one == gMacroSense::unknown || (!first && one != gMacroSense::attribute))
+      return fact->sense;
+    all = one;
+  }
 }
 
 } // namespace Decl

@@ -23,7 +23,8 @@ enum class gMacroSense : unsigned char {
 struct gMacroFact {
   gMacroSense sense = gMacroSense::unknown;
   bool with_parameters = false;
-  std::string body; // of the first definition, on one line; empty beyond 4096 bytes
+  std::string
+      body; // of the first definition that isn't empty, on one line; empty beyond 4096 bytes
 };
 
 // A table that all inputs fill before the reading, and that no reading changes. Merging in file
@@ -35,8 +36,13 @@ public:
   void merge(gMacroTable const & other);
   // Null for a name that no input defines.
   gMacroFact const * find(std::string_view name) const;
+  // What a name stands for in the end, through macros that stand for others.
+  gMacroSense sense(std::string_view name) const;
 
 private:
+  gMacroSense sense(std::string_view name, int steps) const;
+  void enter(std::string const & name, gMacroFact const & fact);
+
   struct Hash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const {

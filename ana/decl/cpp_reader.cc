@@ -65,10 +65,24 @@ void gCppReader::member() {
     if (section())
       return;
   }
+  if (type == token_word && source_.type(at_ + 1) == ':' && in_class() && macro_section())
+    return;
+  if (type == token_word && source_[at_].line_head && source_[at_ + 1].line_head && macro_scope())
+    return;
   gExtent const extent = cut_extent(source_, at_, scope().end, place());
   at_ = extent.last;
   declare(extent);
 }
+
+namespace {
+
+gAccess access_of(gWord word) {
+  return word == gWord::protected_ ? gAccess::protected_
+         : word == gWord::private_ ? gAccess::private_
+                                   : gAccess::public_;
+}
+
+} // namespace
 
 // "public:", "public slots:", "signals:".
 bool gCppReader::section() {
@@ -84,12 +98,87 @@ bool gCppReader::section() {
   }
   if (source_.type(at) != ':' || at - at_ > 3)
     return false;
-  scope().access = word == gWord::protected_ ? gAccess::protected_
-                   : word == gWord::private_ ? gAccess::private_
-                                             : gAccess::public_;
+  scope().access = access_of(word);
   scope().section = section;
   at_ = at + 1;
   return true;
+}
+
+// "PRIVATE_UNLESS_TESTED:"; an unnamed bit field of a type looks alike.
+bool gCppReader::macro_section() {
+  gMacroFact const * fact = source_.macros.find(source_.spelling(at_));
+  if (!source_.is_name(at_) || (!fact && !source_.is_capital(at_)) ||
+      source_.type(at_ + 2) == token_number)
+    return false;
+  if (fact && !fact->body.empty()) {
+    gWord const word = word_of(fact->body.substr(0, fact->body.find(' ')));
+    if (word >= gWord::public_ && word <= gWord::private_)
+      scope().access = access_of(word);
+  }
+  scope().section = gKind::none;
+  at_ += 2;
+  return true;
+}
+
+// "BEGIN_NAMESPACE" alone on its line, and what closes it.
+bool gCppReader::macro_scope() {
+  if (!source_.is_name(at_))
+    return false;
+  gMacroFact const * fact = source_.macros.find(source_.spelling(at_));
+  bool const opens = fact && fact->sense == gMacroSense::opens;
+  if (!opens && !(fact && fact->sense == gMacroSense::closes))
+    return false;
+  if (!opens && scope().by_macro) {
+    for (std::int32_t item = scope().opener; item != scopes_[scopes_.size() - 2].item;) {
+      gDeclaration & one = out_.items[static_cast<std::size_t>(item)];
+      one.whole.end = one.body.end = source_[at_].end;
+      one.end_line = source_.lines.line(source_[at_].begin);
+      item = one.scope;
+    }
+    scopes_.pop_back();
+  } else if (opens)
+    open_by_macro(fact->body);
+  ++at_;
+  return true;
+}
+
+// The namespaces that a macro opens become scopes up to the macro that closes them, or else to the
+// end of the scope around.
+void gCppReader::open_by_macro(std::string_view body) {
+  gTokens const tokens = read_tokens(body);
+  gExtent extent;
+  extent.first = extent.head_end = at_;
+  extent.last = extent.first + 1;
+  Scope inner = scope();
+  inner.by_macro = true;
+  for (std::size_t at = 0; at + 1 < tokens.tokens.size(); ++at) {
+    bool const head = tokens.tokens[at].word == gWord::namespace_;
+    if (!head)
+      continue;
+    for (++at; tokens.tokens[at].type == token_word || tokens.tokens[at].type == token_scope;
+         ++at) {
+      gToken const & name = tokens.tokens[at];
+      if (name.type != token_word || name.word != gWord::name)
+        continue;
+      gDeclaration item = make(gKind::name_space, extent, {});
+      item.scope = inner.item;
+      item.spelled = static_cast<std::int32_t>(out_.spelled.size());
+      out_.spelled.emplace_back(body.substr(name.begin, name.end - name.begin));
+      item.name = item.whole;
+      item.marks |= mark_definition;
+      item.access = gAccess::none;
+      item.body = {item.whole.end, source_[scope().end].begin};
+      item.whole.end = item.body.end;
+      inner.kind = Scope::name_space;
+      inner.opener = inner.item = add(item);
+    }
+    --at;
+  }
+  if (inner.item != scope().item) {
+    inner.extent = {};
+    inner.resume = inner.end;
+    scopes_.push_back(inner);
+  }
 }
 
 void gCppReader::qt_statement() {

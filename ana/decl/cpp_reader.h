@@ -25,6 +25,7 @@ private:
     bool linkage_c = false;
     std::int32_t item = -1;   // that members belong to
     std::int32_t opener = -1; // the declaration whose contents these are
+    bool by_macro = false;    // another macro closes it
     std::uint32_t end = 0;    // token
     std::uint32_t resume = 0; // behind it, and behind what follows the contents
     std::string_view name;    // of a class
@@ -55,6 +56,9 @@ private:
   void close_scope();
   void member();
   bool section();
+  bool macro_section();
+  bool macro_scope();
+  void open_by_macro(std::string_view body);
   void qt_statement();
   void qt_property();
   void objective_c();

@@ -4,6 +4,14 @@
 
 namespace Decl {
 
+bool gSource::ends_declarator(std::uint32_t at) const {
+  std::uint8_t const before = at > 0 ? tokens[at - 1].type : std::uint8_t(';');
+  bool const typed = before == token_word || before == '*';
+  std::uint8_t const next = tokens[at + 1].type;
+  return typed && (next == ';' || next == ')' || next == '[' ||
+                   (next == ',' && tokens[at].word != gWord::class_));
+}
+
 bool gSource::is_name(std::uint32_t at) const {
   if (tokens[at].type != token_word)
     return false;
@@ -16,10 +24,20 @@ bool gSource::is_name(std::uint32_t at) const {
   case gWord::signals:
   case gWord::slots:
     return true;
-  case gWord::concept_: // words of newer languages are names in older sources
-  case gWord::requires_:
+  // Words of C++ are names in C: "int private;", "f(int class)".
+  case gWord::public_:
+  case gWord::protected_:
+  case gWord::private_:
+  case gWord::namespace_:
+  case gWord::virtual_:
+  case gWord::friend_:
+  case gWord::explicit_:
   case gWord::export_:
-    return false;
+  case gWord::template_:
+  case gWord::class_:
+  case gWord::operator_:
+  case gWord::this_:
+    return ends_declarator(at);
   default:
     return false;
   }
@@ -39,9 +57,19 @@ gRange gSource::range(std::uint32_t first, std::uint32_t last) const {
   return {tokens[first].begin, tokens[last - 1].end};
 }
 
+bool is_attribute_shape(std::string_view text) {
+  static constexpr std::string_view parts[] = {
+      "EXPORT",      "IMPORT",    "_API",     "API_",   "DEPRECATED", "INLINE",
+      "NORETURN",    "NODISCARD", "ATTR",     "DECL",   "EXTERN",     "NOEXCEPT",
+      "CONSTEXPR",   "OVERRIDE",  "CALLBACK", "_CALL",  "PURE",       "UNUSED",
+      "WARN_UNUSED", "VISIB",     "HIDDEN",   "PUBLIC", "ALWAYS",     "FINAL"};
+  return Decl::is_capital(text) && std::ranges::any_of(parts, [&](std::string_view part) {
+           return text.find(part) != text.npos;
+         });
+}
+
 gMacroSense gSource::sense(std::uint32_t at) const {
-  gMacroFact const * fact = macros.find(spelling(at));
-  return fact ? fact->sense : gMacroSense::unknown;
+  return macros.sense(spelling(at));
 }
 
 bool gSource::is_attribute_macro(std::uint32_t at) const {
@@ -57,14 +85,12 @@ bool gSource::is_attribute_macro(std::uint32_t at) const {
   default:
     return false;
   }
-  static constexpr std::string_view parts[] = {
-      "EXPORT", "IMPORT", "_API",   "API_",     "DEPRECATED", "INLINE",   "NORETURN", "NODISCARD",
-      "ATTR",   "DECL",   "EXTERN", "NOEXCEPT", "CONSTEXPR",  "OVERRIDE", "CALLBACK", "_CALL",
-      "PURE",   "UNUSED", "WARN",   "VISIB",    "HIDDEN",     "PUBLIC",   "ALWAYS",   "FINAL"};
-  std::string_view const text = spelling(at);
-  return Decl::is_capital(text) && std::ranges::any_of(parts, [&](std::string_view part) {
-           return text.find(part) != text.npos;
-         });
+  return is_attribute_shape(spelling(at));
+}
+
+bool gSource::is_known_attribute(std::uint32_t at) const {
+  gMacroSense const known = is_name(at) ? sense(at) : gMacroSense::unknown;
+  return known == gMacroSense::nothing || known == gMacroSense::attribute;
 }
 
 void gSource::link_angles(std::uint32_t first, std::uint32_t last) const {

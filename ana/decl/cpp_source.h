@@ -6,6 +6,9 @@
 
 namespace Decl {
 
+// Whether the name of a macro sounds of linkage, warnings and the like.
+bool is_attribute_shape(std::string_view text);
+
 struct gSource {
   std::string_view text;
   std::vector<gToken> & tokens; // without those of branches that aren't read
@@ -25,6 +28,8 @@ struct gSource {
   std::string_view spelling(std::uint32_t at) const {
     return text.substr(tokens[at].begin, tokens[at].end - tokens[at].begin);
   }
+  // What stands at `at` could be the last word of a declarator.
+  bool ends_declarator(std::uint32_t at) const;
   // The partner of an opening bracket, or no_token.
   std::uint32_t partner(std::uint32_t at) const { return tokens[at].link; }
   // Behind the group that the bracket at `at` opens; behind the bracket where it has no partner.
@@ -35,6 +40,7 @@ struct gSource {
   gMacroSense sense(std::uint32_t at) const;
   // A macro that says how something is linked, called or warned of: known, or by its shape.
   bool is_attribute_macro(std::uint32_t at) const;
+  bool is_known_attribute(std::uint32_t at) const; // by its definition alone
   bool is_capital(std::uint32_t at) const { return Decl::is_capital(spelling(at)); }
   // Links the angle brackets of template arguments between two tokens, outside of other brackets.
   void link_angles(std::uint32_t first, std::uint32_t last) const;

@@ -114,6 +114,7 @@ constexpr Row rows[] = {
     {"_Alignas", gWord::attribute},
     {"__pragma", gWord::attribute},
     {"_Pragma", gWord::attribute},
+    {"__launch_bounds__", gWord::attribute},
     {"operator", gWord::operator_},
     {"requires", gWord::requires_},
     {"noexcept", gWord::noexcept_},

@@ -269,20 +269,18 @@ bool gPasReader::goes_on(Statement const & statement, std::uint32_t at) const {
   }
 }
 
-// A name in the column of the statement's first one that has a type or value of its own.
+// A name behind an operand can only begin the next entry.
 bool gPasReader::next_entry(Statement const & statement, std::uint32_t at) const {
-  gPasToken const & token = view_[at];
-  if (!token.line_start || !view_.is_name(at) || at <= statement.begin + 1)
-    return false;
   char const sign = view_.sign(at + 1);
-  if (sign != '=' && sign != ':')
+  if ((sign != '=' && sign != ':') || !view_.is_name(at) || at <= statement.begin + 1)
     return false;
-  char const before = view_.sign(at - 1);
-  bool const operand = before == pas_word_sign || before == pas_number || before == pas_text ||
-                       before == ')' || before == ']' || before == '>';
-  gPasSource const & source = view_.source();
-  return operand && view_[statement.begin].line_start &&
-         source.column_of(token.begin) == source.column_of(view_[statement.begin].begin);
+  gPasToken const & before = view_[at - 1];
+  bool const operand =
+      before.sign == pas_number || before.sign == pas_text || before.sign == ')' ||
+      before.sign == ']' || before.sign == '>' ||
+      (before.sign == pas_word_sign &&
+       (before.word == gPasWord::end || (pas_word_marks(before.word) & pas_reserved) == 0));
+  return operand && (view_.marks(at) & pas_directive) == 0;
 }
 
 // Values of an enumeration

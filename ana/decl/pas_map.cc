@@ -80,10 +80,9 @@ void gPasMap::push(Kind kind, std::uint32_t token) {
   }
   entry.rounds += kind == round;
   entry.squares += kind == square;
-  if (kind == type || kind == routine) {
+  entry.fresh = kind == type || kind == routine;
+  if (entry.base != block)
     entry.column = line_column();
-    entry.fresh = true;
-  }
   entry.body = kind == block || kind == assembler ? top() == routine : false;
   stack_.push_back(entry);
   if (marks_ > 0)
@@ -249,12 +248,22 @@ void gPasMap::take() {
     if (before().word == gPasWord::end && tokens_.size() > 1)
       last_end();
     return;
+  case '=':
+    repair_at_entry();
+    return;
   case pas_word_sign:
+    if (token.line_start)
+      repair_bases();
     word(token.word);
     return;
   default:
     return;
   }
+}
+
+bool gPasMap::holds_values(Entry const & bracket) const {
+  char const front = bracket.token > 0 ? tokens_[bracket.token - 1].sign : '\0';
+  return front == '=' || front == '(' || front == ',';
 }
 
 // "property Items[a: T; b: U]"
@@ -375,6 +384,11 @@ void gPasMap::section_word(gPasWord word) {
     if (token.line_start && before().sign != '=' && before().sign != ':')
       repair_at_head();
     break;
+  case gPasWord::var:
+  case gPasWord::const_:
+    while (token.line_start && top() == round && base() != block && holds_values(stack_.back()))
+      close_open(last(), "`(` without `)`");
+    break;
   default:
     break;
   }
@@ -388,6 +402,38 @@ void gPasMap::section_word(gPasWord word) {
     stack_.back().fresh = false;
     stack_.back().other_words |= !is_routine_word(word);
   }
+}
+
+// "Name =" at a line's head begins an entry. Fields and values have none, so an open type or
+// bracket has lost its end, unless it has types of its own: then the column tells.
+void gPasMap::repair_at_entry() {
+  if (tokens_.size() < 2 || !before().line_start || before().sign != pas_word_sign)
+    return;
+  std::uint32_t const name = last() - 1;
+  if (before(2).sign == ',' || before(2).sign == '(') // a value of an enumeration
+    return;
+  while (!stack_.empty()) {
+    Entry const & entry = stack_.back();
+    bool const bracket = (entry.kind == round || entry.kind == square) && entry.base != block &&
+                         entry.base != routine && column_of(name) <= entry.column;
+    bool const own_types = entry.part == gPasWord::type || entry.part == gPasWord::const_;
+    bool const lost = entry.kind == type && (!own_types || column_of(name) <= entry.column) &&
+                      entry.token + 2 < name;
+    if (!bracket && !lost)
+      return;
+    close_open(name, bracket ? "bracket without its partner" : "`end` of the type is missing");
+  }
+}
+
+// Bases go on behind a comma.
+void gPasMap::repair_bases() {
+  if (stack_.size() < 2 || top() != round)
+    return;
+  Entry const & below = stack_[stack_.size() - 2];
+  char const front = before().sign;
+  if (below.kind == type && below.fresh && front != ',' && front != '(' && front != '.' &&
+      front != '<')
+    close_open(last(), "`(` without `)`");
 }
 
 // A word at a line's head that stands in no block: what is open above the routines has lost its
@@ -410,12 +456,9 @@ void gPasMap::head_name() {
                      front.word == gPasWord::to || front.sign == pas_assign;
   if (typed)
     return;
-  bool const at_line_head =
-      tokens_[head].line_start || (front.word == gPasWord::class_ && front.line_start);
-  if (at_line_head && (top() == block || ((top() == round || top() == square)))) {
-    while (top() == round || top() == square || top() == block)
-      close_open(head, top() == block ? "`end` is missing" : "bracket without its partner");
-  }
+  std::uint32_t const first = front.word == gPasWord::class_ ? head - 1 : head;
+  while (tokens_[first].line_start && (top() == round || top() == square || top() == block))
+    close_open(first, top() == block ? "`end` is missing" : "bracket without its partner");
   if (heads_have_bodies() && (top() == routine || top() == none))
     begin_routine(head);
 }

@@ -110,6 +110,9 @@ private:
   void section_word(gPasWord word);
   void head_name();
   void repair_at_head();
+  void repair_at_entry();
+  void repair_bases();
+  bool holds_values(Entry const & bracket) const;
   void begin_routine(std::uint32_t token);
   void end_word();
   void last_end();

@@ -49,6 +49,10 @@ void gPasReader::member_step() {
     variant_part();
   } else if (frame().labels) {
     label();
+  } else if (frames_.size() == 1 && !has_head_ && begins_statement()) {
+    skip_statements();
+  } else if (word == gPasWord::final && view_.sign(at_ + 1) == pas_word_sign) {
+    ++at_;
   } else if (view_.sign(at_) == pas_word_sign &&
              (view_.is_name(at_) || view_.sign(at_ + 1) == ':')) {
     entry(frame().block);
@@ -268,7 +272,7 @@ gKind gPasReader::routine_kind(gPasHead const & head) const {
 void gPasReader::routine() {
   std::uint32_t const begin = at_;
   gPasHead const head = pas_head_of(view_, at_, limit(), in_class());
-  if (!head.found) {
+  if (!head.found || head.end > limit()) {
     fault("a routine without a name");
     return;
   }

@@ -145,6 +145,10 @@ void pas_places(gPasSource const & source, std::vector<gPasState> const & states
     gSkipped skipped;
     skipped.whole = fault.whole;
     skipped.line = source.line_of(fault.whole.begin);
+    // One cause often shows more than once on its line.
+    if (!out.skipped.empty() && out.skipped.back().line == skipped.line &&
+        fault.whole.end <= out.skipped.back().whole.end + 200)
+      continue;
     skipped.end_line = std::max(skipped.line, source.line_of(std::max(fault.whole.end, 1u) - 1));
     skipped.scope = where(out, source.text, nest.at(fault.whole.begin), fault.whole.begin).scope;
     skipped.reason = fault.reason;

@@ -127,7 +127,7 @@ private:
       return;
     else
       head_.name = view_.range(last, last + 1);
-    head_.found = true;
+    head_.found = !head_.name.empty();
     if (at_ > last + 1 && head_.template_head.empty() && view_.sign(last + 1) == '<')
       head_.template_head = view_.range(last + 1, at_);
     if (last > begin)

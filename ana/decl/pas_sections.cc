@@ -380,10 +380,11 @@ void gPasReader::missing_semicolon() {
 // Includes in front of the token that belong to the declaration in front of it.
 bool gPasReader::taken_in(std::uint32_t at) {
   std::vector<gPasPlace> const & places = view_.source().include_places;
-  auto [first, last] = std::ranges::equal_range(places, at, {}, &gPasPlace::token);
-  for (auto place = first; place != last; ++place)
+  auto place = std::ranges::lower_bound(places, at, {}, &gPasPlace::token);
+  bool const found = place != places.end() && place->token == at;
+  for (; place != places.end() && place->token == at; ++place)
     out_.includes[place->index].context.section = gPascalContext::body;
-  return first != last;
+  return found;
 }
 
 void gPasReader::skip_to_semicolon() {

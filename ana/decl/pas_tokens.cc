@@ -167,7 +167,7 @@ std::uint32_t gPasScanner::end_of_text(std::uint32_t at) {
       return at + 1;
     ++at;
   }
-  return at;
+  return text_[at - 1] == '\r' ? at - 1 : at;
 }
 
 // A text over several lines stands between rows of three quotes, or five and so on, each at an end

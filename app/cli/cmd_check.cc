@@ -49,6 +49,11 @@ private:
     std::cout << group_text << ": " << files.size() << (files.size() == 1 ? " file\n" : " files\n");
     for (gString const & problem : files.problems())
       complain(problem);
+    for (gPathstring const & file : files.left_out()) {
+      gString shown;
+      Vlb::add_shown(shown, file);
+      complain("Left out because of a line feed in its name: '" + shown + "'");
+    }
   }
 
   gCommandContext & context_;

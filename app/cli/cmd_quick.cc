@@ -17,15 +17,16 @@ namespace fs = std::filesystem;
 namespace {
 
 struct Arguments {
-  std::vector<std::string> folders;
-  std::string out, title;
+  std::vector<std::string> sources;
+  std::string title;
   gRunOptions run;
 };
 
-gPathstring absolute(std::string const & path) {
-  gPathstring result(path);
-  result.make_absolute(gFileSystem::get_curdir());
-  return result.normalize(true);
+constexpr char const * default_out = "site";
+
+gPathstring resolved(gPathstring const & path) {
+  std::error_code error;
+  return gPathstring(fs::weakly_canonical(path.c_str(), error).string());
 }
 
 std::string plural(std::size_t count, std::string const & one, std::string const & many) {
@@ -60,7 +61,7 @@ public:
   Quick(Arguments const & arguments, gCommandContext & context)
       : arguments_(arguments),
         context_(context),
-        out_(absolute(arguments.out)) {}
+        out_(gRunOptions::absolute(arguments.run.out.empty() ? default_out : arguments.run.out)) {}
 
   int run() {
     if (!load_built_in() || !find_sources())
@@ -70,7 +71,7 @@ public:
     if (status == exit_ok || status == exit_reports)
       print_result();
     else if (status == exit_failed)
-      context_.outside.tell("No documentation was written. The log tells why: " + log());
+      context_.outside.tell("No documentation was written. The log tells why: " + failed_log());
     return status;
   }
 
@@ -89,41 +90,85 @@ private:
   bool find_sources() {
     std::string const extensions =
         Vapp::option_string("ana/cpp_ext") + "; " + Vapp::option_string("ana/pas_ext");
-    for (std::string const & name : arguments_.folders) {
-      gPathstring const folder = absolute(name);
-      if (gFileSystem::file_exists(folder))
-        return refuse("'" + name + "' is a file. Name the folder that holds it.");
-      if (!gFileSystem::dir_exists(folder))
-        return refuse("Folder does not exist: " + name);
-      roots_.push_back(folder);
-      walk_sources(folder, out_, extensions, sources_);
+    for (std::string const & name : arguments_.sources)
+      roots_.push_back(gRunOptions::absolute(name));
+    for (gPathstring const & root : roots_)
+      sources_.roots.push_back(resolved(root));
+    for (std::size_t i = 0; i < roots_.size(); ++i) {
+      if (!take(roots_[i], arguments_.sources[i], extensions))
+        return false;
     }
-    for (gPathstring const & folder : sources_.left_out)
-      context_.outside.tell(
-          "Left out because of ';', '*', '?', a line feed or a blank at the end of its name: '" +
-          folder + "'");
-    for (gPathstring const & folder : sources_.unreadable)
-      context_.outside.tell("Left out because it cannot be read: '" + folder + "'");
-    return !sources_.folders.empty() ||
-           refuse("No source file found. Sources have the extensions " + extensions +
-                  "; hidden folders and build folders are left out.");
+    tell_left_out(sources_.left_out,
+                  "of ';', '*', '?', a line feed or a blank at an end of its name");
+    tell_left_out(sources_.outside, "the link leads out of the folders");
+    tell_left_out(sources_.unreadable, "it cannot be read");
+    if (sources_.folders.empty())
+      return refuse("No source file found. Sources have the extensions " + extensions +
+                    "; hidden folders and build folders are left out.");
+    return !holds_sources(out_, extensions);
   }
 
-  void fill_project() {
-    std::string paths, files;
-    for (gPathstring const & folder : sources_.folders)
-      paths += (paths.empty() ? "" : ";") + folder;
-    for (std::string const & extension : sources_.extensions)
-      files += (files.empty() ? "*." : ";*.") + extension;
+  bool take(gPathstring const & root, std::string const & name, std::string const & extensions) {
+    if (gFileSystem::file_exists(root))
+      return take_source(root, extensions, sources_) ||
+             refuse("'" + name + "' is no source. Sources have the extensions " + extensions + ".");
+    if (!gFileSystem::dir_exists(root))
+      return refuse("Folder does not exist: " + name);
+    walk_sources(root, out_, extensions, sources_);
+    return true;
+  }
+
+  void tell_left_out(std::vector<gPathstring> const & paths, std::string const & reason) {
+    for (gPathstring const & path : paths) {
+      gString shown;
+      Vlb::add_shown(shown, path);
+      context_.outside.tell("Left out because " + reason + ": '" + shown + "'");
+    }
+  }
+
+  // The walk leaves the output folder out, so sources in it have to be looked for.
+  bool holds_sources(gPathstring const & folder, std::string const & extensions) {
+    gSourceWalk found;
+    if (gFileSystem::dir_exists(folder) && lies_below(sources_.roots, folder))
+      walk_sources(folder, "", extensions, found);
+    return !found.folders.empty() &&
+           !refuse("Folder '" + folder + "' holds input files: " + found.folders.front().path +
+                   ". Choose another output folder.");
+  }
+
+  static cRef<cObj> group(std::string const & paths, std::string const & files, std::size_t count) {
     auto group = make_ref<cMapObj>();
     group->set("path", cat::make(paths));
     group->set("files", cat::make(files));
     group->set("outgrp", cat::make(""));
-    group->set("count", cat::make(static_cast<int>(sources_.files)));
+    group->set("count", cat::make(static_cast<int>(count)));
+    return group;
+  }
+
+  template <class List> static std::string joined(List const & parts, std::string const & begin) {
+    std::string text;
+    for (std::string const & part : parts)
+      text += (text.empty() ? "" : ";") + begin + part;
+    return text;
+  }
+
+  void fill_project() {
     auto groups = make_ref<cMapObj>();
-    groups->set("1", group);
+    std::vector<std::string> whole;
+    for (gSourceFolder const & folder : sources_.folders) {
+      if (folder.chosen.empty())
+        whole.push_back(folder.path);
+      else
+        groups->set(std::to_string(groups->size() + 1),
+                    group(folder.path, joined(folder.chosen, ""), folder.chosen.size()));
+    }
+    if (!whole.empty())
+      groups->set(std::to_string(groups->size() + 1),
+                  group(joined(whole, ""), joined(sources_.extensions, "*."), sources_.files));
     Vapp::options["inputfiles"] = cRef<cObj>(groups);
-    Vapp::options["inputcurdir"] = cat::make(roots_.front());
+    gPathstring const & root = roots_.front();
+    Vapp::options["inputcurdir"] =
+        cat::make(gFileSystem::dir_exists(root) ? root : gPathstring(root.dir_name()));
     Vapp::options["out_dir"] = cat::make(out_);
     Vapp::options["atc_title"] = cat::make(title());
   }
@@ -155,6 +200,11 @@ private:
   // Where the run has put it: a question may have led to another folder.
   static gPathstring log() { return Vapp::option_path("out_dir").append("ana.log"); }
 
+  // The log of the part that failed.
+  static gPathstring failed_log() {
+    return Vapp::ana_success ? Vapp::option_path("out_dir").append("htm.log") : log();
+  }
+
   static std::string units(gConversionResult const & result) {
     std::string text;
     for (Kind const & kind : kinds) {
@@ -178,18 +228,12 @@ void add_quick(CLI::App & app, gCommandContext & context) {
   auto const arguments = std::make_shared<Arguments>();
   CLI::App * command =
       app.add_subcommand("quick", "Make HTML of folders of sources, without a project");
-  // An empty name, as of a variable that isn't set, would be the current folder.
-  CLI::Validator const named(
-      [](std::string & text) { return std::string(text.empty() ? "The name is empty" : ""); }, "");
-  command->add_option("SOURCE_DIR", arguments->folders, "A folder of sources")
+  command->add_option("SOURCE", arguments->sources, "A folder of sources, or a source")
       ->required()
-      ->check(named);
-  command->add_option("-o,--out", arguments->out, "The output folder")
-      ->required()
-      ->check(named)
-      ->allow_extra_args(false);
+      ->check(not_empty());
   command->add_option("--title", arguments->title, "The title; the folder's name without it")
       ->allow_extra_args(false);
   arguments->run.add_to(*command);
+  command->get_option("--out")->description("The output folder, 'site' without it");
   command->callback([arguments, &context] { context.status = Quick(*arguments, context).run(); });
 }

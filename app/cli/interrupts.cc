@@ -10,11 +10,18 @@
 #include "app/cli/exit_status.h"
 #include "app/options/options.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/pending.h"
 
 namespace {
 
 enum State : int { idle, busy, interrupted };
 std::atomic<int> state = idle;
+
+[[noreturn]] void leave(int status) {
+  gFileSystem::end_temp_files();
+  Vlb::end_pending();
+  _exit(status);
+}
 
 extern "C" void on_interrupt(int) {
   int expected = busy;
@@ -22,13 +29,11 @@ extern "C" void on_interrupt(int) {
     Vapp::user_break = true;
     return;
   }
-  gFileSystem::end_temp_files();
-  _exit(exit_interrupted);
+  leave(exit_interrupted);
 }
 
 extern "C" void on_terminate(int signal) {
-  gFileSystem::end_temp_files();
-  _exit(128 + signal);
+  leave(128 + signal);
 }
 
 void set(int signal, void (*handler)(int), struct sigaction & old) {
@@ -51,6 +56,7 @@ gInterrupts::gInterrupts() {
 }
 
 gInterrupts::~gInterrupts() {
+  state = idle;
   sigaction(SIGINT, &old_[0], nullptr);
   sigaction(SIGTERM, &old_[1], nullptr);
   sigaction(SIGHUP, &old_[2], nullptr);

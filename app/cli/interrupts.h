@@ -5,7 +5,8 @@
 
 // Handlers for the life of the object. Until work is announced, an interrupt ends the process, and
 // so does a second one. The first one while the work goes on asks for an orderly stop. No
-// temporary file survives any of it.
+// temporary file survives any of it, nor anything that was being written beside its place. One
+// object may live within the life of another.
 class gInterrupts {
 public:
   gInterrupts();

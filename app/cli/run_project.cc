@@ -2,6 +2,8 @@
 // for it. The output folder stays locked until the last conversion is done.
 
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 #include "app/cli/exit_status.h"
 #include "app/cli/interrupts.h"
@@ -10,6 +12,7 @@
 #include "app/shell/run.h"
 #include "app/shell/run_handlers.h"
 #include "app/shell/worker.h"
+#include "store/greportfile.h"
 #include "vlb/gmsghandler.h"
 
 namespace {
@@ -43,6 +46,8 @@ public:
     return status;
   }
 
+  // Why it failed, in one line; empty if only refusals were told.
+  std::string reason() const { return reason_; }
   bool reached_limit() const { return options_.fails_on(worst_); }
 
 private:
@@ -59,6 +64,9 @@ private:
     interrupts_.working();
     Shell::wait_for_worker();
     worst_ = std::max(worst_, Msg::log.worst());
+    std::string const reason = Msg::log.last_error();
+    if (!reason.empty())
+      reason_ = reason;
   }
 
   int status_of(bool success) const {
@@ -69,6 +77,41 @@ private:
   gInterrupts interrupts_;
   gAnaStart start_;
   Msg::type worst_ = Msg::all;
+  std::string reason_; // of the part that ran last
+};
+
+// The file of --reports, which takes a copy of all reports as long as it lives.
+class ReportCopy {
+public:
+  ReportCopy(std::string const & path, gCommandContext & context) : path_(path), context_(context) {
+    if (path.empty())
+      return;
+    good_ = file_.open(path) ||
+            refuse(errno == EEXIST ? "It exists, and holds other things" : system_text(errno));
+    if (good_)
+      Msg::log.copy_to(&file_);
+  }
+  ReportCopy(ReportCopy const &) = delete;
+  ReportCopy & operator=(ReportCopy const &) = delete;
+  ~ReportCopy() { Msg::log.copy_to(nullptr); }
+
+  bool good() const { return good_; }
+  bool close() {
+    Msg::log.copy_to(nullptr);
+    return path_.empty() || file_.close() || refuse(system_text(errno));
+  }
+
+private:
+  static std::string system_text(int error) { return std::generic_category().message(error); }
+  bool refuse(std::string const & reason) {
+    context_.outside.tell("Cannot write the reports to '" + path_ + "': " + reason);
+    return false;
+  }
+
+  std::string path_;
+  gCommandContext & context_;
+  gReportFile file_;
+  bool good_ = true;
 };
 
 } // namespace
@@ -81,10 +124,21 @@ int run_project(gRunOptions const & options, std::vector<std::string> const & ta
     context.outside.tell("'vellumar set' or --set changes inputfiles, vls_file and out_dir.");
     return exit_refused;
   }
+  ReportCopy copy(options.reports, context);
+  if (!copy.good())
+    return exit_refused;
   context.outside.set_quiet(options.quiet);
+  // The converters are told what a run of the analysis alone keeps to itself.
+  if (!targets.empty() && !Vapp::option({"ana", "facts_line"}))
+    Vapp::options.submap("ana").set("facts_line", cat::make(true));
   Run run(options);
   int status = run.analyze();
   if (status == exit_ok)
     status = run.convert(targets);
+  if (!copy.close())
+    status = std::max<int>(status, exit_failed);
+  // Without the reports the reason would be nowhere on the screen.
+  if (status == exit_failed && options.quiet && !run.reason().empty())
+    context.outside.tell(run.reason());
   return status == exit_ok && run.reached_limit() ? exit_reports : status;
 }

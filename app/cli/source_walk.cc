@@ -3,6 +3,7 @@
 #include "app/cli/source_walk.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <list>
 
 #include <sys/stat.h>
@@ -42,10 +43,11 @@ std::pair<dev_t, ino_t> identity(gPathstring const & folder) {
   return {info.st_dev, info.st_ino};
 }
 
-// Lists of folders are trimmed and have characters of their own; a line feed would break the lines
-// of the intermediate code.
-bool can_be_listed(gPathstring const & folder) {
-  return folder.find_first_of(";*?\n") == folder.npos && gString(folder).wsp_rmright() == folder;
+// Lists are trimmed and have characters of their own; a line feed would break the lines of the
+// intermediate code.
+bool can_be_listed(gString const & name) {
+  return name.find_first_of(";*?\n") == name.npos && gString(name).wsp_rmright() == name &&
+         gString(name).wsp_rmleft() == name;
 }
 
 class Walk {
@@ -78,13 +80,7 @@ private:
       found_.left_out.push_back(folder);
       return;
     }
-    std::size_t const before = found_.files;
-    for (Vlb::FolderEntry const & entry : entries) {
-      if (!entry.hidden() && Vlb::leads_to_file(folder, entry))
-        file(entry.name);
-    }
-    if (found_.files > before)
-      found_.folders.push_back(folder);
+    take_files(folder, entries);
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
       gPathstring const path = gPathstring(folder).append(entry->name);
       if (entry->kind == Vlb::EntryKind::folder && !is_foreign(entry->name))
@@ -92,12 +88,48 @@ private:
     }
   }
 
-  void file(gPathstring const & name) {
-    std::string const extension = Vlb::to_lower(name.extension());
-    if (!extensions_.contains(extension))
-      return;
-    found_.extensions.insert(extension);
-    ++found_.files;
+  void take_files(gPathstring const & folder, std::vector<Vlb::FolderEntry> const & entries) {
+    gSourceFolder sources{folder, {}};
+    bool all = true;
+    for (Vlb::FolderEntry const & entry : entries) {
+      if (entry.hidden() || !is_source(entry.name) || !Vlb::leads_to_file(folder, entry))
+        continue;
+      gPathstring const path = gPathstring(folder).append(entry.name);
+      bool const inside = entry.kind != Vlb::EntryKind::link || lies_below(found_.roots, path);
+      if (inside && entry.name.find('\n') == entry.name.npos)
+        sources.chosen.push_back(entry.name);
+      else
+        (inside ? found_.left_out : found_.outside).push_back(path);
+      all = all && inside;
+    }
+    if (all)
+      enter_folder(folder, sources.chosen);
+    else
+      enter_chosen(std::move(sources));
+  }
+
+  void enter_folder(gPathstring const & folder, std::vector<gString> const & names) {
+    for (gPathstring const name : names)
+      found_.extensions.insert(Vlb::to_lower(name.extension()));
+    found_.files += names.size();
+    if (!names.empty())
+      found_.folders.push_back({folder, {}});
+  }
+
+  void enter_chosen(gSourceFolder && sources) {
+    std::erase_if(sources.chosen, [&](gString const & name) {
+      if (can_be_listed(name))
+        return false;
+      found_.left_out.push_back(gPathstring(sources.path).append(name));
+      return true;
+    });
+    found_.files += sources.chosen.size();
+    if (!sources.chosen.empty())
+      found_.folders.push_back(std::move(sources));
+  }
+
+  bool is_source(gPathstring const & name) const {
+    return extensions_.contains(Vlb::to_lower(name.extension()));
   }
 
   std::pair<dev_t, ino_t> leave_out_;
@@ -108,8 +140,29 @@ private:
 
 } // namespace
 
+bool lies_below(std::vector<gPathstring> const & roots, gPathstring const & path) {
+  std::error_code error;
+  std::string const target = std::filesystem::canonical(path.c_str(), error).string();
+  return std::ranges::any_of(roots, [&](gPathstring const & root) {
+    return target.starts_with(root.ends_with('/') ? std::string(root) : root + "/");
+  });
+}
+
 void walk_sources(gPathstring const & folder, gPathstring const & leave_out,
                   std::string const & extensions, gSourceWalk & found) {
   std::set<std::string> const known = split(extensions);
   Walk(leave_out, known, found).go(folder);
+}
+
+bool take_source(gPathstring const & file, std::string const & extensions, gSourceWalk & found) {
+  if (!split(extensions).contains(Vlb::to_lower(file.extension())))
+    return false;
+  gSourceFolder folder{gPathstring(file.dir_name()), {file.file_name()}};
+  if (!can_be_listed(folder.path) || !can_be_listed(folder.chosen.front())) {
+    found.left_out.push_back(file);
+  } else if (found.seen.insert(identity(file)).second) {
+    found.folders.push_back(std::move(folder));
+    ++found.files;
+  }
+  return true;
 }

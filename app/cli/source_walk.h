@@ -10,17 +10,31 @@
 
 #include "vlb/gpathstring.h"
 
+struct gSourceFolder {
+  gPathstring path;            // absolute
+  std::vector<gString> chosen; // names of the sources, where not all of the folder count
+};
+
 struct gSourceWalk {
-  std::vector<gPathstring> folders; // that hold sources, absolute, each in front of those below it
-  std::set<std::string> extensions; // that occur, in lower case
+  std::vector<gPathstring> roots;     // where links may lead to, all links resolved
+  std::vector<gSourceFolder> folders; // that hold sources, each in front of those below it
+  std::set<std::string> extensions;   // that occur, in lower case
   std::size_t files = 0;
-  std::vector<gPathstring> left_out; // with a name that can't stand in a list of folders
+  std::vector<gPathstring> left_out; // with a name that can't stand in a list
+  std::vector<gPathstring> outside;  // links to files that don't lie below a root
   std::vector<gPathstring> unreadable;
   std::set<std::pair<dev_t, ino_t>> seen; // so that nothing counts twice, whatever it is called
 };
 
+// True if what a path leads to lies below one of the folders, which have no links in them.
+bool lies_below(std::vector<gPathstring> const & roots, gPathstring const & path);
+
 // Goes through a folder and all below it, but not into hidden folders, folders of tools
 // ("node_modules", "CVS"), build folders, `leave_out`, and those where it has been. Symbolic links
-// to folders aren't followed. `extensions` are lists as in the options ana/cpp_ext and ana/pas_ext.
+// to folders aren't followed, and those to files only if the file lies below a root: a link must
+// not bring to light what isn't in the tree. `extensions` are lists as in the options ana/cpp_ext
+// and ana/pas_ext.
 void walk_sources(gPathstring const & folder, gPathstring const & leave_out,
                   std::string const & extensions, gSourceWalk & found);
+// Takes a file that the user names. False if its extension isn't among those.
+bool take_source(gPathstring const & file, std::string const & extensions, gSourceWalk & found);

@@ -177,6 +177,11 @@ inline constexpr gOptionRow option_table[] = {
               "comments are written for other documentation systems or for none, see "
               "[quick.md](quick.md). Needs `ana/spt_2star` and the patterns and subentries of "
               "`ini/quick.vlp`")),
+    from(gOptionOrigin::user,
+         flag("ana/facts_line", false, "Facts about units in the intermediate code",
+              "each unit of the intermediate code has a line that tells kind, whole name and the "
+              "parts of the declaration, see [intermediate.md](intermediate.md). `build` and "
+              "`quick` switch it on")),
     from(gOptionOrigin::user, choice("ana/dialect", dialects, "Dialect of the sources",
                                      "how sources are read. Empty is the same as `classic`")),
     from(gOptionOrigin::completed, container("ana/srcpat_unit", gOptionType::map, "Source Patterns",

@@ -176,6 +176,7 @@ gRunInput run_input_of(cMapObj const & project) {
   input.cpp_ext = read.text("ana/cpp_ext");
   input.pas_ext = read.text("ana/pas_ext");
   input.modern = read.text("ana/dialect") == "modern";
+  input.facts_line = read.flag("ana/facts_line");
   input.text = text_input(read);
   input.comments = comment_input(read);
   input.association = association_input(read);

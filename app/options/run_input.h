@@ -81,7 +81,8 @@ struct gRunInput {
   gPathstring out_dir; // absolute
   gString cpp_ext, pas_ext;
   std::vector<gFileGroup> groups;
-  bool modern = false; // the dialect
+  bool modern = false;     // the dialect
+  bool facts_line = false; // facts about units stand in the intermediate code
   gTextInput text;
   gCommentInput comments;
   gAssociationInput association;

@@ -10,6 +10,7 @@ using C = gAtcCommand;
 using K = gNodeKind;
 
 constexpr gAtcCommandInfo commands[] = {
+    {"_facts", C::facts, 10, 10, false, '\n'},
     {"atxfile", C::atxfile, 1, 1, false, '\n'},
     {"b", C::format, 0, 0, true, ' ', K::bold},
     {"b_atxfiles", C::b_atxfiles, 0, 0, false, '\n'},

@@ -65,6 +65,7 @@ enum class gAtcCommand : unsigned char {
   footprint,
   e_secthead,
   unit,
+  facts,
 };
 
 struct gAtcCommandInfo {

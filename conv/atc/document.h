@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "conv/atc/facts_line.h"
 #include "conv/atc/hash_index.h"
 #include "conv/atc/node.h"
 #include "vlb/gpathstring.h"
@@ -29,9 +30,10 @@ struct gUnitRecord {
   std::string toc;     // its form for the contents
   std::string summary; // subject line, else the first sentence of the text; at most 200 bytes
   std::string declaration; // the text of the declaration; empty if there is none
-  int section = 0;         // index into sections
-  int parent = -1;         // the unit it stands below by its level; -1 at the top of its section
-  int file = 0;            // index into files
+  gKnownFacts facts;
+  int section = 0; // index into sections
+  int parent = -1; // the unit it stands below by its level; -1 at the top of its section
+  int file = 0;    // index into files
   std::size_t begin = 0, end = 0; // its content in that file, in bytes
   int line = 0;                   // of its @unit line, from 1
   int content_line = 0;           // of its content's first line

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t stretch_count = 5;
 
-std::array<gStretch *, stretch_count> stretches_of(gUnitFacts & facts) {
+std::array<gStretch *, stretch_count> stretches_of(gKnownFacts & facts) {
   return {&facts.name, &facts.template_head, &facts.parameters, &facts.bases, &facts.result};
 }
 
@@ -42,7 +42,7 @@ bool read_stretch(std::string_view text, std::uint32_t size, gStretch & stretch)
   return true;
 }
 
-bool read_stretches(std::string_view text, gUnitFacts & facts) {
+bool read_stretches(std::string_view text, gKnownFacts & facts) {
   bool good = true;
   for (gStretch * const stretch : stretches_of(facts)) {
     std::size_t const end = std::min(text.find(','), text.size());
@@ -68,7 +68,7 @@ std::vector<std::uint32_t> starts_of(std::string_view text) {
 
 } // namespace
 
-bool gUnitFacts::has_mark(std::string_view word) const {
+bool gKnownFacts::has_mark(std::string_view word) const {
   std::string_view rest = marks;
   while (!rest.empty()) {
     std::size_t const end = std::min(rest.find(','), rest.size());
@@ -79,7 +79,7 @@ bool gUnitFacts::has_mark(std::string_view word) const {
   return false;
 }
 
-bool Atc::read_facts(std::vector<std::string> const & params, gUnitFacts & facts) {
+bool Atc::read_facts(std::vector<std::string> const & params, gKnownFacts & facts) {
   std::string const & name = params[1];
   std::string const & last = params[2];
   facts.known = true;
@@ -97,7 +97,7 @@ bool Atc::read_facts(std::vector<std::string> const & params, gUnitFacts & facts
   return read_stretches(params[9], facts) && good;
 }
 
-bool Atc::fit_to(std::string_view text, gUnitFacts & facts) {
+bool Atc::fit_to(std::string_view text, gKnownFacts & facts) {
   if (facts.size == 0 || facts.size > text.size())
     return false;
   if (facts.size == text.size())

@@ -17,7 +17,7 @@ struct gStretch {
   }
 };
 
-struct gUnitFacts {
+struct gKnownFacts {
   bool known = false;           // the line was there
   std::uint32_t last_part = 0;  // bytes of the last part of the unit's name
   std::string kind;             // such as "class" or "enum class"; empty if no reader told it
@@ -34,8 +34,8 @@ struct gUnitFacts {
 
 namespace Atc {
 // From the parameters of the line, as many as it has. False if they say two things.
-bool read_facts(std::vector<std::string> const & params, gUnitFacts & facts);
+bool read_facts(std::vector<std::string> const & params, gKnownFacts & facts);
 // True if the text is the declaration that the stretches are of; they are then stretches of it also
 // where the writer's text was in another encoding. False, and nothing changes, if it isn't.
-bool fit_to(std::string_view text, gUnitFacts & facts);
+bool fit_to(std::string_view text, gKnownFacts & facts);
 } // namespace Atc

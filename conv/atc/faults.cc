@@ -8,7 +8,7 @@ void gAtcFaults::report(gMessage const & message, std::string_view argument, int
   constexpr std::size_t longest = 80;
   if (left_ < 0)
     return;
-  std::string const where = path_ + ":" + std::to_string(line);
+  gReportPlace const where(path_, line);
   if (left_-- == 0)
     Msg::log(Msg::atc_more_faults, "", where);
   else

@@ -110,11 +110,26 @@ bool is_type(std::string_view declaration, std::string_view name) {
   return false;
 }
 
+bool is_type_kind(std::string_view kind) {
+  return is_one_of(kind,
+                   {"class",         "struct",        "union",           "enum",    "enum class",
+                    "typedef",       "alias",         "alias template",  "concept", "namespace",
+                    "interface",     "dispinterface", "object",          "record",  "class helper",
+                    "record helper", "type helper",   "class reference", "set",     "enumeration",
+                    "type",          "unit"});
+}
+
+bool is_type(gUnitRecord const & unit) {
+  if (!unit.facts.kind.empty())
+    return is_type_kind(unit.facts.kind) && !unit.facts.has_mark("forward");
+  return is_type(unit.declaration, Atc::last_component(unit));
+}
+
 } // namespace
 
 void gDocument::enter_name(int unit) {
   std::string_view const name = units[unit].name;
-  bool const type = is_type(units[unit].declaration, Atc::last_component(name));
+  bool const type = is_type(units[unit]);
   std::uint64_t hash = gHashIndex::start;
   for (std::size_t at = name.size(); at-- > 0;) {
     hash = gHashIndex::add(hash, name[at]);

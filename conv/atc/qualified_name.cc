@@ -1,6 +1,7 @@
 // Read from the end: the signs of an operator and what stands in angle brackets part nothing.
 #include "conv/atc/qualified_name.h"
 
+#include "conv/atc/document.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -42,4 +43,15 @@ std::string_view Atc::scope_of(std::string_view name) {
 
 std::string_view Atc::last_component(std::string_view name) {
   return name.substr(begin_of_last(name));
+}
+
+std::string_view Atc::last_component(gUnitRecord const & unit) {
+  std::string_view const name = unit.name;
+  return unit.facts.known ? name.substr(name.size() - unit.facts.last_part) : last_component(name);
+}
+
+std::string_view Atc::scope_of(gUnitRecord const & unit) {
+  std::string_view const name = unit.name;
+  std::size_t const at = name.size() - last_component(unit).size();
+  return name.substr(0, at - separator_before(name, at));
 }

@@ -70,7 +70,7 @@ bool gAtcReader::read(std::string text, gPathstring const & name, gOpen open, vo
   if (!document.sections.empty())
     document.sections.back().end_unit = static_cast<int>(document.units.size());
   if (announced_units_ > static_cast<int>(document.units.size()) && !incomplete_)
-    Msg::log(Msg::atc_truncated, mString(announced_units_ - document.units.size()), name + ":1");
+    Msg::log(Msg::atc_truncated, mString(announced_units_ - document.units.size()), {name, 1});
   document.make_tables();
   return !document.units.empty();
 }
@@ -105,7 +105,7 @@ void gAtcReader::read_file(std::string text, gPathstring const & path, bool incl
     read_part(file, file.parts[i], i + 1 < file.parts.size() ? file.parts[i + 1].begin : size);
   if (!file.ended) {
     incomplete_ = true;
-    Msg::log(Msg::atc_truncated, path, path + ":" + std::to_string(file.parts.back().line));
+    Msg::log(Msg::atc_truncated, path, {path, file.parts.back().line});
   }
 }
 

@@ -52,6 +52,7 @@ private:
   void read_unit(File & file, gAtcScanner & scanner);
   gUnitRecord unit_record(gAtcScanner & scanner);
   void read_unit_head(gAtcScanner & scanner, gUnitRecord & unit);
+  void read_facts(gAtcScanner & scanner, gUnitRecord & unit);
   void automatic_entry(gAtcScanner & scanner, gUnitRecord & unit);
   void read_content(gAtcScanner & scanner, gUnitRecord & unit);
   void enter_marks(gUnitText const & text, gUnitRecord const & unit);

@@ -91,8 +91,25 @@ gUnitRecord gAtcReader::unit_record(gAtcScanner & scanner) {
   return unit;
 }
 
-// The unit's own bookmark and its one or two automatic index entries.
+// Lines that begin with "@_" are for readers that know them.
+void gAtcReader::read_facts(gAtcScanner & scanner, gUnitRecord & unit) {
+  while (scanner.skip_unknown_line())
+    ;
+  if (!is_command(scanner, gAtcCommand::facts)) {
+    scanner.back();
+    return;
+  }
+  if (!Atc::read_facts(scanner.params(), unit.facts))
+    scanner.report(Msg::atc_parameters, "@_facts", scanner.line());
+  unit.name = std::move(scanner.params()[1]);
+  while (scanner.skip_unknown_line())
+    ;
+}
+
+// What the reader of the source knew, the unit's own bookmark and its one or two automatic index
+// entries.
 void gAtcReader::read_unit_head(gAtcScanner & scanner, gUnitRecord & unit) {
+  read_facts(scanner, unit);
   if (!is_command(scanner, gAtcCommand::bkmk) || scanner.params()[0] != unit.label) {
     scanner.back();
     return;
@@ -110,7 +127,7 @@ void gAtcReader::automatic_entry(gAtcScanner & scanner, gUnitRecord & unit) {
   entry.unit = static_cast<int>(document_->units.size());
   for (std::size_t i = 0; i < 5; ++i)
     entry.fields[i] = scanner.params()[i + 1];
-  if (unit.name.empty())
+  if (unit.name.empty() && !unit.facts.known)
     unit.name = entry.fields[1];
   document_->index_entries.push_back(std::move(entry));
 }

@@ -155,6 +155,14 @@ void gAtcScanner::skip_white() {
     skip(whole_[at_]);
 }
 
+bool gAtcScanner::skip_unknown_line() {
+  if (whole_.substr(at_, 2) != "@_" || Atc::find_command(name_at(at_ + 1)))
+    return false;
+  at_ = std::min(whole_.find('\n', at_), end_);
+  skip('\n');
+  return true;
+}
+
 bool gAtcScanner::open_brace() {
   if (skip('{'))
     return true;

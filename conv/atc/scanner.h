@@ -38,6 +38,8 @@ public:
   // Passes over a character if it is the next one.
   bool skip(char c);
   void skip_white();
+  // Passes over a line that begins with a command "@_..." that isn't known.
+  bool skip_unknown_line();
   // The text up to @e_verbatim, which is passed over too, without the line feed in front of it.
   // `closed` tells if it was there; if not, the text ends in front of the next command.
   std::string verbatim(bool & closed);

@@ -28,12 +28,21 @@ bool shows_code(gNode const & subentry) {
   return subentry.children.size() > 1 && subentry.children[1].kind == gNodeKind::verbatim;
 }
 
-std::string const * declaration(gNodeList const & body, std::string_view name) {
+std::string const * code_with(gNodeList const & body, auto const & fits) {
   for (gNode const & node : body)
-    if (node.kind == gNodeKind::subentry && shows_code(node) &&
-        holds_word(node.children[1].text, name))
+    if (node.kind == gNodeKind::subentry && shows_code(node) && fits(node.children[1].text))
       return &node.children[1].text;
   return nullptr;
+}
+
+// The text that the facts are of; else, where an author wrote it himself, one with the unit's name.
+std::string const * declaration(gNodeList const & body, gUnitRecord & unit) {
+  if (std::string const * found =
+          code_with(body, [&](std::string const & text) { return Atc::fit_to(text, unit.facts); }))
+    return found;
+  unit.facts.size = 0;
+  std::string_view const name = Atc::last_component(unit);
+  return code_with(body, [&](std::string const & text) { return holds_word(text, name); });
 }
 
 gNode const * first_paragraph(gNodeList const & body) {
@@ -94,7 +103,7 @@ namespace Atc {
 
 void take_facts(gUnitText const & text, gUnitRecord & unit) {
   unit.title = plain_text(text.title);
-  if (unit.name.empty() && is_name_of_label(unit.title, unit.label))
+  if (unit.name.empty() && !unit.facts.known && is_name_of_label(unit.title, unit.label))
     unit.name = unit.title;
   if (unit.title.empty())
     unit.title = unit.name;
@@ -104,7 +113,7 @@ void take_facts(gUnitText const & text, gUnitRecord & unit) {
   unit.toc = plain_text(text.toc_title);
   if (unit.toc.empty())
     unit.toc = unit.title;
-  if (std::string const * found = declaration(text.body, last_component(unit.name)))
+  if (std::string const * found = declaration(text.body, unit))
     unit.declaration = *found;
   unit.summary = plain_text(text.subject);
   if (unit.summary.empty())

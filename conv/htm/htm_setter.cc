@@ -186,9 +186,16 @@ void gHtmSetter::set_verbatim(gNode const & node, bool declaration, std::string 
 
 void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
   gLanguage const language = gColours::language_of(unit() < 0 ? "" : site_.unit(unit()).path);
+  static gKnownFacts const none;
+  gKnownFacts const & facts =
+      unit() < 0 || text != site_.unit(unit()).declaration ? none : site_.unit(unit()).facts;
+  std::vector<std::string_view> const bound = Declaration::bound_names(text, facts);
   DeclarationText::set(
-      Declaration::broken(text), language, colours_,
-      [this](std::string_view name, std::string & link) { return link_name(name, link); }, out);
+      Declaration::broken(text, facts), language, colours_,
+      [this, &bound](std::string_view name, std::string & link) {
+        return std::ranges::find(bound, name) == bound.end() && link_name(name, link);
+      },
+      out);
 }
 
 bool gHtmSetter::link_name(std::string_view name, std::string & out) {

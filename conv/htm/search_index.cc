@@ -233,7 +233,7 @@ void gSearchIndex::write_blocks(gConversion & conversion) const {
       text += i > first ? ",\n[" : "\n[";
       add_quoted(cut(Site::short_title(record), name_bytes), text);
       text += ',';
-      add_quoted(cut(Site::scope_of(record.name), name_bytes), text);
+      add_quoted(cut(Site::scope_of(record), name_bytes), text);
       text += ',' + std::to_string(site_.kinds.index_of(unit)) + ',';
       add_quoted(site_.addresses.href(unit), text);
       text += ',';

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "conv/atc/qualified_name.h"
+
 namespace {
 
 std::vector<std::string_view> shown_paths(gDocument const & document, gSources const & sources) {
@@ -59,8 +61,16 @@ std::string_view Site::last_part(std::string_view name) {
   return name.substr(last_begin(name));
 }
 
+std::string_view Site::scope_of(gUnitRecord const & unit) {
+  return unit.facts.known ? Atc::scope_of(unit) : scope_of(unit.name);
+}
+
+std::string_view Site::last_part(gUnitRecord const & unit) {
+  return unit.facts.known ? Atc::last_component(unit) : last_part(unit.name);
+}
+
 std::string_view Site::short_title(gUnitRecord const & unit) {
-  return unit.title == unit.name ? last_part(unit.title) : std::string_view(unit.title);
+  return unit.title == unit.name ? last_part(unit) : std::string_view(unit.title);
 }
 
 std::string_view Site::contents_title(gUnitRecord const & unit) {
@@ -68,7 +78,7 @@ std::string_view Site::contents_title(gUnitRecord const & unit) {
 }
 
 bool Site::is_named(gUnitRecord const & unit) {
-  return !unit.name.empty() && (unit.title == unit.name || unit.title == last_part(unit.name));
+  return !unit.name.empty() && (unit.title == unit.name || unit.title == last_part(unit));
 }
 
 bool Site::joins(gSite const & site, gRow const & row, int unit) {

@@ -136,7 +136,7 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
   std::string const overview = overview_.of(unit, std::min(level + 1, 6));
   std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
-  std::string const scope = Html::escaped(Site::scope_of(record.name));
+  std::string const scope = Html::escaped(Site::scope_of(record));
   std::string const summary = Html::escaped(record.summary);
   std::string const path = Html::escaped(site_.sources.shown(record.path));
   std::string const style = Html::escaped(record.style), wintype = Html::escaped(record.wintype);

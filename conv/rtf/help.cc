@@ -155,8 +155,9 @@ private:
       Msg::log(Msg::cannot_read, path);
       return false;
     }
-    if (is_result(path)) {
-      Msg::log(Msg::cannot_write, path);
+    if (bool const result = is_result(path); result || !Help::is_map(before)) {
+      Msg::log(Msg::cannot_write, path,
+               result ? "the help has a file of that name" : "it holds no map");
       return false;
     }
     std::vector<std::string> names = topics.help_ids();

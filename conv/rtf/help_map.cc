@@ -47,8 +47,11 @@ bool is_name(std::string_view word) {
 
 } // namespace
 
-Help::gNumbers Help::read_map(std::string_view text) {
-  gNumbers numbers;
+namespace {
+
+// Hands the words of each line that has some to `take`: a name, maybe behind "#define", and a
+// number.
+template <class Take> void for_each_line(std::string_view text, Take take) {
   while (!text.empty()) {
     std::size_t const end = std::min(text.find('\n'), text.size());
     std::string_view line = text.substr(0, end);
@@ -56,11 +59,28 @@ Help::gNumbers Help::read_map(std::string_view text) {
     std::string_view name = next_word(line);
     if (name == "#define")
       name = next_word(line);
-    auto const number = number_in(next_word(line));
-    if (is_name(name) && number)
-      numbers.try_emplace(Vlb::to_upper(name), *number);
+    if (!name.empty())
+      take(name, is_name(name) ? number_in(next_word(line)) : std::nullopt);
   }
+}
+
+} // namespace
+
+Help::gNumbers Help::read_map(std::string_view text) {
+  gNumbers numbers;
+  for_each_line(text, [&](std::string_view name, std::optional<std::uint32_t> number) {
+    if (number)
+      numbers.try_emplace(Vlb::to_upper(name), *number);
+  });
   return numbers;
+}
+
+bool Help::is_map(std::string_view text) {
+  std::size_t entries = 0, others = 0;
+  for_each_line(text, [&](std::string_view, std::optional<std::uint32_t> number) {
+    ++(number ? entries : others);
+  });
+  return entries > others || others == 0;
 }
 
 Help::gNumbers Help::number(std::vector<std::string> const & names, gNumbers const & before,

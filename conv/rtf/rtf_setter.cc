@@ -85,8 +85,11 @@ std::string gRtfSetter::headline_level(gNode const & node) const {
 
 void gRtfSetter::set_verbatim(gNode const & node, bool declaration, std::string & out) {
   std::string text = block_text(node.text);
-  if (declaration)
-    text = Declaration::broken(text);
+  if (declaration && unit() >= 0) {
+    gUnitRecord const & record = document().units[static_cast<std::size_t>(unit())];
+    text = text == record.declaration ? Declaration::broken(text, record.facts)
+                                      : Declaration::broken(text);
+  }
   std::string shown;
   Rtf::escape_lines(text, shown);
   std::string const space = indentation();

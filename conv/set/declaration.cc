@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "vlb/gstring.h"
+
 namespace {
 
 constexpr std::size_t wide = 80;
@@ -89,21 +91,72 @@ void add_parameters(std::string_view list, std::string & out) {
   add(list.size());
 }
 
+bool is_of(gKnownFacts const & facts, std::string_view text) {
+  return facts.size > 0 && facts.size == text.size();
+}
+
+std::size_t head_end(std::string_view text, gKnownFacts const & facts) {
+  return is_of(facts, text) && !facts.name.empty() ? facts.template_head.end : template_end(text);
+}
+
+std::size_t list_begin(std::string_view text, gKnownFacts const & facts) {
+  if (!is_of(facts, text) || facts.name.empty())
+    return parameters_begin(text, head_end(text, facts));
+  return facts.parameters.empty() ? std::string_view::npos : facts.parameters.begin;
+}
+
+// The word that stands last in a parameter, in front of its default.
+std::string_view last_word(std::string_view parameter) {
+  parameter = parameter.substr(0, parameter.find('='));
+  std::size_t end = parameter.size();
+  while (end > 0 && !Vlb::is_word(parameter[end - 1]))
+    --end;
+  std::size_t begin = end;
+  while (begin > 0 && Vlb::is_word(parameter[begin - 1]))
+    --begin;
+  return parameter.substr(begin, end - begin);
+}
+
 } // namespace
 
-std::string Declaration::broken(std::string_view text) {
+std::string Declaration::broken(std::string_view text, gKnownFacts const & facts) {
   if (text.size() <= wide || text.find('\n') != std::string_view::npos || text.starts_with('#'))
     return std::string(text);
   std::string out;
-  if (std::size_t const head = template_end(text); head > 0) {
+  std::size_t const head = head_end(text, facts);
+  std::size_t from = 0;
+  if (head > 0) {
     (out += text.substr(0, head)) += '\n';
-    text.remove_prefix(std::min(text.find_first_not_of(' ', head), text.size()));
+    from = std::min(text.find_first_not_of(' ', head), text.size());
   }
-  std::size_t const open = text.size() > wide ? parameters_begin(text, 0) : std::string_view::npos;
+  std::size_t const open =
+      text.size() - from > wide ? list_begin(text, facts) : std::string_view::npos;
   std::size_t const close = open == std::string_view::npos ? open : closing(text, open);
   if (close == std::string_view::npos || close == open + 1)
-    return out.append(text);
-  out += text.substr(0, open + 1);
+    return out.append(text.substr(from));
+  out += text.substr(from, open + 1 - from);
   add_parameters(text.substr(open + 1, close - open - 1), out);
   return out.append(text.substr(close));
+}
+
+std::vector<std::string_view> Declaration::bound_names(std::string_view text,
+                                                       gKnownFacts const & facts) {
+  std::vector<std::string_view> names;
+  std::string_view const head = text.substr(0, head_end(text, facts));
+  std::size_t begin = head.find('<');
+  int depth = 0;
+  for (std::size_t i = std::min(begin, head.size()); i < head.size(); ++i) {
+    char const c = head[i];
+    bool const ends = (c == ',' && depth == 1) || (c == '>' && depth == 1);
+    depth += (c == '<' || c == '(') - (c == '>' || c == ')');
+    if (!ends)
+      continue;
+    if (std::string_view const name = last_word(head.substr(begin + 1, i - begin - 1));
+        !name.empty())
+      names.push_back(name);
+    begin = i;
+    if (depth == 0)
+      break;
+  }
+  return names;
 }

@@ -52,6 +52,65 @@ std::string_view kind_of_declaration(std::string_view declaration) {
   return declaration.find('(') != std::string_view::npos ? "function" : "var";
 }
 
+// Kinds that readers tell apart and scripts need not.
+constexpr gOpening coarser[] = {
+    {"enum class", "enum"},
+    {"enumeration", "enum"},
+    {"enumerator", "member"},
+    {"constructor", "method"},
+    {"destructor", "method"},
+    {"operator", "function"},
+    {"conversion", "method"},
+    {"friend", "function"},
+    {"variable", "var"},
+    {"bit field", "member"},
+    {"typedef", "type"},
+    {"alias", "type"},
+    {"alias template", "type"},
+    {"using", "type"},
+    {"deduction guide", "function"},
+    {"function macro", "macro"},
+    {"module", "unit"},
+    {"signal", "event"},
+    {"slot", "method"},
+    {"program", "unit"},
+    {"library", "unit"},
+    {"package", "unit"},
+    {"interface", "class"},
+    {"dispinterface", "class"},
+    {"object", "class"},
+    {"record", "struct"},
+    {"class helper", "class"},
+    {"record helper", "struct"},
+    {"type helper", "type"},
+    {"class reference", "type"},
+    {"set", "type"},
+    {"constant", "var"},
+    {"typed constant", "var"},
+    {"resource string", "var"},
+    {"thread variable", "var"},
+    {"procedure", "function"},
+    {"class method", "method"},
+    {"message method", "method"},
+};
+
+// The selector for what the reader of the source told; empty if the script has none.
+std::string selector_of_kind(std::string const & kind, gVltRules const & rules) {
+  if (std::string own = selector_of(kind, rules); !own.empty())
+    return own;
+  auto const * const found = std::ranges::find(coarser, kind, &gOpening::word);
+  return found == std::end(coarser) ? std::string() : selector_of(std::string(found->kind), rules);
+}
+
+// A style that is named after a type of units says less than the kind does.
+bool is_unit_type(std::string_view style) {
+  for (std::string_view const type :
+       {"class", "function", "member", "method", "event", "property", "type", "var", "unit"})
+    if (style == type)
+      return true;
+  return false;
+}
+
 gKind make_kind(std::string const & selector, gVltRules const & rules) {
   gKind kind;
   if (selector.empty())
@@ -77,6 +136,9 @@ gKinds::gKinds(gDocument const & document, gVltRules const & rules) : kinds_(1) 
     if (is_new)
       style->second = selector_of(unit.style, rules);
     std::string selector = style->second;
+    if (!unit.facts.kind.empty() && (selector.empty() || is_unit_type(selector)))
+      if (std::string told = selector_of_kind(unit.facts.kind, rules); !told.empty())
+        selector = told;
     if (selector.empty() && !unit.declaration.empty())
       selector = selector_of(std::string(kind_of_declaration(unit.declaration)), rules);
     auto const [kind, fresh] =

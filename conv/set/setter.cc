@@ -126,10 +126,10 @@ void gSetter::set_name_ref(gNode const & node, std::string & out) {
   std::string const & name = node.param(1);
   gTarget const target = document_.find_name(unit_, name);
   if (!target && missing_.emplace(unit_, name).second) {
-    std::string place = document_.name;
+    gReportPlace place(document_.name);
     if (unit_ >= 0) {
       gUnitRecord const & record = document_.units[static_cast<std::size_t>(unit_)];
-      place = record.path + ":" + std::to_string(record.source_line);
+      place = {record.path, record.source_line};
     }
     Msg::log(Msg::named_target_not_found, name, place);
   }

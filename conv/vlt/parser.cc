@@ -214,6 +214,5 @@ void gVltParser::store(Head const & head, gVltRule rule, gVltTemplate && parts) 
 
 void gVltParser::fault(Source const & source, gMessage const & message, std::string_view argument,
                        int line) const {
-  Msg::log(message, gString(argument),
-           source.path + ":" + std::to_string(line > 0 ? line : source.line));
+  Msg::log(message, std::string(argument), {source.path, line > 0 ? line : source.line});
 }

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "ana/anadat/tables.h"
@@ -238,6 +240,28 @@ TEST(runs, fail_when_the_output_cannot_be_written) {
   EXPECT_FALSE(log.analyze());
   EXPECT_NE(log.outside.report_text().find("Cannot write to file: " + log.path("out/ana.log")),
             std::string::npos);
+}
+
+// The reason, and not a line for each of thousands of sources.
+TEST(runs, tell_once_that_temporary_files_find_no_room) {
+  RunProject project;
+  for (char const * name : {"in/a.h", "in/b.h", "in/c.txt"})
+    project.write(name, std::string(400000, ' '));
+  setenv("VELLUMAR_TEMP_MEMORY", "0", 1);
+  rlimit before;
+  getrlimit(RLIMIT_FSIZE, &before);
+  rlimit const low = {100000, before.rlim_max};
+  auto const handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &low);
+  bool const success = project.run();
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  unsetenv("VELLUMAR_TEMP_MEMORY");
+  EXPECT_FALSE(success);
+  std::string const reports = project.reports();
+  std::size_t const first = reports.find("ERROR 21: Cannot write to file: ");
+  EXPECT_NE(reports.find(": File too large", first), std::string::npos) << reports;
+  EXPECT_EQ(reports.find("ERROR", first + 1), std::string::npos) << reports;
 }
 
 TEST(runs, end_at_the_error_limit) {

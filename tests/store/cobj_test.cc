@@ -60,6 +60,23 @@ TEST(Map, NumberKeysSpreadAndManyEntriesGoAtOnce) {
   EXPECT_EQ(cat::as_index(map.at(4000 << 15)), 4000);
 }
 
+TEST(Map, AListEqualsAMapOfTheSameValuesInOrder) {
+  cMapObj map, moved;
+  cRef<cObj> const list = make_ref<cVectorObj>();
+  for (int i : {0, 1}) {
+    map[i == 0 ? "b" : "a"] = cat::make(i);
+    moved[i == 0 ? "a" : "b"] = cat::make(1 - i);
+    (*list)[i] = cat::make(i);
+  }
+  cRef<cObj> other = list;
+  EXPECT_TRUE(cTomMap::equal_sorted(map, other));
+  EXPECT_FALSE(cTomMap::equal_sorted(moved, other)) << "another order";
+  map["c"] = cat::make(2);
+  EXPECT_FALSE(cTomMap::equal_sorted(map, other)) << "more values";
+  other = cat::make(0);
+  EXPECT_FALSE(cTomMap::equal_sorted(map, other)) << "no list at all";
+}
+
 TEST(Map, CopiesShareUntilTheyAreDetachedAndAssignsAreDeep) {
   cMapObj map, to;
   map["sub"]["x"] = cat::make(1);

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -85,7 +86,7 @@ TEST_F(Messages, a_suppressed_report_takes_its_hints_along_and_isnt_counted) {
   log(Msg::citation_unreadable, "c");
   log(Msg::ignoring_command);
   log(Msg::ignoring_definition);
-  log() << "FATAL ERROR: the end" << std::endl;
+  log() << "free text" << std::endl;
   log(Msg::next_file);
   EXPECT_EQ(outside.reports.size(), 3u) << "a hint behind free text isn't one of theirs";
   EXPECT_TRUE(log.errors() == 0 && log.warnings() == 1 && log.worst() == Msg::warning);
@@ -117,6 +118,78 @@ TEST_F(Messages, the_error_that_reaches_the_limit_is_written_and_ends_the_stage)
   EXPECT_EQ(log.errors(), 1000) << "no limit by default";
 }
 
+TEST_F(Messages, what_ends_a_file_is_counted_and_tells_the_place_once) {
+  log.take({Msg::parser_stack, "", {"a.h", 7}});
+  log(Msg::unreadable, "b.h", "b.h");
+  log(Msg::illegal_headline_level, "0");
+  log.take(gExcInternalErr("ASSERT_ failed: ", "x > 0", "y.cc(3)").report());
+  EXPECT_EQ(outside.report_text(), "FATAL ERROR: Stack overflow in the parser (a.h:7)\n"
+                                   "FATAL ERROR: Cannot read from file: b.h\n"
+                                   "ERROR 193: Illegal headline level (1 <= n <= 6) 0\n"
+                                   " INTERNAL ERROR: ASSERT_ failed: x > 0 (y.cc(3))\n");
+  EXPECT_TRUE(log.errors() == 4 && log.worst() == Msg::error);
+}
+
+TEST_F(Messages, a_list_counts_and_ends_a_run_only_when_it_is_handed_on) {
+  gReportList list(gRunStage::code), copy;
+  list(Msg::no_citation_open, "", {"a.h", 1});
+  list(Msg::ignoring_command);
+  list(Msg::empty_curclass);
+  EXPECT_TRUE(outside.reports.empty() && log.errors() == 0);
+  log.copy_to(&copy);
+  log.suppress({451});
+  list.hand_on(log);
+  EXPECT_EQ(outside.report_text(),
+            "ERROR 110: No source citation open (a.h:1)\n    Ignoring command.\n");
+  EXPECT_TRUE(list.empty() && log.errors() == 1);
+  ASSERT_EQ(copy.reports().size(), 2u) << "what is suppressed isn't copied";
+  EXPECT_EQ(copy.reports()[0].stage, gRunStage::code);
+  EXPECT_EQ(copy.reports()[0].place.line, 1);
+  log.err_max = 2;
+  list(Msg::code_failed);
+  EXPECT_THROW(list.hand_on(log), gExcFatalErr);
+  log.copy_to(nullptr);
+}
+
+TEST_F(Messages, a_list_stays_bounded) {
+  gReportList list, taker;
+  for (std::size_t i = 0; i < gReportList::capacity + 5; ++i)
+    list(Msg::no_citation_open, "", {"a.h", 1});
+  list.hand_on(log);
+  EXPECT_EQ(log.errors(), static_cast<int>(gReportList::capacity) + 1);
+  EXPECT_EQ(outside.reports.back(), "ERROR 24: Further reports of this file are left out: 5 (a.h)");
+  gReportList through(gRunStage::none, &taker);
+  for (std::size_t i = 0; i < gReportList::capacity + 5; ++i)
+    through(Msg::no_citation_open);
+  EXPECT_EQ(through.reports().size(), 5u);
+  EXPECT_EQ(taker.reports().size(), gReportList::capacity);
+}
+
+TEST_F(Messages, reports_of_other_threads_are_whole_lines_that_no_run_counts) {
+  begin_run(log);
+  log.err_max = 150;
+  log.suppress({451});
+  auto const report = [this](char const * text) {
+    for (int i = 0; i < 100; ++i) {
+      log() << text << ' ' << i << std::endl;
+      log(Msg::no_citation_open, text);
+      log(Msg::empty_curclass);
+      log(Msg::ignoring_command);
+    }
+  };
+  std::thread other(report, "other");
+  report("run");
+  other.join();
+  EXPECT_EQ(log.errors(), 100);
+  std::thread([this] {
+    log.continue_run();
+    log(Msg::no_citation_open);
+  }).join();
+  EXPECT_EQ(log.errors(), 101) << "a run that is handed to a worker";
+  EXPECT_EQ(outside.reports.size(), 201u);
+  EXPECT_EQ(outside.log_lines.size(), 200u);
+}
+
 TEST_F(Messages, a_log_that_cannot_be_made_or_written_is_noticed) {
   EXPECT_FALSE(log.open_logfile(folder.path("no/ana.log")));
   log(Msg::no_citation_open);
@@ -134,7 +207,7 @@ std::string manual_row(gMessage const & message) {
   constexpr char const * words[] = {"",        "INFO",  "STATUS",    "WARNING",
                                     "WARNING", "ERROR", "DOC ERROR", "ERROR"};
   gString text(message.text);
-  text.wsp_rmright();
+  text.wsp_rmleft().wsp_rmright();
   return "\n| " + std::to_string(message.number) + " | " + words[message.severity] + " | " + text +
          " | " + std::string(message.advice) + " |\n";
 }

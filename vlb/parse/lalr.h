@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 #include "vlb/parse/parse_base.h"
 #include "vlb/parse/value.h"
 
@@ -19,12 +21,13 @@ struct gLalrTables {
   Number const * goto_defaults; // where `table` has nothing
   Number const * table;         // positive: shift and go there; negative: reduce; 0: fault
   Number const * check;
-  Number const * left_sides; // of each rule, as a symbol
-  Number const * lengths;    // of each rule
-  Number const * symbols;    // of each token number
-  int last;                  // index in `table`
-  int no_tokens;             // offset of a state that only reduces
-  int fault;                 // a further entry of `table` for a fault
+  Number const * left_sides;  // of each rule, as a symbol
+  Number const * lengths;     // of each rule
+  Number const * symbols;     // of each token number
+  char const * const * names; // of each symbol; in quotes where the grammar tells one for the user
+  int last;                   // index in `table`
+  int no_tokens;              // offset of a state that only reduces
+  int fault;                  // a further entry of `table` for a fault
   int final_state;
   int token_symbols; // symbols below are tokens
   int highest_token;
@@ -34,6 +37,11 @@ struct gLalrTables {
 
   int symbol(int token) const {
     return token < 0 || token > highest_token ? unknown_symbol : symbols[token];
+  }
+  // What a token is called in a report; empty if its text says enough.
+  std::string_view name(int token) const {
+    std::string_view const name = names[symbol(token)];
+    return name.starts_with('"') ? name.substr(1, name.size() - 2) : std::string_view();
   }
   // What a state does with a token: as in `table`.
   int action(int state, int symbol) const {
@@ -93,7 +101,7 @@ private:
 
   void push(int state, Value & value) {
     if (height_ == states_.size())
-      throw gExcFatalErr("Stack overflow in the parser", "");
+      throw gExcFatalErr(Msg::parser_stack, "", base_.scanner().place());
     states_[height_] = static_cast<gLalrTables::Number>(state);
     values_[height_] = std::move(value);
     ++height_;
@@ -149,7 +157,7 @@ private:
       return more;
     }
     if (base_.recovery_ == 0)
-      base_.report_syntax_error();
+      base_.report_syntax_error(tables_.name(base_.lookahead_));
     base_.recovery_ = recovery_tokens;
     for (; height_ > 0; pop(1))
       if (int const state = tables_.action(top(), gLalrTables::error_symbol); state > 0) {

@@ -22,6 +22,9 @@ m4_define([b4_rhs_value], [b4_lalr_typed([last@{b4_subtract([$2], [$1])@}], [$3]
 m4_define([b4_lhs_location], [b4_fatal([[positions of symbols aren't kept]])])
 m4_define([b4_rhs_location], [b4_fatal([[positions of symbols aren't kept]])])
 
+# What ends Bison's list of names.
+m4_define([b4_null], [nullptr])
+
 # b4_case(RULE, ACTION, [COMMENT])
 m4_define([b4_case], [  case $1: // $3
 $2
@@ -56,8 +59,12 @@ b4_lalr_table([check], b4_check)
 b4_lalr_table([left_sides], b4_r1)
 b4_lalr_table([lengths], b4_r2)
 b4_lalr_table([symbols], b4_translate)
+char const * const symbol_names@{@} = {
+  b4_tname
+};
 gLalrTables const all_tables = {
     offsets, reductions, goto_offsets, goto_defaults, table, check, left_sides, lengths, symbols,
+    symbol_names,
     b4_last, b4_pact_ninf, b4_table_ninf, b4_final_state_number, b4_tokens_number, b4_code_max};
 
 } // namespace

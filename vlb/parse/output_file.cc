@@ -44,21 +44,31 @@ bool gOutputFile::close() {
   if (!open_)
     return true;
   pass_on({buffer_.get(), used_});
-  bool const good = file_ < 0 ? close_memory() : close_file();
+  if (file_ < 0)
+    close_memory();
+  else
+    close_file();
   open_ = false;
   used_ = 0;
-  failed_ = false;
-  return good;
+  errno = std::exchange(failure_, 0);
+  return errno == 0;
 }
 
-bool gOutputFile::close_file() {
-  return ::close(std::exchange(file_, -1)) == 0 && !failed_;
+void gOutputFile::fail() {
+  if (failure_ == 0)
+    failure_ = errno != 0 ? errno : EIO;
 }
 
-bool gOutputFile::close_memory() {
+void gOutputFile::close_file() {
+  if (::close(std::exchange(file_, -1)) != 0)
+    fail();
+}
+
+void gOutputFile::close_memory() {
   // What a growing text took beyond its end would stay for the whole run.
   text_.shrink_to_fit();
-  return !failed_ && gTempFiles::keep(path_, std::exchange(text_, {}));
+  if (failure_ == 0 && !gTempFiles::keep(path_, std::exchange(text_, {})))
+    fail();
 }
 
 void gOutputFile::flush_for(std::string_view text) {
@@ -73,7 +83,7 @@ void gOutputFile::flush_for(std::string_view text) {
 }
 
 void gOutputFile::pass_on(std::string_view text) {
-  if (file_ < 0 && !failed_) {
+  if (file_ < 0 && failure_ == 0) {
     if (gTempFiles::reserve(text.size())) {
       text_ += text;
       return;
@@ -85,18 +95,19 @@ void gOutputFile::pass_on(std::string_view text) {
 
 void gOutputFile::move_to_disk() {
   file_ = gTempFiles::spill(path_);
-  failed_ = file_ < 0;
+  if (file_ < 0)
+    fail();
   write(text_);
   gTempFiles::release(text_.size());
   text_ = {};
 }
 
 void gOutputFile::write(std::string_view text) {
-  while (!text.empty() && !failed_) {
+  while (!text.empty() && failure_ == 0) {
     ssize_t const done = ::write(file_, text.data(), text.size());
     if (done >= 0)
       text.remove_prefix(static_cast<std::size_t>(done));
-    else
-      failed_ = errno != EINTR;
+    else if (errno != EINTR)
+      fail();
   }
 }

@@ -18,7 +18,7 @@ public:
 
   // False if the file can't be made.
   bool open(gPathstring const & path);
-  // False if anything couldn't be written. True if no file is open.
+  // False if anything couldn't be written; errno tells why. True if no file is open.
   bool close();
 
   void put(std::string_view text) {
@@ -36,8 +36,9 @@ private:
   void pass_on(std::string_view text);
   void write(std::string_view text);
   void move_to_disk();
-  bool close_file();
-  bool close_memory();
+  void close_file();
+  void close_memory();
+  void fail();
 
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
@@ -45,5 +46,5 @@ private:
   int file_ = -1;    // below 0 for a temporary file in memory
   gPathstring path_; // of that file
   std::string text_; // what was passed on to it
-  bool failed_ = false;
+  int failure_ = 0;  // the errno of the first failure
 };

@@ -17,6 +17,9 @@ public:
   virtual gScanBase & scanner() = 0;
   virtual gScanBase const & scanner() const = 0;
   virtual void reset() = 0;
+  // Where the reports of the file in hand go; the log unless something else is set.
+  gReportSink & reports() const { return scanner().reports(); }
+  void report_to(gReportSink & sink) { scanner().report_to(sink); }
 
   // Scanners answer this for a parse that has to give up.
   static constexpr int give_up = -2;
@@ -36,8 +39,8 @@ protected:
   void set_lookahead(int token) { lookahead_ = token; }
   // True while the tokens behind a fault count, so that the parser has to shift each by itself.
   bool recovering() const { return recovery_ > 0; }
-  // Reports a look-ahead that doesn't fit.
-  void report_syntax_error() const;
+  // Reports a look-ahead that doesn't fit. `name`: what it is, for one whose text shows nothing.
+  void report_syntax_error(std::string_view name) const;
 
 private:
   template <class Parser> friend class gLalrRun;

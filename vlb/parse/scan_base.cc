@@ -25,7 +25,7 @@ void gScanBase::open_infile(gSrcFile const & file) {
     input_.shield_quotes();
   input_opened();
   if (!good)
-    throw gExcFatalErr(Msg::cannot_read.text, file.path());
+    throw gExcFatalErr(Msg::unreadable, file.path(), file.opath());
 }
 
 void gScanBase::open_text(gSrcFile const & file, std::string_view text) {
@@ -54,7 +54,7 @@ int gScanBase::close_infile() {
 void gScanBase::open_outfile(gSrcFile const & file) {
   outfile_ = file;
   if (!output_.open(file.path()))
-    throw gExcFatalErr(Msg::cannot_write.text, file.path());
+    throw gExcFatalErr(Msg::unwritable, file.path(), file.opath());
 }
 
 int gScanBase::close_outfile() {
@@ -111,7 +111,7 @@ void gScanBase::cut_to(int n) {
 void gScanBase::place(std::string_view text) {
   pushed_end_ = std::max(pushed_end_, next_);
   if (pushed_end_ - next_ + static_cast<std::ptrdiff_t>(text.size()) > size_)
-    throw gExcFatalErr("Push-back buffer overflow in the scanner", "");
+    throw gExcFatalErr(Msg::push_back_overflow, "", place());
   char * const to = next_ - text.size();
   if (!std::equal(text.begin(), text.end(), to)) {
     if (token_ != moved_token_.data()) {
@@ -165,10 +165,13 @@ int gScanBase::wrap() {
   return 1;
 }
 
+gReportPlace gScanBase::place() const {
+  return gLoc(infile_, std::max(line_, 0));
+}
+
 // A hint continues the report in front of it, which has told the position.
 void gScanBase::error(gMessage const & message, gString const & argument) const {
-  Msg::log(message, argument,
-           message.is_hint() ? gString() : gLoc(infile_, std::max(line_, 0)).make_string());
+  reports()(message, argument, message.is_hint() ? gReportPlace() : place());
 }
 
 // A line feed would break the report's line, and a NUL cut it.

@@ -65,6 +65,11 @@ public:
   // Asked at the end of the input: non-zero ends scanning, 0 means that the input goes on, so it
   // must have opened more.
   virtual int wrap();
+  // Where reports go; the log unless something else is set. It has to outlive its use.
+  gReportSink & reports() const { return *reports_; }
+  void report_to(gReportSink & sink) { reports_ = &sink; }
+  // The position of the current token.
+  gReportPlace place() const;
   // Reports with the position of the current token.
   virtual void error(gMessage const & message, gString const & argument = gString()) const;
   // State before a new file: no token, condition 0, previous character a line feed, line 1. Input
@@ -83,7 +88,7 @@ public:
   int close_infile();
   // gExcFatalErr "Cannot write to file: " if it can't be made.
   void open_outfile(gSrcFile const & file);
-  // 0 on success: everything has reached the file.
+  // 0 on success: everything has reached the file. Else errno tells why.
   int close_outfile();
   // Replaces the record that positions refer to, as a #line directive does.
   void set_infile(gSrcFile const & file) { infile_ = file; }
@@ -159,6 +164,7 @@ private:
   void input_opened();
 
   int const size_;
+  gReportSink * reports_ = &Msg::log;
   gSrcFile infile_, outfile_;
   gInputText input_;
   mutable gOutputFile output_;

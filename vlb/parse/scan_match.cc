@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 #include "vlb/parse/scan_base.h"
 
 void gScanBase::finish_token() {
@@ -32,7 +33,7 @@ int gScanBase::first_match(gAutomaton const & automaton) {
     gDfa::Walk const walk = automaton.dfa().walk(entry_, next_, stop);
     bool const is_run = walk.rule >= 0 && automaton.is_run(walk.rule);
     if (walk.end - next_ >= size_ && !is_run)
-      throw gExcFatalErr("Token buffer overflow in the scanner", "");
+      throw gExcFatalErr(Msg::token_too_long, "", place());
     if (walk.rule >= 0) {
       take(automaton, walk.rule, next_ + (walk.accepted - next_));
       return walk.rule;

@@ -1,15 +1,15 @@
 // Code elements of declarations, functions, classes and enumerations.
 #include "ana/parser/cpp/cpp_parse_base.h"
 
-cRef<gCodeElem> cpp_parse_base::enter_element(gStrList && names, int line, int type,
-                                              gString && decl, int flags) {
+gCodeElem & cpp_parse_base::add_element(gStrList && names, int line, int type, gString && decl,
+                                        int flags) {
   auto element =
       make_ref<gCodeElem>(gStrList(), cur_file(), line, type, gString(), visibility_, flags);
   element->names = std::move(names);
   element->decl = std::move(decl);
   count_text(scope_bytes_ + element->decl.size());
-  gCodeElems.insert_at(element->loc, element);
-  return element;
+  facts_->elements.push_back(std::move(element));
+  return *facts_->elements.back();
 }
 
 int cpp_parse_base::type_of(gCppDecl const & decl, gCppDcltor const & declarator) const {
@@ -34,7 +34,7 @@ gString cpp_parse_base::declare(gCppDecl & decl, int line, bool with_body) {
     text += declarator.text();
     text.wsp_norm();
     text += ';';
-    enter_element(declarator.take_qualified_name(scope_), line, type, std::move(text), decl.flags);
+    add_element(declarator.take_qualified_name(scope_), line, type, std::move(text), decl.flags);
   }
   return decl.spec_text + ";\n";
 }
@@ -61,8 +61,8 @@ gString cpp_parse_base::class_head(gStrList & key_and_names, int line, gBasesRef
   gString decl = take_template_prefix() + linkage_prefix() + head;
   decl.wsp_norm();
   count_text((scope_bytes_ + head.size()) * (1 + bases->entries.size()));
-  gCppClasses.insert_class(names.make_string("::"), bases);
-  enter_element(std::move(names), line, ut_class, std::move(decl), 0)->heritage = heritage;
+  facts_->classes.push_back({names.make_string("::"), bases});
+  add_element(std::move(names), line, ut_class, std::move(decl), 0).heritage = heritage;
   enter_class(*key, key_and_names);
   return head;
 }
@@ -91,6 +91,6 @@ gString cpp_parse_base::enumeration(gStrList & names, int line, gString const & 
   gString decl = linkage_prefix() + text;
   decl.wsp_norm();
   decl += ';';
-  enter_element(std::move(whole), line, ut_type, std::move(decl), 0);
+  add_element(std::move(whole), line, ut_type, std::move(decl), 0);
   return text;
 }

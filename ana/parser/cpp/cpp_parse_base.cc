@@ -2,6 +2,7 @@
 #include "ana/parser/cpp/cpp_parse_base.h"
 
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 
 namespace {
 
@@ -33,6 +34,11 @@ void cpp_parse_base::reset() {
   template_prefix_.clear();
 }
 
+void cpp_parse_base::read_into(gCodeFacts & facts) {
+  facts_ = &facts;
+  scanner_.record_comments(&facts.comments);
+}
+
 void cpp_parse_base::enter_scope(gStrList const & names) {
   for (cRef<gString> const & name : names)
     scope_bytes_ += name_bytes(*name);
@@ -48,10 +54,10 @@ void cpp_parse_base::leave_scope() {
   scope_added_.pop_back();
 }
 
-void cpp_parse_base::check_length(std::size_t parts) {
+void cpp_parse_base::check_length(std::size_t parts) const {
   constexpr std::size_t most = 100000;
   if (parts > most)
-    throw gExcFatalErr("Too many parts in one declaration", "");
+    throw gExcFatalErr(Msg::too_many_parts, "", scanner_.place());
 }
 
 // Each element has the names of its scope and the prefix of its linkage, so a long name around many
@@ -60,7 +66,7 @@ void cpp_parse_base::count_text(std::size_t bytes) {
   constexpr std::size_t free = 4'000'000, of_each_byte_read = 100;
   text_bytes_ += bytes;
   if (text_bytes_ > free + of_each_byte_read * static_cast<std::size_t>(scanner_.position()))
-    throw gExcFatalErr("Too much text in the declarations of the file", "");
+    throw gExcFatalErr(Msg::too_much_text, "", scanner_.place());
 }
 
 void cpp_parse_base::enter_class(std::string_view key, gStrList const & names) {

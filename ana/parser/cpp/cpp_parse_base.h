@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "ana/anadat/gfilefacts.h"
 #include "ana/cmdpar/gvlparsebase.h"
 #include "ana/parser/cpp/cpp_scan.h"
 
@@ -14,6 +15,8 @@ public:
 
   // Prepares parser and scanner for the next file.
   void reset() override;
+  // To be called behind reset(): where elements, classes and all comments of the file go.
+  void read_into(gCodeFacts & facts);
   cpp_scan & scanner() override { return scanner_; }
   cpp_scan const & scanner() const override { return scanner_; }
 
@@ -35,7 +38,7 @@ protected:
   void enter_class(std::string_view key, gStrList const & names);
   void leave_class();
   // A name, a base clause, the left side of a declaration: gExcFatalErr beyond any sensible length.
-  static void check_length(std::size_t parts);
+  void check_length(std::size_t parts) const;
   void push_linkage(gString const & literal) { linkage_stack_.push_back(literal); }
   void pop_linkage() { linkage_stack_.pop_back(); }
   gString linkage_prefix() const;
@@ -75,9 +78,10 @@ private:
   gString take_template_prefix() { return std::exchange(template_prefix_, gString()); }
   int type_of(gCppDecl const & decl, gCppDcltor const & declarator) const;
   gString declare(gCppDecl & decl, int line, bool with_body);
-  cRef<gCodeElem> enter_element(gStrList && names, int line, int type, gString && decl, int flags);
+  gCodeElem & add_element(gStrList && names, int line, int type, gString && decl, int flags);
 
   cpp_scan scanner_;
+  gCodeFacts * facts_ = nullptr;
   cRef<gString> const no_mark_, global_mark_;
 
   int class_depth_ = 0;                   // open class bodies

@@ -25,7 +25,7 @@ void cpp_scan_base::reset() {
   macro_code_ = 0;
   macro_name_.clear();
   comment_line_ = 0;
-  free_comments_.reset();
+  comments_ = nullptr;
   begin(code());
 }
 
@@ -116,6 +116,7 @@ int cpp_scan_base::begin_comment() {
 
 int cpp_scan_base::end_comment() {
   begin(after_comment_);
-  free_comments_.record(cur_infile(), comment_line_, line());
+  if (comments_)
+    comments_->push_back({{comment_line_}, line()});
   return scan_go_on;
 }

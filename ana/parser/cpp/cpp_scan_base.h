@@ -1,10 +1,10 @@
 // The C/C++ scanner: reads the marked copy of a source, keeps its comments out of the tokens and
-// records those without a text unit.
+// records where they stand.
 #pragma once
 
+#include "ana/anadat/gfilefacts.h"
 #include "ana/parser/cpp/cpp_tokens.h"
 #include "ana/parser/cpp/cpp_value.h"
-#include "ana/parser/free_comments.h"
 #include "ana/parser/pre/cpp_macros.h"
 #include "vlb/parse/scan_base.h"
 
@@ -14,6 +14,8 @@ public:
 
   void reset() override;
 
+  // Where the places of comments go; null for nowhere.
+  void record_comments(std::vector<gCommentFacts> * comments) { comments_ = comments; }
   // The value of the last token; the parser moves it away.
   cpp_value & token_value() { return value_; }
 
@@ -65,5 +67,5 @@ private:
   gString macro_name_;
   int comment_line_ = 0;  // where the comment being skipped began
   int after_comment_ = 0; // the condition that it interrupted
-  gFreeComments free_comments_;
+  std::vector<gCommentFacts> * comments_ = nullptr;
 };

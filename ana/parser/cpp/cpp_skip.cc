@@ -1,6 +1,7 @@
 // Stretches of source that the grammar doesn't look into: they end where their brackets are closed.
 #include "ana/parser/cpp/cpp_parse_base.h"
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 
 // Collect mode, which falls back when a skip throws too.
 class cpp_parse_base::Collecting {
@@ -72,7 +73,7 @@ int cpp_parse_base::next_skipped() {
     token = scanner_.scan();
   clearin();
   if (token == 0)
-    throw gExcFatalErr("Unexpected end of file", "");
+    throw gExcFatalErr(Msg::unexpected_end, "", scanner_.place());
   return token == PTR_PAREN ? '(' : token;
 }
 

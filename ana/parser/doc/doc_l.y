@@ -19,23 +19,23 @@
 %token SCOPE 339
 %token KW_CONSTRUCTOR 340
 %token KW_DESTRUCTOR 341
-%token ECOM 342
+%token ECOM 342 "end of the comment"
 %token OP_EQ 343
 %token KW_EXPORT 344
 %token KW_FUNCTION 345
 %token OP_NE 346
 %token KW_PROCEDURE 347
-%token SUBJECT_BEGIN 348
-%token SUBJECT_END 349
+%token SUBJECT_BEGIN 348 "subject line"
+%token SUBJECT_END 349 "end of the subject line"
 %token KW_STRUCT 350
 %token KW_TEMPLATE 351
 %token KW_UNION 352
-%token HEAD_END 353
+%token HEAD_END 353 "end of the head"
 %token PARENS 354
 %token TEMPLATE_END 355
 %token <gString> ID 356
 %token <gString> WORD 357
-%token <Doc::Text> TEXT 358
+%token <Doc::Text> TEXT 358 "text"
 %token <gString> PLAIN_ID 359
 %token <Doc::Keyword> SUBJECT_KW 360
 %token <Doc::Keyword> SUBENTRY_KW 361

@@ -4,7 +4,7 @@
 void doc_parse_base::reset() {
   gTextParseBase::reset();
   scanner_.reset();
-  cur_unit_ = nullptr;
+  cur_unit_ = {};
   for (List * list : {&enum_, &num_}) {
     list->style.clear();
     list->is_new = true;
@@ -13,6 +13,14 @@ void doc_parse_base::reset() {
   cite_name_.clear();
   cite_line_ = 0;
   table_ = {};
+}
+
+void doc_parse_base::read_into(gTextFacts & facts, gTakenNames const & taken,
+                               gTableTemplates const & tables) {
+  facts_ = &facts;
+  table_templates_ = &tables;
+  bookmarks_ = {taken.bookmarks.begin(), taken.bookmarks.end()};
+  citations_ = {taken.citations.begin(), taken.citations.end()};
 }
 
 gStrList doc_parse_base::joined(gStrList & text, gStrList & more) {

@@ -1,8 +1,12 @@
-// What the grammar of the text units does. A unit is entered in the tables when it ends; nothing is
+// What the grammar of the text units does. A unit joins the file's facts when it ends; nothing is
 // resolved here: targets stay words, citations stay names.
 #pragma once
 
+#include <set>
+
 #include "ana/anadat/gdocunit.h"
+#include "ana/anadat/gfilefacts.h"
+#include "ana/anadat/table_template.h"
 #include "ana/cmdpar/gtextparsebase.h"
 #include "ana/parser/doc/doc_scan.h"
 
@@ -13,6 +17,9 @@ public:
   explicit doc_parse_base(int stack_size = standard_stack_size) { set_stack_size(stack_size); }
 
   void reset() override;
+  // To be called behind reset(): where the units go, the names that are taken already, and the
+  // table templates of the script. All of them have to outlive the parse.
+  void read_into(gTextFacts & facts, gTakenNames const & taken, gTableTemplates const & tables);
   doc_scan & scanner() override { return scanner_; }
   doc_scan const & scanner() const override { return scanner_; }
 
@@ -94,8 +101,8 @@ protected:
   Table table_;
 
 private:
-  gSyntUnit & synt_unit() { return static_cast<gSyntUnit &>(*cur_unit_); }
-  void enter(bool is_named);
+  void begin(bool is_text);
+  void end_unit(bool is_named);
   // Takes the words that follow a word in its place: most of a text is words, and the parser need
   // not turn for each of them.
   template <class Use> void take_texts(Use use) {
@@ -108,11 +115,14 @@ private:
   }
   void add_running_text(gStrList & pieces, Doc::Text text);
   void read_table_template();
+  static gStrList pieces_of(std::vector<gString> const & texts);
   int class_level(gParamList const & params, std::string_view option) const;
 
   doc_scan scanner_;
-  // The unit that the actions work on; the last one until the next is made.
-  cRef<gDocUnit> cur_unit_;
+  gTextFacts * facts_ = nullptr;
+  gTableTemplates const * table_templates_ = nullptr;
+  std::set<gString, std::less<>> bookmarks_, citations_; // all names that are taken
+  gUnitFacts cur_unit_;                                  // that the actions work on
   bool text_pending_ = false; // the next text of a continuous unit needs "@text\n" in front
   gString cite_name_;
   int cite_line_ = 0; // of the open citation's beginning; 0 for none

@@ -1,5 +1,5 @@
 // Bookmarks, which references may point at, and citations of the source.
-#include "ana/anadat/tables.h"
+#include "ana/anadat/pieces.h"
 #include "ana/parser/doc/doc_parse_base.h"
 
 namespace {
@@ -30,11 +30,12 @@ gStrList doc_parse_base::bookmark(gString const & command, gString const & kind,
     return {};
   }
   name.toupper();
-  if (!gBookmarks.insert(name, 0)) {
+  if (!bookmarks_.insert(name).second) {
     error(Msg::repeated_bookmark, name);
     return {};
   }
-  gStrList pieces(piece("@_vlbkmk"));
+  facts_->bookmarks.push_back(name);
+  gStrList pieces(Vlb::placeholder(gPiece::bookmark));
   pieces.push_back(std::move(name));
   pieces.push_back(piece(kind));
   return pieces;
@@ -49,7 +50,7 @@ gStrList doc_parse_base::help_alias(gParamList & params) {
     error(Msg::empty_identifier);
     return {};
   }
-  gStrList pieces(piece("@hidalias"));
+  gStrList pieces(Vlb::placeholder(gPiece::alias));
   pieces.push_back(std::move(name));
   return pieces;
 }
@@ -67,8 +68,9 @@ void doc_parse_base::end_citation() {
     error(Msg::no_citation_open);
     return;
   }
-  auto citation = make_ref<gCitation>(cur_file(), cite_line_, cur_line() - 1);
-  cite_line_ = 0;
-  if (!gCitations.insert(cite_name_, std::move(citation)))
+  if (citations_.insert(cite_name_).second)
+    facts_->citations.push_back({cite_name_, cite_line_, cur_line() - 1});
+  else
     error(Msg::repeated_citation, cite_name_);
+  cite_line_ = 0;
 }

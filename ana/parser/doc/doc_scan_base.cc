@@ -9,14 +9,15 @@ using namespace Doc;
 
 namespace {
 
+// What stands for a keyword in comments with a special opener.
 Keyword marked_keyword(cRef<gUnitPattern> const & pattern) {
-  if (!pattern)
-    return {};
-  auto keyword = make_ref<gKwd>();
-  keyword->name = "@_vlukwd";
-  keyword->kind = gKwd::synt_unit;
-  keyword->pattern = pattern;
-  return keyword;
+  static gKwd const row = [] {
+    gKwd row;
+    row.name = "@_vlukwd";
+    row.kind = gKwd::synt_unit;
+    return row;
+  }();
+  return pattern ? Keyword{&row, pattern.get()} : Keyword();
 }
 
 } // namespace
@@ -37,6 +38,8 @@ void doc_scan_base::reset() {
   unit_type_.clear();
   cur_pattern_ = nullptr;
   value_ = Value();
+  pool_.clear();
+  blank_ = make_ref<gString>(" ");
   index_keywords();
   star_keyword_ = marked_keyword(gUEKeywords.star_pattern());
   slash_keyword_ = marked_keyword(gUEKeywords.slash_pattern());

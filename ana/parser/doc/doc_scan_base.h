@@ -84,6 +84,7 @@ public:
   int blanks();
 
   // Code text, references, index entries, verbatim blocks.
+  int verbatim_text();
   int escaped_text();
   int trimmed_escaped_text();
   int code_line_break();
@@ -104,6 +105,7 @@ public:
   int nested(Doc::Token token, int condition);
 
   int text_token(std::string_view text);
+  int variable_token(gString name);
   bool auto_num() const { return auto_num_; }
   bool auto_enum() const { return auto_enum_; }
   bool at_entry() const { return at_entry_; }
@@ -124,8 +126,8 @@ private:
   void index_keywords();
   bool may_be_keyword(std::string_view text, unsigned kinds) const;
   Candidate candidate() const;
-  gKwd * find_keyword(Candidate const & candidate, unsigned kinds) const;
-  int take_keyword(gKwd * keyword, Candidate const & found, bool separator_in_token);
+  gKwd const * find_keyword(Candidate const & candidate, unsigned kinds) const;
+  int take_keyword(gKwd const * keyword, Candidate const & found, bool separator_in_token);
   int open_unit(Doc::Keyword keyword);
   int open_subentry(Doc::Keyword keyword);
 
@@ -156,7 +158,7 @@ private:
   int keyword_line_ = 1;
   std::vector<Return> return_stack_;
   gString unit_type_;
-  cRef<gUnitPattern> cur_pattern_; // of the keyword that opened the unit
+  gUnitPattern const * cur_pattern_ = nullptr; // of the keyword that opened the unit
 
   KeywordIndex keywords_;
   Doc::Keyword star_keyword_, slash_keyword_; // for comments with a special opener; null if off

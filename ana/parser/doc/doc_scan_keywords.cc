@@ -81,7 +81,7 @@ doc_scan_base::Candidate doc_scan_base::candidate() const {
 }
 
 // Null if there is no such keyword of these kinds, or if its separators say otherwise.
-gKwd * doc_scan_base::find_keyword(Candidate const & candidate, unsigned kinds) const {
+gKwd const * doc_scan_base::find_keyword(Candidate const & candidate, unsigned kinds) const {
   if (candidate.word.empty() || candidate.word.size() > keywords_.longest)
     return nullptr;
   auto const * found = gUEKeywords.lookup(candidate.word);
@@ -98,25 +98,26 @@ int doc_scan_base::keyword_or_reject(unsigned kinds, bool separator_in_token) {
   if (!may_be_keyword(token().substr(first), kinds) || ends_in_blanks(token()))
     return scan_reject;
   Candidate const found = candidate();
-  gKwd * const keyword = find_keyword(found, kinds);
+  gKwd const * const keyword = find_keyword(found, kinds);
   return keyword ? take_keyword(keyword, found, separator_in_token) : scan_reject;
 }
 
 // A shorter match would be another word: the text of a paragraph may begin with any command.
 int doc_scan_base::keyword_or_text() {
   Candidate const found = candidate();
-  if (gKwd * const keyword = find_keyword(found, units | subentries))
+  if (gKwd const * const keyword = find_keyword(found, units | subentries))
     return take_keyword(keyword, found, false);
   at_entry_ = false;
   return leave_for(BODY);
 }
 
-int doc_scan_base::take_keyword(gKwd * keyword, Candidate const & found, bool separator_in_token) {
+int doc_scan_base::take_keyword(gKwd const * keyword, Candidate const & found,
+                                bool separator_in_token) {
   bool const give_separator_back = found.separator && !separator_in_token;
   cut_to(static_cast<int>(found.length - (give_separator_back ? 1 : 0)));
   if (keyword->kind == gKwd::subentry_kwd)
-    return open_subentry(Keyword::share(keyword));
-  return open_unit(Keyword::share(keyword));
+    return open_subentry({keyword, nullptr});
+  return open_unit({keyword, keyword->pattern.get()});
 }
 
 int doc_scan_base::plain_keyword_or_reject(bool separator_in_token) {
@@ -129,8 +130,8 @@ int doc_scan_base::open_unit(Keyword keyword) {
   keyword_line_ = line() + static_cast<int>(std::count(token().begin(), token().end(), '\n'));
   bool const is_syntactic = keyword->kind == gKwd::synt_unit;
   if (is_syntactic)
-    cur_pattern_ = keyword->pattern;
-  value_.set(std::move(keyword));
+    cur_pattern_ = keyword.pattern;
+  value_.set(keyword);
   begin(is_syntactic ? IDSPEC : TEXTNAME);
   return is_syntactic ? UNIT_KW : TEXTUNIT_KW;
 }
@@ -140,7 +141,7 @@ int doc_scan_base::open_subentry(Keyword keyword) {
   in_subject_ = false;
   verbatim_ = Vapp::config_verbatim(gInput->digits(unit_type_, keyword->subentry));
   Token const token = keyword->subentry == "@sline" ? SUBJECT_KW : SUBENTRY_KW;
-  value_.set(std::move(keyword));
+  value_.set(keyword);
   begin(BODY);
   return token;
 }

@@ -1,5 +1,6 @@
 // Parameters of commands: words between angle brackets, text between braces. Text may hold further
 // commands, so each command remembers where it stands.
+#include "ana/anadat/pieces.h"
 #include "ana/parser/doc/doc_scan_base.h"
 #include "vlb/messages.h"
 
@@ -44,7 +45,7 @@ int doc_scan_base::word() {
 
 int doc_scan_base::word_variable() {
   check_variable();
-  value_.set(value());
+  value_.set(Vlb::variable_piece(value()));
   return WORD;
 }
 
@@ -62,7 +63,7 @@ int doc_scan_base::brace_word() {
 
 int doc_scan_base::brace_variable() {
   check_variable();
-  return text_token(value());
+  return variable_token(value());
 }
 
 int doc_scan_base::nested(Token token, int condition) {

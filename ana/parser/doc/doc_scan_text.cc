@@ -2,6 +2,7 @@
 // their own, namely code text, references, index entries and verbatim blocks.
 #include <algorithm>
 
+#include "ana/anadat/pieces.h"
 #include "ana/parser/doc/doc_scan_base.h"
 #include "vlb/messages.h"
 
@@ -9,6 +10,14 @@ using namespace Doc;
 
 int doc_scan_base::text_token(std::string_view text) {
   value_.set(pool_.get(text));
+  return TEXT;
+}
+
+// Variables aren't shared with text that looks like them.
+int doc_scan_base::variable_token(gString name) {
+  if (Vlb::variable_kind(name) == gPiece::plain)
+    return text_token(name);
+  value_.set(make_ref<gString>(Vlb::variable_piece(std::move(name))));
   return TEXT;
 }
 
@@ -94,9 +103,10 @@ void doc_scan_base::check_variable() {
 
 int doc_scan_base::body_variable() {
   at_entry_ = false;
-  if (!verbatim_)
-    check_variable();
-  return own_text();
+  if (verbatim_)
+    return own_text();
+  check_variable();
+  return variable_token(value());
 }
 
 // A backslash protects the next character, but not the end of the comment: what looks like a
@@ -146,12 +156,20 @@ int doc_scan_base::blanks() {
   return verbatim_ ? own_text() : blank();
 }
 
+// A backslash may begin the next token, which shows the end of a block as text.
+int doc_scan_base::verbatim_text() {
+  if (length() > 1 && token().ends_with('\\'))
+    cut_to(length() - 1);
+  return escaped_text();
+}
+
 int doc_scan_base::escaped_text() {
   return text_token(Vlb::escape_atc(value()));
 }
 
+// Code text that is nothing but a variable has its value.
 int doc_scan_base::trimmed_escaped_text() {
-  return text_token(Vlb::escape_atc(value().wsp_trim()));
+  return variable_token(Vlb::escape_atc(value().wsp_trim()));
 }
 
 int doc_scan_base::code_line_break() {

@@ -1,6 +1,5 @@
 // Tables: a head that a template of the script may stand for, then rows of cells.
-#include "ana/anadat/gvlattributes.h"
-#include "ana/anadat/tables.h"
+#include "ana/anadat/pieces.h"
 #include "ana/parser/doc/doc_parse_base.h"
 
 bool doc_parse_base::open_table(gParamList & params) {
@@ -16,18 +15,27 @@ bool doc_parse_base::open_table(gParamList & params) {
 }
 
 void doc_parse_base::read_table_template() {
-  if (!gVLAttributes.has({"table", table_.name})) {
+  auto const found = table_templates_->find(table_.name);
+  if (found == table_templates_->end()) {
     error(Msg::undefined_table_template, table_.name);
     error(Msg::ignoring_table_template);
     table_.name.clear();
     return;
   }
-  table_.columns = gVLAttributes.list({"table", table_.name, "coldef"});
+  gTableTemplate const & from = found->second;
+  table_.columns = pieces_of(from.columns);
   table_columns_ = static_cast<int>(table_.columns.size());
-  table_.style = gVLAttributes.text({"table", table_.name, "style"});
-  table_.markrows = gVLAttributes.list({"table", table_.name, "markrow"});
-  table_.markcolumns = gVLAttributes.list({"table", table_.name, "markcol"});
-  table_.rows = gVLAttributes.list({"table", table_.name, "rows"});
+  table_.style = from.style;
+  table_.markrows = pieces_of(from.markrows);
+  table_.markcolumns = pieces_of(from.markcolumns);
+  table_.rows = pieces_of(from.rows);
+}
+
+gStrList doc_parse_base::pieces_of(std::vector<gString> const & texts) {
+  gStrList pieces;
+  for (gString const & text : texts)
+    pieces.push_back(text);
+  return pieces;
 }
 
 void doc_parse_base::missing_columns() {
@@ -60,7 +68,7 @@ void doc_parse_base::set_marks(gString const & command, gStrList & marks, gParam
 }
 
 gStrList doc_parse_base::joined_row(gStrList rows, gStrList cells) {
-  rows.push_back(piece("@_vltrow"));
+  rows.push_back(Vlb::placeholder(gPiece::table_row));
   return joined(rows, cells);
 }
 
@@ -82,14 +90,14 @@ gStrList doc_parse_base::joined_cell(gStrList cells, gParamList & params) {
 gStrList doc_parse_base::table(bool is_open, gStrList rows) {
   if (!is_open)
     return {};
-  gStrList pieces(piece("@_vltbeg"));
+  gStrList pieces(Vlb::placeholder(gPiece::table));
   pieces.push_back(piece("no"));
   pieces.push_back(gString("<" + table_.style + "><" + table_.columns.make_string(",") + "><" +
                            table_.markcolumns.make_string(",") + "><" +
                            table_.markrows.make_string(",") + ">\n"));
   pieces.append(table_.rows);
   pieces.append(std::move(rows));
-  pieces.push_back(piece("@_vltend"));
+  pieces.push_back(Vlb::placeholder(gPiece::table_end));
   return pieces;
 }
 

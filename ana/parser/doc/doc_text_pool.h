@@ -10,6 +10,8 @@
 // A table of fixed size that remembers the last text of each slot: no growth, no eviction policy.
 class doc_text_pool {
 public:
+  // Lets all texts go: those of one file aren't shared with another, which may be read elsewhere.
+  void clear() { texts_->fill(nullptr); }
   // A shared string equal to `text`.
   cRef<gString> get(std::string_view text);
 

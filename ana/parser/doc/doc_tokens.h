@@ -76,8 +76,17 @@ enum Condition : int {
   INDEXENTRY = 36 // behind @xe
 };
 
-using Text = cRef<gString>;         // of TEXT: a piece, perhaps shared
-using Keyword = cRef<gKwd>;         // of the keyword tokens
+using Text = cRef<gString>; // of TEXT: a piece, perhaps shared
+
+// The value of the keyword tokens. It borrows from the table of keywords: several threads read by
+// the same table, which nobody may count.
+struct Keyword {
+  gKwd const * row = nullptr;
+  gUnitPattern const * pattern = nullptr; // of units
+
+  explicit operator bool() const { return row != nullptr; }
+  gKwd const * operator->() const { return row; }
+};
 using Levels = std::pair<int, int>; // of a class hierarchy, up and down
 using Value =
     gValue<gString, Text, Keyword, gStrList, gParamList, gParam, gPredicate, Levels, bool>;

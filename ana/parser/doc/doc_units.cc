@@ -1,30 +1,40 @@
-// Units: made at their keyword, named by their head, filled by their text, entered at their end.
+// Units: made at their keyword, named by their head, filled by their text, facts at their end.
 #include <charconv>
+#include <tuple>
 
-#include "ana/anadat/tables.h"
 #include "ana/parser/doc/doc_parse_base.h"
 
-void doc_parse_base::begin_unit(Doc::Keyword const & keyword) {
-  auto unit = make_ref<gSyntUnit>(gStrList(), gString(), cur_file(), scanner_.keyword_line());
-  for (auto const & entry : keyword->pattern->attr)
-    unit->set_attr(*entry.name, *entry.value);
-  scanner_.set_unit_type(unit->get_attr("UNITTYPE"));
-  cur_unit_ = std::move(unit);
+// Units and labels are counted here, because those of a unit that a fault loses are lost with it.
+void doc_parse_base::begin(bool is_text) {
+  cur_unit_ = {};
+  cur_unit_.is_text = is_text;
+  cur_unit_.place = {scanner_.keyword_line()};
+  cur_unit_.number = facts_->units_made++;
+  cur_unit_.label = facts_->labels_made++;
 }
 
-void doc_parse_base::enter(bool is_named) {
-  (is_named ? gNamedUnits : gUnnamedUnits).insert_at(cur_unit_->loc(), cur_unit_);
-  if (is_named)
-    gUnitNames.add(cur_unit_->name(), cur_unit_);
+void doc_parse_base::begin_unit(Doc::Keyword const & keyword) {
+  begin(false);
+  for (auto const & entry : keyword.pattern->attr)
+    cur_unit_.set_attribute(*entry.name, *entry.value);
+  scanner_.set_unit_type(cur_unit_.attribute("UNITTYPE"));
+}
+
+void doc_parse_base::end_unit(bool is_named) {
+  cur_unit_.is_named = is_named;
+  facts_->units.push_back(std::move(cur_unit_));
+  cur_unit_ = {};
 }
 
 void doc_parse_base::enter_unit() {
-  enter(!cur_unit_->names().empty());
+  end_unit(!cur_unit_.names.empty());
 }
 
+// The label is made of the name, so a named unit has a new one.
 void doc_parse_base::name_unit(gString const & separator, gStrList const & names) {
-  cur_unit_->set_name_sep(separator);
-  cur_unit_->set_names(names);
+  cur_unit_.name_sep = separator;
+  cur_unit_.names = names;
+  cur_unit_.label = facts_->labels_made++;
 }
 
 void doc_parse_base::name_unit(gStrList name) {
@@ -52,17 +62,20 @@ gStrList doc_parse_base::scoped_name(gStrList name, gString const & separator, g
 
 void doc_parse_base::add_text(gString const & subentry, gStrList text) {
   if (!text.is_wsp())
-    cur_unit_->add_subentry(subentry, std::move(text));
+    cur_unit_.add_subentry(subentry, std::move(text));
 }
 
 // A command that failed gives no pieces and costs nothing else.
 void doc_parse_base::set_headline(gStrList const & text) {
-  if (!text.empty())
-    synt_unit().set_headline(text);
+  if (text.empty())
+    return;
+  if (!cur_unit_.headline.empty())
+    reports()(Msg::overwriting_headline, {}, gLoc(cur_file(), cur_unit_.place.line));
+  cur_unit_.headline = text;
 }
 
 void doc_parse_base::set_hierarchy(Doc::Levels levels) {
-  synt_unit().set_hierarchy(levels.first, levels.second);
+  std::tie(cur_unit_.hier_up, cur_unit_.hier_down) = levels;
 }
 
 Doc::Levels doc_parse_base::class_levels(gParamList & params) const {
@@ -87,12 +100,12 @@ int doc_parse_base::class_level(gParamList const & params, std::string_view opti
 }
 
 void doc_parse_base::add_link(gStrList references) {
-  cur_unit_->link_line().append(std::move(references));
+  cur_unit_.link_line.append(std::move(references));
 }
 
 void doc_parse_base::set_style(gParamList & params) {
   if (check_params("style", params))
-    cur_unit_->set_style(params.word(0));
+    cur_unit_.style = params.word(0);
 }
 
 void doc_parse_base::set_attribute(gParamList & params) {
@@ -101,24 +114,25 @@ void doc_parse_base::set_attribute(gParamList & params) {
   gString const & name = params.word(0);
   gString const & value = params.word(1);
   if (gInput->has_value(name, value))
-    cur_unit_->set_attr(name, value);
+    cur_unit_.set_attribute(name, value);
   else
     error(Msg::undefined_attribute_value, value);
 }
 
 void doc_parse_base::clear_flag(gDocUnit::Flag flag) {
-  cur_unit_->clear_flag(flag);
+  cur_unit_.flags &= ~flag;
 }
 
 void doc_parse_base::begin_text_unit(gString const & name) {
-  cur_unit_ = make_ref<gTextUnit>(name, cur_file(), scanner_.keyword_line());
-  cur_unit_->set_attr("UNITTYPE", "text");
+  begin(true);
+  cur_unit_.names.push_back(name);
+  cur_unit_.set_attribute("UNITTYPE", "text");
   text_pending_ = true;
 }
 
 void doc_parse_base::enter_text_unit(gStrList body) {
-  cur_unit_->add_subentry("text", std::move(body));
-  enter(!cur_unit_->first_name().empty());
+  cur_unit_.add_subentry("text", std::move(body));
+  end_unit(!cur_unit_.names.front()->empty());
 }
 
 void doc_parse_base::add_running_text(gStrList & pieces, Doc::Text text) {

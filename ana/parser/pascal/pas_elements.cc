@@ -20,7 +20,7 @@ void pas_parse_base::record_element(gCodeElemRef const & element) {
   if (routine_depth_ > 0)
     return;
   element->decl.wsp_norm();
-  gCodeElems.insert_at(element->loc, element);
+  facts_->elements.push_back(element);
 }
 
 void pas_parse_base::constant(gString const & name, int line, gString const & type,

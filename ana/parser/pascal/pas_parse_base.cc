@@ -2,6 +2,7 @@
 #include "ana/parser/pascal/pas_parse_base.h"
 
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 
 pas_parse_base::pas_parse_base(int stack_size)
     : scanner_(gScanBase::standard_size),
@@ -20,6 +21,11 @@ void pas_parse_base::reset() {
   routine_depth_ = 0;
   visibility_ = "undefined";
   text_bytes_ = 0;
+}
+
+void pas_parse_base::read_into(gCodeFacts & facts) {
+  facts_ = &facts;
+  scanner_.record_comments(&facts.comments);
 }
 
 int pas_parse_base::begin_unit(gString const & name) {
@@ -54,7 +60,7 @@ void pas_parse_base::begin_class(gBasesRef const & bases) {
   class_name_ = type_name_;
   visibility_ = "public";
   if (bases)
-    gPasClasses.insert_class(class_name_, bases);
+    facts_->classes.push_back({class_name_, bases});
 }
 
 // The body stays out of the text: its members are elements of their own.
@@ -69,10 +75,10 @@ gString pas_parse_base::end_class(gBasesRef & bases) {
   return text;
 }
 
-void pas_parse_base::check_length(std::size_t parts) {
+void pas_parse_base::check_length(std::size_t parts) const {
   constexpr std::size_t most = 100000;
   if (parts > most)
-    throw gExcFatalErr("Too many parts in one declaration", "");
+    throw gExcFatalErr(Msg::too_many_parts, "", scanner_.place());
 }
 
 // Each parameter shows its type, so a long type behind many names would cost its length times their
@@ -81,5 +87,5 @@ void pas_parse_base::count_text(std::size_t bytes) {
   constexpr std::size_t free = 4'000'000, of_each_byte_read = 100;
   text_bytes_ += bytes;
   if (text_bytes_ > free + of_each_byte_read * static_cast<std::size_t>(scanner_.position()))
-    throw gExcFatalErr("Too much text in the declarations of the file", "");
+    throw gExcFatalErr(Msg::too_much_text, "", scanner_.place());
 }

@@ -1,6 +1,7 @@
 // The parser of Pascal declarations: leaves a code element for each thing that a file declares.
 #pragma once
 
+#include "ana/anadat/gfilefacts.h"
 #include "ana/cmdpar/gvlparsebase.h"
 #include "ana/parser/pascal/pas_scan.h"
 
@@ -12,6 +13,8 @@ public:
 
   // Prepares parser and scanner for the next file.
   void reset() override;
+  // To be called behind reset(): where elements, classes and all comments of the file go.
+  void read_into(gCodeFacts & facts);
   pas_scan & scanner() override { return scanner_; }
   pas_scan const & scanner() const override { return scanner_; }
 
@@ -56,7 +59,7 @@ protected:
   gString low_constant(gString const & name);
   gString subrange(gString const & low);
   // A list: gExcFatalErr beyond any sensible length.
-  static void check_length(std::size_t parts);
+  void check_length(std::size_t parts) const;
 
 private:
   class Collecting;
@@ -66,11 +69,12 @@ private:
   gCodeElemRef make_element(int type, gStrList && names, int line, gString && decl);
   // The name of something in the unit and class at hand.
   gStrList in_scope(gString const & name) const;
-  // Enters it unless it is local to a routine.
+  // Keeps it unless it is local to a routine.
   void record_element(gCodeElemRef const & element);
   void count_text(std::size_t bytes);
 
   pas_scan scanner_;
+  gCodeFacts * facts_ = nullptr;
   gString unit_name_;  // empty in a program and behind the unit
   gString type_name_;  // of the type declaration at hand
   gString class_name_; // of the class whose body is being read

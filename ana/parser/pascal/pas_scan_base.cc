@@ -7,7 +7,7 @@ void pas_scan_base::reset() {
   gScanBase::reset();
   value_ = pas_value();
   comment_line_ = 0;
-  free_comments_.reset();
+  comments_ = nullptr;
   begin(CODE);
 }
 
@@ -32,6 +32,7 @@ int pas_scan_base::begin_comment() {
 
 int pas_scan_base::end_comment() {
   begin(after_comment_);
-  free_comments_.record(cur_infile(), comment_line_, line());
+  if (comments_)
+    comments_->push_back({{comment_line_}, line()});
   return scan_go_on;
 }

@@ -1,8 +1,8 @@
 // The Pascal scanner: reads the marked copy of a source, keeps its comments out of the tokens and
-// records those without a text unit.
+// records where they stand.
 #pragma once
 
-#include "ana/parser/free_comments.h"
+#include "ana/anadat/gfilefacts.h"
 #include "ana/parser/pascal/pas_tokens.h"
 #include "ana/parser/pascal/pas_value.h"
 #include "vlb/parse/scan_base.h"
@@ -13,6 +13,8 @@ public:
 
   void reset() override;
 
+  // Where the places of comments go; null for nowhere.
+  void record_comments(std::vector<gCommentFacts> * comments) { comments_ = comments; }
   // The value of the last token; the parser moves it away.
   pas_value & token_value() { return value_; }
 
@@ -39,5 +41,5 @@ private:
   gString lower_word_;
   int comment_line_ = 0;  // where the comment being skipped began
   int after_comment_ = 0; // the condition that it interrupted
-  gFreeComments free_comments_;
+  std::vector<gCommentFacts> * comments_ = nullptr;
 };

@@ -3,6 +3,7 @@
 
 #include "ana/parser/pascal/pas_parse_base.h"
 #include "vlb/gexception.h"
+#include "vlb/messages.h"
 
 // Collect mode, which falls back when a skip throws too.
 class pas_parse_base::Collecting {
@@ -32,7 +33,7 @@ int pas_parse_base::next_skipped() {
     token = scanner_.scan();
   clearin();
   if (token == 0)
-    throw gExcFatalErr("Unexpected end of file", "");
+    throw gExcFatalErr(Msg::unexpected_end, "", scanner_.place());
   return token;
 }
 

@@ -3,6 +3,7 @@
 
 #include "vlb/gexception.h"
 #include "vlb/gstring.h"
+#include "vlb/messages.h"
 
 namespace {
 
@@ -38,6 +39,6 @@ void keep_words_whole(gScanBase & scanner) {
     return;
   std::size_t const whole = whole_words(scanner.token());
   if (whole == 0)
-    throw gExcFatalErr("Token buffer overflow in the scanner", "");
+    throw gExcFatalErr(Msg::token_too_long, "", scanner.place());
   scanner.cut_to(static_cast<int>(whole));
 }

@@ -4,7 +4,10 @@
 %define lr.default-reduction consistent
 %define api.parser.class {mdf_parse}
 %expect 0
-%code { #include "ana/parser/script/mdf_parse.h" }
+%code {
+#include "ana/anadat/pieces.h"
+#include "ana/parser/script/mdf_parse.h"
+}
 
 @include ../commands.yi
 %token CODE_OPEN 334
@@ -52,7 +55,7 @@ unit_item: STYLE params { store_style($2); }
          | NOBOOKMARK { store("nobook", cat::make(true)); }
          | NOXE { store("noxe", cat::make(true)); }
          | headline { $$ = template_headline($1); }
-         | LINKLINE { $$ = gStrList(gString("@_vlll")); }
+         | LINKLINE { $$ = gStrList(Vlb::placeholder(gPiece::link_line)); }
          | crefll { add_to_link_line(std::move($1)); }
          | CLASSHIERARCHY params { $$ = template_hierarchy($2); }
          | SUBENTRY text_param { $$ = subentry_place($1, $2); }
@@ -93,7 +96,7 @@ table_opts: %empty
           | table_opts MARKCOLUMNS params { mark_lines("markcolumns", "markcol", $3); }
           ;
 rows: %empty { $$ = gStrList(); }
-    | rows ROW cells { $$ = std::move($1); $$.push_back(gString("@_vltrow")); $$.append(std::move($3)); }
+    | rows ROW cells { $$ = std::move($1); $$.push_back(Vlb::placeholder(gPiece::table_row)); $$.append(std::move($3)); }
     ;
 cells: %empty { $$ = open_row(); }
      | cells CELL params { $$ = std::move($1); $$.append(table_cell($3)); }

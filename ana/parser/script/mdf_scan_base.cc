@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "ana/anadat/input_table.h"
+#include "ana/anadat/pieces.h"
 #include "ana/cmdpar/keywords.h"
 #include "vlb/messages.h"
 
@@ -97,13 +98,13 @@ int mdf_scan_base::variable() {
   gString name = value();
   if (!gDocVars.contains(name))
     error(Msg::not_a_variable, name);
-  return text_token(std::move(name));
+  return text_token(Vlb::variable_piece(std::move(name)));
 }
 
 int mdf_scan_base::code_piece() {
   gString text = value();
   text.wsp_trim();
-  return text_token(Vlb::escape_atc(text));
+  return text_token(Vlb::variable_piece(Vlb::escape_atc(text)));
 }
 
 int mdf_scan_base::line_break(gMessage const & warning) {

@@ -1,5 +1,6 @@
 // The definitions of a script are stored as they are read, into the templates of the run. A second
 // definition of a name adds to the first.
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/keywords.h"
 #include "ana/parser/script/mdf_parse_base.h"
@@ -33,39 +34,37 @@ void mdf_parse_base::store_style(gParamList & params) {
 gStrList mdf_parse_base::template_headline(gStrList const & pieces) {
   if (!pieces.empty())
     store("hdline", cat::make(pieces));
-  return gStrList(gString("@_vlhdl"));
+  return gStrList(Vlb::placeholder(gPiece::headline));
 }
 
 gStrList mdf_parse_base::template_hierarchy(gParamList & params) {
   auto const [up, down] = hierarchy_levels(params);
   store("hierup", cat::make(up));
   store("hierdown", cat::make(down));
-  return gStrList(gString("@_vlchier"));
+  return gStrList(Vlb::placeholder(gPiece::hierarchy));
 }
 
 gStrList mdf_parse_base::subentry_place(gString const & subentry, gStrList const & title) {
   store(subentry, cat::make(title));
-  gStrList pieces(gString("@_vlsub"));
+  gStrList pieces(Vlb::placeholder(gPiece::subentry));
   pieces.push_back(subentry);
   return pieces;
 }
 
 // Running heads know no unit: of the variables only those of the page have a meaning there.
 gStrList mdf_parse_base::printed_variables(gStrList const & pieces) const {
-  constexpr std::pair<char const *, char const *> macros[] = {{"$curfile", "@macro<cur_file>{} "},
-                                                              {"$curpage", "@macro<cur_page>{} "},
-                                                              {"$curdate", "@macro<cur_date>{} "},
-                                                              {"$curtime", "@macro<cur_time>{} "}};
   gStrList printed;
   for (cRef<gString> const & piece : pieces) {
-    auto const macro = std::find_if(std::begin(macros), std::end(macros),
-                                    [&](auto const & row) { return *piece == row.first; });
-    if (macro != std::end(macros)) {
-      printed.push_back(gString(macro->second));
-    } else if (gDocVars.contains(*piece)) {
+    switch (Vlb::piece_kind(*piece)) {
+    case gPiece::macro:
+      printed.push_back(Vlb::macro_text(*piece));
+      break;
+    case gPiece::variable:
+    case gPiece::curclass:
       error(Msg::illegal_print_variable, *piece);
       printed.push_back(gString());
-    } else {
+      break;
+    default:
       printed.push_back(piece);
     }
   }

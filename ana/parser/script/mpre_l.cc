@@ -1,5 +1,5 @@
 // Copies a script line by line: a comment leaves its line feed, and an included file is pasted
-// unread between "#line" directives, so that the next pass can tell the position of everything.
+// between "#line" directives, so that the next pass can tell the position of everything.
 #include "ana/parser/script/mpre_scan.h"
 
 #include "ana/anadat/input_table.h"
@@ -73,6 +73,14 @@ int mpre_scan::wrap() {
   return 1;
 }
 
+// An included script is written by the one that includes it.
+void mpre_scan::ECHO(std::string_view text) const {
+  if (into_)
+    into_->ECHO(text);
+  else
+    gScanBase::ECHO(text);
+}
+
 void mpre_scan::include_file() {
   gString name = value();
   name.wsp_rmleft();
@@ -80,15 +88,25 @@ void mpre_scan::include_file() {
   path.normalize(true);
   path.make_absolute(gInput->script.dir_name());
   std::string text;
-  if (!gFileSystem::read_file(path, text)) {
+  if (into_)
+    error(Msg::nested_include, path);
+  else if (path == cur_infile().path())
+    error(Msg::self_include, path);
+  else if (!gFileSystem::read_file(path, text))
     error(Msg::cannot_read, path);
-    ECHO('\n');
-    return;
-  }
-  std::string_view content = text;
-  if (content.starts_with("\xEF\xBB\xBF"))
-    content.remove_prefix(3);
+  else
+    return paste(path, text);
+  ECHO('\n');
+}
+
+void mpre_scan::paste(gPathstring const & path, std::string_view text) {
+  if (text.starts_with("\xEF\xBB\xBF"))
+    text.remove_prefix(3);
   ECHO(directive(1, path));
-  ECHO(content);
+  mpre_scan included(standard_size);
+  included.into_ = this;
+  included.report_to(reports());
+  included.open_text(gSrcFile(path, "", 0), text);
+  included.scan();
   ECHO(directive(line() + 1, cur_infile().path()));
 }

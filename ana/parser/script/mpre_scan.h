@@ -13,7 +13,17 @@ public:
   int scan() override;
   int wrap() override;
 
-  // For the actions: pastes the file that the token names, between two directives that say where
-  // its lines and those behind it come from.
+  using gScanBase::ECHO;
+  void ECHO(char c) const override { ECHO(std::string_view(&c, 1)); }
+  void ECHO(std::string const & text) const override { ECHO(std::string_view(text)); }
+  void ECHO(std::string_view text) const override;
+
+  // For the actions: pastes the file that the token names, without its comments, between two
+  // directives that say where its lines and those behind it come from.
   void include_file();
+
+private:
+  void paste(gPathstring const & path, std::string_view text);
+
+  mpre_scan const * into_ = nullptr; // for an included script: the one that includes it
 };

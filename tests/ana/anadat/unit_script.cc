@@ -19,7 +19,9 @@
 #include <functional>
 #include <map>
 
+#include "ana/anadat/pieces.h"
 #include "app/options/options.h"
+#include "vlb/gmsghandler.h"
 
 namespace {
 
@@ -144,10 +146,22 @@ std::string unmasked(std::string const & text) {
   return replaced(replaced(text, "\\n", "\n"), "\\t", "\t");
 }
 
+// The cases write placeholders by their texts.
+gString piece_of(std::string const & text) {
+  for (int i = 1; i <= static_cast<int>(gPiece::subentry); ++i) {
+    auto const kind = static_cast<gPiece>(i);
+    bool const is_variable =
+        kind == gPiece::variable || kind == gPiece::curclass || kind == gPiece::macro;
+    if (!is_variable && *Vlb::placeholder(kind) == text)
+      return Vlb::marked(kind, text);
+  }
+  return Vlb::variable_piece(text);
+}
+
 gStrList pieces_of(std::string const & text) {
   gStrList list;
   for (std::string const & part : split(text, '|'))
-    list << gString(unmasked(part));
+    list << piece_of(unmasked(part));
   return list;
 }
 
@@ -214,7 +228,6 @@ void UnitScript::command(Words const & words) {
       {"attr", [&] { unit_->set_attr(word(1), word(2)); }},
       {"style", [&] { unit_->set_style(word(1)); }},
       {"levels", [&] { synt().set_hierarchy(number(1), number(2)); }},
-      {"names", [&] { unit_->set_names(names_of(word(1))); }},
       {"unflag", [&] { unit_->clear_flag(gDocUnit::Flag(number(1))); }},
       {"section", [&] { place(words); }},
       {"level", [&] { place(words); }},

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "program.h"
+#include "vlb/messages.h"
 
 namespace {
 
@@ -23,6 +24,9 @@ TEST(cli, tells_usage) {
       {"analyze", 2},
       {"analyze missing.vlp", 2},
       {"analyze p.vlp --fail-on info", 2},
+      {"help", 0},
+      {"help quick", 0},
+      {"quik src", 2},
   };
   for (auto const & row : rows) {
     Answer const answer = box.run(row.arguments);
@@ -30,6 +34,9 @@ TEST(cli, tells_usage) {
     EXPECT_EQ(answer.out.empty(), row.status != 0) << row.arguments;
     EXPECT_EQ(answer.err.empty(), row.status == 0) << row.arguments;
   }
+  EXPECT_EQ(box.run("quik src").err,
+            "vellumar: 'quik' is no command. Did you mean 'vellumar quick'?\n");
+  EXPECT_EQ(box.run("help build").out, box.run("build --help").out);
 }
 
 TEST(cli, makes_and_changes_a_project) {
@@ -92,6 +99,42 @@ TEST(cli, run_options_hold_for_one_run) {
   EXPECT_EQ(box.read("p.vlp"), before);
 }
 
+TEST(cli, tells_what_failed_and_where) {
+  Sandbox box;
+  box.make_project();
+  box.write("src/a.h", "int a;\n\nint f(int a) {\n {");
+  std::string const fault = "FATAL ERROR: Unexpected end of file (" + box.path("src/a.h:4)\n");
+  Answer answer = box.run("analyze p.vlp --fail-on error --reports r.jsonl");
+  EXPECT_EQ(answer.status, 3);
+  EXPECT_NE(answer.err.find(fault + "    Continuing analysis with next file.\n"), std::string::npos)
+      << answer.err;
+  EXPECT_EQ(
+      box.read("r.jsonl"),
+      "{\"number\":34,\"severity\":\"error\",\"text\":\"FATAL ERROR: Unexpected end of file\","
+      "\"path\":\"" +
+          box.path("src/a.h") + "\",\"line\":4,\"stage\":\"code\",\"advice\":\"" +
+          std::string(Msg::unexpected_end.advice) +
+          "\",\"hints\":[\"Continuing analysis with next file.\"]}\n");
+  EXPECT_EQ(box.run("analyze p.vlp --suppress 34 --reports r.jsonl --fail-on error").status, 0);
+  EXPECT_EQ(box.read("r.jsonl"), "");
+  answer = box.run("build p.vlp -q --set vls_file=none.vls");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_EQ(answer.err,
+            "vellumar: FATAL ERROR: Cannot read from file: " + box.path("none.vls") + "\n");
+  answer = box.run("build p.vlp -q --reports r.jsonl");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("vellumar: ERROR 520: No text unit in the intermediate code: "),
+            std::string::npos)
+      << answer.err;
+  EXPECT_NE(box.read("r.jsonl").find("\"stage\":\"convert\""), std::string::npos);
+  answer = box.run("analyze p.vlp --reports src/a.h");
+  EXPECT_EQ(answer.status, 2);
+  EXPECT_EQ(answer.err, "vellumar: Cannot write the reports to 'src/a.h': "
+                        "It exists, and holds other things\n");
+  EXPECT_TRUE(box.read("src/a.h").starts_with("int a;"));
+  EXPECT_EQ(box.run("analyze p.vlp --reports none/r.jsonl").status, 2);
+}
+
 TEST(cli, empties_only_what_a_run_has_left) {
   Sandbox box;
   box.make_project();
@@ -103,18 +146,42 @@ TEST(cli, empties_only_what_a_run_has_left) {
   EXPECT_EQ(refusal.status, 2);
   EXPECT_NE(refusal.err.find("--overwrite"), std::string::npos) << refusal.err;
   EXPECT_EQ(box.read("out/notes.txt"), "mine");
+  box.write("out/sub/notes.txt", "mine");
   EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
-  EXPECT_FALSE(box.exists("out/notes.txt"));
-  box.write("precious/file", "");
+  EXPECT_EQ(box.read("out/notes.txt") + box.read("out/sub/notes.txt"), "minemine");
+  box.write("precious/part.atx", "");
   std::filesystem::create_directory_symlink(box.path("precious"), box.path("out/link"));
   EXPECT_EQ(box.run("analyze p.vlp").status, 2);
   EXPECT_EQ(box.run("analyze p.vlp --overwrite").status, 0);
-  EXPECT_TRUE(box.exists("precious/file")) << "links are not followed";
-  box.write("out/doc.atx", "a file of another kind with that name");
-  EXPECT_EQ(box.run("analyze p.vlp").status, 2);
-  box.write("foreign/ana.log", "the log of something else");
-  EXPECT_EQ(box.run("analyze p.vlp --set out_dir=foreign").status, 2);
-  EXPECT_TRUE(box.exists("foreign/ana.log"));
+  EXPECT_TRUE(box.exists("out/link") && box.exists("out/doc.atc"));
+}
+
+// Files of the user in the place of those that a run writes, by whatever way.
+TEST(cli, writes_over_nothing_but_what_a_run_has_left) {
+  struct {
+    char const *file, *script;
+    int status;
+  } const rows[] = {
+      {"out/ana.log", "@document\n@outfilter\n", 2},
+      {"out/.vellumar", "@document\n@outfilter\n", 2},
+      {"out/htm.new/x", "@document\n@outfilter\n", 2},
+      {"out/rtf.log", "@document\n@outfilter\n", 2},
+      {"out/doc.atc", "@document\n@outfilter\n", 1},
+      {"out/part.atx", "@document\n@section<output=part>\n@outfilter\n", 1},
+      {"precious/part.atx", "@document\n@section<output=link/part>\n@outfilter\n", 1},
+  };
+  for (auto const & row : rows) {
+    Sandbox box;
+    box.make_project();
+    box.write("doc.vls", row.script);
+    box.write("out/x", "mine");
+    box.write("precious/x", "mine");
+    std::filesystem::create_directory_symlink(box.path("precious"), box.path("out/link"));
+    box.write(row.file, "mine");
+    Answer const answer = box.run("analyze p.vlp --overwrite");
+    EXPECT_EQ(answer.status, row.status) << row.file << answer.err;
+    EXPECT_EQ(box.read(row.file), "mine") << row.file;
+  }
 }
 
 TEST(cli, never_empties_a_folder_that_holds_more_than_output) {
@@ -182,7 +249,9 @@ TEST(cli, stops_in_an_orderly_way) {
   make_long_project(box);
   int const child = box.start("analyze p.vlp");
   box.wait_for("out/ana.log", "Preprocessing");
-  EXPECT_EQ(box.run("analyze p.vlp").status, 2); // while the first one works
+  Answer const second = box.run("analyze p.vlp");
+  EXPECT_EQ(second.status, 2);
+  EXPECT_NE(second.err.find("in use by another run"), std::string::npos) << second.err;
   kill(child, SIGINT);
   EXPECT_EQ(Sandbox::end_of(child), 130);
   EXPECT_TRUE(box.read("out/ana.log").ends_with("User aborted program.\n"));
@@ -208,9 +277,7 @@ TEST(cli, leaves_no_temporary_file_when_it_has_to_end_at_once) {
       usleep(3000);
       kill(child, signal);
     }
-    // An interrupt behind the end of the run meets no handler.
-    int const end = Sandbox::end_of(child);
-    EXPECT_TRUE(end == row.status || (row.status == 130 && end == -SIGINT)) << end;
+    EXPECT_EQ(Sandbox::end_of(child), row.status);
     EXPECT_EQ(temp_files(box), 0) << row.status;
     std::filesystem::remove_all(box.path("out"));
   }

@@ -19,14 +19,40 @@ TEST(conversion, builds_what_the_next_run_may_empty) {
   EXPECT_TRUE(box.exists("out/htm/index.htm") && box.exists("out/rtf") &&
               box.exists("out/rtf.log"));
   EXPECT_EQ(box.run("build p.vlp --fail-on warning").status, 3); // one of the analysis
-  EXPECT_TRUE(box.exists("out/htm/index.htm") && !box.exists("out/rtf"));
+  EXPECT_TRUE(box.exists("out/htm/index.htm") && box.exists("out/rtf"));
   box.write("out/htm.new/page.htm", "of a run that was killed");
-  EXPECT_EQ(box.run("build p.vlp -q --set htm/vlt_default=false --set htm/vlt=no.vlt").status, 1);
-  EXPECT_FALSE(box.exists("out/htm") || box.exists("out/htm.new"));
+  std::string const page = box.read("out/htm/index.htm");
+  for (char const * fault : {"--set htm/vlt_default=false --set htm/vlt=no.vlt",
+                             "--set vls_file=none.vls", "--set 'inputfiles/1/files=*.none'"}) {
+    EXPECT_EQ(box.run(std::string("build p.vlp -q ") + fault).status, 1) << fault;
+    EXPECT_EQ(box.read("out/htm/index.htm"), page) << fault;
+    EXPECT_FALSE(box.exists("out/htm.new")) << fault;
+  }
+  EXPECT_EQ(box.run("build p.vlp -o other").status, 0);
+  EXPECT_TRUE(box.exists("other/htm/index.htm"));
+}
+
+// What the user has put beside the pages goes on into the next result, unless a page needs its
+// place.
+TEST(conversion, keeps_files_of_the_user_among_the_pages) {
+  Sandbox box;
+  box.make_project();
   EXPECT_EQ(box.run("build p.vlp").status, 0);
-  box.write("out/htm/mine", "");
+  box.write("out/htm/mine", "mine");
+  box.write("out/htm/own/deep/mine", "mine");
+  std::filesystem::create_symlink("mine", box.path("out/htm/link"));
   EXPECT_EQ(box.run("build p.vlp").status, 2);
-  EXPECT_TRUE(box.exists("out/htm/mine"));
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(box.run("build p.vlp --overwrite").status, 0);
+    for (char const * name : {"out/htm/mine", "out/htm/own/deep/mine", "out/htm/link"})
+      EXPECT_EQ(box.read(name), "mine") << name;
+    EXPECT_TRUE(box.exists("out/htm/index.htm"));
+  }
+  box.write("new/htm/index.htm", "mine");
+  Answer const answer = box.run("build p.vlp -o new --overwrite");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("new/htm/index.htm (File exists)"), std::string::npos) << answer.err;
+  EXPECT_EQ(box.read("new/htm/index.htm"), "mine");
 }
 
 TEST(conversion, tells_where_there_is_no_room) {
@@ -43,7 +69,7 @@ TEST(conversion, tells_where_there_is_no_room) {
             std::string::npos)
       << answer.err;
   EXPECT_NE(answer.err.find("large.bin (File too large)\n"), std::string::npos) << answer.err;
-  EXPECT_FALSE(box.exists("out/htm") || box.exists("out/htm.new"));
+  EXPECT_TRUE(box.exists("out/htm/index.htm") && !box.exists("out/htm.new"));
 }
 
 TEST(conversion, is_stopped_by_an_interrupt) {
@@ -100,6 +126,53 @@ TEST(conversion, quick_documents_any_folder) {
   EXPECT_NE(answer.out.find("\nSources:    2 files, "), std::string::npos) << answer.out;
   std::filesystem::remove_all(box.path("tree/end "));
   EXPECT_TRUE(box.exists("tree/a.h"));
+}
+
+TEST(conversion, quick_takes_what_it_is_given_and_no_more) {
+  Sandbox box;
+  box.write("private/y.h", "void hidden_one();\n");
+  box.write("tree/a.h", "// Does it.\nvoid shown_one();\n");
+  box.write("tree/b.hpp", "// Does it.\nvoid shown_two();\n");
+  std::filesystem::create_symlink("../private/y.h", box.path("tree/x.h"));
+  std::filesystem::create_symlink("a.h", box.path("tree/z.h"));
+  box.write("tree/line\nfeed.h", "void broken();\n");
+  Answer answer = box.run("quick tree");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_NE(answer.out.find("\nSources:    3 files\n"), std::string::npos) << answer.out;
+  EXPECT_NE(answer.err.find("leads out of the folders: '" + box.path("tree/x.h'")),
+            std::string::npos);
+  EXPECT_NE(answer.err.find("line\\nfeed.h"), std::string::npos) << answer.err;
+  EXPECT_EQ(answer.err.find("ERROR"), std::string::npos) << answer.err;
+  std::string const code = box.read("site/quick.atc");
+  EXPECT_NE(code.find("shown_one"), std::string::npos);
+  EXPECT_EQ(code.find("hidden_one"), std::string::npos);
+  answer = box.run("quick tree/b.hpp private/y.h");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_NE(answer.out.find("\nSources:    2 files\n"), std::string::npos) << answer.out;
+  EXPECT_EQ(box.read("site/quick.atc").find("shown_one"), std::string::npos);
+  EXPECT_EQ(box.run("quick site/ana.log").status, 2);
+  answer = box.run("--version && mkdir g && cd g && rmdir ../g && " VELLUMAR_PROGRAM
+                   " quick ../tree -o ../away");
+  EXPECT_EQ(answer.status, 2) << answer.err;
+  EXPECT_EQ(answer.err, "vellumar: The current folder is gone. Change into one that exists.\n");
+}
+
+// Sources are never written over, whatever the folder is called and whoever leaves it out.
+TEST(conversion, quick_writes_into_no_folder_with_sources) {
+  Sandbox box;
+  box.write("src/a.h", "void f();\n");
+  box.write("src/deep/b.h", "void g();\n");
+  box.write("src/deep/er/notes", "mine");
+  std::filesystem::create_directory_symlink(box.path("src/deep"), box.path("link"));
+  for (char const * out : {"src", "src/deep", "src/deep/er/..", "link", "src/../src/deep/", "."}) {
+    Answer const answer = box.run(std::string("quick src --overwrite -o ") + out);
+    EXPECT_EQ(answer.status, 2) << out << answer.err;
+  }
+  EXPECT_EQ(box.run("quick src/a.h --overwrite -o src").status, 2);
+  EXPECT_EQ(std::distance(std::filesystem::recursive_directory_iterator(box.path("src")), {}), 5);
+  EXPECT_EQ(box.read("src/deep/b.h"), "void g();\n");
+  EXPECT_EQ(box.run("quick src --overwrite -o src/deep/er").status, 0);
+  EXPECT_EQ(box.read("src/deep/er/notes"), "mine");
 }
 
 } // namespace

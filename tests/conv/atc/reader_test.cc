@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "conv/atc/encoding.h"
+#include "conv/atc/qualified_name.h"
 #include "conv/atc/reader.h"
 #include "support/case_file.h"
 #include "support/test_outside.h"
@@ -225,6 +226,68 @@ TEST_F(Links, AWordOfADeclarationLeadsToTypesOnly) {
   EXPECT_EQ(word(1, "Lid"), 10) << "there is one alone";
   EXPECT_EQ(word(10, "Box"), -1) << "two, and none of them near";
   EXPECT_EQ(word(0, "Box"), -1) << "the unit itself";
+}
+
+std::string escaped(std::string_view text) {
+  std::string out;
+  for (char const c : text) {
+    if (std::string_view(",>}@\\").find(c) != std::string_view::npos)
+      out += '\\';
+    out += c;
+  }
+  return out;
+}
+
+// One unit with the line of facts, whose parameters are found in the declaration.
+gUnitRecord unit_with_facts(std::string const & declaration, std::string const & parameters) {
+  std::size_t const begin = declaration.find(parameters);
+  std::string const range = std::to_string(begin) + "-" + std::to_string(begin + parameters.size());
+  std::string const text = "@verinfo<VL_10>\n@b_section<>\n@e_secthead\n"
+                           "@unit<1><main><class><pos><a.h><7><VL_AF_3>\n"
+                           "@_facts<enum class><" +
+                           escaped("A<b::c>::f") + "><f><public><static,forward><" +
+                           escaped("X > 1") + "><3><9><" + std::to_string(declaration.size()) +
+                           "><,," + range +
+                           ",,>\n@_later<x><y>\n@bkmk<VL_AF_3>\n@hdline{other f}\n"
+                           "@subentry<1> @subtitle{D}\n@b_verbatim\n" +
+                           escaped(declaration) + "\n@e_verbatim\n@end\n@e_atc\n";
+  gDocument document;
+  gAtcReader().read(text, "m.atc", nullptr, nullptr, document);
+  return document.units.at(0);
+}
+
+// Ranges that are off by the backslashes, or by what another encoding needs, cut words in two.
+TEST(Facts, RangesHoldInWhatIsRead) {
+  TestOutside outside;
+  std::pair<char const *, char const *> const cases[] = {
+      {"void f(char const * a = \"\\\\,}>@\", int b) const",
+       "(char const * a = \"\\\\,}>@\", int b)"},
+      {"std::map<int, A> f(x<y, z> && c)", "(x<y, z> && c)"},
+      {"int f(char c = '\xc3\xa4', int d)", "(char c = '\xc3\xa4', int d)"},
+      {"int \xe4 f(char c = '\xe4')", "(char c = '\xe4')"},
+  };
+  for (auto const & [declaration, parameters] : cases) {
+    gUnitRecord const unit = unit_with_facts(declaration, parameters);
+    std::string wanted;
+    Atc::append_utf8(parameters, wanted);
+    EXPECT_EQ(unit.facts.parameters.of(unit.declaration), wanted) << declaration;
+    EXPECT_EQ(unit.name, "A<b::c>::f");
+    EXPECT_EQ(Atc::scope_of(unit), "A<b::c>");
+    EXPECT_EQ(unit.facts.condition, "X > 1");
+    EXPECT_TRUE(unit.facts.has_mark("forward") && !unit.facts.has_mark("for"));
+  }
+  for (std::string const & report : outside.reports)
+    EXPECT_NE(report.find("Windows-1252"), std::string::npos) << report;
+}
+
+// What says two things is reported, and ranges outside of the text are none.
+TEST(Facts, DamageIsReported) {
+  TestOutside outside;
+  gKnownFacts facts;
+  EXPECT_FALSE(
+      Atc::read_facts({"k", "A::f", "g", "", "", "", "x", "", "9", "4-99,3,5-2,-,"}, facts));
+  EXPECT_TRUE(facts.name.empty() && facts.template_head.empty() && facts.parameters.empty());
+  EXPECT_FALSE(Atc::fit_to("12345678", facts));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <set>
 #include <sstream>
 
@@ -257,12 +258,15 @@ TEST_F(Help, map_file_inside_the_result_or_in_vain) {
   EXPECT_EQ(folder.read("tally.hm"), "INHEAD 5\n") << "a failed conversion changed the map";
   set("cur_hpj", cat::make(folder.write("my.hpj", "x=\"$title\"\n")));
   Vapp::options["atc_title"] = cat::make("a \"b\"");
-  for (char const * name : {"hlp", "hlp/tally.rtf"}) { // a folder; a file of the result
-    set("hm_newfile", cat::make(folder.path(name) + (name[3] ? "" : "/maps.d")));
+  folder.write("own.h", "#define A 1\nint a;\nint b;\n");
+  // A folder, a file of the result, and what is no map.
+  for (char const * name : {"hlp", "hlp/tally.rtf", "own.h"}) {
+    set("hm_newfile", cat::make(folder.path(name) + (std::strlen(name) > 3 ? "" : "/maps.d")));
     folder.write("hlp/maps.d/x", "");
     result = RTF::make_manual(Vapp::conversion_input("hlp"));
     EXPECT_FALSE(result.success) << name;
   }
+  EXPECT_TRUE(folder.read("own.h").ends_with("int b;\n"));
   set("hm_create", cat::make(false));
   result = RTF::make_manual(Vapp::conversion_input("hlp"));
   EXPECT_EQ(folder.read("hlp/tally.hpj"), "x=\"a 'b'\"\r\n");

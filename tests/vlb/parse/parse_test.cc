@@ -73,7 +73,7 @@ TEST_F(Parse, recovers_behind_error_and_reports_no_fault_twice) {
       // States above the one that knows `error` are left.
       {"a { b [ (( c; d; ] }",
        "0: enter a,in b,fault,recovered,word d,out b,leave a,end, #300 \"c\" (in.txt:1)"},
-      {"\na", "1: fault, #0 \"\" (in.txt:2)"},
+      {"\na", "1: fault, #0 \"\" (end of file) (in.txt:2)"},
       {"\xB4;", "0: fault,recovered,end, #180 \"\xB4\" (in.txt:1)"},
       {"a bcdefghijklmnopqrstuv;",
        "0: fault,recovered,end, #300 \"bcdefghijklmnopqrstu...\" (in.txt:1)"},

@@ -5,10 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include "ana/anadat/input_table.h"
-#include "ana/parser/cpp/cpp_parse.h"
+#include "ana/anadat/tables.h"
 #include "ana/parser/doc/dense_cases.h"
 #include "ana/parser/pre/cpre_scan.h"
+#include "ana/read/enter.h"
+#include "ana/read/read_file.h"
 #include "app/options/options.h"
 #include "store/cmapobj.h"
 #include "support/test_outside.h"
@@ -121,22 +122,25 @@ std::string tokens(std::string_view text) {
     if (scanner.token_value().holds<gString>())
       out += "[" + scanner.token_value().as<gString>() + "]";
   }
-  gComments.reset();
   return out + "\n" + dense_reports(outside.reports);
 }
 
 std::string parse(std::string_view text) {
+  static gReadInput const input;
+  static gFileReader reader(input); // the next file mustn't see anything of the one before
   TestOutside outside;
-  cpp_parse parser(150);
-  parser.reset();
-  parser.scanner().open_text(source_file(), text);
+  gFileFacts facts;
+  facts.file = source_file();
+  reader.read_code(facts, &text);
+  enter_code(facts);
+  facts.code.reports.hand_on(Msg::log);
   std::string end;
-  try {
-    if (int const result = parser.parse())
-      end = "result " + std::to_string(result) + "\n";
-  } catch (gExcFatalErr const & fault) {
-    end = std::string(fault.what()) + "\n";
-  }
+  if (facts.code.end.fatal)
+    end = facts.code.end.fatal->message->text;
+  else if (facts.code.end.failed)
+    end = "result 1";
+  if (!end.empty())
+    end += "\n";
   std::string const out = results() + dense_reports(outside.reports) + end;
   gCodeElems.reset();
   gComments.reset();

@@ -3,8 +3,10 @@
 #include <sstream>
 #include <utility>
 
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/parser/doc/dense_cases.h"
+#include "ana/read/enter.h"
 #include "app/options/options.h"
 
 namespace {
@@ -73,7 +75,7 @@ DocWorld::DocWorld() {
   gVLAttributes["table"]["tpl"]["coldef"] = cat::make(gStrList("2cm") << gString("*"));
   gVLAttributes["table"]["tpl"]["style"] = cat::make("ts");
   gVLAttributes["table"]["tpl"]["markrow"] = cat::make(gStrList("first"));
-  gVLAttributes["table"]["tpl"]["rows"] = cat::make(gStrList("@_vltrow"));
+  gVLAttributes["table"]["tpl"]["rows"] = cat::make(gStrList(Vlb::placeholder(gPiece::table_row)));
   for (char const * type : {"function", "class"})
     Vapp::options["attr"]["UNITTYPE"]["val"][type] = cat::make(type);
   for (char const * state : {"draft", "done"})
@@ -166,6 +168,16 @@ std::string tokens_of(std::string input) {
   return result + dense_reports(world.outside.reports);
 }
 
+gFileFacts read_text(gFileReader & reader, gSrcFile const & file, std::string_view text) {
+  gFileFacts facts;
+  facts.file = file;
+  reader.read_text(facts, {}, &text);
+  facts.text.reports.hand_on(Msg::log);
+  if (facts.text.end.fatal)
+    throw gExcFatalErr(*facts.text.end.fatal->message, facts.text.end.fatal->argument);
+  return facts;
+}
+
 namespace {
 
 // One line: line, type and name, then what the unit has.
@@ -211,9 +223,10 @@ std::string table_text() {
 std::string units_of(std::string input) {
   DocWorld world;
   gSrcFile const file = world.prepare(input);
-  doc_parse parser;
-  parser.reset();
-  parser.scanner().open_text(file, input);
-  int const failed = parser.parse();
-  return table_text() + (failed ? "failed\n" : "") + dense_reports(world.outside.reports);
+  gReadInput const read_input{gVLAttributes.tables()};
+  gFileReader reader(read_input);
+  gFileFacts facts = read_text(reader, file, input);
+  enter_text(facts);
+  return table_text() + (facts.text.end.failed ? "failed\n" : "") +
+         dense_reports(world.outside.reports);
 }

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ana/parser/doc/doc_parse.h"
+#include "ana/read/read_file.h"
 #include "support/test_outside.h"
 
 // Fills the options and keywords that the text units need, and leaves all tables empty behind it.
@@ -25,6 +25,8 @@ std::string marked(std::string text);
 
 // All tokens in one line, then the reports.
 std::string tokens_of(std::string input);
+// Reads the text of a file by itself; passes its reports and a fatal error on.
+gFileFacts read_text(gFileReader & reader, gSrcFile const & file, std::string_view text);
 // The tables after a parse of the text, then the reports.
 std::string units_of(std::string input);
 

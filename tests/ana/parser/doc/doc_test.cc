@@ -20,28 +20,26 @@ TEST(DocParse, ConflictsAreThoseThatShiftsSolve) {
   EXPECT_EQ(grammar_conflicts("doc_l"), "113 shift/reduce, 0 reduce/reduce");
 }
 
-// One parser reads the texts in turn, as the stage does; answers what the last one gives.
+// One reader reads the texts in turn, as the stage does; answers what the last one gives.
 std::string last_of(std::vector<std::string> texts) {
   DocWorld world;
-  doc_parse parser;
+  gReadInput const input;
+  gFileReader reader(input);
+  gFileFacts facts;
   for (std::string & text : texts) {
-    gNamedUnits.clear();
-    gUnnamedUnits.clear();
+    facts = {};
     world.outside.reports.clear();
     gSrcFile const file = world.prepare(text);
-    parser.reset();
-    parser.scanner().open_text(file, text);
     try {
-      parser.parse();
+      facts = read_text(reader, file, text);
     } catch (gExcFatalErr const & fault) {
       world.outside.reports.push_back(fault.text());
     }
   }
   std::string result;
-  for (auto const & entry : gUnnamedUnits)
-    for (auto const & [place, unit] : *entry.value)
-      for (auto const & subentry : unit->subentries())
-        result += *subentry.name + ": " + show(subentry.text) + "\n";
+  for (gUnitFacts const & unit : facts.text.units)
+    for (auto const & subentry : unit.subentries)
+      result += subentry.name + ": " + show(subentry.text) + "\n";
   return result + world.outside.report_text();
 }
 
@@ -91,12 +89,12 @@ TEST(DocParse, ReadsAnythingAndForgetsIt) {
 // What a long or broken input gives: the end of a fatal error, or the number of units.
 std::string outcome(std::string const & text) {
   DocWorld world;
-  doc_parse parser;
-  parser.reset();
-  parser.scanner().open_text(gSrcFile(gPathstring("a.cpp"), gPathstring(), 1), text);
+  gReadInput const input;
+  gFileReader reader(input);
   try {
-    int const failed = parser.parse();
-    return (failed ? "failed " : "read ") + std::to_string(gUnnamedUnits.total());
+    gFileFacts const facts =
+        read_text(reader, gSrcFile(gPathstring("a.cpp"), gPathstring(), 1), text);
+    return (facts.text.end.failed ? "failed " : "read ") + std::to_string(facts.text.units.size());
   } catch (gExcFatalErr const & fault) {
     return fault.text();
   }

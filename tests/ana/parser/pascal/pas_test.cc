@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "ana/anadat/tables.h"
 #include "ana/parser/doc/dense_cases.h"
-#include "ana/parser/pascal/pas_parse.h"
+#include "ana/read/enter.h"
+#include "ana/read/read_file.h"
 #include "support/test_outside.h"
 #include "vlb/gexception.h"
 #include "vlb/parse/grammar_conflicts.h"
@@ -31,17 +33,21 @@ std::string results() {
 // What a file leaves: elements by line, comments, classes with a base, reports, and how it ended
 // if it failed.
 std::string parse(std::string_view text) {
-  static pas_parse parser(150); // the next file mustn't see anything of the one before
+  static gReadInput const input;
+  static gFileReader reader(input); // the next file mustn't see anything of the one before
   TestOutside outside;
-  parser.reset();
-  parser.scanner().open_text(source_file(), text);
+  gFileFacts facts;
+  facts.file = source_file();
+  reader.read_code(facts, &text);
+  enter_code(facts);
+  facts.code.reports.hand_on(Msg::log);
   std::string end;
-  try {
-    if (int const result = parser.parse())
-      end = "result " + std::to_string(result) + "\n";
-  } catch (gExcFatalErr const & fault) {
-    end = std::string(fault.what()) + "\n";
-  }
+  if (facts.code.end.fatal)
+    end = facts.code.end.fatal->message->text;
+  else if (facts.code.end.failed)
+    end = "result 1";
+  if (!end.empty())
+    end += "\n";
   std::string const out = results() + dense_reports(outside.reports) + end;
   gCodeElems.reset();
   gComments.reset();

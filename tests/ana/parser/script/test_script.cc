@@ -46,7 +46,8 @@ public:
   IncludeFolder() : path(testing::TempDir() + "vellumar_mpre") {
     gFileSystem::mk_dirs(path);
     gFileSystem::mk_dirs(path + "/folder");
-    write("inc.vls", "one\n! stays\n");
+    write("inc.vls", "one ! goes\n! goes\n@filter<A!=b>\n");
+    write("outer.vls", "two\n#include \"inc.vls\"\n");
     Vapp::options["vls_file"] = cat::make(path + "/main.vls");
     gInput.set(Vapp::run_input());
   }
