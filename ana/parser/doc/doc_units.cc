@@ -2,6 +2,7 @@
 #include <charconv>
 #include <tuple>
 
+#include "ana/anadat/input_table.h"
 #include "ana/parser/doc/doc_parse_base.h"
 
 // Units and labels are counted here, because those of a unit that a fault loses are lost with it.
