@@ -1,5 +1,5 @@
-// Prints the declarations of files, one a line: path:line<TAB>kind<TAB>scope::name<TAB>parameters,
-// for comparisons with other tools.
+// Prints the declarations of files, one a line: path:line<TAB>kind<TAB>scope::name<TAB>number of
+// parameters<TAB>marks<TAB> parameters<TAB>condition, for comparisons with other tools.
 //
 //   decl_dump [--time] [--skipped] [--pascal] FILE...
 //
@@ -52,7 +52,10 @@ void print(std::string const & path, std::string_view text, gFileDeclarations co
     std::cout << path << ':' << one.line << '\t' << kind_word(one.kind) << '\t'
               << (scope.empty() ? "" : scope + "::") << name_of(text, file, one)
               << one_line(text, one.arguments) << '\t' << one.params << '\t' << one.marks << '\t'
-              << one_line(text, one.parameter_list) << '\n';
+              << one_line(text, one.parameter_list) << '\t'
+              << (one.condition < 0 ? ""
+                                    : file.conditions[static_cast<std::size_t>(one.condition)].text)
+              << '\n';
   }
 }
 

@@ -6,6 +6,7 @@ namespace Decl {
 
 namespace {
 
+constexpr std::uint32_t longest_tail = 1024;      // behind a class, in tokens
 constexpr std::uint32_t most_old_parameters = 64; // of a definition in the style before 1989
 
 class Cutter {
@@ -182,6 +183,10 @@ private:
     if (group_ == no_token || source_.word(key_) == gWord::namespace_)
       return true;
     std::uint32_t const callee = group_ - 1;
+    std::uint32_t const behind = source_.behind(group_);
+    if (behind < at_ && (type(behind) == ':' || source_.word(behind) == gWord::name) &&
+        source_.is_name(behind) == (type(behind) != ':') && !source_.is_capital(behind))
+      return true; // "class A B(x) C : D {"
     std::uint32_t names = 0;
     for (std::uint32_t at = key_ + 1; at < callee; ++at)
       names += source_.is_name(at) ? 1 : 0;
@@ -202,13 +207,15 @@ private:
   // directly behind the class.
   std::uint32_t behind_tail(std::uint32_t at) const {
     std::uint32_t const begin = at;
-    for (; at < end_; at = is_opener(at) ? source_.behind(at) : at + 1) {
+    if (begins_declaration(source_.word(at)))
+      return begin;
+    for (std::uint32_t steps = 0; at < end_ && steps < longest_tail;
+         ++steps, at = is_opener(at) ? source_.behind(at) : at + 1) {
       if (type(at) == ';')
         return at + 1;
       gWord const word = source_.word(at);
       bool const fresh = source_[at].line_head && begins_declaration(word);
-      if (type(at) == '}' || (fresh && at > begin && source_[at - 1].type != ',') ||
-          (fresh && at == begin))
+      if (type(at) == '}' || (fresh && source_[at - 1].type != ','))
         return begin;
     }
     return begin;
