@@ -203,7 +203,33 @@ void gCppReader::simple(gExtent const & extent, gHead const & head) {
     --last;
   if (extent.shape == gExtent::other || head.next >= last)
     return; // braces behind a macro, a macro or attributes alone
-  simple_from(statement, head.next, last, false);
+  if (!bindings(statement, head.next, last))
+    simple_from(statement, head.next, last, false);
+}
+
+// "auto [a, b] = pair;": a variable each.
+bool gCppReader::bindings(Statement & statement, std::uint32_t at, std::uint32_t last) {
+  std::uint32_t const first = at;
+  while (at < last && (source_.word(at) == gWord::builtin || source_.word(at) == gWord::const_ ||
+                       source_.type(at) == '&' || source_.type(at) == token_both))
+    ++at;
+  std::uint32_t const close = source_.partner(at);
+  if (at == first || at >= last || source_.type(at) != '[' || close == no_token || close >= last ||
+      source_.type(at + 1) == '[')
+    return false;
+  for (std::uint32_t name = at + 1; name < close; ++name) {
+    if (!source_.is_name(name))
+      continue;
+    gDeclaration item = make(gKind::variable, statement.extent, statement.head);
+    item.name = source_.range(name, name + 1);
+    item.result = source_.range(first, at);
+    item.marks |= mark_definition;
+    item.statement = statement.first;
+    std::int32_t const index = add(item);
+    if (statement.first < 0)
+      statement.first = index;
+  }
+  return true;
 }
 
 void gCppReader::simple_from(Statement & statement, std::uint32_t at, std::uint32_t last,
@@ -344,6 +370,12 @@ void gCppReader::trailing_marks(gDeclaration & item, std::uint32_t first, std::u
   }
 }
 
+void gCppReader::mark_pure_method(gDeclaration & item) {
+  item.marks |= mark_pure;
+  if (in_class() && item.scope >= 0)
+    out_.items[static_cast<std::size_t>(item.scope)].marks |= mark_abstract_class;
+}
+
 void gCppReader::value_marks(gDeclaration & item, gDeclarator const & one) {
   if (one.value_first == 0)
     return;
@@ -358,7 +390,7 @@ void gCppReader::value_marks(gDeclaration & item, gDeclarator const & one) {
   else if (source_.is_word(one.value_first, gWord::delete_))
     item.marks |= mark_deleted;
   else if (source_.type(one.value_first) == token_number)
-    item.marks |= mark_pure;
+    mark_pure_method(item);
 }
 
 } // namespace Decl

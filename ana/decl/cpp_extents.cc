@@ -115,10 +115,19 @@ private:
       at_ = behind_operator(source_, at_);
       return;
     }
-    if (angles_.empty() && !equals_ && key_ == no_token && group_ == no_token &&
-        (is_class_key(word) || word == gWord::namespace_))
+    bool const head = is_class_key(word) || word == gWord::namespace_;
+    if (head && angles_.empty() && !equals_ && key_ == no_token &&
+        (group_ == no_token || is_macro_group())) {
       key_ = at_;
+      group_ = no_token;
+    }
     ++at_;
+  }
+
+  // "MACRO(x) class A {"
+  bool is_macro_group() const {
+    return group_ == extent_.first + 1 &&
+           (source_.is_capital(extent_.first) || source_.is_known_attribute(extent_.first));
   }
 
   void round() {

@@ -273,11 +273,12 @@ gMacroSense gMacroTable::sense(std::string_view name, int depth, int & steps) co
     if (part.empty())
       return all;
     gMacroSense one = sense(part, depth - 1, steps);
-    if (one == gMacroSense::nothing)
+    if (one == gMacroSense::nothing && !first && all != gMacroSense::nothing)
       one = gMacroSense::attribute;
     if (one == gMacroSense::unknown && is_specifier(word_of(part)))
       one = gMacroSense::attribute;
-    if (one == gMacroSense::unknown || (!first && one != gMacroSense::attribute))
+    bool const follows = one == gMacroSense::attribute || one == gMacroSense::nothing;
+    if (one == gMacroSense::unknown || (!first && !follows))
       return fact->sense;
     all = one;
   }

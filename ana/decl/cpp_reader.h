@@ -78,6 +78,8 @@ private:
   bool is_forward(std::uint32_t at, std::uint32_t last) const;
   void forward(gExtent const & extent, gHead const & head);
   void simple(gExtent const & extent, gHead const & head);
+  bool bindings(Statement & statement, std::uint32_t at, std::uint32_t last);
+  void mark_pure_method(gDeclaration & item);
   void simple_from(Statement & statement, std::uint32_t at, std::uint32_t last, bool type_known);
   bool declarator(Statement & statement, gDeclarator const & one, std::uint32_t type_first);
   bool is_macros_alone(gExtent const & extent, gDeclarator const & one) const;
