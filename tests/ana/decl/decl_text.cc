@@ -32,7 +32,6 @@ constexpr MarkWord mark_words[] = {
     {mark_final, " final"},
     {mark_pure, " =0"},
     {mark_abstract_class, " abstract"},
-    {mark_deprecated, " deprecated"},
     {mark_defaulted, " =default"},
     {mark_deleted, " =delete"},
     {mark_specialisation, " specialised"},
