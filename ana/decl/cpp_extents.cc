@@ -176,7 +176,7 @@ private:
       return true;
     std::uint32_t const link = source_.partner(at_ - 1);
     if (type(at_ - 1) == ')' && link != no_token && link > extent_.first &&
-        source_.is_word(link - 1, gWord::requires_))
+        source_.is_word(link - 1, gWord::requires_) && !is_clause(link - 1))
       return true;
     if (angles_.empty())
       return false;
@@ -185,6 +185,15 @@ private:
       return true;
     angles_.clear(); // they were comparisons
     return false;
+  }
+
+  // "f() requires (a) {" against "requires requires(T t) {".
+  bool is_clause(std::uint32_t requires_at) const {
+    std::uint8_t const before = type(requires_at - 1);
+    return group_ != no_token &&
+           (before == ')' || before == '&' ||
+            (before == token_word && is_trailing(source_.word(requires_at - 1)) &&
+             !source_.is_word(requires_at - 1, gWord::requires_)));
   }
 
   // A class may hold the call of a macro in its head, a function may return "struct X".
