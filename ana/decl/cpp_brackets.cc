@@ -1,11 +1,18 @@
-// Nearly all sources pair by counting. Where one doesn't, columns tell: a "}" at the head of a line
-// closes the bracket whose statement begins in its column, and a line that begins a declaration in
-// an outer column stands in no inner bracket.
+// Nearly all sources pair by counting. Where curly brackets do and others don't, the others are
+// mended within them. Where curly ones don't, columns tell: a "}" at the head of a line closes the
+// bracket whose statement begins in its column, and a line that begins a declaration in an outer
+// column stands in no inner bracket.
 #include "ana/decl/cpp_brackets.h"
+
+#include <algorithm>
 
 namespace Decl {
 
 namespace {
+
+constexpr std::size_t most_faults = 1000;    // reported of one source
+constexpr std::size_t most_levels = 64;      // looked through for the column of a "}"
+constexpr std::uint32_t most_head_words = 8; // of a namespace, in front of its "{"
 
 bool is_opener(std::uint8_t type) {
   return type == '(' || type == '[' || type == '{';
@@ -37,13 +44,41 @@ bool link_plainly(std::vector<gToken> & tokens) {
   return open.empty();
 }
 
+// Of curly brackets alone: more "{" than "}", 0 if they pair.
+int link_curly(std::vector<gToken> & tokens) {
+  std::vector<std::uint32_t> open;
+  int surplus = 0;
+  bool paired = true;
+  for (std::uint32_t at = 0; at < tokens.size(); ++at) {
+    gToken & one = tokens[at];
+    one.link = no_token;
+    surplus += one.type == '{' ? 1 : one.type == '}' ? -1 : 0;
+    if (one.type == '{')
+      open.push_back(at);
+    else if (one.type == '}' && open.empty())
+      paired = false;
+    else if (one.type == '}') {
+      tokens[open.back()].link = at;
+      one.link = open.back();
+      open.pop_back();
+    }
+  }
+  if (paired && open.empty())
+    return 0;
+  for (gToken & one : tokens)
+    one.link = no_token;
+  return surplus == 0 ? 1 : surplus;
+}
+
 class Repair {
 public:
-  Repair(std::vector<gToken> & tokens, gLines const & lines) : tokens_(tokens), lines_(lines) {}
+  Repair(std::vector<gToken> & tokens, gLines const & lines)
+      : tokens_(tokens),
+        lines_(lines),
+        surplus_(link_curly(tokens)),
+        curly_known_(surplus_ == 0) {}
 
   std::vector<gBracketFault> run() {
-    for (gToken & one : tokens_)
-      one.link = no_token;
     for (at_ = 0; at_ < tokens_.size(); ++at_)
       token();
     while (!open_.empty())
@@ -60,11 +95,14 @@ private:
 
   std::vector<gToken> & tokens_;
   gLines const & lines_;
+  int surplus_; // of "{" without "}" that aren't found yet, below 0 of "}"
+  bool const curly_known_;
   std::uint32_t at_ = 0;
   std::uint32_t line_column_ = 1;
   std::uint32_t statement_ = 0; // first token of the statement
   std::uint32_t statement_column_ = 1;
   std::vector<Open> open_;
+  std::size_t open_curly_ = 0;
   std::vector<gBracketFault> faults_;
 
   std::uint8_t type(std::uint32_t at) const { return tokens_[at].type; }
@@ -74,11 +112,12 @@ private:
     gToken const & one = tokens_[at_];
     if (one.line_head)
       line_column_ = lines_.column(one.begin);
-    if (at_ == 0 || type(at_ - 1) == ';' || type(at_ - 1) == '{' || type(at_ - 1) == '}') {
+    if (at_ == 0 || type(at_ - 1) == ';' || type(at_ - 1) == '{' || type(at_ - 1) == '}' ||
+        is_behind_section()) {
       statement_ = at_;
       statement_column_ = line_column_;
     }
-    if (one.line_head && one.type == token_word)
+    if (one.line_head && one.type == token_word && !curly_known_)
       head_of_line();
     if (is_opener(one.type))
       open();
@@ -90,29 +129,59 @@ private:
       statement_end();
   }
 
+  bool is_behind_section() const { // "public:"
+    gWord const word = at_ > 1 ? tokens_[at_ - 2].word : gWord::name;
+    return type(at_ - 1) == ':' && word >= gWord::public_ && word <= gWord::slots;
+  }
+
   void open() {
+    if (is_doubled()) {
+      --surplus_;
+      return stray("`{` twice");
+    }
     bool const own_line = tokens_[at_].line_head;
+    open_curly_ += type(at_) == '{' ? 1 : 0;
     open_.push_back({at_, own_line ? line_column_ : statement_column_, is_flat()});
   }
 
   bool is_flat() const {
     if (type(at_) != '{')
       return false;
-    for (std::uint32_t at = statement_; at < at_ && at < statement_ + 4; ++at)
-      if (type(at) == token_word &&
-          (tokens_[at].word == gWord::namespace_ || tokens_[at].word == gWord::extern_))
+    // "namespace a::b {", "extern \"C\" {"; what stands in front may be a macro without ";".
+    for (std::uint32_t back = 1; back <= most_head_words && at_ - back + 1 > statement_; ++back) {
+      gToken const & one = tokens_[at_ - back];
+      if (one.type != token_word && one.type != token_scope && one.type != token_string)
+        return false;
+      if (one.type == token_word && (one.word == gWord::namespace_ || one.word == gWord::extern_))
         return true;
+    }
     return false;
+  }
+
+  // "{{" where the first one opens a body or contents.
+  bool is_doubled() const {
+    if (type(at_) != '{' || surplus_ <= 0 || at_ < 2 || type(at_ - 1) != '{' ||
+        tokens_[at_ - 1].end != tokens_[at_].begin || !tokens_[at_ + 1].line_head)
+      return false;
+    std::uint8_t const head = type(at_ - 2);
+    return head == token_word || head == ')' || head == '>';
   }
 
   // The top is closed by nothing; a curly one ends in front of `end`.
   void give_up(std::uint32_t end) {
     std::uint32_t const token = open_.back().token;
-    faults_.push_back({token, type(token) == '{'   ? "`{` without `}`"
-                              : type(token) == '(' ? "`(` without `)`"
-                                                   : "`[` without `]`"});
-    if (type(token) == '{')
+    report({token, type(token) == '{'   ? "`{` without `}`"
+                   : type(token) == '(' ? "`(` without `)`"
+                                        : "`[` without `]`"});
+    if (type(token) == '{') {
       tokens_[token].link = end;
+      --surplus_;
+    }
+    pop();
+  }
+
+  void pop() {
+    open_curly_ -= type(open_.back().token) == '{' ? 1 : 0;
     open_.pop_back();
   }
 
@@ -120,7 +189,7 @@ private:
     std::uint32_t const token = open_.back().token;
     tokens_[token].link = at_;
     tokens_[at_].link = token;
-    open_.pop_back();
+    pop();
   }
 
   void give_up_round() {
@@ -155,24 +224,46 @@ private:
   }
 
   void close_brace() {
+    if (open_curly_ == 0)
+      return stray_brace();
     std::size_t top = open_.size();
     while (top > 0 && type(open_[top - 1].token) != '{')
       --top;
-    if (top == 0)
-      return stray("`}` without `{`");
-    if (tokens_[at_].line_head) {
+    if (!curly_known_ && is_surplus(open_[top - 1]))
+      return stray_brace();
+    if (tokens_[at_].line_head && !curly_known_) {
       std::size_t partner = top;
-      while (partner > 0 &&
+      std::size_t const least = top - std::min(top, most_levels);
+      while (partner > least &&
              (open_[partner - 1].column > line_column_ || type(open_[partner - 1].token) != '{'))
         --partner;
-      if (partner > 0 && open_[partner - 1].column == line_column_)
+      if (partner > least && open_[partner - 1].column == line_column_)
         top = partner;
       else if (open_[top - 1].column < line_column_)
-        return stray("`}` without `{`");
+        return stray_brace();
     }
     while (open_.size() > top)
       give_up(at_);
     pair();
+  }
+
+  void stray_brace() {
+    ++surplus_;
+    stray("`}` without `{`");
+  }
+
+  // Where there are more "}" than "{": one that ends contents in the same column ends them only in
+  // front of another end, and one behind another on its line ends nothing that began on a line
+  // before.
+  bool is_surplus(Open const & top) const {
+    if (surplus_ >= 0)
+      return false;
+    if (!tokens_[at_].line_head)
+      return at_ > 0 && type(at_ - 1) == '}' && tokens_[at_ - 1].end == tokens_[at_].begin &&
+             lines_.line(tokens_[top.token].begin) != lines_.line(tokens_[at_].begin);
+    std::uint8_t const next = type(at_ + 1);
+    return top.flat && line_column_ == top.column && next != '}' && next != token_end &&
+           tokens_[at_ + 1].word != gWord::namespace_;
   }
 
   void close_other() {
@@ -187,7 +278,12 @@ private:
     stray(type(at_) == ')' ? "`)` without `(`" : "`]` without `[`");
   }
 
-  void stray(std::string_view reason) { faults_.push_back({at_, reason}); }
+  void stray(std::string_view reason) { report({at_, reason}); }
+
+  void report(gBracketFault fault) {
+    if (faults_.size() < most_faults)
+      faults_.push_back(fault);
+  }
 };
 
 } // namespace

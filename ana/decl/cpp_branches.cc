@@ -10,6 +10,7 @@ namespace Decl {
 namespace {
 
 constexpr std::size_t longest_condition = 512;
+constexpr std::uint32_t few_tokens = 500;
 
 // Changes of the depth of brackets over a stretch.
 struct Balance {
@@ -265,17 +266,50 @@ private:
         assumed_.emplace(key, !negated);
       chosen = holds ? first : std::max(first, std::size_t(1));
     }
+    if (!even && contradicts(source_.directives[branch(group, first).directive]))
+      chosen = std::max(chosen, first + 1);
+    if (!even && chosen < kept.size() && branch(group, chosen).balance.even())
+      chosen = far_longest(group, kept, chosen);
     for (std::size_t one = 0; one < kept.size(); ++one)
       kept[one] = kept[one] && one == chosen;
   }
 
+  // One of the conditions that must all hold is known not to: "!A && B" where A was assumed.
+  bool contradicts(gDirective const & one) const {
+    std::string_view rest = one.value.of(text_);
+    if (rest.size() > 200 || rest.find("&&") == rest.npos || rest.find("||") != rest.npos)
+      return false;
+    while (!rest.empty()) {
+      std::size_t const end = std::min(rest.find("&&"), rest.size());
+      bool negated = false;
+      auto const known = assumed_.find(key_of(rest.substr(0, end), negated));
+      if (known != assumed_.end() && known->second == negated)
+        return true;
+      rest.remove_prefix(std::min(end + 2, rest.size()));
+    }
+    return false;
+  }
+
+  // A stub of some lines in front of all the code is no branch to choose for its being whole.
+  std::size_t far_longest(Group const & group, std::vector<bool> const & kept,
+                          std::size_t chosen) const {
+    auto const length = [&](std::size_t one) {
+      return branch(group, one).last - branch(group, one).first;
+    };
+    for (std::size_t one = 0; one < kept.size(); ++one)
+      if (kept[one] && length(one) > few_tokens && length(one) / 8 > length(chosen))
+        chosen = one;
+    return chosen;
+  }
+
   // The name that a condition asks for alone, and whether for its absence.
   std::string key_of(gDirective const & one, bool & negated) const {
-    std::string key;
     negated = one.negated;
-    std::string_view text = one.value.of(text_);
-    if (text.size() > 200)
-      return {};
+    return one.value.of(text_).size() > 200 ? std::string() : key_of(one.value.of(text_), negated);
+  }
+
+  static std::string key_of(std::string_view text, bool & negated) {
+    std::string key;
     for (char const c : text) {
       if (c == '!' && key.empty())
         negated = !negated;

@@ -147,7 +147,7 @@ gChain gCppReader::name_in_tail(gExtent const & extent) const {
   for (std::uint32_t at = extent.tail; at + 1 < extent.last;) {
     gDeclarator const one = read_declarator(source_, at, extent.last - 1, place);
     bool const plain = !one.name.empty() && !one.function && !one.pointer &&
-                       source_.type(at) != '*' && one.name.arguments_last == one.last;
+                       source_.type(at) != '*' && source_.type(one.name.arguments_last) != '[';
     if (plain)
       return one.name;
     at = one.last + 1;
@@ -164,6 +164,7 @@ void gCppReader::tail(Scope const & closed) {
   gDeclaratorPlace place;
   place.type_known = true;
   place.in_class = in_class();
+  source_.link_angles(extent.tail, extent.last, true);
   gRange const own = out_.items[static_cast<std::size_t>(closed.opener)].name;
   for (std::uint32_t at = extent.tail; at + 1 < extent.last;) {
     gDeclarator const one = read_declarator(source_, at, extent.last - 1, place);
@@ -181,6 +182,12 @@ void gCppReader::tail(Scope const & closed) {
   }
 }
 
+// "A<b, c>::d" rather than two comparisons.
+bool gCppReader::names_value(std::uint32_t angle) const {
+  std::uint8_t const behind = source_.type(source_.partner(angle) + 1);
+  return behind == token_scope || behind == '(' || behind == '{';
+}
+
 // A value of an enumeration, or a macro that stands for some.
 void gCppReader::enumerator() {
   gExtent extent;
@@ -188,11 +195,16 @@ void gCppReader::enumerator() {
   std::uint32_t const end = scope().end;
   std::uint32_t equals = no_token;
   std::uint32_t at = at_;
+  if (angles_linked_ <= at_) {
+    source_.link_angles(at_, end);
+    angles_linked_ = end;
+  }
   for (; at < end && source_.type(at) != ','; ++at) {
     std::uint8_t const type = source_.type(at);
     if (type == '=' && equals == no_token)
       equals = at;
-    if (type == '(' || type == '[' || type == '{')
+    bool const arguments = type == '<' && source_.partner(at) != no_token && names_value(at);
+    if (type == '(' || type == '[' || type == '{' || arguments)
       at = std::max(at, source_.behind(at) - 1);
     // A macro with arguments and without a "," takes its line.
     bool const call = type == '(' && equals == no_token && at + 1 < end &&

@@ -9,6 +9,8 @@ namespace Decl {
 
 namespace {
 
+constexpr int most_parentheses = 32; // around a name
+
 class DeclaratorReader {
 public:
   DeclaratorReader(gSource const & source, std::uint32_t first, std::uint32_t last,
@@ -169,10 +171,8 @@ private:
 
   void group() {
     std::uint32_t const close = source_.partner(at_);
-    if (close == no_token || close >= last_) {
-      ++at_;
-      return;
-    }
+    if (close == no_token || close >= last_)
+      return open_group();
     if (wraps_name(close))
       return wrapped(close);
     if (name_.empty() || name_.last != at_) {
@@ -183,14 +183,30 @@ private:
     candidate(close);
   }
 
+  // A "(" that is never closed behind a name: parameters that nothing is known of.
+  void open_group() {
+    if (name_.empty() || name_.last != at_ || types_ == 0) {
+      ++at_;
+      return;
+    }
+    result_.function = true;
+    take_name();
+    result_.trailing = last_;
+    end(last_);
+  }
+
   // "(*name)", "(CALL * name)", "(A::*name)", "(name)".
   bool wraps_name(std::uint32_t close) const {
     std::uint32_t at = at_ + 1;
-    if (at >= close)
+    if (at >= close || place_.depth > most_parentheses)
       return false;
     source_.link_angles(at, close);
     std::uint8_t const behind = type(close + 1);
-    bool const list = behind == '(' || behind == '[';
+    // "(*name) OF((int))" has its list in a macro.
+    bool const macro =
+        source_.is_name(close + 1) && type(close + 2) == '(' && source_.type(close + 3) == '(';
+    bool const list =
+        behind == '(' || behind == '[' || (macro && close + 2 < last_ && source_.type(at) == '*');
     bool const sign = has_pointer_sign(at, close, list);
     if (!name_.empty() && name_.last == at_ &&
         (names_constructor(source_, name_) || is_constructor(name_)))
@@ -199,7 +215,14 @@ private:
     if (sign)
       return list || (types_ > 0 && (name_.empty() || name_.last != at_));
     // "int (name)(int)", "MACRO(name)(int)".
-    return list && close == at + 1 && source_.is_name(at) && (types_ > 0 || !name_.empty());
+    return list && close == at + 1 && source_.is_name(at) && !is_lone_name(close + 1) &&
+           (types_ > 0 || !name_.empty() || macros_);
+  }
+
+  // "(name)" with a list behind it.
+  bool is_lone_name(std::uint32_t at) const {
+    return type(at) == '(' && at + 3 < last_ && source_.partner(at) == at + 2 &&
+           source_.is_name(at + 1) && type(at + 3) == '(';
   }
 
   // Nothing but calling conventions, macros, attributes and the class of a member pointer stand in
@@ -225,6 +248,7 @@ private:
     bool const sign = has_pointer_sign(at_ + 1, close, true);
     gDeclaratorPlace inner_place;
     inner_place.type_known = true;
+    inner_place.depth = place_.depth + 1;
     gDeclarator const inner = read_declarator(source_, at_ + 1, close, inner_place);
     result_.name = inner.name;
     result_.pointer = sign && !inner.function;
@@ -267,7 +291,8 @@ private:
 
   bool is_constructor(gChain const & chain) const {
     return place_.in_class && chain.kind == gChain::plain && chain.qualifier_last == chain.first &&
-           types_ == 0 && source_.spelling(chain.name_first) == place_.class_name;
+           (types_ == 0 || (!before_.empty() && source_.is_capital(before_.name_first))) &&
+           source_.spelling(chain.name_first) == place_.class_name;
   }
 
   // A name directly in front of a group.
@@ -276,6 +301,16 @@ private:
       return accept(close, true);
     if (takes_list_in_two(close))
       return around_list(close);
+    if (is_macro_behind_name() && (close + 1 == last_ || type(close + 1) == ',')) {
+      at_ = close + 1; // "typedef int T DEPRECATED(1)"
+      return;
+    }
+    if (!before_.empty() && before_.last == name_.first && types_ > 1 && is_empty_macro()) {
+      std::uint32_t const list = at_;
+      name_ = before_; // "name NO_MACRO(int)"
+      before_ = {};
+      at_ = list;
+    }
     bool const typed = types_ > 0 || macros_ || !before_.empty();
     std::uint32_t const behind = close + 1;
     if (type(behind) == '(' && !typed && !place_.parameter) {
@@ -300,6 +335,11 @@ private:
     }
     accept(close, false);
     result_.call = !typed && type(behind) != token_arrow;
+  }
+
+  bool is_empty_macro() const {
+    gMacroFact const * fact = source_.macros.find(source_.spelling(name_.name_first));
+    return fact && fact->sense == gMacroSense::nothing && !fact->with_parameters;
   }
 
   // "name OF((int a))".
@@ -393,7 +433,6 @@ private:
 
   void skip_value() {
     result_.value_first = at_;
-    source_.link_angles(at_, last_);
     at_ = next_comma(at_);
     result_.value_last = at_;
   }
@@ -408,9 +447,7 @@ private:
 
   void variable(std::uint32_t end_at) {
     // "int x ATTRIBUTE": the name stands in front of the macro.
-    bool const macro_last = !before_.empty() && !name_.empty() && before_.last == name_.first &&
-                            !place_.parameter && is_macro_behind_name();
-    if (macro_last)
+    if (is_macro_behind_name())
       name_ = before_;
     bool const unnamed = place_.parameter && types_ == 0 && before_.empty() && !macros_;
     if (!unnamed)
@@ -419,11 +456,12 @@ private:
   }
 
   bool is_macro_behind_name() const {
-    if (types_ < 2 || name_.name_last - name_.first != 1)
+    if (before_.empty() || name_.empty() || before_.last != name_.first || types_ < 2 ||
+        name_.name_last - name_.first != 1)
       return false;
-    return source_.is_attribute_macro(name_.name_first) ||
+    return source_.is_known_attribute(name_.name_first) ||
            (source_.is_capital(name_.name_first) && !source_.is_capital(before_.name_first) &&
-            source_.sense(name_.name_first) == gMacroSense::unknown);
+            source_.sense(name_.name_first) != gMacroSense::type);
   }
 
   void end(std::uint32_t at) {

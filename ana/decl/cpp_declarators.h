@@ -11,6 +11,7 @@ struct gDeclaratorPlace {
   bool with_body = false;  // braces of a function follow
   bool type_known = false; // the type stands in front already: a further declarator, a class's tail
   bool parameter = false;  // a parameter may lack its name, and has a type first
+  int depth = 0;           // of parentheses around the name
 };
 
 struct gDeclarator {

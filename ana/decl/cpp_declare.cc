@@ -183,6 +183,19 @@ void gCppReader::forward(gExtent const & extent, gHead const & head) {
 
 // Functions and variables.
 
+namespace {
+
+// Template arguments in initialisers; those in front of the first "=" are known.
+void link_values(gSource const & source, std::uint32_t at, std::uint32_t last) {
+  while (at < last && source.type(at) != '=') {
+    std::uint8_t const type = source.type(at);
+    at = type == '(' || type == '[' || type == '{' ? source.behind(at) : at + 1;
+  }
+  source.link_angles(at, last, true);
+}
+
+} // namespace
+
 void gCppReader::simple(gExtent const & extent, gHead const & head) {
   Statement statement{extent, head};
   std::uint32_t last = extent.head_end;
@@ -190,7 +203,33 @@ void gCppReader::simple(gExtent const & extent, gHead const & head) {
     --last;
   if (extent.shape == gExtent::other || head.next >= last)
     return; // braces behind a macro, a macro or attributes alone
-  simple_from(statement, head.next, last, false);
+  if (!bindings(statement, head.next, last))
+    simple_from(statement, head.next, last, false);
+}
+
+// "auto [a, b] = pair;": a variable each.
+bool gCppReader::bindings(Statement & statement, std::uint32_t at, std::uint32_t last) {
+  std::uint32_t const first = at;
+  while (at < last && (source_.word(at) == gWord::builtin || source_.word(at) == gWord::const_ ||
+                       source_.type(at) == '&' || source_.type(at) == token_both))
+    ++at;
+  std::uint32_t const close = source_.partner(at);
+  if (at == first || at >= last || source_.type(at) != '[' || close == no_token || close >= last ||
+      source_.type(at + 1) == '[')
+    return false;
+  for (std::uint32_t name = at + 1; name < close; ++name) {
+    if (!source_.is_name(name))
+      continue;
+    gDeclaration item = make(gKind::variable, statement.extent, statement.head);
+    item.name = source_.range(name, name + 1);
+    item.result = source_.range(first, at);
+    item.marks |= mark_definition;
+    item.statement = statement.first;
+    std::int32_t const index = add(item);
+    if (statement.first < 0)
+      statement.first = index;
+  }
+  return true;
 }
 
 void gCppReader::simple_from(Statement & statement, std::uint32_t at, std::uint32_t last,
@@ -200,6 +239,7 @@ void gCppReader::simple_from(Statement & statement, std::uint32_t at, std::uint3
   place.class_name = scope().name;
   place.with_body = statement.extent.shape == gExtent::function;
   place.type_known = type_known;
+  link_values(source_, at, last);
   std::uint32_t const type_first = type_known ? statement.head.next : at;
   while (at < last) {
     gDeclarator const one = read_declarator(source_, at, last, place);
@@ -208,6 +248,12 @@ void gCppReader::simple_from(Statement & statement, std::uint32_t at, std::uint3
     at = one.last + 1;
     place.type_known = true;
   }
+}
+
+// Capital words without a ";".
+bool gCppReader::is_macros_alone(gExtent const & extent, gDeclarator const & one) const {
+  return extent.shape == gExtent::plain && source_.type(extent.last - 1) != ';' &&
+         source_.is_capital(one.name.name_first) && one.value_first == 0;
 }
 
 bool gCppReader::declarator(Statement & statement, gDeclarator const & one,
@@ -222,11 +268,12 @@ bool gCppReader::declarator(Statement & statement, gDeclarator const & one,
     // Without a type it is a call of a macro, or of a time when "int" could be left out.
     bool const macro = source_.is_capital(one.name.name_first) ||
                        source_.macros.find(source_.spelling(one.name.name_first));
-    bool const specified = head.marks & (mark_static | mark_extern | mark_friend);
+    bool const specified =
+        head.looked_through || (head.marks & (mark_static | mark_extern | mark_friend));
     if (macro || (extent.shape != gExtent::function && !specified))
       return false;
-  } else if (!one.function && !typed && !friend_type)
-    return false; // a word alone: a macro
+  } else if (!one.function && ((!typed && !friend_type) || is_macros_alone(extent, one)))
+    return false;
   gDeclaration item = make(kind_of(one, head), extent, head);
   set_name(item, one.name);
   if (one.pointer) // the name stands within
@@ -323,6 +370,12 @@ void gCppReader::trailing_marks(gDeclaration & item, std::uint32_t first, std::u
   }
 }
 
+void gCppReader::mark_pure_method(gDeclaration & item) {
+  item.marks |= mark_pure;
+  if (in_class() && item.scope >= 0)
+    out_.items[static_cast<std::size_t>(item.scope)].marks |= mark_abstract_class;
+}
+
 void gCppReader::value_marks(gDeclaration & item, gDeclarator const & one) {
   if (one.value_first == 0)
     return;
@@ -337,7 +390,7 @@ void gCppReader::value_marks(gDeclaration & item, gDeclarator const & one) {
   else if (source_.is_word(one.value_first, gWord::delete_))
     item.marks |= mark_deleted;
   else if (source_.type(one.value_first) == token_number)
-    item.marks |= mark_pure;
+    mark_pure_method(item);
 }
 
 } // namespace Decl

@@ -6,6 +6,7 @@ namespace Decl {
 
 namespace {
 
+constexpr std::uint32_t longest_tail = 1024;      // behind a class, in tokens
 constexpr std::uint32_t most_old_parameters = 64; // of a definition in the style before 1989
 
 class Cutter {
@@ -114,10 +115,19 @@ private:
       at_ = behind_operator(source_, at_);
       return;
     }
-    if (angles_.empty() && !equals_ && key_ == no_token && group_ == no_token &&
-        (is_class_key(word) || word == gWord::namespace_))
+    bool const head = is_class_key(word) || word == gWord::namespace_;
+    if (head && angles_.empty() && !equals_ && key_ == no_token &&
+        (group_ == no_token || is_macro_group())) {
       key_ = at_;
+      group_ = no_token;
+    }
     ++at_;
+  }
+
+  // "MACRO(x) class A {"
+  bool is_macro_group() const {
+    return group_ == extent_.first + 1 &&
+           (source_.is_capital(extent_.first) || source_.is_known_attribute(extent_.first));
   }
 
   void round() {
@@ -166,7 +176,7 @@ private:
       return true;
     std::uint32_t const link = source_.partner(at_ - 1);
     if (type(at_ - 1) == ')' && link != no_token && link > extent_.first &&
-        source_.is_word(link - 1, gWord::requires_))
+        source_.is_word(link - 1, gWord::requires_) && !is_clause(link - 1))
       return true;
     if (angles_.empty())
       return false;
@@ -177,11 +187,24 @@ private:
     return false;
   }
 
+  // "f() requires (a) {" against "requires requires(T t) {".
+  bool is_clause(std::uint32_t requires_at) const {
+    std::uint8_t const before = type(requires_at - 1);
+    return group_ != no_token &&
+           (before == ')' || before == '&' ||
+            (before == token_word && is_trailing(source_.word(requires_at - 1)) &&
+             !source_.is_word(requires_at - 1, gWord::requires_)));
+  }
+
   // A class may hold the call of a macro in its head, a function may return "struct X".
   bool opens_contents() const {
     if (group_ == no_token || source_.word(key_) == gWord::namespace_)
       return true;
     std::uint32_t const callee = group_ - 1;
+    std::uint32_t const behind = source_.behind(group_);
+    if (behind < at_ && (type(behind) == ':' || source_.word(behind) == gWord::name) &&
+        source_.is_name(behind) == (type(behind) != ':') && !source_.is_capital(behind))
+      return true; // "class A B(x) C : D {"
     std::uint32_t names = 0;
     for (std::uint32_t at = key_ + 1; at < callee; ++at)
       names += source_.is_name(at) ? 1 : 0;
@@ -202,13 +225,15 @@ private:
   // directly behind the class.
   std::uint32_t behind_tail(std::uint32_t at) const {
     std::uint32_t const begin = at;
-    for (; at < end_; at = is_opener(at) ? source_.behind(at) : at + 1) {
+    if (begins_declaration(source_.word(at)))
+      return begin;
+    for (std::uint32_t steps = 0; at < end_ && steps < longest_tail;
+         ++steps, at = is_opener(at) ? source_.behind(at) : at + 1) {
       if (type(at) == ';')
         return at + 1;
       gWord const word = source_.word(at);
       bool const fresh = source_[at].line_head && begins_declaration(word);
-      if (type(at) == '}' || (fresh && at > begin && source_[at - 1].type != ',') ||
-          (fresh && at == begin))
+      if (type(at) == '}' || (fresh && source_[at - 1].type != ','))
         return begin;
     }
     return begin;

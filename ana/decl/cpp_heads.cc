@@ -88,8 +88,11 @@ public:
   }
 
   gHead run() {
+    std::uint32_t const first = head_.next;
     while (head_.next < last_ && step()) {
     }
+    if ((head_.attributes_last > 0 || head_.looked_through) && says_deprecated(first))
+      head_.marks |= mark_deprecated;
     return head_;
   }
 
@@ -97,6 +100,11 @@ private:
   gSource const & source_;
   std::uint32_t last_;
   gHead head_;
+
+  bool says_deprecated(std::uint32_t first) const {
+    std::string_view const text = source_.range(first, head_.next).of(source_.text);
+    return text.find("deprecated") != text.npos || text.find("DEPRECATED") != text.npos;
+  }
 
   bool step() {
     std::uint32_t const at = head_.next;

@@ -12,6 +12,7 @@ namespace {
 constexpr std::size_t longest_body = 4096;
 constexpr int longest_chain = 6; // macros that stand for macros
 constexpr std::size_t longest_chain_body = 200;
+constexpr int most_steps = 64; // macros looked at for one
 
 bool is_blank(char c) {
   return c == ' ' || c == '\t';
@@ -250,16 +251,18 @@ gMacroFact const * gMacroTable::find(std::string_view name) const {
 }
 
 gMacroSense gMacroTable::sense(std::string_view name) const {
-  return sense(name, longest_chain);
+  int steps = most_steps;
+  return sense(name, longest_chain, steps);
 }
 
 // A macro that stands for macros which are all attributes is one, too; one that stands for a single
 // other is what that is.
-gMacroSense gMacroTable::sense(std::string_view name, int steps) const {
+gMacroSense gMacroTable::sense(std::string_view name, int depth, int & steps) const {
   gMacroFact const * fact = find(name);
   if (!fact)
     return gMacroSense::unknown;
-  if (fact->sense != gMacroSense::value || steps == 0 || fact->body.size() > longest_chain_body)
+  if (fact->sense != gMacroSense::value || depth == 0 || --steps < 0 ||
+      fact->body.size() > longest_chain_body)
     return fact->sense;
   std::string_view body = fact->body;
   gMacroSense all = gMacroSense::unknown;
@@ -269,12 +272,13 @@ gMacroSense gMacroTable::sense(std::string_view name, int steps) const {
       return fact->sense;
     if (part.empty())
       return all;
-    gMacroSense one = sense(part, steps - 1);
-    if (one == gMacroSense::nothing)
+    gMacroSense one = sense(part, depth - 1, steps);
+    if (one == gMacroSense::nothing && !first && all != gMacroSense::nothing)
       one = gMacroSense::attribute;
     if (one == gMacroSense::unknown && is_specifier(word_of(part)))
       one = gMacroSense::attribute;
-    if (one == gMacroSense::unknown || (!first && one != gMacroSense::attribute))
+    bool const follows = one == gMacroSense::attribute || one == gMacroSense::nothing;
+    if (one == gMacroSense::unknown || (!first && !follows))
       return fact->sense;
     all = one;
   }

@@ -40,7 +40,7 @@ public:
   gMacroSense sense(std::string_view name) const;
 
 private:
-  gMacroSense sense(std::string_view name, int steps) const;
+  gMacroSense sense(std::string_view name, int depth, int & steps) const;
   void enter(std::string const & name, gMacroFact const & fact);
 
   struct Hash {

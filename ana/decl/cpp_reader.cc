@@ -11,6 +11,12 @@
 
 namespace Decl {
 
+namespace {
+
+constexpr std::uint32_t longest_hashed = 512; // bytes of a part of a declaration
+
+} // namespace
+
 gCppReader::gCppReader(gSource const & source, std::vector<gDirective> const & directives,
                        gBranches const & branches, gFileDeclarations & out)
     : source_(source),
@@ -142,6 +148,16 @@ bool gCppReader::macro_scope() {
   return true;
 }
 
+// The name of a namespace in a macro's body, which may itself be a macro: that of a name, or one
+// that only who compiles knows and mostly leaves out.
+std::string_view gCppReader::named_by(std::string_view name) const {
+  gMacroFact const * fact = source_.macros.find(name);
+  if (!fact)
+    return is_capital(name) ? std::string_view() : name;
+  std::string_view const body = fact->body;
+  return std::ranges::all_of(body, is_word_char) ? body : std::string_view();
+}
+
 // The namespaces that a macro opens become scopes up to the macro that closes them, or else to the
 // end of the scope around.
 void gCppReader::open_by_macro(std::string_view body) {
@@ -158,12 +174,16 @@ void gCppReader::open_by_macro(std::string_view body) {
     for (++at; tokens.tokens[at].type == token_word || tokens.tokens[at].type == token_scope;
          ++at) {
       gToken const & name = tokens.tokens[at];
-      if (name.type != token_word || name.word != gWord::name)
+      // A name that a macro makes is beyond us.
+      if (name.type != token_word || name.word != gWord::name || tokens.tokens[at + 1].type == '(')
+        continue;
+      std::string_view const spelled = named_by(body.substr(name.begin, name.end - name.begin));
+      if (spelled.empty())
         continue;
       gDeclaration item = make(gKind::name_space, extent, {});
       item.scope = inner.item;
       item.spelled = static_cast<std::int32_t>(out_.spelled.size());
-      out_.spelled.emplace_back(body.substr(name.begin, name.end - name.begin));
+      out_.spelled.emplace_back(spelled);
       item.name = item.whole;
       item.marks |= mark_definition;
       item.access = gAccess::none;
@@ -351,7 +371,10 @@ std::int32_t gCppReader::twin(gDeclaration const & item, std::int32_t next) {
     return (hash ^ more) * 0x9e3779b97f4a7c15u + (hash >> 29);
   };
   auto const hash_of = [&](gRange range) {
-    return std::hash<std::string>()(one_line(source_.text, range));
+    range.end = std::min(range.end, range.begin + longest_hashed);
+    std::string text = one_line(source_.text, range);
+    std::erase(text, ' ');
+    return std::hash<std::string>()(text);
   };
   std::size_t hash = mixed(static_cast<std::size_t>(item.kind), hash_of(item.name));
   hash = mixed(hash, static_cast<std::size_t>(item.scope));
@@ -378,13 +401,17 @@ gFileDeclarations read_cpp(std::string_view text, gMacroTable const & macros) {
   gSource const source{text, tokens.tokens, lines, macros};
   out.conditions = std::move(branches.conditions);
   gCppReader(source, tokens.directives, branches, out).run();
-  for (gBracketFault const & fault : faults) {
+  auto const report = [&](gRange whole, std::string_view reason) {
     gSkipped one;
-    one.whole = source.range(fault.token, fault.token + 1);
-    one.line = one.end_line = lines.line(one.whole.begin);
-    one.reason = fault.reason;
+    one.whole = whole;
+    one.line = one.end_line = lines.line(whole.begin);
+    one.reason = reason;
     out.skipped.push_back(std::move(one));
-  }
+  };
+  for (gBracketFault const & fault : faults)
+    report(source.range(fault.token, fault.token + 1), fault.reason);
+  for (std::uint32_t const begin : tokens.open_comments)
+    report({begin, begin + 2}, "`/*` without `*/`");
   std::ranges::stable_sort(out.skipped, {}, [](gSkipped const & one) { return one.whole.begin; });
   place_comments(source, tokens, branches, out);
   return out;

@@ -45,6 +45,7 @@ private:
   std::vector<Scope> scopes_;
   std::uint32_t at_ = 0;
   std::size_t directive_ = 0;
+  std::uint32_t angles_linked_ = 0; // of the enumeration that is read, up to this token
   std::unordered_map<std::size_t, std::int32_t> seen_; // declarations in branches, by hash
 
   Scope & scope() { return scopes_.back(); }
@@ -59,6 +60,7 @@ private:
   bool macro_section();
   bool macro_scope();
   void open_by_macro(std::string_view body);
+  std::string_view named_by(std::string_view name) const;
   void qt_statement();
   void qt_property();
   void objective_c();
@@ -76,8 +78,11 @@ private:
   bool is_forward(std::uint32_t at, std::uint32_t last) const;
   void forward(gExtent const & extent, gHead const & head);
   void simple(gExtent const & extent, gHead const & head);
+  bool bindings(Statement & statement, std::uint32_t at, std::uint32_t last);
+  void mark_pure_method(gDeclaration & item);
   void simple_from(Statement & statement, std::uint32_t at, std::uint32_t last, bool type_known);
   bool declarator(Statement & statement, gDeclarator const & one, std::uint32_t type_first);
+  bool is_macros_alone(gExtent const & extent, gDeclarator const & one) const;
   gKind kind_of(gDeclarator const & one, gHead const & head) const;
   void function_parts(gDeclaration & item, gDeclarator const & one, gExtent const & extent);
   void trailing_marks(gDeclaration & item, std::uint32_t first, std::uint32_t last);
@@ -91,6 +96,7 @@ private:
   gChain name_in_tail(gExtent const & extent) const;
   void tail(Scope const & closed);
   void enumerator();
+  bool names_value(std::uint32_t angle) const;
 
   // A new item of the current scope, its name and place set.
   gDeclaration make(gKind kind, gExtent const & extent, gHead const & head);

@@ -93,13 +93,19 @@ bool gSource::is_known_attribute(std::uint32_t at) const {
   return known == gMacroSense::nothing || known == gMacroSense::attribute;
 }
 
-void gSource::link_angles(std::uint32_t first, std::uint32_t last) const {
+// In an expression nothing that begins a value follows template arguments.
+bool gSource::closes_arguments(std::uint32_t angle, bool in_values) const {
+  std::uint8_t const next = tokens[angle + 1].type;
+  return !in_values || (next != token_word && next != token_number && next != token_string);
+}
+
+void gSource::link_angles(std::uint32_t first, std::uint32_t last, bool in_values) const {
   std::vector<std::uint32_t> open;
   for (std::uint32_t at = first; at < last;) {
     std::uint8_t const kind = tokens[at].type;
     if (kind == '<' && at > 0 && (is_name(at - 1) || is_word(at - 1, gWord::template_)))
       open.push_back(at);
-    else if (kind == '>' && !open.empty()) {
+    else if (kind == '>' && !open.empty() && closes_arguments(at, in_values)) {
       tokens[open.back()].link = at;
       tokens[at].link = open.back();
       open.pop_back();

@@ -43,7 +43,8 @@ struct gSource {
   bool is_known_attribute(std::uint32_t at) const; // by its definition alone
   bool is_capital(std::uint32_t at) const { return Decl::is_capital(spelling(at)); }
   // Links the angle brackets of template arguments between two tokens, outside of other brackets.
-  void link_angles(std::uint32_t first, std::uint32_t last) const;
+  void link_angles(std::uint32_t first, std::uint32_t last, bool in_values = false) const;
+  bool closes_arguments(std::uint32_t angle, bool in_values) const;
   bool adjacent(std::uint32_t at) const { // to the token behind it
     return tokens[at].end == tokens[at + 1].begin;
   }

@@ -12,6 +12,10 @@ namespace {
 
 enum Class : std::uint8_t { junk, blank, line_feed, letter, digit, quote, sign };
 
+constexpr std::size_t longest_delimiter = 18; // of a raw string, with its quote and "("
+constexpr int most_failures = 16;
+constexpr std::size_t most_open_comments = 1000; // that are reported
+
 constexpr std::array<std::uint8_t, 256> make_classes() {
   std::array<std::uint8_t, 256> classes{};
   for (int c = 0; c < 256; ++c) {
@@ -67,6 +71,10 @@ private:
   bool only_blanks_ = true; // neither token nor comment on this line so far
   gTokens out_;
   std::vector<gToken> of_directive_;
+  std::size_t closer_ = 0; // the next "*/", where it is known
+  // Searches that failed, so that many bad quotes don't cost the rest of the text each.
+  int open_raw_strings_ = 0, open_quotes_ = 0;
+  std::uint32_t open_quotes_line_ = 0;
 
   char peek(std::uint32_t ahead) const { return at_ + ahead < size_ ? text_[at_ + ahead] : '\0'; }
 
@@ -140,8 +148,12 @@ private:
   }
 
   void block_comment() {
-    std::size_t const found = text_.find("*/", at_ + 2);
-    std::uint32_t const end = found == text_.npos ? size_ : static_cast<std::uint32_t>(found) + 2;
+    // A comment that is mended ends in front of the closer that was found.
+    if (closer_ != text_.npos && closer_ < at_ + 2)
+      closer_ = text_.find("*/", at_ + 2);
+    bool const closed = closer_ != text_.npos;
+    std::uint32_t const end =
+        comment_end(closed ? static_cast<std::uint32_t>(closer_) + 2 : size_, closed);
     bool const head = line_head_;
     while (void const * feed_at = std::memchr(text_.data() + at_, '\n', end - at_)) {
       at_ = static_cast<std::uint32_t>(static_cast<char const *>(feed_at) - text_.data());
@@ -150,6 +162,41 @@ private:
     // A directive may stand behind a comment; a comment over lines begins none of its own.
     line_head_ = head || line_head_;
     at_ = end;
+  }
+
+  // Where a comment of starred lines holds the opener of another at the head of a line, its own
+  // "*/" was forgotten: it ends with the last starred line. So does one that is never closed.
+  std::uint32_t comment_end(std::uint32_t end, bool closed) {
+    std::uint32_t const last = last_starred_line(end);
+    bool const open = last > 0 && last < end && (!closed || holds_opener(last, end));
+    if (open && out_.open_comments.size() < most_open_comments)
+      out_.open_comments.push_back(at_);
+    return open ? last : end;
+  }
+
+  // Its end; 0 where the second line isn't starred.
+  std::uint32_t last_starred_line(std::uint32_t end) const {
+    std::uint32_t last = 0;
+    for (std::size_t feed_at = text_.substr(0, end).find('\n', at_); feed_at != text_.npos;) {
+      std::size_t const begin = text_.find_first_not_of(" \t\r", feed_at + 1);
+      if (begin >= end || text_[begin] != '*')
+        break;
+      feed_at = text_.substr(0, end).find('\n', begin);
+      last = static_cast<std::uint32_t>(std::min<std::size_t>(feed_at, end));
+    }
+    return last;
+  }
+
+  bool holds_opener(std::uint32_t from, std::uint32_t to) const {
+    std::string_view const text = text_.substr(0, to);
+    for (std::size_t at = text.find("/*", from); at != text.npos; at = text.find("/*", at + 2)) {
+      std::size_t before = at;
+      while (before > from && class_of(text[before - 1]) == blank)
+        --before;
+      if (text[before - 1] == '\n')
+        return true;
+    }
+    return false;
   }
 
   void token(std::vector<gToken> & to) {
@@ -221,7 +268,9 @@ private:
   // the rest of the line stays code.
   void literal(gToken & one, std::uint32_t open) {
     char const mark = text_[open];
-    for (std::uint32_t at = open + 1; at < size_; ++at) {
+    if (open_quotes_line_ != line_)
+      open_quotes_ = 0;
+    for (std::uint32_t at = open + 1; at < size_ && open_quotes_ <= most_failures; ++at) {
       char const c = text_[at];
       if (c == mark)
         return end_literal(one, open, at + 1);
@@ -235,6 +284,8 @@ private:
     }
     one.type = token_junk;
     at_ = open + 1;
+    open_quotes_line_ = line_;
+    ++open_quotes_;
   }
 
   void end_literal(gToken & one, std::uint32_t open, std::uint32_t end) {
@@ -255,15 +306,17 @@ private:
   }
 
   void raw_string(gToken & one, std::uint32_t open) {
-    std::size_t const parenthesis = text_.find('(', open);
-    if (parenthesis == text_.npos || parenthesis - open > 17)
+    std::size_t const parenthesis = text_.substr(0, open + longest_delimiter).find('(', open);
+    if (parenthesis == text_.npos || open_raw_strings_ > most_failures)
       return literal(one, open);
     std::string closer = ")";
     closer += text_.substr(open + 1, parenthesis - open - 1);
     closer += '"';
     std::size_t const found = text_.find(closer, parenthesis);
-    if (found == text_.npos)
+    if (found == text_.npos) {
+      ++open_raw_strings_;
       return literal(one, open);
+    }
     end_literal(one, open, static_cast<std::uint32_t>(found + closer.size()));
   }
 

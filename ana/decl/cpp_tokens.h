@@ -52,6 +52,7 @@ struct gTokens {
   std::vector<gToken> tokens; // the last one is `token_end`, at the size of the text
   std::vector<gComment> comments;
   std::vector<gDirective> directives;
+  std::vector<std::uint32_t> open_comments; // begins of those without their "*/"
 };
 
 // Begins of lines; answers lines and columns from 1.

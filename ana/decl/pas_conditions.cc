@@ -186,7 +186,7 @@ void gPasConditions::end(gRange where) {
   Group & group = groups_.back();
   if (!group.skipped_whole) {
     end_branch(where.begin, true);
-    if ((group.decided && !group.between && map_.between_declarations()) || group.tail)
+    if (group.completes || group.tail)
       completed_at_ = static_cast<std::uint32_t>(tokens_.size());
     map_.forget(group.mark);
     changes_.push_back({where.end, group.outer});
@@ -214,6 +214,31 @@ bool gPasConditions::is_other_tail(Group const & group) const {
          (behind == ';' || behind == '.');
 }
 
+// "procedure a{$ifdef B}(c: D); procedure e;{$else}; procedure f;{$endif}": a branch finishes what
+// stands in front of it, and whole declarations may follow.
+bool gPasConditions::completes_declaration(Group const & group) const {
+  return !group.between && map_.even_since(group.mark) && tokens_.size() > group.first_token &&
+         map_.between_declarations();
+}
+
+// Of a later branch the rest of that declaration goes; empty ones in its place do no harm.
+void gPasConditions::blank_tail(Group const & group) {
+  for (std::size_t at = group.first_token; at < tokens_.size(); ++at) {
+    gPasToken & token = tokens_[at];
+    std::size_t const behind =
+        token.partner == gPasToken::no_partner ? at + 1 : std::size_t{token.partner} + 1;
+    bool const last = token.sign == ';';
+    for (; at < std::min(behind, tokens_.size()); ++at) {
+      tokens_[at].sign = ';';
+      tokens_[at].word = gPasWord::none;
+      tokens_[at].partner = gPasToken::no_partner;
+    }
+    --at;
+    if (last)
+      return;
+  }
+}
+
 void gPasConditions::end_branch(std::uint32_t offset, bool last) {
   Group & group = groups_.back();
   if (group.skip) {
@@ -225,7 +250,19 @@ void gPasConditions::end_branch(std::uint32_t offset, bool last) {
     group.kept = true;
     return;
   }
-  bool const dead_end = map_.ended() && !last; // "end." in front of "$ELSE"
+  bool const first = !group.kept && group.truth != no;
+  if (completes_declaration(group) && (first || group.completes)) {
+    if (group.completes)
+      blank_tail(group);
+    else
+      assume(group, yes);
+    group.completes = group.kept = true;
+    return;
+  }
+  // "end." in front of "$ELSE", or an empty implementation part, stand in for the other branch.
+  bool const dead_end =
+      !last &&
+      (map_.ended() || (map_.section_since(group.mark) && tokens_.size() <= group.first_token + 2));
   if (group.truth == no || dead_end || is_other_tail(group) || (group.kept && group.truth != yes)) {
     drop_branch(group, offset);
     return;

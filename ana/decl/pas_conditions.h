@@ -63,6 +63,7 @@ private:
     bool between = false; // begins between declarations
     bool in_assembler = false;
     bool tail = false;          // follows a group that completed a declaration
+    bool completes = false;     // its branches complete the declaration in front of it
     bool decided = false;       // one branch was taken, the others go
     bool kept = false;          // a branch was kept
     bool skip = false;          // the branch goes
@@ -88,6 +89,8 @@ private:
   void drop_branch(Group & group, std::uint32_t offset);
   bool is_whole(Group const & group) const;
   bool is_other_tail(Group const & group) const;
+  bool completes_declaration(Group const & group) const;
+  void blank_tail(Group const & group);
   Truth assumed(std::string const & symbol, bool negated) const;
   void assume(Group const & group, Truth truth);
   void enter_condition(std::string text, std::int32_t outer, std::uint32_t offset);

@@ -48,6 +48,15 @@ void gPasReader::entry(Block block) {
     return;
   }
   attributes_ = {};
+  // "A = {$I file}" has its value and its ";" there.
+  std::uint32_t const next = at_ + 1;
+  if (view_.is_name(next) && (view_.sign(next + 1) == '=' || view_.sign(next + 1) == ':') &&
+      taken_in(next)) {
+    at_ = next;
+    statement.complete = true;
+    finish_statement(statement);
+    return;
+  }
   if (statement.is_type || view_.sign(at_) == ':')
     type_of(statement, at_ + 1);
   else

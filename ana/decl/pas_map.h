@@ -54,6 +54,8 @@ public:
   bool even_since(Mark const & mark) const;
   // Heads that since the mark followed one another are declarations without bodies.
   void settle_heads(Mark const & mark);
+  // True if a word such as "implementation" stood behind the mark.
+  bool section_since(Mark const & mark) const { return section_ != mark.section; }
   // Ends the life of the innermost mark.
   void forget(Mark const & mark);
 

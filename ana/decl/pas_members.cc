@@ -146,7 +146,9 @@ void gPasReader::property() {
   std::uint32_t const begin = at_;
   bool const of_class = view_.word(at_) == gPasWord::class_;
   at_ += of_class ? 2 : 1;
-  if (view_.sign(at_) != pas_word_sign || (view_.marks(at_) & pas_reserved) != 0) {
+  bool const named =
+      at_ < limit() && view_.sign(at_) == pas_word_sign && (view_.marks(at_) & pas_reserved) == 0;
+  if (!named) {
     at_ = begin;
     fault("a property without a name");
     return;

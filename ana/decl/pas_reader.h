@@ -78,6 +78,7 @@ private:
   bool section_head(gPasWord word);
   void other_step();
   bool fits(Block block) const;
+  bool lists_units() const;
   bool begins_statement() const;
   void skip_statements();
   void open_block(Block block);

@@ -121,6 +121,8 @@ private:
         break;
       last = ++at_;
     }
+    if (last >= limit_)
+      return;
     if (head_.word == gPasWord::operator_ && view_.sign(last) != pas_word_sign)
       symbol_name(last);
     else if (view_.sign(last) != pas_word_sign)

@@ -92,6 +92,8 @@ gPascalContext gPasReader::guess() const {
       at += 2;
     if (view_.is_name(at) && view_.sign(at + 1) == ':')
       context.block = Block::variables;
+    else if (view_.sign(at + 1) == ';' || view_.sign(at + 1) == '.')
+      context.block = Block::none; // units
     else if (view_.is_name(at) || at >= view_.size())
       context.section = gPascalContext::values;
     else
@@ -154,6 +156,10 @@ void gPasReader::other_step() {
   if (view_.word(at_) == gPasWord::final &&
       (view_.word(at_ + 1) == gPasWord::var || view_.word(at_ + 1) == gPasWord::class_)) {
     ++at_;
+  } else if (included && access_word(view_.word(at_))) {
+    frame().kind = Frame::members;
+  } else if (included && lists_units()) {
+    uses_clause();
   } else if (named && frame().block != Block::none && fits(frame().block)) {
     entry(frame().block);
   } else if (entry_like && (included || frame().block != Block::none)) {
@@ -162,8 +168,6 @@ void gPasReader::other_step() {
     frame().block = guess_of_name(at_);
     note_state();
     entry(frame().block);
-  } else if (included && access_word(view_.word(at_))) {
-    frame().kind = Frame::members;
   } else if (included && begins_statement()) {
     skip_statements();
   } else {
@@ -176,7 +180,23 @@ bool gPasReader::fits(Block block) const {
   char const behind = view_.sign(at_ + 1);
   if (block == Block::types)
     return behind != ':' && behind != ',';
+  if (block == Block::constants) {
+    gPasWord const word = view_.word(at_ + 2);
+    return behind != '=' || (word != gPasWord::class_ && word != gPasWord::record &&
+                             word != gPasWord::interface && word != gPasWord::object);
+  }
   return block != Block::variables || (behind != '=' && behind != '<');
+}
+
+// "A, B.C," up to a ";" or the end, without a type.
+bool gPasReader::lists_units() const {
+  if (!view_.is_name(at_) || (view_.sign(at_ + 1) != ',' && view_.sign(at_ + 1) != '.'))
+    return false;
+  std::uint32_t at = at_;
+  while (view_.is_name(at) && (view_.sign(at + 1) == ',' || view_.sign(at + 1) == '.'))
+    at += 2;
+  return view_.sign(at) != ':' && view_.sign(at) != pas_assign && view_.sign(at + 1) != ':' &&
+         view_.sign(at + 1) != pas_assign && view_.sign(at + 1) != '(';
 }
 
 bool gPasReader::begins_statement() const {
@@ -343,10 +363,13 @@ void gPasReader::skip_rest() {
 void gPasReader::uses_clause() {
   gPascalContext::Section const section = section_;
   section_ = gPascalContext::body;
-  at_ -= goes_on_with_units();
+  bool const headless = view_.is_name(at_) && view_.word(at_) != gPasWord::contains &&
+                        view_.word(at_) != gPasWord::requires_;
+  at_ -= headless;
   open_block(Block::none);
   frame().in_uses = true;
-  while (at_ < limit() && view_.sign(at_) != ';' && !view_.begins_other(at_)) {
+  while (at_ < limit() && view_.sign(at_) != ';' && !view_.begins_other(at_) &&
+         (view_.marks(at_) & pas_access) == 0) {
     std::uint32_t const name = at_;
     while (view_.sign(at_) == pas_word_sign && view_.sign(at_ + 1) == '.')
       at_ += 2;

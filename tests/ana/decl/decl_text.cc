@@ -31,6 +31,7 @@ constexpr MarkWord mark_words[] = {
     {mark_override, " override"},
     {mark_final, " final"},
     {mark_pure, " =0"},
+    {mark_abstract_class, " abstract"},
     {mark_defaulted, " =default"},
     {mark_deleted, " =delete"},
     {mark_specialisation, " specialised"},
