@@ -1,0 +1,47 @@
+// Which comment belongs to which declaration.
+#pragma once
+
+#include <vector>
+
+#include "ana/read/comment_blocks.h"
+
+// Why a comment is taken for the text of a declaration, best reason first. Of the comments that
+// could belong to one declaration, those with the best rule are taken.
+enum class gAttachRule : unsigned char {
+  before,       // documenting, in front of the declaration
+  behind,       // documenting, behind it on its line or directly below: "///<"
+  inside,       // documenting, between head and body, or behind the opening brace
+  plain_before, // any other directly in front
+  plain_behind, // any other behind it on its line
+  plain_inside, // any other between head and body, alone on its line
+  plain_below,  // any other directly below, with an empty line behind
+  none,
+};
+
+// Why a comment is left out.
+enum class gLeftOut : unsigned char {
+  taken,       // it isn't
+  in_body,     // a remark in a function
+  in_code_out, // in code that is left out
+  licence,
+  tool_switch,
+  drawing,   // no words
+  dead_code, // code that is commented out
+  include,   // a heading of includes, uses, imports
+  nothing_near,
+  another, // another comment documents the declaration
+};
+// As a reader of reports is told: "a remark in a body".
+std::string_view reason_word(gLeftOut reason);
+
+// What becomes of one block.
+struct gAttachment {
+  gAttachRule rule = gAttachRule::none;
+  gLeftOut left_out = gLeftOut::nothing_near;
+  std::int32_t declaration = -1; // index of the first one that it belongs to, of a statement
+  std::int32_t param = -1;       // index of its parameter that the block is about; -1 for none
+};
+
+// One for each block. Pure: it depends on its arguments alone.
+std::vector<gAttachment> attach(std::string_view text, Decl::gFileDeclarations const & file,
+                                std::vector<gCommentBlock> const & blocks, bool pascal);

@@ -1,0 +1,172 @@
+// An opener is two or three characters that say what the comment is, and perhaps "<" behind them.
+// Only what all lines have in common is a frame: a list that begins its lines with "*" stays.
+#include "ana/read/comment_blocks.h"
+
+#include <algorithm>
+
+#include "vlb/gstring.h"
+
+namespace {
+
+using Decl::gComment;
+constexpr auto npos = std::string_view::npos;
+
+struct Opener {
+  std::size_t length = 0; // with "<"
+  bool line = false;      // ends with its line
+  bool documenting = false;
+  bool behind = false;
+};
+
+// "<" behind a documenting opener, unless it begins an element such as "<b>".
+bool points_back(std::string_view rest) {
+  if (!rest.starts_with('<'))
+    return false;
+  bool const element = rest.size() > 1 && (Vlb::is_word(rest[1]) || rest[1] == '/');
+  return !element || rest.substr(0, rest.find('\n')).find('>') == npos;
+}
+
+Opener opener_of(std::string_view comment, bool pascal) {
+  Opener opener;
+  auto const take = [&](std::string_view word, bool documenting) {
+    if (opener.length > 0 || !comment.starts_with(word))
+      return;
+    opener.length = word.size();
+    opener.documenting = documenting;
+  };
+  opener.line = comment.starts_with("//");
+  // A rule of slashes or stars is drawing.
+  bool const rule = comment.starts_with("////") || comment.starts_with("/***");
+  if (!rule) {
+    take("///", true);
+    take("//!", true);
+    take("/**", comment.size() > 3 && comment[3] != '/');
+    take("/*!", true);
+  }
+  if (pascal) {
+    take("{**", true);
+    take("{!", true);
+    take("(**", comment.size() > 3 && comment[3] != ')');
+    take("(*!", true);
+    take("(*", false);
+    take("{", false);
+  }
+  take("//", false);
+  take("/*", false);
+  if (opener.length == 3 && opener.line == false && comment.substr(0, 4) == "/**/")
+    opener.length = 2; // empty
+  opener.behind = (opener.documenting || pascal) && points_back(comment.substr(opener.length));
+  opener.documenting = opener.documenting || opener.behind;
+  opener.length += opener.behind;
+  return opener;
+}
+
+bool continues(gComment const & before, Opener const & first, gComment const & next,
+               Opener const & opener) {
+  if (!first.line || !opener.line || next.line != before.end_line + 1 || !next.line_start ||
+      first.documenting != opener.documenting || (opener.behind && !first.behind))
+    return false;
+  return before.line_start || next.column == before.column || first.behind;
+}
+
+std::string_view closer_of(std::string_view comment, bool pascal) {
+  if (comment.starts_with("//"))
+    return {};
+  for (std::string_view closer :
+       {std::string_view("*/"), std::string_view("*)"), std::string_view("}")})
+    if ((pascal || closer == "*/") && comment.ends_with(closer))
+      return closer;
+  return {};
+}
+
+struct Line {
+  std::string_view text;
+  bool inner = false; // not the first of its comment
+};
+
+void add_lines(std::vector<Line> & lines, std::string_view inside) {
+  for (bool inner = false;; inner = true) {
+    std::size_t const feed = inside.find('\n');
+    lines.push_back({inside.substr(0, feed), inner});
+    if (feed == npos)
+      return;
+    inside.remove_prefix(feed + 1);
+  }
+}
+
+std::size_t indent_of(std::string_view line) {
+  return std::min(line.find_first_not_of(" \t"), line.size());
+}
+
+// The one character that begins all inner lines with text, if there is one.
+char frame_of(std::vector<Line> const & lines) {
+  char frame = 0;
+  for (Line const & line : lines) {
+    std::size_t const at = indent_of(line.text);
+    if (!line.inner || at == line.text.size())
+      continue;
+    char const c = line.text[at];
+    if ((frame != 0 && c != frame) || (c != '*' && c != '|' && c != '#' && c != '!'))
+      return 0;
+    frame = c;
+  }
+  return frame;
+}
+
+std::string_view without_frame(std::string_view line, char frame) {
+  std::size_t at = indent_of(line);
+  if (at == line.size() || line[at] != frame)
+    return line;
+  while (at < line.size() && line[at] == frame)
+    ++at;
+  return line.substr(at);
+}
+
+} // namespace
+
+std::vector<gCommentBlock> comment_blocks(std::string_view text,
+                                          std::vector<gComment> const & comments, bool pascal) {
+  std::vector<gCommentBlock> blocks;
+  Opener first;
+  for (std::size_t i = 0; i < comments.size(); ++i) {
+    gComment const & comment = comments[i];
+    Opener const opener = opener_of(comment.whole.of(text), pascal);
+    if (!blocks.empty() && continues(comments[i - 1], first, comment, opener)) {
+      blocks.back().last = i;
+      blocks.back().end = comment.whole.end;
+      blocks.back().end_line = comment.end_line;
+      continue;
+    }
+    first = opener;
+    blocks.push_back({comment.whole.begin, comment.whole.end, comment.line, comment.end_line, i, i,
+                      opener.documenting, opener.behind});
+  }
+  return blocks;
+}
+
+std::string comment_text(std::string_view text, gCommentBlock const & block,
+                         std::vector<gComment> const & comments, bool pascal) {
+  std::vector<Line> lines;
+  for (std::size_t i = block.first; i <= block.last; ++i) {
+    std::string_view const whole = comments[i].whole.of(text);
+    std::size_t const opener = opener_of(whole, pascal).length;
+    std::size_t const closer = closer_of(whole, pascal).size();
+    add_lines(lines, opener + closer <= whole.size()
+                         ? whole.substr(opener, whole.size() - opener - closer)
+                         : std::string_view());
+  }
+  char const frame = frame_of(lines);
+  std::string result;
+  for (Line const & line : lines) {
+    if (&line != lines.data())
+      result += '\n';
+    std::string_view words = line.text;
+    if (line.inner && frame != 0)
+      words = without_frame(words, frame);
+    result += words.substr(0, words.find_last_not_of(" \t\r") + 1);
+  }
+  // The last star of a frame stands in front of the closer.
+  while (result.ends_with('*'))
+    result.pop_back();
+  return result;
+}
