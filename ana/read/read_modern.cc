@@ -1,0 +1,274 @@
+// Declarations come from the tolerant readers. Each comment is parsed by itself, so that a fault
+// in it costs nothing else, and what it documents is known before it is parsed.
+#include "ana/read/read_modern.h"
+
+#include <algorithm>
+#include <map>
+
+#include "ana/comments/foreign_text.h"
+#include "ana/read/attach.h"
+#include "ana/read/code_elements.h"
+#include "vlb/gexception.h"
+#include "vlb/messages.h"
+
+namespace {
+
+constexpr std::string_view opening = "@_vlbcom ";
+constexpr std::string_view closing = " @_vlecom ";
+constexpr std::string_view special = "@_vlukwd ";
+constexpr std::size_t longest_title = 300;
+constexpr std::size_t most_scopes = 256;
+
+} // namespace
+
+// One file while it is read.
+class gModernReader::File {
+public:
+  File(gModernReader & reader, gSrcFile const & file, std::string_view text)
+      : reader_(reader),
+        text_(text),
+        pascal_(file.language() == gLanguage::pascal) {
+    result_.facts.file = file;
+  }
+
+  gModernFile read(gStrList const & scope, Decl::gPascalContext const & context);
+
+private:
+  // What the comments say about one declaration.
+  struct Words {
+    std::string text;
+    int line = 0; // of the first of them
+    bool behind = false;
+    std::string values; // of an enumeration, as items
+  };
+
+  void read_declarations(Decl::gPascalContext const & context);
+  void take_comments();
+  void take_block(gCommentBlock const & block, gAttachment const & attachment);
+  void take_words(std::int32_t declaration, std::string const & words, gCommentBlock const & block);
+  void take_value(std::int32_t enumerator, std::string const & words);
+  void leave_out(gCommentBlock const & block);
+  bool is_own(std::string_view words) const;
+  void parse_own(gCommentBlock const & block, std::string const & words);
+  void make_units();
+  void bind(std::int32_t declaration, int unit);
+  int parse_unit(std::string const & text, int line);
+  void report_skipped();
+  void add_includes(gStrList const & scope);
+  gStrList scope_names(std::int32_t scope) const;
+  Decl::gDeclaration const & item(std::int32_t i) const {
+    return found_.items[static_cast<std::size_t>(i)];
+  }
+
+  gModernReader & reader_;
+  std::string_view text_;
+  bool pascal_;
+  Decl::gFileDeclarations found_;
+  gReadElements elements_;
+  std::map<std::int32_t, Words> words_; // by declaration
+  gModernFile result_;
+};
+
+void gModernReader::File::read_declarations(Decl::gPascalContext const & context) {
+  found_ =
+      pascal_ ? Decl::read_pascal(text_, context) : Decl::read_cpp(text_, reader_.input_.macros);
+  elements_ = make_code_elements(text_, found_, result_.facts.file);
+  result_.declarations = elements_.elements.size();
+}
+
+// A keyword of the project's own mark-up begins the comment.
+bool gModernReader::File::is_own(std::string_view words) const {
+  std::size_t const begin = words.find_first_not_of(" \t\n");
+  if (begin == words.npos || reader_.input_.unit_words.empty())
+    return false;
+  std::string_view const rest = words.substr(begin);
+  std::size_t end = rest.find_first_of(" \t\n:;,");
+  end = std::min(end, rest.size());
+  return reader_.input_.unit_words.contains(rest.substr(0, end));
+}
+
+// Parses the text of one comment; the index of the unit that it makes, -1 if it makes none.
+int gModernReader::File::parse_unit(std::string const & text, int line) {
+  gTextFacts & facts = result_.facts.text;
+  std::size_t const before = facts.units.size();
+  doc_parse & doc = reader_.doc_;
+  try {
+    doc.reset();
+    doc.report_to(facts.reports);
+    static gTakenNames const none;
+    doc.read_into(facts, none, reader_.tables_);
+    doc.scanner().open_text(result_.facts.file, text, line);
+    doc.parse();
+  } catch (gExcFatalErr const & fault) {
+    facts.reports.take(fault.report());
+  }
+  return facts.units.size() > before ? static_cast<int>(before) : -1;
+}
+
+void gModernReader::File::parse_own(gCommentBlock const & block, std::string const & words) {
+  parse_unit(std::string(opening) + words + std::string(closing), static_cast<int>(block.line));
+}
+
+void gModernReader::File::leave_out(gCommentBlock const & block) {
+  result_.facts.code.comments.push_back(
+      {{static_cast<int>(block.line), static_cast<int>(found_.comments[block.first].column)},
+       static_cast<int>(block.end_line)});
+}
+
+void gModernReader::File::take_value(std::int32_t enumerator, std::string const & words) {
+  std::int32_t const scope = item(enumerator).scope;
+  if (scope < 0)
+    return;
+  gForeignText const text = translate_comment(words);
+  // Items are running text: what follows the first other command stays with the value itself.
+  std::string_view run = text.text;
+  for (std::string_view end : {"@endp", "@b_verbatim", "@parameter", "@see", "@note", "@enum"})
+    run = run.substr(0, run.find(end));
+  words_[scope].values +=
+      "@enum " + code_text(item(enumerator).name.of(text_)) + " " + std::string(trimmed(run)) + " ";
+}
+
+void gModernReader::File::take_words(std::int32_t declaration, std::string const & words,
+                                     gCommentBlock const & block) {
+  Words & all = words_[declaration];
+  if (all.text.empty()) {
+    all.line = static_cast<int>(block.line);
+    all.behind = block.behind;
+  } else {
+    all.text += "\n\n";
+  }
+  all.text += words;
+}
+
+void gModernReader::File::take_block(gCommentBlock const & block, gAttachment const & attachment) {
+  bool const hidden =
+      attachment.left_out == gLeftOut::in_code_out || attachment.left_out == gLeftOut::in_body;
+  std::string words = comment_text(text_, block, found_.comments, pascal_);
+  if (!hidden && is_own(words))
+    return parse_own(block, words);
+  if (attachment.param >= 0) {
+    Decl::gDeclaration const & routine = item(attachment.declaration);
+    Decl::gParam const & param =
+        found_.parameters[routine.first_param + static_cast<std::uint32_t>(attachment.param)];
+    return take_words(attachment.declaration,
+                      "@param " + std::string(param.name.of(text_)) + " " + words, block);
+  }
+  if (attachment.left_out == gLeftOut::taken) {
+    bool const value = item(attachment.declaration).kind == Decl::gKind::enumerator;
+    if (value)
+      take_value(attachment.declaration, words);
+    return take_words(attachment.declaration, words, block);
+  }
+  bool const noise =
+      attachment.left_out != gLeftOut::nothing_near && attachment.left_out != gLeftOut::another;
+  gForeignText const text =
+      noise && !block.documenting ? gForeignText() : translate_comment(words, block.behind);
+  int const line = static_cast<int>(block.line);
+  if (!hidden && text.kind == gForeignText::topic && block.documenting)
+    parse_unit(std::string(opening) + "@text vl_topic @noxe @hdline{" +
+                   translate_inline(text.name.substr(0, character_end(text.name, longest_title))) +
+                   "} " + text.text + std::string(closing),
+               line);
+  else if (!hidden && text.kind == gForeignText::about && block.documenting)
+    parse_unit(std::string(opening) + "@about " + text.name + " | @description " + text.text +
+                   std::string(closing),
+               line);
+  else
+    leave_out(block);
+}
+
+void gModernReader::File::take_comments() {
+  std::vector<gCommentBlock> const blocks = comment_blocks(text_, found_.comments, pascal_);
+  std::vector<gAttachment> const attachments = attach(text_, found_, blocks, pascal_);
+  for (std::size_t i = 0; i < blocks.size(); ++i)
+    take_block(blocks[i], attachments[i]);
+}
+
+// All that one statement declares shares its comment.
+void gModernReader::File::bind(std::int32_t declaration, int unit) {
+  std::int32_t const element = elements_.of[static_cast<std::size_t>(declaration)];
+  if (element >= 0)
+    elements_.elements[static_cast<std::size_t>(element)]->text = unit;
+}
+
+void gModernReader::File::make_units() {
+  for (auto & [declaration, words] : words_) {
+    gForeignText text = translate_comment(words.text, words.behind);
+    if (!words.values.empty())
+      text.text += " @values " + words.values;
+    if (trimmed(text.text).empty())
+      continue;
+    if (words.line == 0)
+      words.line = static_cast<int>(item(declaration).line);
+    std::string const unit =
+        std::string(opening) + std::string(special) + text.text + std::string(closing);
+    for (std::size_t i = static_cast<std::size_t>(declaration); i < found_.items.size(); ++i) {
+      bool const first = i == static_cast<std::size_t>(declaration);
+      if (!first && found_.items[i].statement != declaration)
+        break;
+      if (!first && words_.contains(static_cast<std::int32_t>(i)))
+        continue;
+      if (int const made = parse_unit(unit, words.line); made >= 0)
+        bind(static_cast<std::int32_t>(i), made);
+    }
+  }
+}
+
+void gModernReader::File::report_skipped() {
+  for (Decl::gSkipped const & skipped : found_.skipped) {
+    std::uint32_t const lines = skipped.end_line - std::min(skipped.line, skipped.end_line) + 1;
+    result_.facts.code.reports(Msg::stretch_skipped,
+                               skipped.reason + ", " + std::to_string(lines) +
+                                   (lines == 1 ? " line" : " lines"),
+                               gLoc(result_.facts.file, static_cast<int>(skipped.line)));
+  }
+}
+
+gStrList gModernReader::File::scope_names(std::int32_t scope) const {
+  std::vector<std::int32_t> around;
+  for (; scope >= 0 && around.size() < most_scopes; scope = item(scope).scope)
+    around.push_back(scope);
+  gStrList names;
+  for (auto one = around.rbegin(); one != around.rend(); ++one)
+    if (!item(*one).name.empty())
+      names.push_back(gString(shown_name(text_, item(*one), Decl::gSyntax::pascal)));
+  return names;
+}
+
+void gModernReader::File::add_includes(gStrList const & scope) {
+  if (!pascal_)
+    return;
+  for (Decl::gInclude const & one : found_.includes) {
+    gStrList names = scope;
+    names.append(scope_names(one.scope));
+    result_.includes.push_back(
+        {std::string(one.name.of(text_)), result_.facts.file, std::move(names), one.context});
+  }
+}
+
+gModernFile gModernReader::File::read(gStrList const & scope,
+                                      Decl::gPascalContext const & context) {
+  read_declarations(context);
+  take_comments();
+  make_units();
+  report_skipped();
+  add_includes(scope);
+  for (cRef<gCodeElem> & element : elements_.elements) {
+    if (!scope.empty()) {
+      gStrList names = scope;
+      names.append(std::move(element->names));
+      element->names = std::move(names);
+    }
+    result_.facts.code.elements.push_back(std::move(element));
+  }
+  std::vector<int> & lines = result_.facts.text.unit_lines;
+  for (gUnitFacts const & unit : result_.facts.text.units)
+    lines.push_back(unit.place.line);
+  std::sort(lines.begin(), lines.end());
+  return std::move(result_);
+}
+
+gModernFile gModernReader::read(gSrcFile const & file, std::string_view text,
+                                gStrList const & scope, Decl::gPascalContext const & context) {
+  return File(*this, file, text).read(scope, context);
+}

@@ -1,0 +1,50 @@
+// The modern dialect: one look at a source gives its declarations, its comments, and which of them
+// belong together.
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "ana/anadat/gfilefacts.h"
+#include "ana/decl/readers.h"
+#include "ana/parser/doc/doc_parse.h"
+
+// What the reading of all files has in common.
+struct gModernInput {
+  Decl::gMacroTable macros;                      // of all inputs
+  std::set<std::string, std::less<>> unit_words; // a comment that begins with one is in own mark-up
+};
+
+// A file that a Pascal source takes in, to be read as if it stood there.
+struct gIncludeRequest {
+  std::string name; // as written
+  gSrcFile by;      // who includes it
+  gStrList scope;   // names around the place
+  Decl::gPascalContext context;
+};
+
+struct gModernFile {
+  gFileFacts facts;
+  std::vector<gIncludeRequest> includes;
+  std::size_t declarations = 0; // found
+};
+
+// Reads sources one after the other; a thread has a reader of its own.
+class gModernReader {
+public:
+  // Input and templates have to outlive the reader.
+  gModernReader(gModernInput const & input, gTableTemplates const & tables)
+      : input_(input),
+        tables_(tables) {}
+
+  // `text`: the whole file, UTF-8 with line feeds. What it says depends on file, text and input
+  // alone. `scope` and `context` are those of the place that includes it.
+  gModernFile read(gSrcFile const & file, std::string_view text, gStrList const & scope = {},
+                   Decl::gPascalContext const & context = {});
+
+private:
+  class File;
+  gModernInput const & input_;
+  gTableTemplates const & tables_;
+  doc_parse doc_{gParseBase::standard_stack_size};
+};
