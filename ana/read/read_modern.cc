@@ -37,7 +37,7 @@ private:
   // What the comments say about one declaration.
   struct Words {
     std::string text;
-    int line = 0; // of the first of them
+    gLinePlace place; // of the first of them
     bool behind = false;
     std::string values; // of an enumeration, as items
   };
@@ -47,12 +47,13 @@ private:
   void take_block(gCommentBlock const & block, gAttachment const & attachment);
   void take_words(std::int32_t declaration, std::string const & words, gCommentBlock const & block);
   void take_value(std::int32_t enumerator, std::string const & words);
+  gLinePlace place_of(gCommentBlock const & block) const;
   void leave_out(gCommentBlock const & block);
   bool is_own(std::string_view words) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
   void make_units();
   void bind(std::int32_t declaration, int unit);
-  int parse_unit(std::string const & text, int line);
+  int parse_unit(std::string const & text, gLinePlace place);
   void report_skipped();
   void add_includes(gStrList const & scope);
   gStrList scope_names(std::int32_t scope) const;
@@ -88,7 +89,7 @@ bool gModernReader::File::is_own(std::string_view words) const {
 }
 
 // Parses the text of one comment; the index of the unit that it makes, -1 if it makes none.
-int gModernReader::File::parse_unit(std::string const & text, int line) {
+int gModernReader::File::parse_unit(std::string const & text, gLinePlace place) {
   gTextFacts & facts = result_.facts.text;
   std::size_t const before = facts.units.size();
   doc_parse & doc = reader_.doc_;
@@ -97,22 +98,29 @@ int gModernReader::File::parse_unit(std::string const & text, int line) {
     doc.report_to(facts.reports);
     static gTakenNames const none;
     doc.read_into(facts, none, reader_.tables_);
-    doc.scanner().open_text(result_.facts.file, text, line);
+    doc.scanner().open_text(result_.facts.file, text, place.line);
     doc.parse();
   } catch (gExcFatalErr const & fault) {
     facts.reports.take(fault.report());
   }
-  return facts.units.size() > before ? static_cast<int>(before) : -1;
+  if (facts.units.size() == before)
+    return -1;
+  // With a column it shares its line with others.
+  for (std::size_t i = before; i < facts.units.size(); ++i)
+    facts.units[i].place = {std::max(place.line, facts.units[i].place.line), place.column};
+  return static_cast<int>(before);
 }
 
 void gModernReader::File::parse_own(gCommentBlock const & block, std::string const & words) {
-  parse_unit(std::string(opening) + words + std::string(closing), static_cast<int>(block.line));
+  parse_unit(std::string(opening) + words + std::string(closing), place_of(block));
+}
+
+gLinePlace gModernReader::File::place_of(gCommentBlock const & block) const {
+  return {static_cast<int>(block.line), static_cast<int>(found_.comments[block.first].column)};
 }
 
 void gModernReader::File::leave_out(gCommentBlock const & block) {
-  result_.facts.code.comments.push_back(
-      {{static_cast<int>(block.line), static_cast<int>(found_.comments[block.first].column)},
-       static_cast<int>(block.end_line)});
+  result_.facts.code.comments.push_back({place_of(block), static_cast<int>(block.end_line)});
 }
 
 void gModernReader::File::take_value(std::int32_t enumerator, std::string const & words) {
@@ -132,7 +140,7 @@ void gModernReader::File::take_words(std::int32_t declaration, std::string const
                                      gCommentBlock const & block) {
   Words & all = words_[declaration];
   if (all.text.empty()) {
-    all.line = static_cast<int>(block.line);
+    all.place = place_of(block);
     all.behind = block.behind;
   } else {
     all.text += "\n\n";
@@ -163,16 +171,15 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
       attachment.left_out != gLeftOut::nothing_near && attachment.left_out != gLeftOut::another;
   gForeignText const text =
       noise && !block.documenting ? gForeignText() : translate_comment(words, block.behind);
-  int const line = static_cast<int>(block.line);
   if (!hidden && text.kind == gForeignText::topic && block.documenting)
     parse_unit(std::string(opening) + "@text vl_topic @noxe @hdline{" +
                    translate_inline(text.name.substr(0, character_end(text.name, longest_title))) +
                    "} " + text.text + std::string(closing),
-               line);
+               place_of(block));
   else if (!hidden && text.kind == gForeignText::about && block.documenting)
     parse_unit(std::string(opening) + "@about " + text.name + " | @description " + text.text +
                    std::string(closing),
-               line);
+               place_of(block));
   else
     leave_out(block);
 }
@@ -198,8 +205,6 @@ void gModernReader::File::make_units() {
       text.text += " @values " + words.values;
     if (trimmed(text.text).empty())
       continue;
-    if (words.line == 0)
-      words.line = static_cast<int>(item(declaration).line);
     std::string const unit =
         std::string(opening) + std::string(special) + text.text + std::string(closing);
     for (std::size_t i = static_cast<std::size_t>(declaration); i < found_.items.size(); ++i) {
@@ -208,7 +213,12 @@ void gModernReader::File::make_units() {
         break;
       if (!first && words_.contains(static_cast<std::int32_t>(i)))
         continue;
-      if (int const made = parse_unit(unit, words.line); made >= 0)
+      Decl::gDeclaration const & one = found_.items[i];
+      gLinePlace const place =
+          words.place.line > 0 && first
+              ? words.place
+              : gLinePlace{static_cast<int>(one.line), static_cast<int>(one.column)};
+      if (int const made = parse_unit(unit, place); made >= 0)
         bind(static_cast<std::int32_t>(i), made);
     }
   }
