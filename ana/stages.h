@@ -29,6 +29,7 @@ bool ana_preprocess(std::list<gSrcFile> const & files);
 // Answers what is left to know of each file, for the code.
 std::vector<gFileFacts> ana_text_units(std::list<gSrcFile> const & files);
 void ana_program_code(std::vector<gFileFacts> & files);
+void ana_join_elements();
 void ana_associate();
 void ana_update_units();
 void ana_check();

@@ -40,6 +40,13 @@ enum gSpecifier : int {
 gString unit_type_name(int type);
 int unit_type_value(std::string_view name);
 
+// How far a declaration is from what users of the code are to see.
+enum class gSeclusion : std::uint8_t {
+  open,
+  detail,  // in a scope named "detail", "internal" and the like
+  unnamed, // in an unnamed namespace
+};
+
 // What a reader knows of a declaration beyond its text. The ranges lie in that text.
 struct gDeclParts {
   Decl::gRange name;
@@ -48,6 +55,8 @@ struct gDeclParts {
   Decl::gRange bases;
   Decl::gRange result;
   std::uint32_t marks = 0;       // union of Decl::gMark
+  gSeclusion seclusion = gSeclusion::open;
+  cRef<gString const> signature; // what tells overloads apart; null for none
   cRef<gString const> condition; // of the preprocessor; shared by all that it guards, null for none
 };
 

@@ -60,6 +60,11 @@ public:
     entries_ = std::move(merged);
   }
 
+  // Removes the objects for which `gone` is true.
+  template <class Gone> void erase_if(Gone const & gone) {
+    std::erase_if(entries_, [&](Entry const & entry) { return gone(entry.object); });
+  }
+
   iterator begin() const { return entries_.begin(); }
   iterator end() const { return entries_.end(); }
   std::size_t size() const { return entries_.size(); }

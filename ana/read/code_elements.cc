@@ -110,6 +110,9 @@ int specifiers_of(std::uint32_t marks) {
   return flags;
 }
 
+// Names grow with their scopes, so that what is nested deeper would cost more than its source.
+constexpr int most_scopes = 100;
+
 bool is_scope_of_members(gKind kind) {
   return unit_type_of(kind, false) == ut_class;
 }
@@ -127,11 +130,13 @@ public:
 
 private:
   void enter(std::size_t index);
+  bool repeats_its_tag(std::size_t index) const;
   void add_scope(gStrList & names, std::int32_t scope) const;
   void add_qualifier(gStrList & names, std::string_view qualifier) const;
   gStrList names_of(gDeclaration const & one) const;
   gString declaration_text(gDeclaration const & one, gDeclParts & parts) const;
   cRef<gString const> condition_of(std::int32_t condition);
+  void measure_scopes();
   gDeclaration const & item(std::int32_t i) const {
     return found_.items[static_cast<std::size_t>(i)];
   }
@@ -142,6 +147,11 @@ private:
   bool pascal_;
   gSyntax syntax_;
   std::vector<cRef<gString const>> conditions_;
+  struct Scope {
+    int depth = 0;
+    gSeclusion seclusion = gSeclusion::open;
+  };
+  std::vector<Scope> scopes_; // by declaration: what stands around it
   gReadElements result_;
 };
 
@@ -229,17 +239,56 @@ cRef<gString const> Elements::condition_of(std::int32_t condition) {
   return conditions_[at];
 }
 
+// "typedef struct T {...} T" is the struct alone.
+bool Elements::repeats_its_tag(std::size_t index) const {
+  gDeclaration const & one = found_.items[index];
+  if (one.kind != gKind::typedef_ || one.statement < 0 ||
+      static_cast<std::size_t>(one.statement) >= index)
+    return false;
+  gDeclaration const & tag = item(one.statement);
+  return tag.name.of(text_) == one.name.of(text_);
+}
+
+bool is_detail(std::string_view name) {
+  static constexpr std::string_view names[] = {"detail",  "details", "internal", "internals",
+                                               "impl",    "priv",    "private_", "_impl",
+                                               "detail_", "aux_",    "__detail", "aux"};
+  return std::find(std::begin(names), std::end(names), name) != std::end(names);
+}
+
+// A scope stands in front of its members, so one pass is enough.
+void Elements::measure_scopes() {
+  scopes_.resize(found_.items.size());
+  for (std::size_t i = 0; i < found_.items.size(); ++i) {
+    std::int32_t const outer = found_.items[i].scope;
+    if (outer < 0 || static_cast<std::size_t>(outer) >= i)
+      continue;
+    Scope const & around = scopes_[static_cast<std::size_t>(outer)];
+    gDeclaration const & scope = item(outer);
+    scopes_[i].depth = around.depth + 1;
+    bool const space = scope.kind == gKind::name_space;
+    scopes_[i].seclusion = space && scope.name.empty() ? gSeclusion::unnamed
+                           : space && is_detail(scope.name.of(text_))
+                               ? std::max(around.seclusion, gSeclusion::detail)
+                               : around.seclusion;
+  }
+}
+
 void Elements::enter(std::size_t index) {
   gDeclaration const & one = found_.items[index];
   bool const in_class = (one.scope >= 0 && is_scope_of_members(item(one.scope).kind)) ||
                         (one.marks & mark_out_of_class) != 0;
   int const type = unit_type_of(one.kind, in_class);
-  if (type == ut_undefined || one.name.empty())
+  if (type == ut_undefined || one.name.empty() || scopes_[index].depth > most_scopes ||
+      repeats_its_tag(index))
     return;
   auto parts = std::make_unique<gDeclParts>();
   gString text = declaration_text(one, *parts);
   parts->marks = one.marks;
   parts->condition = condition_of(one.condition);
+  parts->seclusion = scopes_[index].seclusion;
+  if (std::string const what = signature(text_, found_, one, pascal_); !what.empty())
+    parts->signature = make_ref<gString const>(what);
   auto element = make_ref<gCodeElem>(gStrList(), file_, static_cast<int>(one.line), type, gString(),
                                      gString(visibility_of(one.access)), specifiers_of(one.marks));
   element->names = names_of(one);
@@ -254,6 +303,7 @@ void Elements::enter(std::size_t index) {
 }
 
 gReadElements Elements::run() {
+  measure_scopes();
   result_.of.assign(found_.items.size(), -1);
   result_.elements.reserve(found_.items.size());
   for (std::size_t i = 0; i < found_.items.size(); ++i)

@@ -158,13 +158,13 @@ void parts(Archive & archive, Parts & parts, gCodeElem const & element) {
   archive.bits(parts.marks);
 }
 
-void condition(gWriter & archive, cRef<gString const> const & text) {
+void shared(gWriter & archive, cRef<gString const> const & text) {
   archive.flag(static_cast<bool>(text));
   if (text)
     archive.text(*text);
 }
 
-void condition(gReader & archive, cRef<gString const> & text) {
+void shared(gReader & archive, cRef<gString const> & text) {
   bool has_text = false;
   archive.flag(has_text);
   if (has_text)
@@ -176,7 +176,9 @@ void known_parts(gWriter & archive, gCodeElem const & element) {
   if (!element.parts)
     return;
   parts(archive, *element.parts, element);
-  condition(archive, element.parts->condition);
+  archive.number(static_cast<int>(element.parts->seclusion));
+  shared(archive, element.parts->signature);
+  shared(archive, element.parts->condition);
 }
 
 void known_parts(gReader & archive, gCodeElem & element) {
@@ -186,7 +188,11 @@ void known_parts(gReader & archive, gCodeElem & element) {
     return;
   auto known = std::make_unique<gDeclParts>();
   parts(archive, *known, element);
-  condition(archive, known->condition);
+  int seclusion = 0;
+  bounded(archive, seclusion, 0, static_cast<int>(gSeclusion::unnamed));
+  known->seclusion = static_cast<gSeclusion>(archive.good() ? seclusion : 0);
+  shared(archive, known->signature);
+  shared(archive, known->condition);
   element.parts = std::move(known);
 }
 

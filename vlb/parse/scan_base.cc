@@ -28,8 +28,9 @@ void gScanBase::open_infile(gSrcFile const & file) {
     throw gExcFatalErr(Msg::unreadable, file.path(), file.opath());
 }
 
-void gScanBase::open_text(gSrcFile const & file, std::string_view text) {
+void gScanBase::open_text(gSrcFile const & file, std::string_view text, int first_line) {
   infile_ = file;
+  line_ = first_line;
   finish_token();
   input_.set(text);
   if (shield_)

@@ -92,8 +92,8 @@ public:
   int close_outfile();
   // Replaces the record that positions refer to, as a #line directive does.
   void set_infile(gSrcFile const & file) { infile_ = file; }
-  // The input from a text in memory, for tests and fuzzing.
-  void open_text(gSrcFile const & file, std::string_view text);
+  // The input from a text in memory, whose first line is this one of the file. Behind reset().
+  void open_text(gSrcFile const & file, std::string_view text, int first_line = 1);
 
   gSrcFile const & cur_infile() const { return infile_; }
   gSrcFile const & cur_outfile() const { return outfile_; }
