@@ -204,6 +204,7 @@ void Joining::merge(std::size_t into, std::size_t from) {
   gone.dropped = true;
   if (!kept.unit && gone.unit) {
     gone.unit->bind(kept.element, gone.unit->rank());
+    kept.element->text = gone.element->text; // no other text is searched for
     kept.unit = std::move(gone.unit);
   }
 }

@@ -6,14 +6,26 @@
 #include "ana/anadat/tables.h"
 #include "vlb/gmsghandler.h"
 
-void gStages::run() {
-  Msg::log.stage(gRunStage::preprocess);
-  ana_input_files();
+void gStages::read_classic() {
   failed_ |= !ana_preprocess(gSrcFiles);
   Msg::log.stage(gRunStage::text_units);
   std::vector<gFileFacts> files = ana_text_units(gInputFiles);
   Msg::log.stage(gRunStage::code);
   ana_program_code(files);
+}
+
+void gStages::read_modern() {
+  ana_read_sources(gSrcFiles);
+  ana_join_elements();
+}
+
+void gStages::run() {
+  Msg::log.stage(gRunStage::preprocess);
+  ana_input_files();
+  if (gInput->modern)
+    read_modern();
+  else
+    read_classic();
   Msg::log.stage(gRunStage::associate);
   ana_associate();
   Msg::log.stage(gRunStage::update);

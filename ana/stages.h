@@ -18,6 +18,9 @@ public:
   bool failed() const { return failed_; }
 
 private:
+  void read_classic();
+  void read_modern();
+
   bool failed_ = false;
 };
 
@@ -29,6 +32,9 @@ bool ana_preprocess(std::list<gSrcFile> const & files);
 // Answers what is left to know of each file, for the code.
 std::vector<gFileFacts> ana_text_units(std::list<gSrcFile> const & files);
 void ana_program_code(std::vector<gFileFacts> & files);
+// The modern dialect in place of these three.
+void ana_read_sources(std::list<gSrcFile> const & files);
+// Joins what several places declare.
 void ana_join_elements();
 void ana_associate();
 void ana_update_units();

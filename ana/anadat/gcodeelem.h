@@ -54,7 +54,7 @@ struct gDeclParts {
   Decl::gRange parameters; // with their brackets
   Decl::gRange bases;
   Decl::gRange result;
-  std::uint32_t marks = 0;       // union of Decl::gMark
+  std::uint32_t marks = 0; // union of Decl::gMark
   gSeclusion seclusion = gSeclusion::open;
   cRef<gString const> signature; // what tells overloads apart; null for none
   cRef<gString const> condition; // of the preprocessor; shared by all that it guards, null for none

@@ -32,6 +32,7 @@ public:
   }
 
   gModernFile read(gStrList const & scope, Decl::gPascalContext const & context);
+  gModernFile read_comment();
 
 private:
   // What the comments say about one declaration.
@@ -278,7 +279,16 @@ gModernFile gModernReader::File::read(gStrList const & scope,
   return std::move(result_);
 }
 
+gModernFile gModernReader::File::read_comment() {
+  parse_unit(std::string(opening) + std::string(text_) + std::string(closing), {1, 0});
+  return std::move(result_);
+}
+
 gModernFile gModernReader::read(gSrcFile const & file, std::string_view text,
                                 gStrList const & scope, Decl::gPascalContext const & context) {
   return File(*this, file, text).read(scope, context);
+}
+
+gModernFile gModernReader::read_comment(gSrcFile const & file, std::string const & text) {
+  return File(*this, file, text).read_comment();
 }

@@ -41,6 +41,8 @@ public:
   // alone. `scope` and `context` are those of the place that includes it.
   gModernFile read(gSrcFile const & file, std::string_view text, gStrList const & scope = {},
                    Decl::gPascalContext const & context = {});
+  // A file of text: all of it is one comment in own mark-up.
+  gModernFile read_comment(gSrcFile const & file, std::string const & text);
 
 private:
   class File;
