@@ -81,6 +81,7 @@ private:
   void merge(std::size_t into, std::size_t from);
   std::size_t principal(std::vector<std::size_t> const & group) const;
   bool announces(Item const & item) const;
+  void leave_out_local();
   void drop();
   void enter_classes();
 
@@ -112,7 +113,7 @@ void Joining::collect() {
     gScopeNames & names = names_of(element.loc.file(), *this);
     bool const type =
         element.type == ut_class || element.type == ut_type || element.type == ut_unit;
-    if (!type || has_mark(element, Decl::mark_out_of_class))
+    if (!type || has_mark(element, Decl::mark_out_of_class | Decl::mark_specialisation))
       continue;
     bool const alias = element.kind == gKind::alias || element.kind == gKind::typedef_;
     names.add(element.name());
@@ -240,6 +241,18 @@ void Joining::join(std::vector<std::size_t> const & group) {
   }
 }
 
+// What one source keeps to itself, and announcements of what no input defines.
+void Joining::leave_out_local() {
+  for (Item & item : items_) {
+    gCodeElem const & element = *item.element;
+    bool const macro = family_of(element) == 'm';
+    bool const own = is_local(element) && !macro && !is_header(element.loc.file()) &&
+                     !gInput->association.gen_static;
+    bool const announced = element.type == ut_class && has_mark(element, Decl::mark_forward);
+    item.dropped = item.dropped || own || (announced && !item.unit);
+  }
+}
+
 template <class Table, class Gone> void remove_from(Table & table, Gone const & gone) {
   for (auto const & file : table)
     file.value->erase_if(gone);
@@ -318,6 +331,7 @@ void Joining::run() {
     return;
   resolve_scopes();
   group();
+  leave_out_local();
   drop();
   enter_classes();
 }

@@ -20,7 +20,7 @@ bool contains_word(std::string_view text, std::initializer_list<std::string_view
 }
 
 bool is_licence(std::string_view text) {
-  return contains_word(text, {"opyright", "OPYRIGHT", "SPDX-License", "icensed under",
+  return contains_word(text, {"opyright", "OPYRIGHT", "SPDX-License", "icense", "icence",
                               "ermission is hereby granted", "General Public License",
                               "distributed under"});
 }
@@ -293,6 +293,9 @@ gAttachment Attaching::in_parameters(std::size_t block) const {
   gAttachment found;
   if (first.declaration < 0)
     return found;
+  // A remark such as "/* unused */" isn't about the parameter.
+  if (!blocks_[block].documenting)
+    return found;
   gDeclaration const & one = places_.item(first.declaration);
   std::int32_t last = -1;
   for (std::uint32_t i = 0; i < one.params; ++i) {
@@ -308,6 +311,12 @@ gAttachment Attaching::in_parameters(std::size_t block) const {
   if (last >= 0)
     found = {gAttachRule::inside, gLeftOut::taken, first.declaration, last};
   return found;
+}
+
+// What holds a whole file has its comment in front.
+bool is_file(gDeclaration const & one) {
+  return one.kind == gKind::unit || one.kind == gKind::program || one.kind == gKind::library ||
+         one.kind == gKind::package;
 }
 
 gAttachment Attaching::decide(std::size_t block) const {
@@ -336,7 +345,9 @@ gAttachment Attaching::decide(std::size_t block) const {
     found.declaration = (this->*one.find)(block);
     if (found.declaration < 0)
       continue;
-    if (!documenting && names_it_alone(block, found.declaration))
+    if (!documenting &&
+        (names_it_alone(block, found.declaration) ||
+         (rule != gAttachRule::plain_before && is_file(places_.item(found.declaration)))))
       break;
     found.rule = rule;
     found.left_out = gLeftOut::taken;

@@ -133,7 +133,9 @@ private:
   bool repeats_its_tag(std::size_t index) const;
   void add_scope(gStrList & names, std::int32_t scope) const;
   void add_qualifier(gStrList & names, std::string_view qualifier) const;
+  gString own_name(gDeclaration const & one) const;
   gStrList names_of(gDeclaration const & one) const;
+  bool shows_contents(gDeclaration const & one) const;
   gString declaration_text(gDeclaration const & one, gDeclParts & parts) const;
   cRef<gString const> condition_of(std::int32_t condition);
   void measure_scopes();
@@ -155,6 +157,14 @@ private:
   gReadElements result_;
 };
 
+// A specialisation is told from its template by its arguments.
+gString Elements::own_name(gDeclaration const & one) const {
+  gString name(shown_name(text_, one, syntax_));
+  if (!one.arguments.empty())
+    name += one_line(text_, one.arguments, syntax_);
+  return name;
+}
+
 // Scopes without a name, such as unnamed namespaces, aren't part of names.
 void Elements::add_scope(gStrList & names, std::int32_t scope) const {
   std::vector<std::int32_t> around;
@@ -165,7 +175,7 @@ void Elements::add_scope(gStrList & names, std::int32_t scope) const {
     if (!outer.qualifier.empty())
       add_qualifier(names, outer.qualifier.of(text_));
     if (!outer.name.empty() && outer.kind != gKind::module)
-      names.append(gString(shown_name(text_, outer, syntax_)));
+      names.append(own_name(outer));
   }
 }
 
@@ -200,8 +210,20 @@ gStrList Elements::names_of(gDeclaration const & one) const {
   add_scope(names, scope);
   if (!one.qualifier.empty())
     add_qualifier(names, one.qualifier.of(text_));
-  names.append(gString(shown_name(text_, one, syntax_)));
+  names.append(own_name(one));
   return names;
+}
+
+// The values of an enumeration say what it is, and so do the fields of a structure without a name
+// of its own, if they are few.
+bool Elements::shows_contents(gDeclaration const & one) const {
+  constexpr std::uint32_t longest = 800;
+  if (one.whole.end - one.whole.begin > longest)
+    return false;
+  bool const values = one.kind == gKind::enum_ || one.kind == gKind::enum_class;
+  bool const fields = (one.kind == gKind::struct_ || one.kind == gKind::union_) &&
+                      one.whole.of(text_).starts_with("typedef");
+  return values || fields;
 }
 
 gString Elements::declaration_text(gDeclaration const & one, gDeclParts & parts) const {
@@ -210,11 +232,11 @@ gString Elements::declaration_text(gDeclaration const & one, gDeclParts & parts)
   parts.parameters = one.parameter_list;
   parts.bases = one.bases;
   parts.result = one.result;
-  gRange const shown = one.text.empty() ? one.whole : one.text;
+  gRange const shown = shows_contents(one) ? one.whole : one.text.empty() ? one.whole : one.text;
   gString text =
       one_line(text_, shown, syntax_,
                {&parts.name, &parts.template_head, &parts.parameters, &parts.bases, &parts.result});
-  bool const ends = text.ends_with(';') || is_scope_of_members(one.kind) ||
+  bool const ends = text.ends_with(';') || text.ends_with('}') || is_scope_of_members(one.kind) ||
                     one.kind == gKind::macro || one.kind == gKind::function_macro ||
                     one.kind == gKind::enumerator || unit_type_of(one.kind, false) == ut_unit;
   if (!ends && !text.empty())

@@ -49,7 +49,6 @@ private:
   void take_words(std::int32_t declaration, std::string const & words, gCommentBlock const & block);
   void take_value(std::int32_t enumerator, std::string const & words);
   gLinePlace place_of(gCommentBlock const & block) const;
-  void leave_out(gCommentBlock const & block);
   bool is_own(std::string_view words) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
   void make_units();
@@ -120,10 +119,6 @@ gLinePlace gModernReader::File::place_of(gCommentBlock const & block) const {
   return {static_cast<int>(block.line), static_cast<int>(found_.comments[block.first].column)};
 }
 
-void gModernReader::File::leave_out(gCommentBlock const & block) {
-  result_.facts.code.comments.push_back({place_of(block), static_cast<int>(block.end_line)});
-}
-
 void gModernReader::File::take_value(std::int32_t enumerator, std::string const & words) {
   std::int32_t const scope = item(enumerator).scope;
   if (scope < 0)
@@ -181,8 +176,6 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
     parse_unit(std::string(opening) + "@about " + text.name + " | @description " + text.text +
                    std::string(closing),
                place_of(block));
-  else
-    leave_out(block);
 }
 
 void gModernReader::File::take_comments() {
@@ -226,6 +219,7 @@ void gModernReader::File::make_units() {
 }
 
 void gModernReader::File::report_skipped() {
+  result_.skipped = found_.skipped.size();
   for (Decl::gSkipped const & skipped : found_.skipped) {
     std::uint32_t const lines = skipped.end_line - std::min(skipped.line, skipped.end_line) + 1;
     result_.facts.code.reports(Msg::stretch_skipped,

@@ -27,6 +27,7 @@ struct gModernFile {
   gFileFacts facts;
   std::vector<gIncludeRequest> includes;
   std::size_t declarations = 0; // found
+  std::size_t skipped = 0;      // stretches that were not understood
 };
 
 // Reads sources one after the other; a thread has a reader of its own.
