@@ -79,10 +79,8 @@ bool replace_in_steps(std::string const & folder, std::string const & work) {
 bool replace(std::string const & folder, std::string const & work) {
   if (!exists(folder))
     return move(work, folder);
-  if (renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), RENAME_EXCHANGE) != 0)
-    return replace_in_steps(folder, work);
-  remove_tree(work);
-  return true;
+  return renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), RENAME_EXCHANGE) == 0 ||
+         replace_in_steps(folder, work);
 }
 
 // Gives a file another name in another folder; the old name stays, so that a crash costs nothing.
@@ -264,8 +262,14 @@ bool gConversion::finish(std::string const & start_file) {
   Vapp::poll_break();
   if (!keep_foreign_files())
     return false;
-  if (!replace(folder_, work_))
-    return report_unwritable(folder_, errno);
+  // A signal that removes the work folder must not meet it on the way to its place.
+  pending_->hold();
+  bool const replaced = replace(folder_, work_);
+  int const error = errno;
+  pending_->release();
+  if (!replaced)
+    return report_unwritable(folder_, error);
+  remove_tree(work_); // the old result
   for (gUnitRecord const & unit : document_.units) {
     if (!unit.name.empty())
       ++result_.units[unit.style];

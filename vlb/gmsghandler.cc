@@ -62,9 +62,14 @@ public:
 
   Msg::type minimum_display = Msg::all;
   Msg::type minimum_file = Msg::all;
-  // The last report of the run, or of another thread, was suppressed, and with it the hints up to
-  // the next report or line.
-  bool drop_hints[2] = {};
+  // Whose reports are counted.
+  std::thread::id run_thread = std::this_thread::get_id();
+  bool in_run() const { return std::this_thread::get_id() == run_thread; }
+
+  // The caller's last report was suppressed, and with it its hints up to its next report or line.
+  // What the run's thread says never ends what another one began.
+  bool & drop_hints() { return drop_hints_[in_run() ? 0 : 1]; }
+  void keep_all_hints() { drop_hints_[0] = drop_hints_[1] = false; }
 
 private:
   static bool passes(Msg::type type, Msg::type minimum) {
@@ -74,7 +79,7 @@ private:
   void end_line() {
     gString const line(std::move(line_));
     line_.clear();
-    drop_hints[0] = drop_hints[1] = false;
+    drop_hints() = false;
     if (passes(type_, minimum_display))
       Vlb::outside().log_line(type_, line);
     write(type_, line);
@@ -87,6 +92,7 @@ private:
     failed_ |= std::fputc('\n', file_) == EOF;
   }
 
+  bool drop_hints_[2] = {};
   gString line_;
   Msg::type type_ = Msg::all;
   std::FILE * file_ = nullptr;
@@ -191,7 +197,6 @@ gString Vlb::report_line(gReport const & report) {
 
 // The counts of a run, and what it has switched off.
 struct gMsgHandler::Run {
-  std::thread::id thread = std::this_thread::get_id();
   int errors = 0;
   int warnings = 0;
   Msg::type worst = Msg::all;
@@ -215,12 +220,11 @@ void gMsgHandler::take(gReport report) {
 // False if the report reaches the limit of the run's errors.
 bool gMsgHandler::enter(gReport & report, gString const & line) {
   std::scoped_lock const guard(lines_->lock);
-  bool const of_run = std::this_thread::get_id() == run_->thread;
-  if (suppressed(report, of_run))
+  if (suppressed(report))
     return true;
   Msg::type const type = report.message->severity;
   lines_->report(type, line);
-  if (!of_run)
+  if (!lines_->in_run())
     return true;
   if (report.stage == gRunStage::none)
     report.stage = run_->stage;
@@ -252,9 +256,9 @@ void gMsgHandler::count(gMessage const & message) {
     run_->worst = std::max(run_->worst, type);
 }
 
-bool gMsgHandler::suppressed(gReport const & report, bool of_run) {
+bool gMsgHandler::suppressed(gReport const & report) {
   gMessage const & message = *report.message;
-  bool & drop_hints = lines_->drop_hints[of_run ? 0 : 1];
+  bool & drop_hints = lines_->drop_hints();
   if (!message.is_hint())
     drop_hints = message.number != 0 && run_->suppressed_numbers.contains(message.number);
   return drop_hints;
@@ -283,7 +287,7 @@ bool gMsgHandler::close_logfile() {
 void gMsgHandler::reset_suppressed() {
   suppress({});
   std::scoped_lock const guard(lines_->lock);
-  lines_->drop_hints[0] = lines_->drop_hints[1] = false;
+  lines_->keep_all_hints();
 }
 
 void gMsgHandler::suppress(std::set<int> const & numbers) {
@@ -297,11 +301,12 @@ void gMsgHandler::reset_counts() {
   fresh.suppressed_numbers = std::move(run_->suppressed_numbers);
   fresh.copy = run_->copy;
   *run_ = std::move(fresh);
+  lines_->run_thread = std::this_thread::get_id();
 }
 
 void gMsgHandler::continue_run() {
   std::scoped_lock const guard(lines_->lock);
-  run_->thread = std::this_thread::get_id();
+  lines_->run_thread = std::this_thread::get_id();
 }
 
 void gMsgHandler::stage(gRunStage stage) {

@@ -112,7 +112,7 @@ public:
 private:
   struct Run;
   bool enter(gReport & report, gString const & line);
-  bool suppressed(gReport const & report, bool of_run);
+  bool suppressed(gReport const & report);
   void count(gMessage const & message);
 
   std::unique_ptr<Run> run_;

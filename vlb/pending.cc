@@ -69,9 +69,10 @@ void remove_entry(int folder, char const * name, int depth) {
 bool remove_listed() {
   bool any = false;
   for (Slot & slot : slots)
-    if (slot.state == listed) {
-      any = true;
-      remove_entry(AT_FDCWD, slot.path, max_depth);
+    if (int const state = slot.state; state != unused) {
+      any = true; // what is taken may be listed in a moment
+      if (state == listed)
+        remove_entry(AT_FDCWD, slot.path, max_depth);
     }
   return any;
 }
@@ -94,6 +95,22 @@ Vlb::gPending::gPending(std::string const & path) : slot_(nullptr) {
 Vlb::gPending::~gPending() {
   if (slot_)
     static_cast<Slot *>(slot_)->state = unused;
+}
+
+// Either the handler finds the slot taken, or this finds that the handler is at work.
+void Vlb::gPending::hold() {
+  if (slot_)
+    static_cast<Slot *>(slot_)->state = taken;
+  if (!ended)
+    return;
+  release();
+  for (;;)
+    ::pause();
+}
+
+void Vlb::gPending::release() {
+  if (slot_)
+    static_cast<Slot *>(slot_)->state = listed;
 }
 
 // Another thread may make the file between its entry in the list and now, or go on filling the

@@ -13,6 +13,11 @@ public:
   gPending(gPending const &) = delete;
   gPending & operator=(gPending const &) = delete;
 
+  // Between the two it isn't removed: it may be getting its own name. If the process is about to
+  // go, hold() halts the caller instead, and what is listed stays so.
+  void hold();
+  void release();
+
 private:
   void * slot_;
 };
