@@ -26,9 +26,9 @@ bool has_mark(gCodeElem const & element, std::uint32_t mark) {
 
 bool is_header(gSrcFile const & file) {
   std::string_view const path = file.opath();
-  std::string_view const extension = path.substr(std::min(path.rfind('.'), path.size()));
-  return extension.empty() || extension[std::min<std::size_t>(1, extension.size() - 1)] == 'h' ||
-         extension[std::min<std::size_t>(1, extension.size() - 1)] == 'H';
+  std::string_view const name = path.substr(path.rfind('/') + 1);
+  std::size_t const dot = name.rfind('.');
+  return dot == name.npos || Vlb::to_lower(name.substr(dot + 1)).starts_with('h');
 }
 
 // What kinds of things can be one. 0: nothing else is ever the same thing.
@@ -76,6 +76,7 @@ public:
 private:
   void collect();
   void resolve_scopes();
+  void resolve_scope(gCodeElem & element);
   void group();
   void join(std::vector<std::size_t> const & group);
   void merge(std::size_t into, std::size_t from);
@@ -85,8 +86,8 @@ private:
   void drop();
   void enter_classes();
 
-  static gScopeNames & names_of(gSrcFile const & file, Joining & self) {
-    return file.language() == gLanguage::pascal ? self.pascal_ : self.cpp_;
+  gScopeNames & names_of(gSrcFile const & file) {
+    return file.language() == gLanguage::pascal ? pascal_ : cpp_;
   }
 
   std::vector<Item> items_;
@@ -110,7 +111,7 @@ void Joining::collect() {
     }
   for (Item const & item : items_) {
     gCodeElem const & element = *item.element;
-    gScopeNames & names = names_of(element.loc.file(), *this);
+    gScopeNames & names = names_of(element.loc.file());
     bool const type =
         element.type == ut_class || element.type == ut_type || element.type == ut_unit;
     if (!type || has_mark(element, Decl::mark_out_of_class | Decl::mark_specialisation))
@@ -122,36 +123,47 @@ void Joining::collect() {
   }
 }
 
-// The scope that is written in front of a name, seen from where it is written.
-void Joining::resolve_scopes() {
-  for (Item & item : items_) {
-    gCodeElem & element = *item.element;
-    if (!has_mark(element, Decl::mark_out_of_class) || element.names.size() < 2)
-      continue;
-    gString const separator = element.loc.file().name_sep();
-    gScopeNames const & names = names_of(element.loc.file(), *this);
-    std::string const whole = element.name();
-    std::string_view const written = outer_part(whole, separator);
-    if (names.contains(written))
-      continue;
-    // The scope of the text may not be the one of the class: it is the shorter tails' turn.
-    for (std::string_view tail = written; !tail.empty();) {
-      std::string const found = names.find({}, tail);
-      if (!found.empty()) {
-        gStrList parts;
-        std::string_view rest = found;
-        for (std::size_t at; (at = rest.find(separator)) != rest.npos;
-             rest.remove_prefix(at + separator.size()))
-          parts.append(gString(rest.substr(0, at)));
-        parts.append(gString(rest));
-        parts.append(**std::prev(element.names.end()));
-        element.names = std::move(parts);
-        break;
-      }
-      std::size_t const at = tail.find(separator);
-      tail.remove_prefix(at == tail.npos ? tail.size() : at + separator.size());
+gStrList parts_of(std::string_view name, std::string_view separator) {
+  gStrList parts;
+  for (std::size_t at; (at = name.find(separator)) != name.npos;
+       name.remove_prefix(at + separator.size()))
+    parts.push_back(gString(name.substr(0, at)));
+  parts.push_back(gString(name));
+  return parts;
+}
+
+// What stands around a thing. Its own name may hold separators, such as "operator std::string".
+std::string scope_of(gCodeElem const & element) {
+  gStrList outer = element.names;
+  if (!outer.empty())
+    outer.pop_back();
+  return outer.make_string(element.loc.file().name_sep());
+}
+
+// The scope of a name as it is written may leave out what a "using namespace" gives, or begin at
+// the top though it stands in another namespace: then a shorter tail of it is a known one.
+void Joining::resolve_scope(gCodeElem & element) {
+  gString const separator = element.loc.file().name_sep();
+  gScopeNames const & names = names_of(element.loc.file());
+  std::string const written = scope_of(element);
+  if (names.contains(written))
+    return;
+  for (std::string_view tail = written; !tail.empty();) {
+    if (std::string const found = names.find({}, tail); !found.empty()) {
+      gStrList parts = parts_of(found, separator);
+      parts.push_back(element.names.back());
+      element.names = std::move(parts);
+      return;
     }
+    std::size_t const at = tail.find(separator);
+    tail.remove_prefix(at == tail.npos ? tail.size() : at + separator.size());
   }
+}
+
+void Joining::resolve_scopes() {
+  for (Item & item : items_)
+    if (has_mark(*item.element, Decl::mark_out_of_class) && item.element->names.size() > 1)
+      resolve_scope(*item.element);
 }
 
 void Joining::group() {
@@ -162,10 +174,10 @@ void Joining::group() {
     char const family = family_of(element);
     if (family == 0)
       continue;
-    std::string key(1, family);
-    key += element.loc.file().language() == gLanguage::pascal ? 'p' : 'c';
-    key += element.loc.file().language() == gLanguage::pascal ? Vlb::to_lower(element.name())
-                                                              : element.name();
+    bool const pascal = element.loc.file().language() == gLanguage::pascal;
+    std::string const name = element.name();
+    std::string key = {family, pascal ? 'p' : 'c'};
+    key += pascal ? Vlb::to_lower(name) : name;
     if (family == 'f' && element.parts && element.parts->signature)
       key += *element.parts->signature;
     if (is_local(element))
@@ -210,17 +222,13 @@ void Joining::merge(std::size_t into, std::size_t from) {
   }
 }
 
-// "typedef enum T {...} T" and the like name one thing twice.
+// "typedef struct T T;" says nothing that the structure doesn't.
 bool is_name_of(gCodeElem const & type, gCodeElem const & other) {
   if (type.kind != gKind::typedef_ || !type.parts)
     return true;
-  std::string_view named = type.parts->result.of(type.decl);
-  for (std::string_view word : {"struct ", "union ", "class ", "enum "})
-    if (named.starts_with(word))
-      return named.substr(word.size(),
-                          other.names.empty() ? 0 : (**std::prev(other.names.end())).size()) ==
-             **std::prev(other.names.end());
-  return false;
+  std::string_view const result = type.parts->result.of(type.decl);
+  std::size_t const blank = result.find(' ');
+  return blank != result.npos && result.substr(blank + 1) == *other.names.back();
 }
 
 void Joining::join(std::vector<std::size_t> const & group) {
@@ -270,42 +278,51 @@ void Joining::drop() {
   remove_from(gUnnamedUnits, [&](auto const & unit) { return units.contains(unit.get()); });
 }
 
+// Up to the comma behind the first base.
+std::string_view first_base(std::string_view bases) {
+  int depth = 0;
+  for (std::size_t at = 0; at < bases.size(); ++at) {
+    char const c = bases[at];
+    if (c == ',' && depth == 0)
+      return bases.substr(0, at);
+    depth += (c == '<' || c == '(' || c == '[') - (c == '>' || c == ')' || c == ']');
+  }
+  return bases;
+}
+
+// Takes the words in front of the base's name.
+int take_access(gString & base) {
+  constexpr std::pair<std::string_view, int> words[] = {{"public ", access_public},
+                                                        {"protected ", access_protected},
+                                                        {"private ", access_private},
+                                                        {"virtual ", access_virtual},
+                                                        {"typename ", 0}};
+  auto const in_front = [&](auto const & word) { return base.starts_with(word.first); };
+  int access = 0;
+  for (auto const * word = std::begin(words);
+       (word = std::find_if(std::begin(words), std::end(words), in_front)) != std::end(words);) {
+    access |= word->second;
+    base.erase(0, word->first.size());
+  }
+  return access;
+}
+
 // "public virtual A<T>, B" with the whole name of each.
-cRef<gBaseClause> bases_of(gCodeElem const & element, gScopeNames const & names,
-                           std::string const & scope, bool pascal) {
+cRef<gBaseClause> bases_of(gCodeElem const & element, gScopeNames const & names) {
+  bool const pascal = element.loc.file().language() == gLanguage::pascal;
   auto clause = make_ref<gBaseClause>();
-  std::string_view rest = element.heritage;
-  while (!rest.empty()) {
-    int depth = 0;
-    std::size_t end = 0;
-    for (; end < rest.size() && (depth > 0 || rest[end] != ','); ++end)
-      depth += std::string_view("<([").find(rest[end]) != rest.npos   ? 1
-               : std::string_view(">)]").find(rest[end]) != rest.npos ? -1
-                                                                      : 0;
-    gString base(rest.substr(0, end));
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-    int access = 0;
+  for (std::string_view rest = element.heritage; !rest.empty();) {
+    std::string_view const first = first_base(rest);
+    rest.remove_prefix(std::min(first.size() + 1, rest.size()));
+    gString base(first);
     base.wsp_norm();
-    for (bool again = !pascal; again;) {
-      again = false;
-      for (auto const & [word, bit] : {std::pair<std::string_view, int>{"public ", access_public},
-                                       {"protected ", access_protected},
-                                       {"private ", access_private},
-                                       {"virtual ", access_virtual},
-                                       {"typename ", 0}})
-        if (base.starts_with(word)) {
-          base.erase(0, word.size());
-          access |= bit;
-          again = true;
-        }
-    }
+    int access = pascal ? 0 : take_access(base);
     if (base.empty())
       continue;
     if ((access & (access_public | access_protected | access_private)) == 0)
       access |= pascal || element.kind == gKind::struct_ ? access_public : access_private;
-    std::string const whole = names.find(scope, base);
-    if (!whole.empty())
-      base = whole + std::string(base.substr(std::min(base.find('<'), base.size())));
+    if (std::string const whole = names.find(scope_of(element), base); !whole.empty())
+      base = whole + base.substr(std::min(base.find('<'), base.size()));
     clause->append({base, access});
   }
   return clause;
@@ -317,11 +334,8 @@ void Joining::enter_classes() {
     if (item.dropped || element.type != ut_class || has_mark(element, Decl::mark_forward))
       continue;
     bool const pascal = element.loc.file().language() == gLanguage::pascal;
-    std::string const name = element.name();
-    gScopeNames const & names = pascal ? pascal_ : cpp_;
-    std::string const scope(outer_part(name, element.loc.file().name_sep()));
     (pascal ? gPasClasses : gCppClasses)
-        .insert_class(name, bases_of(element, names, scope, pascal));
+        .insert_class(element.name(), bases_of(element, names_of(element.loc.file())));
   }
 }
 

@@ -135,7 +135,8 @@ gPathstring SourceReading::find_include(gIncludeRequest const & request) const {
 // The first one that takes a file in gives it its scope. What isn't there costs nothing.
 void SourceReading::read_include(gIncludeRequest const & request, gReportSink & reports) {
   gPathstring const path = find_include(request);
-  if (path.empty() || !taken_.insert(path).second)
+  bool const declares = request.context.section != Decl::gPascalContext::body;
+  if (!declares || path.empty() || !taken_.insert(path).second)
     return;
   std::string text;
   if (!Vlb::read_source(path, text))

@@ -2,6 +2,7 @@
 
 #include "ana/cmdpar/keywords.h"
 #include "ana/read/read_file.h"
+#include "app/options/run_input.h"
 #include "quiet_run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {

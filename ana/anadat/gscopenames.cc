@@ -50,13 +50,14 @@ void gScopeNames::add_alias(std::string const & alias, std::string const & targe
     aliases_.emplace(alias, std::move(bare));
 }
 
+// An alias means its target, if that is one of the names.
 std::string gScopeNames::known(std::string const & name, int depth) const {
-  if (names_.contains(name))
-    return name;
   auto const alias = depth < longest_chain ? aliases_.find(name) : aliases_.end();
-  if (alias == aliases_.end())
-    return {};
-  return in_scopes(outer_part(name, separator_), alias->second, depth + 1);
+  if (alias != aliases_.end())
+    if (std::string target = in_scopes(outer_part(name, separator_), alias->second, depth + 1);
+        !target.empty())
+      return target;
+  return names_.contains(name) ? name : std::string();
 }
 
 std::string gScopeNames::in_scopes(std::string_view scope, std::string_view written,

@@ -220,5 +220,8 @@ void gSyntUnit::write_hierarchy(std::ostream & stream) const {
   if (language == gLanguage::text)
     return;
   gClassTable const & classes = language == gLanguage::cpp ? gCppClasses : gPasClasses;
-  Vlb::put_pieces(stream, classes.hierarchy(first_name(), outline(), hier_up_, hier_down_));
+  // The grammars know classes by their short names.
+  bool const known_by_scope = code_elem() && code_elem()->kind != Decl::gKind::none;
+  Vlb::put_pieces(stream, classes.hierarchy(known_by_scope ? name() : first_name(), outline(),
+                                            hier_up_, hier_down_));
 }

@@ -389,32 +389,6 @@ std::vector<gAttachment> Attaching::run() {
 
 } // namespace
 
-std::string_view reason_word(gLeftOut reason) {
-  switch (reason) {
-  case gLeftOut::taken:
-    return "";
-  case gLeftOut::in_body:
-    return "a remark in a body";
-  case gLeftOut::in_code_out:
-    return "in code that is left out";
-  case gLeftOut::licence:
-    return "a licence";
-  case gLeftOut::tool_switch:
-    return "a switch of a tool";
-  case gLeftOut::drawing:
-    return "no words";
-  case gLeftOut::dead_code:
-    return "code that is commented out";
-  case gLeftOut::include:
-    return "a heading of includes";
-  case gLeftOut::nothing_near:
-    return "no declaration beside it";
-  case gLeftOut::another:
-    return "another comment documents the declaration";
-  }
-  return "";
-}
-
 std::vector<gAttachment> attach(std::string_view text, gFileDeclarations const & file,
                                 std::vector<gCommentBlock> const & blocks, bool pascal) {
   return Attaching(text, file, blocks, pascal).run();

@@ -27,12 +27,9 @@ enum class gLeftOut : unsigned char {
   tool_switch,
   drawing,   // no words
   dead_code, // code that is commented out
-  include,   // a heading of includes, uses, imports
   nothing_near,
   another, // another comment documents the declaration
 };
-// As a reader of reports is told: "a remark in a body".
-std::string_view reason_word(gLeftOut reason);
 
 // What becomes of one block.
 struct gAttachment {

@@ -53,6 +53,8 @@ Opener opener_of(std::string_view comment, bool pascal) {
   }
   take("//", false);
   take("/*", false);
+  if (rule)
+    opener.length = std::min(comment.find_first_not_of(comment[1], 1), comment.size());
   if (opener.length == 3 && opener.line == false && comment.substr(0, 4) == "/**/")
     opener.length = 2; // empty
   opener.behind = (opener.documenting || pascal) && points_back(comment.substr(opener.length));
@@ -66,7 +68,7 @@ bool continues(gComment const & before, Opener const & first, gComment const & n
   if (!first.line || !opener.line || next.line != before.end_line + 1 || !next.line_start ||
       first.documenting != opener.documenting || (opener.behind && !first.behind))
     return false;
-  return before.line_start || next.column == before.column || first.behind;
+  return before.line_start || next.column == before.column || (first.behind && opener.behind);
 }
 
 std::string_view closer_of(std::string_view comment, bool pascal) {

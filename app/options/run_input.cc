@@ -166,6 +166,16 @@ void read_groups(Reader const & read, gRunInput & input) {
   });
 }
 
+// Every comment beside a declaration is a unit, whatever it begins with: the pattern of those that
+// begin with two stars serves.
+void permit_plain_units(gRunInput & input) {
+  constexpr char const * stars = "spt_2star";
+  bool const there = std::any_of(input.patterns.begin(), input.patterns.end(),
+                                 [](gPatternInput const & one) { return one.name == stars; });
+  if (!there)
+    input.patterns.push_back({.name = stars, .keywords = {}, .slsep = {}, .attributes = {}});
+}
+
 gRunInput run_input_of(cMapObj const & project) {
   Reader const read(project);
   gRunInput input;
@@ -183,6 +193,8 @@ gRunInput run_input_of(cMapObj const & project) {
   input.messages = message_input(read);
   read_groups(read, input);
   read_patterns(read, input);
+  if (input.modern)
+    permit_plain_units(input);
   read_attributes(read, input);
   return input;
 }

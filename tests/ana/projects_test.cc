@@ -60,6 +60,9 @@ std::string outcome(std::string const & files) {
 TEST(projects, cases) {
   check_cases(CASE_DIR "/projects.cases", outcome);
 }
+TEST(projects, modern) {
+  check_cases(CASE_DIR "/modern.cases", outcome);
+}
 TEST(projects, text_units) {
   check_cases(CASE_DIR "/text_units.cases", outcome);
 }
