@@ -55,7 +55,10 @@ gInterrupts::gInterrupts() {
   set(SIGHUP, on_terminate, old_[2]);
 }
 
+// Whoever was interrupted ends with that status, also if further interrupts come on the way out.
 gInterrupts::~gInterrupts() {
+  if (state == interrupted)
+    return;
   state = idle;
   sigaction(SIGINT, &old_[0], nullptr);
   sigaction(SIGTERM, &old_[1], nullptr);

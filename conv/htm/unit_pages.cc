@@ -73,11 +73,13 @@ void gUnitPages::write_hierarchies(int unit, gPageWriter & writer) {
     frame.file = hierarchy.file;
     frame.title = site_.unit(unit).title;
     frame.crumbs = navigation_.crumbs(site_.pages.of(unit), frame.title, "../");
-    std::string const shown = std::to_string(hierarchy.shown), all = std::to_string(hierarchy.all);
+    bool const cut = hierarchy.all > hierarchy.shown;
+    std::string const shown = std::to_string(hierarchy.shown);
+    std::string const all = cut ? std::to_string(hierarchy.all) : std::string();
     std::string const href = "../" + site_.addresses.href(unit);
     gVltValues values;
     values.set(V::title, title).set(V::items, hierarchy.items).set(V::href, href);
-    values.set(V::count, shown).set(V::number, hierarchy.all > hierarchy.shown ? all : "");
+    values.set(V::count, shown).set(V::number, all);
     site_.rules.apply(gVltRule::hierarchy_page, values, frame.content);
     writer.write(frame);
   }

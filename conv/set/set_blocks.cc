@@ -150,10 +150,11 @@ void gSetter::set_hierarchy(gNode const & node, std::string & out) {
   std::size_t const all = node.children.size();
   std::string const place = all > short_hierarchy ? hierarchy_place(node) : std::string();
   std::size_t const most = place.empty() ? long_hierarchy : short_hierarchy;
-  std::string const steps = set_steps(node.children, most), count = std::to_string(all);
+  std::string const steps = set_steps(node.children, most);
+  std::string const count = all > most ? std::to_string(all) : std::string();
   gVltValues values;
   values.set(gVltValue::items, steps).set(gVltValue::href, place);
-  values.set(gVltValue::number, all > most ? count : "");
+  values.set(gVltValue::number, count);
   rules_.apply(gVltRule::hierarchy, values, out);
 }
 
