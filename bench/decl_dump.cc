@@ -27,9 +27,7 @@ std::string read_file(std::string const & path) {
 
 std::string name_of(std::string_view text, gFileDeclarations const & file,
                     gDeclaration const & one) {
-  if (one.spelled >= 0)
-    return file.spelled[static_cast<std::size_t>(one.spelled)];
-  return one.marks & mark_unnamed ? "(unnamed)" : shown_name(text, one);
+  return one.marks & mark_unnamed ? "(unnamed)" : shown_name(text, file, one);
 }
 
 std::string scope_of(std::string_view text, gFileDeclarations const & file,

@@ -29,7 +29,7 @@ void check_declarations(std::string_view text, Decl::gFileDeclarations const & f
     check(one.condition < static_cast<std::int32_t>(file.conditions.size()));
     check(one.first_param + one.params <= file.parameters.size());
     check(one.line > 0 && one.column > 0);
-    Decl::shown_name(text, one);
+    Decl::shown_name(text, file, one);
     Decl::one_line(text, one.text);
   }
   for (Decl::gComment const & one : file.comments) {

@@ -37,6 +37,8 @@ void gCppReader::contents(gExtent const & extent, gHead const & head) {
     else
       item.name = source_.range(at, at + 1);
     item.marks |= mark_definition;
+    if (at > name.first && source_.is_word(at - 1, gWord::inline_))
+      item.marks |= mark_inline;
     item.access = gAccess::none;
     item.scope = inner.item;
     item.body = source_.range(extent.open, std::max(extent.tail, extent.open + 1));

@@ -168,9 +168,9 @@ void gCppReader::open_by_macro(std::string_view body) {
   Scope inner = scope();
   inner.by_macro = true;
   for (std::size_t at = 0; at + 1 < tokens.tokens.size(); ++at) {
-    bool const head = tokens.tokens[at].word == gWord::namespace_;
-    if (!head)
+    if (tokens.tokens[at].word != gWord::namespace_)
       continue;
+    bool const is_inline = at > 0 && tokens.tokens[at - 1].word == gWord::inline_;
     for (++at; tokens.tokens[at].type == token_word || tokens.tokens[at].type == token_scope;
          ++at) {
       gToken const & name = tokens.tokens[at];
@@ -185,7 +185,7 @@ void gCppReader::open_by_macro(std::string_view body) {
       item.spelled = static_cast<std::int32_t>(out_.spelled.size());
       out_.spelled.emplace_back(spelled);
       item.name = item.whole;
-      item.marks |= mark_definition;
+      item.marks |= mark_definition | (is_inline ? mark_inline : 0u);
       item.access = gAccess::none;
       item.body = {item.whole.end, source_[scope().end].begin};
       item.whole.end = item.body.end;

@@ -246,8 +246,9 @@ std::string one_line(std::string_view text, gRange range, gSyntax syntax = gSynt
 // range become empty.
 std::string one_line(std::string_view text, gRange range, gSyntax syntax,
                      std::initializer_list<gRange *> parts);
-// The name as it is shown: of operators with one blank between words and none before signs.
-std::string shown_name(std::string_view text, gDeclaration const & one,
-                       gSyntax syntax = gSyntax::cpp);
+// The name as it is shown: that which a macro brings, or the spelled one; of operators with one
+// blank between words and none before signs.
+std::string shown_name(std::string_view text, gFileDeclarations const & file,
+                       gDeclaration const & one, gSyntax syntax = gSyntax::cpp);
 
 } // namespace Decl

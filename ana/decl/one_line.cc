@@ -200,7 +200,10 @@ std::string one_line(std::string_view text, gRange range, gSyntax syntax,
   return line.made();
 }
 
-std::string shown_name(std::string_view text, gDeclaration const & one, gSyntax syntax) {
+std::string shown_name(std::string_view text, gFileDeclarations const & file,
+                       gDeclaration const & one, gSyntax syntax) {
+  if (one.spelled >= 0)
+    return file.spelled[static_cast<std::size_t>(one.spelled)];
   std::string const line = one_line(text, one.name, syntax);
   std::string name;
   for (std::size_t at = 0; at < line.size(); ++at) {

@@ -131,6 +131,7 @@ public:
 private:
   void enter(std::size_t index);
   bool repeats_its_tag(std::size_t index) const;
+  bool is_version(gDeclaration const & one) const;
   void add_scope(gStrList & names, std::int32_t scope) const;
   void add_qualifier(gStrList & names, std::string_view qualifier) const;
   gString own_name(gDeclaration const & one) const;
@@ -159,10 +160,18 @@ private:
 
 // A specialisation is told from its template by its arguments.
 gString Elements::own_name(gDeclaration const & one) const {
-  gString name(shown_name(text_, one, syntax_));
+  gString name(shown_name(text_, found_, one, syntax_));
   if (!one.arguments.empty())
     name += one_line(text_, one.arguments, syntax_);
   return name;
+}
+
+// "inline namespace v9" tells the linker which version it is; who calls its functions doesn't.
+bool Elements::is_version(gDeclaration const & one) const {
+  if (one.kind != gKind::name_space || (one.marks & mark_inline) == 0)
+    return false;
+  std::string const name = shown_name(text_, found_, one);
+  return !name.empty() && name.back() >= '0' && name.back() <= '9';
 }
 
 // Scopes without a name, such as unnamed namespaces, aren't part of names.
@@ -174,7 +183,7 @@ void Elements::add_scope(gStrList & names, std::int32_t scope) const {
     gDeclaration const & outer = item(*one);
     if (!outer.qualifier.empty())
       add_qualifier(names, outer.qualifier.of(text_));
-    if (!outer.name.empty() && outer.kind != gKind::module)
+    if (!outer.name.empty() && outer.kind != gKind::module && !is_version(outer))
       names.append(own_name(outer));
   }
 }
@@ -227,6 +236,12 @@ bool Elements::shows_contents(gDeclaration const & one) const {
 }
 
 gString Elements::declaration_text(gDeclaration const & one, gDeclParts & parts) const {
+  if (one.spelled >= 0) {
+    constexpr std::string_view head = "namespace ";
+    std::string const name = shown_name(text_, found_, one);
+    parts.name = {head.size(), static_cast<std::uint32_t>(head.size() + name.size())};
+    return gString(std::string(head) + name);
+  }
   parts.name = one.name;
   parts.template_head = one.template_head;
   parts.parameters = one.parameter_list;
@@ -290,7 +305,7 @@ void Elements::measure_scopes() {
     scopes_[i].depth = around.depth + 1;
     bool const space = scope.kind == gKind::name_space;
     scopes_[i].seclusion = space && scope.name.empty() ? gSeclusion::unnamed
-                           : space && is_detail(scope.name.of(text_))
+                           : space && is_detail(shown_name(text_, found_, scope))
                                ? std::max(around.seclusion, gSeclusion::detail)
                                : around.seclusion;
   }
@@ -302,7 +317,7 @@ void Elements::enter(std::size_t index) {
                         (one.marks & mark_out_of_class) != 0;
   int const type = unit_type_of(one.kind, in_class);
   if (type == ut_undefined || one.name.empty() || scopes_[index].depth > most_scopes ||
-      repeats_its_tag(index))
+      repeats_its_tag(index) || is_version(one))
     return;
   auto parts = std::make_unique<gDeclParts>();
   gString text = declaration_text(one, *parts);

@@ -236,7 +236,7 @@ gStrList gModernReader::File::scope_names(std::int32_t scope) const {
   gStrList names;
   for (auto one = around.rbegin(); one != around.rend(); ++one)
     if (!item(*one).name.empty())
-      names.push_back(gString(shown_name(text_, item(*one), Decl::gSyntax::pascal)));
+      names.push_back(gString(shown_name(text_, found_, item(*one), Decl::gSyntax::pascal)));
   return names;
 }
 

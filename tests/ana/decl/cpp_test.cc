@@ -24,7 +24,7 @@ std::string comments_of(std::string const & text) {
                                             "body",    "values", "outside"};
   gFileDeclarations const file = read_cpp(text, {});
   auto const name = [&](std::int32_t at) {
-    return at < 0 ? "-" : shown_name(text, file.items[static_cast<std::size_t>(at)]);
+    return at < 0 ? "-" : shown_name(text, file, file.items[static_cast<std::size_t>(at)]);
   };
   auto const last_word = [&](std::uint32_t end) {
     std::size_t const begin = text.find_last_of(" \n", end == 0 ? 0 : end - 1);

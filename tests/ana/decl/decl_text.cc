@@ -51,9 +51,7 @@ std::string with_line_ends(std::string source) {
 
 std::string own_name(std::string_view text, gFileDeclarations const & file,
                      gDeclaration const & one, gSyntax syntax) {
-  std::string name = one.spelled >= 0 ? file.spelled[static_cast<std::size_t>(one.spelled)]
-                     : one.marks & mark_unnamed ? "?"
-                                                : shown_name(text, one);
+  std::string name = one.marks & mark_unnamed ? "?" : shown_name(text, file, one);
   if (!one.qualifier.empty())
     name = one_line(text, one.qualifier, syntax) + "::" + name;
   return name + one_line(text, one.arguments, syntax);

@@ -14,7 +14,7 @@ std::string line(std::string_view text, gSyntax syntax = gSyntax::cpp) {
 std::string name(std::string_view text) {
   gDeclaration one;
   one.name = {0, static_cast<std::uint32_t>(text.size())};
-  return shown_name(text, one);
+  return shown_name(text, {}, one);
 }
 
 TEST(OneLine, OfCpp) {
