@@ -120,9 +120,11 @@ private:
     std::uint32_t const before = branches_.back().last_kept != no_token ? branches_.back().last_kept
                                  : groups_.empty()                      ? no_token
                                                                         : groups_.back().before;
+    bool const guard = is_guard(at);
+    if (guard)
+      to_.guard = source_.directives[at + 1].whole.begin;
     int const round = branches_.back().balance.round + (groups_.empty() ? 0 : groups_.back().round);
-    groups_.push_back(
-        {branches_.size(), before, round, condition_, group_, groups_made_++, is_guard(at)});
+    groups_.push_back({branches_.size(), before, round, condition_, group_, groups_made_++, guard});
     begin_branch(at);
   }
 

@@ -13,6 +13,9 @@ public:
   gBranches(std::string_view text, gTokens & source);
 
   std::vector<gCondition> conditions;
+  // Begin of the directive that defines the include guard; no_guard if the text has none.
+  static constexpr std::uint32_t no_guard = UINT32_MAX;
+  std::uint32_t guard = no_guard;
   // Index of the condition at a position, -1 for none.
   std::int32_t condition_at(std::uint32_t position) const;
   // The position stands in a branch that isn't read.

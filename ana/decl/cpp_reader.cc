@@ -277,6 +277,8 @@ void gCppReader::directives_to(std::uint32_t position) {
 
 void gCppReader::macro(gDirective const & one) {
   gDeclaration item;
+  if (branches_.guard == one.whole.begin)
+    out_.guard = static_cast<std::int32_t>(out_.items.size());
   item.kind = one.parameters.empty() ? gKind::macro : gKind::function_macro;
   item.marks = mark_definition;
   item.whole = one.whole;

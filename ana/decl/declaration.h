@@ -234,6 +234,7 @@ struct gFileDeclarations {
   std::vector<gInclude> includes;   // #include; of Pascal {$I file}
   std::vector<gRange> uses;         // Pascal: units of the uses clauses
   std::vector<std::string> spelled; // names that macros bring
+  std::int32_t guard = -1;          // index of the macro that keeps the file from being read twice
 };
 
 // Which comments and literals a text holds.

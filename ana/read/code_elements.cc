@@ -317,7 +317,7 @@ void Elements::enter(std::size_t index) {
                         (one.marks & mark_out_of_class) != 0;
   int const type = unit_type_of(one.kind, in_class);
   if (type == ut_undefined || one.name.empty() || scopes_[index].depth > most_scopes ||
-      repeats_its_tag(index) || is_version(one))
+      repeats_its_tag(index) || is_version(one) || static_cast<std::int32_t>(index) == found_.guard)
     return;
   auto parts = std::make_unique<gDeclParts>();
   gString text = declaration_text(one, *parts);
