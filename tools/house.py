@@ -30,8 +30,9 @@ LIBRARIES = {
     "conv/htm": ["conv/set"],
     "conv/rtf": ["conv/set"],
     "app/shell": ["ana", "conv/htm", "conv/rtf"],
+    "app/shell/dialogs": ["app/shell"],
     "app/cli": ["app/shell"],
-    "app/qt": ["app/shell"],
+    "app/qt": ["app/shell/dialogs"],
 }
 
 # Folders beside the libraries, which may use all of them.

@@ -9,13 +9,9 @@ namespace {
 class Silent : public gOutside {
 public:
   void box(gString const &, Icon) override {}
-  Answer ask_yes_no(gString const &) override { return Answer::no; }
-  Answer ask_yes_no_cancel(gString const &) override { return Answer::no; }
-  gString choose_open(gString const &, gString const &, gString const &) override { return {}; }
-  gString choose_save(gString const &, gString const &, gString const &, gString const &) override {
-    return {};
-  }
-  bool dialog(gString const &) override { return false; }
+  Answer ask(Question const &) override { return Answer::no; }
+  std::vector<gString> choose(Choice const &) override { return {}; }
+  bool dialog(Dialog const &) override { return false; }
   void title(gString const &) override {}
   void status(gString const &) override {}
   void report(Msg::type, gString const &) override {}
@@ -39,6 +35,18 @@ StatusLine & status_line() {
 }
 
 } // namespace
+
+gString gOutside::choose_one(Choice const & choice) {
+  std::vector<gString> const chosen = this->choose(choice);
+  return chosen.empty() ? gString() : chosen.front();
+}
+
+gWaitCursor::gWaitCursor() {
+  Vlb::outside().wait_cursor(true);
+}
+gWaitCursor::~gWaitCursor() {
+  Vlb::outside().wait_cursor(false);
+}
 
 namespace Vlb {
 

@@ -1,6 +1,9 @@
 // The port to the outside: what the system shows and asks, without knowing a window.
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "vlb/gmessage.h"
 
 // The command line, the tests and the windows each have one of their own. All operations but
@@ -11,19 +14,66 @@ public:
   enum class Icon { exclamation, question, stop, information };
   enum class Answer { yes, no, cancel };
 
+  // A box with two answers, or three with `cancel`. Closing it any other way is `cancel` where it
+  // is offered, else `no`.
+  struct Question {
+    gString text;
+    Icon icon = Icon::question; // exclamation for what costs data
+    bool cancel = false;
+    Answer standard = Answer::yes; // what the return key gives
+  };
+
+  // What a file chooser is asked for.
+  struct Choice {
+    enum class Kind { open, save, folder };
+    Kind kind = Kind::open;
+    gString title;
+    gString filter = {};  // pairs of a label and patterns with ";" between them, each ended by "|"
+    gString dir = {};     // where it begins; empty: wherever the user was last
+    gString name = {};    // the name offered, without its folder
+    gString ext = {};     // added to a typed name that has none; without a point
+    bool several = false; // of `open`: more than one file may be chosen
+  };
+
+  // A dialog by the name of its class, such as "gDefineOutdir".
+  struct Dialog {
+    gString name;
+    int page = 0; // of a sheet; the first one if there is no such page
+    bool modeless = false;
+    std::function<void()> closed = {}; // called when a modeless one is gone
+  };
+
   virtual ~gOutside() = default;
 
   // A message box with an OK button.
   virtual void box(gString const & text, Icon icon) = 0;
-  virtual Answer ask_yes_no(gString const & text) = 0;
-  virtual Answer ask_yes_no_cancel(gString const & text) = 0;
-  // File choosers: the chosen path, empty when cancelled.
-  virtual gString choose_open(gString const & title, gString const & filter,
-                              gString const & dir) = 0;
-  virtual gString choose_save(gString const & title, gString const & filter, gString const & ext,
-                              gString const & dir) = 0;
-  // Opens a dialog by the name of its class, such as "gDefineOutdir"; false when cancelled.
-  virtual bool dialog(gString const & name) = 0;
+  virtual Answer ask(Question const & question) = 0;
+  Answer ask_yes_no(gString const & text) { return ask({text}); }
+  Answer ask_yes_no_cancel(gString const & text) { return ask({text, Icon::question, true}); }
+  virtual void beep() {}
+
+  // The chosen paths; none when cancelled.
+  virtual std::vector<gString> choose(Choice const & choice) = 0;
+  // A single path; empty when cancelled.
+  gString choose_one(Choice const & choice);
+  gString choose_open(gString const & title, gString const & filter, gString const & dir) {
+    return choose_one({Choice::Kind::open, title, filter, dir});
+  }
+  gString choose_save(gString const & title, gString const & filter, gString const & ext,
+                      gString const & dir) {
+    return choose_one({Choice::Kind::save, title, filter, dir, {}, ext});
+  }
+  gString choose_folder(gString const & title, gString const & dir) {
+    return choose_one({Choice::Kind::folder, title, {}, dir});
+  }
+
+  // Shows a dialog. A modal one: false when cancelled. A modeless one: false if it can't be shown,
+  // else the call returns at once.
+  virtual bool dialog(Dialog const & dialog) = 0;
+  bool dialog(gString const & name) { return dialog(Dialog{name}); }
+
+  // The pointer tells that something takes its time; calls nest.
+  virtual void wait_cursor(bool) {}
   // The title of the main window.
   virtual void title(gString const & text) = 0;
 
@@ -35,6 +85,15 @@ public:
   virtual void log_line(Msg::type type, gString const & line) = 0;
   virtual void show_msgwindow(bool show) = 0;
   virtual void clear_msgwindow() = 0;
+};
+
+// The pointer that tells to wait, for the life of this object.
+class gWaitCursor {
+public:
+  gWaitCursor();
+  gWaitCursor(gWaitCursor const &) = delete;
+  gWaitCursor & operator=(gWaitCursor const &) = delete;
+  ~gWaitCursor();
 };
 
 namespace Vlb {

@@ -79,13 +79,11 @@ void gCliOutside::box(gString const & text, Icon) {
 }
 
 // Questions with two answers offer a dialog or the saving of changes, which no command wants.
-gOutside::Answer gCliOutside::ask_yes_no(gString const &) {
-  return Answer::no;
-}
-
-gOutside::Answer gCliOutside::ask_yes_no_cancel(gString const & text) {
+gOutside::Answer gCliOutside::ask(Question const & question) {
+  if (!question.cancel)
+    return Answer::no;
   std::string answer;
-  while (interactive() && read_answer(shown(text) + " [y/n/c] ", answer)) {
+  while (interactive() && read_answer(shown(question.text) + " [y/n/c] ", answer)) {
     switch (answer.empty() ? ' ' : answer[0]) {
     case 'y':
     case 'Y':
@@ -101,18 +99,13 @@ gOutside::Answer gCliOutside::ask_yes_no_cancel(gString const & text) {
   return Answer::cancel;
 }
 
-gString gCliOutside::choose_open(gString const &, gString const &, gString const &) {
-  return "";
+std::vector<gString> gCliOutside::choose(Choice const &) {
+  return {};
 }
 
-gString gCliOutside::choose_save(gString const &, gString const &, gString const &,
-                                 gString const &) {
-  return "";
-}
-
-bool gCliOutside::dialog(gString const & name) {
+bool gCliOutside::dialog(Dialog const & dialog) {
   std::string folder;
-  if (name != "gDefineOutdir" || !interactive() || !read_answer("Output folder: ", folder) ||
+  if (dialog.name != "gDefineOutdir" || !interactive() || !read_answer("Output folder: ", folder) ||
       folder.empty())
     return false;
   Vapp::options["out_dir"] = cat::make(folder);

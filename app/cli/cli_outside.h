@@ -21,12 +21,10 @@ public:
   void tell(std::string const & text);
 
   void box(gString const & text, Icon icon) override;
-  Answer ask_yes_no(gString const & text) override;
-  Answer ask_yes_no_cancel(gString const & text) override;
-  gString choose_open(gString const & title, gString const & filter, gString const & dir) override;
-  gString choose_save(gString const & title, gString const & filter, gString const & ext,
-                      gString const & dir) override;
-  bool dialog(gString const & name) override;
+  Answer ask(Question const & question) override;
+  std::vector<gString> choose(Choice const & choice) override;
+  using gOutside::dialog;
+  bool dialog(Dialog const & dialog) override;
   void title(gString const & text) override;
 
   void status(gString const & text) override;

@@ -116,6 +116,11 @@ bool gProject::check_input_files() const {
   return code == 0;
 }
 
+std::string gProject::title() const {
+  gString const own = option_string("atc_title");
+  return own.empty() ? gPathstring(name_).base_name() : own;
+}
+
 void gProject::set_project_name(gPathstring const & path) {
   path_ = path;
   path_.make_absolute(gFileSystem::get_curdir());

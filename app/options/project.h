@@ -26,6 +26,8 @@ public:
   gString const & name() const { return name_; }
   // The path for file operations; empty for a project that has no file yet.
   gPathstring const & file() const { return file_; }
+  // The title of the documentation: the user's own, else the name without its extension.
+  std::string title() const;
   bool is_open() const { return !name_.empty(); }
   bool modified() const { return modified_; }
   // Why the last load failed: "path:line: text".

@@ -17,9 +17,13 @@ int gDialogHandler::OnCommand() {
   return 1;
 }
 
-int gModelessHandler::OnCommand() {
-  open_ = OnDialog();
-  return 1;
+// The window may be gone before the call returns.
+bool gModelessHandler::OnDialog() {
+  *open_ = true;
+  bool const shown = Vlb::outside().dialog(
+      gOutside::Dialog{dialog(), page_, true, [open = open_] { *open = false; }});
+  *open_ = *open_ && shown;
+  return shown;
 }
 
 void gModelessHandler::OnGetParam() {

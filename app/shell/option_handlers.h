@@ -20,17 +20,16 @@ private:
 class gModelessHandler : public gDialogHandler {
 public:
   using gDialogHandler::gDialogHandler;
-  bool is_open() const { return open_; }
-  // The window tells that it is gone.
-  void closed() { open_ = false; }
+  bool is_open() const { return *open_; }
   // The page by its number from 0; 0 without a parameter.
   int page() const { return page_; }
 
-  int OnCommand() override;
+  bool OnDialog() override;
   void OnGetParam() override;
 
 private:
-  bool open_ = false;
+  // Shared with the window, which tells that it is gone and may outlive the command.
+  std::shared_ptr<bool> open_ = std::make_shared<bool>(false);
   int page_ = 0;
 };
 

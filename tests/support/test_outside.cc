@@ -1,5 +1,7 @@
 #include "support/test_outside.h"
 
+#include <algorithm>
+
 TestOutside::TestOutside() : before_(Vlb::set_outside(this)) {}
 TestOutside::~TestOutside() {
   Vlb::set_outside(before_);
@@ -18,32 +20,37 @@ gOutside::Answer TestOutside::answer() {
   return word == "yes" ? Answer::yes : word == "no" ? Answer::no : Answer::cancel;
 }
 
-void TestOutside::box(gString const & text, Icon) {
+void TestOutside::box(gString const & text, Icon icon) {
   shown.push_back("box: " + text);
+  last_icon = icon;
 }
 
-gOutside::Answer TestOutside::ask_yes_no(gString const & text) {
-  shown.push_back("ask: " + text);
+gOutside::Answer TestOutside::ask(Question const & question) {
+  shown.push_back("ask: " + question.text);
+  last_question = question;
   return answer();
 }
 
-gOutside::Answer TestOutside::ask_yes_no_cancel(gString const & text) {
-  return ask_yes_no(text);
+void TestOutside::beep() {
+  shown.push_back("beep");
 }
 
-gString TestOutside::choose_open(gString const & title, gString const &, gString const &) {
-  shown.push_back("open: " + title);
-  std::string const path = next_answer();
-  return path == "cancel" ? "" : path;
+std::vector<gString> TestOutside::choose(Choice const & choice) {
+  shown.push_back("open: " + choice.title);
+  last_choice = choice;
+  std::string const paths = next_answer();
+  std::vector<gString> chosen;
+  for (std::size_t from = 0; paths != "cancel" && from <= paths.size();) {
+    std::size_t const to = std::min(paths.find('|', from), paths.size());
+    chosen.push_back(paths.substr(from, to - from));
+    from = to + 1;
+  }
+  return chosen;
 }
 
-gString TestOutside::choose_save(gString const & title, gString const & filter, gString const &,
-                                 gString const & dir) {
-  return choose_open(title, filter, dir);
-}
-
-bool TestOutside::dialog(gString const & name) {
-  shown.push_back("dialog: " + name);
+bool TestOutside::dialog(Dialog const & dialog) {
+  shown.push_back("dialog: " + dialog.name);
+  last_dialog = dialog;
   return answer() == Answer::yes;
 }
 

@@ -13,10 +13,16 @@ public:
   TestOutside();
   ~TestOutside() override;
 
-  // Answers to questions in their order: "yes", "no", "cancel", or a path for a chooser.
+  // Answers to questions in their order: "yes", "no", "cancel", or a path for a chooser; several
+  // paths with "|" between them.
   std::deque<std::string> answers;
-  // Everything shown: "box: text", "ask: text", "title: text".
+  // Everything shown: "box: text", "ask: text", "open: title of a chooser", "title: text", "beep".
   std::vector<std::string> shown;
+  // What the last box, question, chooser and dialog were asked for.
+  Icon last_icon = Icon::information;
+  Question last_question;
+  Choice last_choice;
+  Dialog last_dialog;
   // Reports and lines of the log stream in their order.
   std::vector<std::string> reports;
   std::vector<std::string> log_lines;
@@ -25,12 +31,11 @@ public:
   std::function<void(std::string const &)> on_status;
 
   void box(gString const & text, Icon icon) override;
-  Answer ask_yes_no(gString const & text) override;
-  Answer ask_yes_no_cancel(gString const & text) override;
-  gString choose_open(gString const & title, gString const & filter, gString const & dir) override;
-  gString choose_save(gString const & title, gString const & filter, gString const & ext,
-                      gString const & dir) override;
-  bool dialog(gString const & name) override;
+  Answer ask(Question const & question) override;
+  void beep() override;
+  std::vector<gString> choose(Choice const & choice) override;
+  using gOutside::dialog;
+  bool dialog(Dialog const & dialog) override;
   void title(gString const & text) override;
   void status(gString const & text) override;
   void report(Msg::type type, gString const & line) override;

@@ -103,7 +103,8 @@ TEST_F(Shell, an_open_dialog_disables_its_command) {
   EXPECT_TRUE(sheet.OnUpdateCommand());
   sheet.OnCommand();
   EXPECT_FALSE(sheet.OnUpdateCommand());
-  sheet.closed();
+  EXPECT_TRUE(outside.last_dialog.modeless);
+  outside.last_dialog.closed();
   EXPECT_TRUE(sheet.OnUpdateCommand());
 }
 

@@ -1,0 +1,50 @@
+// Every dialog that a command opens has its row here.
+
+#include "app/shell/dialogs/make_dialog.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "app/shell/dialogs/host.h"
+#include "app/shell/dialogs/title_dialog.h"
+
+namespace Shell {
+
+namespace {
+
+struct Row {
+  std::string_view name;
+  std::unique_ptr<gDialog> (*make)();
+};
+
+template <class D> std::unique_ptr<gDialog> make() {
+  return std::make_unique<D>();
+}
+
+Row const rows[] = {
+    {"fDefineTitle", make<fDefineTitle>},
+};
+
+} // namespace
+
+std::unique_ptr<gDialog> make_dialog(std::string_view name, int page) {
+  auto const row =
+      std::find_if(std::begin(rows), std::end(rows), [&](Row const & r) { return r.name == name; });
+  if (row == std::end(rows))
+    return nullptr;
+  std::unique_ptr<gDialog> made = row->make();
+  made->go_to(page);
+  return made;
+}
+
+bool run_dialog(gOutside::Dialog const & dialog) {
+  std::unique_ptr<gDialog> made = make_dialog(dialog.name, dialog.page);
+  if (!made)
+    return false;
+  if (!dialog.modeless)
+    return dialog_host().show(*made);
+  dialog_host().open(std::move(made), dialog.closed);
+  return true;
+}
+
+} // namespace Shell
