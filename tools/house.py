@@ -31,8 +31,9 @@ LIBRARIES = {
     "conv/rtf": ["conv/set"],
     "app/shell": ["ana", "conv/htm", "conv/rtf"],
     "app/shell/dialogs": ["app/shell"],
+    "app/shell/window": ["app/shell"],
     "app/cli": ["app/shell"],
-    "app/qt": ["app/shell/dialogs"],
+    "app/qt": ["app/shell/dialogs", "app/shell/window"],
 }
 
 # Folders beside the libraries, which may use all of them.

@@ -35,11 +35,12 @@ public:
   }
 
   // A report is a line of its own, whatever was left open before it.
-  void report(Msg::type type, gString const & line) {
+  void report(gReport const & report, gString const & line) {
+    Msg::type const type = report.message->severity;
     if (!line_.empty())
       end_line();
     if (type >= minimum_display)
-      Vlb::outside().report(type, line);
+      Vlb::outside().take_report(report, line);
     write(type, line);
     if (file_ && type == Msg::status)
       failed_ |= std::fflush(file_) != 0;
@@ -165,29 +166,31 @@ char const * prefix_of(Msg::type type) {
   throw gExcInternalErr("Unexpected Msg::type", "", Vlb::source_place(__FILE__, __LINE__));
 }
 
-// A path that is the argument already isn't told twice.
-bool shows_place(gReport const & report) {
-  return !report.place.empty() && report.place.text() != report.argument;
+} // namespace
+
+gString Vlb::report_text(gReport const & report) {
+  gString text(report.message->text);
+  if (!report.argument.empty() && !text.ends_with(' '))
+    text += ' ';
+  add_shown(text, report.argument);
+  return text;
 }
 
-} // namespace
+gString Vlb::report_head(Msg::type severity, int number) {
+  gString head(prefix_of(severity));
+  if (severity != Msg::warn_hint && severity != Msg::err_hint)
+    head += (number != 0 ? " " + std::to_string(number) : "") + ": ";
+  return head;
+}
 
 gString Vlb::report_line(gReport const & report) {
   gMessage const & message = *report.message;
   gString line;
-  if (message.form == gMessage::Form::line) {
-    line += prefix_of(message.severity);
-    if (!message.is_hint()) {
-      if (message.number != 0)
-        line += " " + std::to_string(message.number);
-      line += ": ";
-    }
-  }
-  line += message.text;
-  if (!report.argument.empty() && !message.text.ends_with(' '))
-    line += ' ';
-  Vlb::add_shown(line, report.argument);
-  if (shows_place(report)) {
+  if (message.form == gMessage::Form::line)
+    line = report_head(message.severity, message.number);
+  line += report_text(report);
+  // A path that is the argument already isn't told twice.
+  if (!report.place.empty() && report.place.text() != report.argument) {
     line += " (";
     Vlb::add_shown(line, report.place.text());
     line += ')';
@@ -223,7 +226,7 @@ bool gMsgHandler::enter(gReport & report, gString const & line) {
   if (suppressed(report))
     return true;
   Msg::type const type = report.message->severity;
-  lines_->report(type, line);
+  lines_->report(report, line);
   if (!lines_->in_run())
     return true;
   if (report.stage == gRunStage::none)

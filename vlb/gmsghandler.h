@@ -128,6 +128,9 @@ void add_shown(gString & line, std::string_view text);
 // four blanks and the text. Control characters of argument and place are written as "\n", "\0" or
 // "\x1b"; a tab stays.
 gString report_line(gReport const & report);
+// Parts of it: text and argument, and what stands in front of them.
+gString report_text(gReport const & report);
+gString report_head(Msg::type severity, int number);
 } // namespace Vlb
 
 namespace Msg {

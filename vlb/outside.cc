@@ -48,6 +48,10 @@ gWaitCursor::~gWaitCursor() {
   Vlb::outside().wait_cursor(false);
 }
 
+void gOutside::take_report(gReport const & report, gString const & line) {
+  this->report(report.message->severity, line);
+}
+
 namespace Vlb {
 
 gOutside & outside() {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "vlb/gmessage.h"
+#include "vlb/greport.h"
 
 // The command line, the tests and the windows each have one of their own. All operations but
 // status() and the two of the message window are called from the main thread only; those three
@@ -81,10 +81,14 @@ public:
   virtual void status(gString const & text) = 0;
   // A report, without a line end; reports below the minimum level of the display never come here.
   virtual void report(Msg::type type, gString const & line) = 0;
+  // The same with all that is known of the report, for those who show more than the line.
+  virtual void take_report(gReport const & report, gString const & line);
   // Free text of the log stream, line by line; Msg::status for lines that only tell progress.
   virtual void log_line(Msg::type type, gString const & line) = 0;
   virtual void show_msgwindow(bool show) = 0;
   virtual void clear_msgwindow() = 0;
+  // Shows a page in the user's browser; false if that can't be started.
+  virtual bool open_url(gString const &) { return false; }
 };
 
 // The pointer that tells to wait, for the life of this object.
