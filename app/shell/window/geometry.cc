@@ -64,7 +64,6 @@ gRect Shell::place_aside(gRect const & dialog, gRect const & window, gRect const
   if (left + dialog.width() > screen.right && window.left - dx - dialog.width() >= screen.left)
     left = window.left - dx - dialog.width();
   left = std::max(screen.left, std::min(left, screen.right - dialog.width()));
-  int const top =
-      std::max(screen.top, std::min(window.top + dy, screen.bottom - dialog.height()));
+  int const top = std::max(screen.top, std::min(window.top + dy, screen.bottom - dialog.height()));
   return {left, top, left + dialog.width(), top + dialog.height()};
 }

@@ -15,8 +15,8 @@ struct gMessageRow {
   int number = 0;                // 0 without one
   bool is_report = false;        // else free text of the log
   bool bare = false;             // a report without prefix word and number in the log
-  std::string text;              // without prefix word, number and place
-  gReportPlace place;
+  std::string text = {};         // without prefix word, number and place
+  gReportPlace place = {};
 };
 
 // Any thread may add; the thread of the window takes all at once, some twenty times a second. What
@@ -28,7 +28,7 @@ public:
   struct Batch {
     bool clear = false; // what the window shows goes first
     std::vector<gMessageRow> rows;
-    std::size_t left_out = 0;         // behind the rows
+    std::size_t left_out = 0;          // behind the rows
     std::optional<std::string> status; // the last one
     std::optional<bool> show;          // the message window was asked for or sent away
     bool empty() const { return !clear && rows.empty() && left_out == 0 && !status && !show; }

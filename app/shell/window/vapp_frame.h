@@ -32,7 +32,8 @@ public:
   virtual void show_tool_bar(bool show) = 0;
   virtual void show_status_bar(bool show) = 0;
   virtual void show_messages(bool show) = 0;
-  // Lines came to the message list, at its end, or all went (`cleared`) before those that are there.
+  // Lines came to the message list, at its end, or all went (`cleared`) before those that are
+  // there.
   virtual void update_messages(bool cleared) = 0;
   // Stage, percentage and remaining time are new.
   virtual void update_progress() = 0;
