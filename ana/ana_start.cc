@@ -25,11 +25,10 @@ gString folder_text(gOutputFolder const & folder, char const * behind) {
 
 // Says so if the folder is one that is never emptied.
 bool is_protected(gOutputFolder const & folder) {
-  gString const reason = folder.exists() ? folder.protection() : gString();
-  if (!reason.empty())
-    refuse(folder_text(folder, "is never emptied: ") + reason + ". Choose another output folder.",
-           gOutside::Icon::stop);
-  return !reason.empty();
+  gString const text = protected_folder_text(folder.path(), gProtectedPlaces::of_options());
+  if (!text.empty())
+    refuse(text, gOutside::Icon::stop);
+  return !text.empty();
 }
 
 bool has_foreign_files(gOutputFolder const & folder) {

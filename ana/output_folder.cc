@@ -82,12 +82,11 @@ void add_group_folders(std::string const & paths, gPathstring const & base,
 }
 
 // The folders named by the file groups, and those in which files were found.
-std::set<std::string> input_folders() {
+std::set<std::string> input_folders(gPathstring const & base, cRef<cObj> const & groups) {
   std::set<std::string> folders;
-  gPathstring const base = Vapp::option_path("inputcurdir");
   gFileList files(0);
   files.cur_dir(base);
-  if (cRef<cObj> const groups = Vapp::option("inputfiles")) {
+  if (groups) {
     for (cIterObj group = groups->begin(); group.valid(); group++) {
       std::string const paths = cat::as_string(group->at("path"));
       add_group_folders(paths, base, folders);
@@ -109,7 +108,41 @@ std::vector<std::string> home_folders() {
   return folders;
 }
 
+// Why the folder must stay as it is; empty if it needn't.
+gString protection(gPathstring const & folder, gProtectedPlaces const & places) {
+  fs::path const own = resolved(folder);
+  if (own == own.root_path())
+    return "it is the root of the file system";
+  for (std::string const & home : home_folders()) {
+    if (holds(own, resolved(home)))
+      return "it holds the home folder";
+  }
+  if (!places.project.empty() && holds(own, resolved(places.project)))
+    return "it holds the project";
+  if (!places.script.empty() && holds(own, resolved(places.script.dir_name())))
+    return "it holds the script";
+  for (std::string const & inputs : input_folders(places.input_root, places.inputs)) {
+    if (holds(own, resolved(inputs)))
+      return "it holds input files: " + inputs;
+  }
+  return "";
+}
+
 } // namespace
+
+gProtectedPlaces gProtectedPlaces::of_options() {
+  std::string project = ".";
+  Vapp::make_absolute_vlp(project);
+  return {project, Vapp::option_path("vls_file"), Vapp::option_path("inputcurdir"),
+          Vapp::option("inputfiles")};
+}
+
+gString protected_folder_text(gPathstring const & folder, gProtectedPlaces const & places) {
+  gString const reason = gFileSystem::dir_exists(folder) ? protection(folder, places) : gString();
+  if (reason.empty())
+    return reason;
+  return "Folder '" + folder + "' is never emptied: " + reason + ". Choose another output folder.";
+}
 
 gOutputFolder::gOutputFolder() : path_(Vapp::option_path("out_dir")) {
   path_.normalize(true);
@@ -157,26 +190,6 @@ gString gOutputFolder::file_in_the_way() const {
       return name;
   }
   return {};
-}
-
-gString gOutputFolder::protection() const {
-  fs::path const own = resolved(path_);
-  if (own == own.root_path())
-    return "it is the root of the file system";
-  for (std::string const & home : home_folders()) {
-    if (holds(own, resolved(home)))
-      return "it holds the home folder";
-  }
-  std::string project = ".";
-  if (holds(own, resolved(Vapp::make_absolute_vlp(project))))
-    return "it holds the project";
-  if (holds(own, resolved(Vapp::option_path("vls_file").dir_name())))
-    return "it holds the script";
-  for (std::string const & folder : input_folders()) {
-    if (holds(own, resolved(folder)))
-      return "it holds input files: " + folder;
-  }
-  return "";
 }
 
 bool gOutputFolder::create() {

@@ -4,7 +4,22 @@
 #include <set>
 #include <string>
 
+#include "store/cobj.h"
 #include "vlb/gpathstring.h"
+
+// What no run may delete; all paths are absolute.
+struct gProtectedPlaces {
+  gPathstring project;    // its folder
+  gPathstring script;     // the file
+  gPathstring input_root; // what input paths are relative to
+  cRef<cObj> inputs;      // the file groups; may be null
+
+  static gProtectedPlaces of_options();
+};
+// The text of a refusal if the folder exists and must never be written into: it is, or holds, the
+// root, the home folder, the project's folder, the script's folder or a folder with input files.
+// Empty if it may.
+gString protected_folder_text(gPathstring const & folder, gProtectedPlaces const & places);
 
 // The folder of the option out_dir. Its record (vlb/folder_record.h) lists what runs have written;
 // nothing else is ever deleted, whatever the user answers.
@@ -21,9 +36,6 @@ public:
   gString foreign_file() const;
   // Such a file, or folder, in the place of one that every run writes.
   gString file_in_the_way() const;
-  // Why the folder must never be written into: it is, or holds, the root, the home folder, the
-  // project's folder, the script's folder or a folder with input files. Empty if it may.
-  gString protection() const;
 
   // Makes the folder and those above it.
   bool create();

@@ -7,6 +7,7 @@
 #include "app/options/attributes.h"
 #include "app/options/completion.h"
 #include "app/options/defaults.h"
+#include "app/options/input_check.h"
 #include "app/options/options.h"
 #include "store/cerr.h"
 #include "store/text_form.h"
@@ -96,10 +97,9 @@ void add_group(gFileList & list, cObj const & group) {
   cat::read(group.at("files"), files);
   list.clear();
   list.add(paths, files, 5);
-  for (gString const & problem : list.problems()) {
+  for (gString const & problem : list.problems())
     Msg::log() << problem << std::endl;
-    cat::publish_error(1, problem);
-  }
+  publish_problems(list);
 }
 
 } // namespace

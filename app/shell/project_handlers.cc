@@ -2,10 +2,8 @@
 
 #include "app/shell/project_handlers.h"
 
+#include "app/shell/choosers.h"
 #include "app/shell/facts.h"
-#include "vlb/gfilesystem.h"
-#include "vlb/gmsghandler.h"
-#include "vlb/messages.h"
 #include "vlb/outside.h"
 
 bool gVlpNew::OnDialog() {
@@ -51,31 +49,10 @@ int gVlpSaveAs::OnUpdateCommand() {
   return Shell::project_open() && Shell::idle();
 }
 
-namespace {
-
-// Where the chooser begins: beside the present script, else in the project's folder.
-gString script_folder() {
-  if (!Vapp::option_string("vls_file").empty())
-    return Vapp::option_path("vls_file").dir_name();
-  std::string folder;
-  return Vapp::make_absolute_vlp(folder);
-}
-
-bool can_read(gPathstring const & script) {
-  std::string text;
-  bool const read = gFileSystem::read_file(script, text);
-  if (!read)
-    Msg::log(Msg::script_unreadable, script);
-  return read;
-}
-
-} // namespace
-
 int gOpenVLS::OnCommand() {
-  gPathstring const chosen = Vlb::outside().choose_open(
-      "Choose Vellumar Script", "Vellumar Script (*.vls)|*.vls|All Files (*.*)|*.*||",
-      script_folder());
-  if (!chosen.empty() && can_read(chosen) && chosen != Vapp::option_string("vls_file")) {
+  gPathstring const chosen =
+      Shell::choose_script(Vapp::option_string("vls_file"), Shell::project_or_program_folder());
+  if (!chosen.empty() && chosen != Vapp::option_string("vls_file")) {
     Vapp::options["vls_file"] = cat::make(chosen);
     Vapp::project().mark_modified();
   }

@@ -6,6 +6,9 @@
 #include <iterator>
 
 #include "app/shell/dialogs/host.h"
+#include "app/shell/dialogs/input_files.h"
+#include "app/shell/dialogs/output_folder.h"
+#include "app/shell/dialogs/small_dialogs.h"
 #include "app/shell/dialogs/title_dialog.h"
 
 namespace Shell {
@@ -22,6 +25,9 @@ template <class D> std::unique_ptr<gDialog> make() {
 }
 
 Row const rows[] = {
+    {"gDefineSrc", make<gDefineSrc>},
+    {"gDefineOutdir", make<gDefineOutdir>},
+    {"gAboutDialog", make<gAboutDialog>},
     {"fDefineTitle", make<fDefineTitle>},
 };
 

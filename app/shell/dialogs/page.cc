@@ -40,6 +40,16 @@ void gPage::focus(gField const & field) {
     dialog_->focus(*this, field.id);
 }
 
+bool gPage::choose_into(gField & field, std::string const & path) {
+  focus(field);
+  if (path.empty() || path == field.text)
+    return false;
+  field.text = path;
+  touch();
+  changed(field);
+  return true;
+}
+
 void gPage::touch() {
   if (dialog_)
     dialog_->changed_ = true;

@@ -55,6 +55,8 @@ protected:
   void focus(gField const & field);
   // A stop box and the focus for the field; answers false, the answer of a rule that refuses.
   bool refuse(gField const & field, std::string const & text);
+  // Puts what a chooser gave into a field, as if it was typed; an empty path was cancelled.
+  bool choose_into(gField & field, std::string const & path);
   // Tells that a working copy has changed by something else than a field, such as "Delete".
   void touch();
   // Null until the page is in a dialog.
