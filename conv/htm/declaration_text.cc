@@ -47,8 +47,17 @@ public:
         link_(link),
         out_(out) {}
 
-  void write(std::vector<gColoured> const & stretches) {
+  // True if the own name, should there be one, was found.
+  bool write(std::vector<gColoured> const & stretches, DeclarationText::gOwnName const * own = {}) {
+    bool found = own == nullptr;
     for (std::size_t i = 0; i < stretches.size();) {
+      if (!found && offset_of(stretches[i]) == own->place.begin) {
+        found = true;
+        out_ += own->shown;
+        for (; i < stretches.size() && offset_of(stretches[i]) < own->place.end; ++i)
+          remember(stretches[i]);
+        continue;
+      }
       bool const is_word = stretches[i].colour == gColour::word;
       std::size_t const end = is_word ? name_end(stretches, i) : i + 1;
       std::string_view const name(stretches[i].text.data(),
@@ -61,9 +70,13 @@ public:
       remember(stretches[end - 1]);
       i = end;
     }
+    return found;
   }
 
 private:
+  std::size_t offset_of(gColoured const & stretch) const {
+    return static_cast<std::size_t>(stretch.text.data() - text_.data());
+  }
   // Behind a qualified name that begins here.
   static std::size_t name_end(std::vector<gColoured> const & stretches, std::size_t i) {
     while (i + 2 < stretches.size() && stretches[i + 1].text == "::" &&
@@ -96,6 +109,22 @@ private:
   gNeighbours before_;
 };
 
+// Signs in a row are one stretch, but names such as "operator=" and "~X" have their own borders.
+void split_at(std::size_t offset, std::string_view text, std::vector<gColoured> & stretches) {
+  char const * const border = text.data() + offset;
+  for (std::size_t i = 0; i < stretches.size(); ++i) {
+    std::string_view const whole = stretches[i].text;
+    if (border <= whole.data() || border >= whole.data() + whole.size())
+      continue;
+    gColoured behind = stretches[i];
+    auto const cut = static_cast<std::size_t>(border - whole.data());
+    stretches[i].text = whole.substr(0, cut);
+    behind.text = whole.substr(cut);
+    stretches.insert(stretches.begin() + static_cast<std::ptrdiff_t>(i) + 1, behind);
+    return;
+  }
+}
+
 } // namespace
 
 void DeclarationText::set(std::string_view text, gLanguage language, gColours const & colours,
@@ -111,4 +140,19 @@ void DeclarationText::set(std::string_view text, gLanguage language, gColours co
       out += '\n';
     at = end + 1;
   }
+}
+
+bool DeclarationText::set_with_name(std::string_view text, gLanguage language,
+                                    gColours const & colours, gLinker const & link,
+                                    gOwnName const & own, std::string & out) {
+  std::size_t const before = out.size();
+  std::vector<gColoured> stretches;
+  gColours::gState state = 0;
+  colours.split(language, text, state, stretches);
+  split_at(own.place.begin, text, stretches);
+  split_at(own.place.end, text, stretches);
+  if (gWriter(text, colours, link, out).write(stretches, &own))
+    return true;
+  out.resize(before);
+  return false;
 }

@@ -193,14 +193,47 @@ void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
   DeclarationText::set(
       Declaration::broken(text, facts), language, colours_,
       [this, &bound](std::string_view name, std::string & link) {
-        return std::ranges::find(bound, name) == bound.end() && link_name(name, link);
+        return std::ranges::find(bound, name) == bound.end() && link_name(unit(), name, link);
       },
       out);
 }
 
-bool gHtmSetter::link_name(std::string_view name, std::string & out) {
-  int const found = document().find_word(unit(), name);
-  if (found < 0 || found == unit())
+// Without what only a whole declaration has to say: the template head and the ";".
+std::string gHtmSetter::signature_of(int unit) {
+  constexpr std::size_t longest = 320;
+  gUnitRecord const & record = site_.unit(unit);
+  gKnownFacts const & facts = record.facts;
+  std::string_view text = record.declaration;
+  if (facts.name.empty() || facts.size != text.size() || facts.name.end > text.size() ||
+      text.find('\n') != std::string_view::npos || text.starts_with('#'))
+    return {};
+  std::vector<std::string_view> const bound = Declaration::bound_names(text, facts);
+  if (text.ends_with(';'))
+    text.remove_suffix(1);
+  std::size_t const head =
+      std::min(text.find_first_not_of(' ', facts.template_head.end), text.size());
+  if (text.size() - head > longest || head > facts.name.begin)
+    return {};
+  text.remove_prefix(head);
+  auto const cut = static_cast<std::uint32_t>(head);
+  DeclarationText::gOwnName own{{facts.name.begin - cut, facts.name.end - cut}, {}};
+  std::string const name = escaped(own.place.of(text)), to = link_to(unit, {}).href;
+  rules().apply(gVltRule::own_name,
+                gVltValues().set(gVltValue::text, name).set(gVltValue::href, to), own.shown);
+  std::string out;
+  DeclarationText::set_with_name(
+      text, gColours::language_of(record.path), colours_,
+      [&](std::string_view word, std::string & link) {
+        return std::ranges::find(bound, word) == bound.end() && link_name(unit, word, link);
+      },
+      own, out);
+  return out;
+}
+
+// What stands right here needs no link.
+bool gHtmSetter::link_name(int from, std::string_view name, std::string & out) {
+  int const found = document().find_word(from, name);
+  if (found < 0 || found == from || found == unit())
     return false;
   gLinkEnd const end = link_to(found, {});
   std::string const text = escaped(name);

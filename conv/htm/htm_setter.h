@@ -32,6 +32,9 @@ public:
   std::string take_notes();
   std::vector<gHeadline> take_headlines() { return std::move(headlines_); }
   std::vector<gHierarchyPage> take_hierarchies() { return std::exchange(hierarchies_, {}); }
+  // The declaration of a unit in one line, its name as a link to it; empty if it isn't known or too
+  // long. Links lead from the current unit's page.
+  std::string signature_of(int unit);
   using gSetter::escape;
   void escape(std::string_view text, std::string & out) const override;
 
@@ -56,7 +59,7 @@ private:
   void name_entries();
   std::string claim(std::string const & id);
   void set_declaration(std::string_view text, std::string & out);
-  bool link_name(std::string_view name, std::string & out);
+  bool link_name(int from, std::string_view name, std::string & out);
 
   gSite & site_;
   gColours const & colours_;

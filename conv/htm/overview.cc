@@ -31,6 +31,28 @@ std::string common_start(gSite const & site, std::vector<gRow> const & rows) {
   }
 }
 
+// How the members of a class are grouped: by their kinds, but for some.
+std::string group_of(gUnitRecord const & unit, gKind const & kind) {
+  if (kind.selector == "destructor")
+    return "constructor";
+  if (kind.selector == "method" && (unit.facts.has_mark("static") || unit.facts.has_mark("class")))
+    return "static";
+  return kind.selector;
+}
+
+// The groups as readers look for them; others stand behind these.
+constexpr std::string_view group_order[] = {
+    "enumerator", "constructor", "method", "static", "operator", "conversion", "property",
+    "event",      "signal",      "slot",   "member", "field",    "type",       "alias"};
+
+std::size_t rank_of_group(std::string_view group) {
+  return static_cast<std::size_t>(std::ranges::find(group_order, group) - std::begin(group_order));
+}
+
+int rank_of_access(std::string const & access) {
+  return access.ends_with("private") ? 2 : access.ends_with("protected") ? 1 : 0;
+}
+
 // The first letter of a title, behind the common start.
 std::string initial_of(std::string_view title, std::string_view start) {
   std::string initial;
@@ -45,7 +67,7 @@ std::string initial_of(std::string_view title, std::string_view start) {
 
 } // namespace
 
-std::string gOverview::of(int unit, int level) const {
+std::string gOverview::of(int unit, int level, gSignatures const & signatures) const {
   auto const children = site_.pages.units().children(unit);
   int const page = site_.pages.of(unit);
   bool const elsewhere =
@@ -53,6 +75,8 @@ std::string gOverview::of(int unit, int level) const {
   std::vector<gRow> const rows = Site::rows_of(site_, children);
   if (rows.empty() || (!elsewhere && rows.size() <= few))
     return {};
+  if (!elsewhere && page >= 0)
+    return members({children.begin(), children.end()}, level, signatures);
   if (elsewhere && rows.size() > most)
     if (std::string const ranges = contents_.ranges(page); !ranges.empty()) {
       std::string out;
@@ -60,6 +84,58 @@ std::string gOverview::of(int unit, int level) const {
       return out;
     }
   return lists(rows, page, level);
+}
+
+// Overloads have a row each, since their signatures tell them apart.
+std::string gOverview::members(std::vector<int> const & units, int level,
+                               gSignatures const & signatures) const {
+  struct Row {
+    gRow row;
+    std::string signature;
+  };
+  struct Group {
+    std::string name;
+    std::vector<Row> rows;
+  };
+  std::vector<Group> groups;
+  for (int const unit : units) {
+    if (site_.pages.of(unit) < 0)
+      continue;
+    gUnitRecord const & record = site_.unit(unit);
+    std::string const name = group_of(record, site_.kinds.of(unit));
+    auto group = std::ranges::find(groups, name, &Group::name);
+    if (group == groups.end())
+      group = groups.insert(groups.end(), {name, {}});
+    std::string signature = signatures(unit);
+    if (signature.empty() && !group->rows.empty() &&
+        Site::joins(site_, group->rows.back().row, unit))
+      ++group->rows.back().row.count;
+    else
+      group->rows.push_back({{unit, 1, record.summary}, std::move(signature)});
+  }
+  std::ranges::stable_sort(groups, {}, [](Group const & one) { return rank_of_group(one.name); });
+  std::string out;
+  std::set<std::string> former;
+  std::string const depth = std::to_string(level);
+  for (Group & group : groups) {
+    std::ranges::stable_sort(group.rows, {}, [&](Row const & one) {
+      return rank_of_access(site_.unit(one.row.unit).facts.access);
+    });
+    std::string items;
+    for (Row const & one : group.rows) {
+      std::string const id = site_.addresses.former_anchor(one.row.unit);
+      add_item(one.row, site_.pages.of(one.row.unit), groups.size() == 1,
+               former.insert(id).second ? id : std::string(), items, one.signature);
+    }
+    gKind const & kind = site_.kinds.of(group.rows.front().row.unit);
+    std::string const count = site_.number(group.rows.size());
+    gVltValues values;
+    values.set(V::items, items).set(V::level, depth).set(V::count, count);
+    values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::title, kind.word);
+    values.set(V::signature, "1");
+    site_.rules.apply(gVltRule::overview, group.name, values, out);
+  }
+  return out;
 }
 
 std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level) const {
@@ -132,7 +208,7 @@ std::string gOverview::list(std::vector<gRow> const & rows, int page, int level,
 }
 
 void gOverview::add_item(gRow const & row, int page, bool kinds, std::string const & id,
-                         std::string & out) const {
+                         std::string & out, std::string const & signature) const {
   gUnitRecord const & record = site_.unit(row.unit);
   std::string const to = site_.addresses.href(row.unit, page);
   std::string const text = Html::escaped(Site::contents_title(record));
@@ -148,6 +224,8 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   if (kinds)
     values.set(V::kind, what.word).set(V::kind_class, what.css);
   values.set(V::number, number).set(V::count, same).set(V::id, id);
-  values.set(V::named, Site::is_named(record) ? "1" : "");
+  values.set(V::named, Site::is_named(record) ? "1" : "").set(V::signature, signature);
+  if (!signature.empty() && record.facts.access != "public")
+    values.set(V::access, record.facts.access);
   site_.rules.apply(gVltRule::overview_item, what.selector, values, out);
 }

@@ -136,7 +136,8 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   if (parts.title.empty())
     Html::escape(record.title, parts.title);
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
-  std::string const overview = overview_.of(unit, std::min(level + 1, 6));
+  std::string const overview = overview_.of(
+      unit, std::min(level + 1, 6), [this](int member) { return setter_.signature_of(member); });
   std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
   std::string const scope = Html::escaped(Site::scope_of(record));
   std::string const summary = Html::escaped(record.summary);

@@ -11,16 +11,18 @@ using enum gVltValue;
 using Values = std::span<gVltValue const>;
 
 constexpr std::string_view value_names[] = {
-    "text",           "title",      "items",      "name",       "style",     "href",
-    "target",         "id",         "aliases",    "path",       "line",      "editor",
-    "level",          "number",     "count",      "width",      "columns",   "mark",
-    "current",        "open",       "member",     "named",      "virtual",   "access",
-    "label",          "kind",       "kind_class", "subject",    "links",     "body",
-    "notes",          "overview",   "summary",    "scope",      "source",    "doc_title",
-    "page_title",     "root",       "crumbs",     "contents",   "on_page",   "previous",
-    "previous_title", "next",       "next_title", "content",    "head_left", "head_right",
-    "foot_left",      "foot_right", "key",        "second_key", "before",    "between",
-    "after",          "context",    "keywords",   "browse",     "wintype"};
+    "text",       "title",      "items",      "name",           "style",
+    "href",       "target",     "id",         "aliases",        "path",
+    "line",       "editor",     "level",      "number",         "count",
+    "width",      "columns",    "mark",       "current",        "open",
+    "member",     "named",      "virtual",    "access",         "label",
+    "kind",       "kind_class", "subject",    "links",          "body",
+    "notes",      "overview",   "summary",    "signature",      "scope",
+    "source",     "doc_title",  "page_title", "root",           "crumbs",
+    "contents",   "on_page",    "previous",   "previous_title", "next",
+    "next_title", "content",    "head_left",  "head_right",     "foot_left",
+    "foot_right", "key",        "second_key", "before",         "between",
+    "after",      "context",    "keywords",   "browse",         "wintype"};
 static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
@@ -50,8 +52,9 @@ constexpr gVltValue page_values[] = {
     kind,      kind_class, id,      style,     number,     count,     text,       items,
     name,      path,       href,    columns,   mark,       subject};
 constexpr gVltValue place_values[] = {
-    href,   title, text, items, kind, kind_class, level,   current, open,   count, summary, scope,
-    number, id,    path, line,  name, source,     context, target,  member, mark,  named};
+    href,    title,   text,   items,  kind,  kind_class, level, current, open,
+    count,   summary, scope,  number, id,    path,       line,  name,    source,
+    context, target,  member, mark,   named, signature,  access};
 constexpr gVltValue index_values[] = {id,     title,   items, key,   second_key,
                                       before, between, after, href,  number,
                                       text,   target,  kind,  count, mark};
@@ -137,6 +140,7 @@ constexpr Row rows[] = {
     {"source_line", false, place_values},
     {"colour", true, inline_values},
     {"name_link", false, reference_values},
+    {"own_name", false, reference_values},
     {"similar_page", false, page_values},
     {"similar_item", false, place_values},
     {"document", false, page_values},

@@ -44,6 +44,7 @@ enum class gVltValue : unsigned char {
   notes,      // the notes of the unit or page
   overview,   // the list of the units below it
   summary,    // one line about a unit
+  signature,  // its declaration in one line, with links
   scope,      // what its name stands in, such as "boost::asio"
   source,     // a link to its source; empty if there is none
   // Pages and documents
@@ -156,6 +157,7 @@ enum class gVltRule : unsigned char {
   source_line,
   colour,    // by what it is: keyword, comment, string, number, directive
   name_link, // a known name in a declaration
+  own_name,  // in a signature: the name of what is declared
   similar_page,
   similar_item,
   // Documents in one file and help projects

@@ -18,16 +18,16 @@ std::string name(std::string_view text) {
 }
 
 TEST(OneLine, OfCpp) {
-  EXPECT_EQ(line(" int /* a */ f( // b\n  int\t a )\\\n const "), "int f( int a ) const");
+  EXPECT_EQ(line(" int /* a */ f( // b\n  int\t a )\\\n const "), "int f(int a ) const");
   EXPECT_EQ(line("a = \"  // \\\"  \", b = '\\'', c = 1'000  + R\"x(/* \")\n)x\""),
             "a = \"  // \\\"  \", b = '\\'', c = 1'000 + R\"x(/* \") )x\"");
-  EXPECT_EQ(line("f(\n#if A\nint a\n# else\n#if B\nlong b\n#endif\nx\n#endif\n)"), "f( int a )");
+  EXPECT_EQ(line("f(\n#if A\nint a\n# else\n#if B\nlong b\n#endif\nx\n#endif\n)"), "f(int a)");
   EXPECT_EQ(line("a\n#define X \\\n y\n/* open"), "a");
 }
 
 TEST(OneLine, OfPascal) {
   EXPECT_EQ(line("procedure { a } X(* b *)( // c\n s: string = ' { '' } ')", gSyntax::pascal),
-            "procedure X ( s: string = ' { '' } ')");
+            "procedure X (s: string = ' { '' } ')");
 }
 
 TEST(OneLine, Names) {
