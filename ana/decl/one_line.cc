@@ -139,7 +139,8 @@ private:
     std::size_t const end = token_end();
     settle(true, at_);
     // Parameters on lines of their own leave no blanks within the brackets.
-    bool const at_bracket = line_head_ && !line_.empty() && (line_.back() == '(' || text_[at_] == ')');
+    bool const at_bracket =
+        line_head_ && !line_.empty() && (line_.back() == '(' || text_[at_] == ')');
     if (gap_ && !line_.empty() && !at_bracket)
       line_ += ' ';
     settle(false, at_);
