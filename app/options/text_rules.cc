@@ -11,7 +11,7 @@ namespace {
 gCheck refuse(std::string message) {
   return gRefusal{field_none, std::move(message)};
 }
-gCheck refuse(gField field, std::string message) {
+gCheck refuse(gRefusedField field, std::string message) {
   return gRefusal{field, std::move(message)};
 }
 

@@ -13,7 +13,7 @@
 namespace Vapp {
 
 // Which field of a dialog a refusal is about: the numbers of the keyword dialog, 0 elsewhere.
-enum gField { field_none = 0, field_keyword = 1, field_separators = 2, field_both = 3 };
+enum gRefusedField { field_none = 0, field_keyword = 1, field_separators = 2, field_both = 3 };
 
 struct gRefusal {
   int field = field_none;
