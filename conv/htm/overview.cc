@@ -86,6 +86,22 @@ std::string gOverview::of(int unit, int level, gSignatures const & signatures) c
   return lists(rows, page, level);
 }
 
+std::string gOverview::within(std::span<int const> units, int page, int level) const {
+  std::vector<gRow> rows = Site::rows_of(site_, units);
+  std::size_t const all = rows.size();
+  if (all > most) {
+    std::ranges::stable_partition(rows, [](gRow const & row) { return !row.summary.empty(); });
+    rows.resize(most);
+    std::ranges::sort(rows, {}, &gRow::unit);
+  }
+  std::string out = lists(rows, page, level);
+  if (all > rows.size()) {
+    std::string const left = site_.number(all - rows.size());
+    site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, left), out);
+  }
+  return out;
+}
+
 // Overloads have a row each, since their signatures tell them apart.
 std::string gOverview::members(std::vector<int> const & units, int level,
                                gSignatures const & signatures) const {

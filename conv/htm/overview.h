@@ -16,6 +16,9 @@ public:
   // with their signatures, in groups as readers look for them. Empty if there is too little below
   // the unit to need a list.
   std::string of(int unit, int level, gSignatures const & signatures) const;
+  // For the page of a namespace: what it holds. Of very many those with a text come first, and how
+  // many are left out is told.
+  std::string within(std::span<int const> units, int page, int level) const;
   // The rows as lists, one for each kind, as they stand on a page; -1 for the start page.
   std::string lists(std::vector<gRow> const & rows, int page, int level) const;
   // The rows one behind the other; without `kinds` they say only what things are called.

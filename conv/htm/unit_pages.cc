@@ -31,6 +31,7 @@ gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const
       setter_(site, colours),
       navigation_(navigation),
       overview_(site, contents),
+      scopes_(site),
       places_(site) {}
 
 void gUnitPages::write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search) {
@@ -122,6 +123,14 @@ void gUnitPages::add_place(int unit) {
       places_.add_headline(headline.anchor, headline.title, headline.level + (begins_page ? 0 : 1));
 }
 
+// What stands below the unit on its page, or what its namespace holds.
+std::string gUnitPages::overview_of(int unit, int level) {
+  auto const within = scopes_.of(unit);
+  if (!within.empty() && site_.pages.units().children(unit).empty())
+    return overview_.within(within, site_.pages.of(unit), level);
+  return overview_.of(unit, level, [this](int member) { return setter_.signature_of(member); });
+}
+
 void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
   gUnitText const text = site_.document.text_of(unit);
@@ -136,8 +145,7 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   if (parts.title.empty())
     Html::escape(record.title, parts.title);
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
-  std::string const overview = overview_.of(
-      unit, std::min(level + 1, 6), [this](int member) { return setter_.signature_of(member); });
+  std::string const overview = overview_of(unit, std::min(level + 1, 6));
   std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
   std::string const scope = Html::escaped(Site::scope_of(record));
   std::string const summary = Html::escaped(record.summary);

@@ -4,6 +4,7 @@
 #include "conv/htm/htm_setter.h"
 #include "conv/htm/overview.h"
 #include "conv/htm/page_writer.h"
+#include "conv/htm/scopes.h"
 #include "conv/htm/search_index.h"
 
 class gUnitPages {
@@ -21,6 +22,7 @@ private:
 
   void write_page(int page, gPageWriter & writer, gSearchIndex & search);
   void add_unit(int unit, gSearchIndex & search, std::string & out);
+  std::string overview_of(int unit, int level);
   void write_hierarchies(int unit, gPageWriter & writer);
   void set_parts(gUnitText const & text, gParts & parts);
   void add_place(int unit);
@@ -30,5 +32,6 @@ private:
   gHtmSetter setter_;
   gNavigation const & navigation_;
   gOverview overview_;
+  gScopes scopes_;
   gPlaces places_;
 };

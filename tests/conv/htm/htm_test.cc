@@ -214,6 +214,45 @@ TEST_F(HtmSite, OverloadsAreOneRowAndEmptyHeadingsNone) {
   EXPECT_EQ(file("g.htm").find("<h3"), std::string::npos);
 }
 
+// Signs that touch a name, such as those of operators and destructors, must neither be lost nor cut
+// the link; a class of another namespace must not appear in this one.
+TEST_F(HtmSite, MembersShowSignaturesAndNamespacesWhatTheyHold) {
+  int line = 0;
+  auto const known = [&](int level, std::string const & kind, std::string const & name,
+                         std::string const & last, std::string const & marks,
+                         std::string const & declaration) {
+    std::size_t const at = declaration.find(last);
+    std::string const range = std::to_string(at) + "-" + std::to_string(at + last.size());
+    std::string text = unit(level, name, "/x/a.h", ++line,
+                            "@subentry<1> @b_verbatim\n" + declaration + "\n@e_verbatim\n");
+    return text.insert(text.find("@bkmk"), "@_facts<" + kind + "><" + name + "><" + last +
+                                               "><public><" + marks + "><><1><9><" +
+                                               std::to_string(declaration.size()) + "><" + range +
+                                               ",,,,>\n");
+  };
+  convert(known(2, "namespace", "n", "n", "", "namespace n") +
+          known(2, "namespace", "m", "m", "", "namespace m") +
+          known(2, "class", "m::Q", "Q", "", "class Q") +
+          known(2, "class", "n::C", "C", "", "class C") +
+          known(3, "method", "n::C::all", "all", "static", "static int all();") +
+          known(3, "operator", "n::C::operator=", "operator=", "", "C& operator=(C const&);") +
+          known(3, "destructor", "n::C::~C", "~C", "", "virtual ~C();") +
+          known(3, "method", "n::C::to", "to", "", "Q to(m::Q x);") +
+          known(3, "constructor", "n::C::C", "C", "", "C(int);"));
+  std::string const page = file("n.C.htm");
+  std::size_t at = 0;
+  for (char const * part :
+       {"Constructors and destructor", "<b>virtual</b> <a class=\"own\" href=\"#~C\">~C</a>()",
+        ">C</a>(<b>int</b>)", "Methods", ">to</a>(<a href=\"m.Q.htm\">m::Q</a> x)",
+        "Static methods", ">all</a>()", "Operators", ">operator=</a>(C <b>const</b>&amp;)"}) {
+    at = page.find(part, at);
+    ASSERT_NE(at, std::string::npos) << part << "\n" << page;
+  }
+  EXPECT_NE(file("n.htm").find("href=\"n.C.htm\""), std::string::npos) << file("n.htm");
+  std::string const main = file("n.htm").substr(file("n.htm").find("<main"));
+  EXPECT_EQ(main.substr(0, main.find("</main")).find("m.Q.htm"), std::string::npos) << main;
+}
+
 // A list of functions without end must not become one page; where it was one, its anchors stay.
 TEST(Htm, LongListsAreSplit) {
   std::string units = "2|Functions\n";
