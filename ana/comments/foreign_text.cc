@@ -251,3 +251,18 @@ gForeignText gForeignComment::translate() {
 gForeignText translate_comment(std::string_view comment, bool behind) {
   return gForeignComment(comment, behind).translate();
 }
+
+// Few comments have such a tag, and only those are read twice.
+gForeignSubject foreign_subject(std::string_view comment) {
+  for (std::size_t at = comment.find_first_of("@\\"); at != std::string_view::npos;
+       at = comment.find_first_of("@\\", at + 1)) {
+    std::size_t length = 0;
+    gTagKind const kind = tag_at(comment.substr(at), length).kind;
+    if (kind != gTagKind::topic && kind != gTagKind::about)
+      continue;
+    gForeignText text = translate_comment(comment);
+    bool const names = text.kind == gForeignText::about || text.kind == gForeignText::topic;
+    return names ? gForeignSubject{text.kind, std::move(text.name)} : gForeignSubject();
+  }
+  return {};
+}

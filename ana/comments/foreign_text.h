@@ -19,6 +19,13 @@ struct gForeignText {
 // The inside of a comment, without its frame; `behind` says that its opener ended in "<".
 gForeignText translate_comment(std::string_view comment, bool behind = false);
 
+// What a comment is about, as translate_comment() tells it: `unit` unless a tag names something.
+struct gForeignSubject {
+  gForeignText::Kind kind = gForeignText::unit; // unit, about or topic
+  std::string name;
+};
+gForeignSubject foreign_subject(std::string_view comment);
+
 // Running text: words, formats, references.
 std::string translate_inline(std::string_view text);
 

@@ -13,7 +13,7 @@ enum class gAttachRule : unsigned char {
   inside,       // documenting, between head and body, or behind the opening brace
   plain_before, // any other directly in front
   plain_behind, // any other behind it on its line
-  plain_inside, // any other between head and body, alone on its line
+  plain_inside, // any other between head and body, or behind the opening brace
   plain_below,  // any other directly below, with an empty line behind
   none,
 };
@@ -29,6 +29,7 @@ enum class gLeftOut : unsigned char {
   dead_code, // code that is commented out
   nothing_near,
   another, // another comment documents the declaration
+  heading, // of several declarations, each with a comment behind
 };
 
 // What becomes of one block.

@@ -63,12 +63,28 @@ Opener opener_of(std::string_view comment, bool pascal) {
   return opener;
 }
 
-bool continues(gComment const & before, Opener const & first, gComment const & next,
-               Opener const & opener) {
-  if (!first.line || !opener.line || next.line != before.end_line + 1 || !next.line_start ||
+// Tabs reach to every `width`th column.
+std::size_t column_of(std::string_view text, gComment const & comment, std::size_t width) {
+  std::size_t column = 0;
+  for (char c : text.substr(comment.whole.begin - (comment.column - 1), comment.column - 1))
+    column += c == '\t' ? width - column % width : 1;
+  return column;
+}
+
+bool below_each_other(std::string_view text, gComment const & one, gComment const & other) {
+  return column_of(text, one, 8) == column_of(text, other, 8) ||
+         column_of(text, one, 4) == column_of(text, other, 4);
+}
+
+// Behind code the column tells what goes on from what stands in front of the next declaration.
+bool continues(std::string_view text, gComment const & head, gComment const & before,
+               Opener const & first, gComment const & next, Opener const & opener) {
+  if (first.line != opener.line || next.line != before.end_line + 1 || !next.line_start ||
       first.documenting != opener.documenting || (opener.behind && !first.behind))
     return false;
-  return before.line_start || next.column == before.column || (first.behind && opener.behind);
+  if (head.line_start)
+    return first.line;
+  return (first.behind && opener.behind) || below_each_other(text, before, next);
 }
 
 std::string_view closer_of(std::string_view comment, bool pascal) {
@@ -133,7 +149,8 @@ std::vector<gCommentBlock> comment_blocks(std::string_view text,
   for (std::size_t i = 0; i < comments.size(); ++i) {
     gComment const & comment = comments[i];
     Opener const opener = opener_of(comment.whole.of(text), pascal);
-    if (!blocks.empty() && continues(comments[i - 1], first, comment, opener)) {
+    if (!blocks.empty() &&
+        continues(text, comments[blocks.back().first], comments[i - 1], first, comment, opener)) {
       blocks.back().last = i;
       blocks.back().end = comment.whole.end;
       blocks.back().end_line = comment.end_line;

@@ -1,4 +1,5 @@
-// The comments of a file as its author sees them: line comments below each other are one.
+// The comments of a file as its author sees them: line comments below each other are one, and so
+// are those of any kind that stand below each other behind code.
 #pragma once
 
 #include <string>

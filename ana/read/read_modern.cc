@@ -7,6 +7,7 @@
 
 #include "ana/comments/foreign_text.h"
 #include "ana/read/attach.h"
+#include "ana/read/attach_places.h"
 #include "ana/read/code_elements.h"
 #include "vlb/gexception.h"
 #include "vlb/messages.h"
@@ -18,6 +19,15 @@ constexpr std::string_view closing = " @_vlecom ";
 constexpr std::string_view special = "@_vlukwd ";
 constexpr std::size_t longest_title = 300;
 constexpr std::size_t most_scopes = 256;
+
+// The first one keeps its indentation; of those that follow it would make a part of an item.
+void add_paragraph(std::string & text, std::string_view words) {
+  if (trimmed(words).empty())
+    return;
+  if (!text.empty())
+    text += "\n\n";
+  text += text.empty() ? words : words.substr(words.find_first_not_of(' '));
+}
 
 } // namespace
 
@@ -38,20 +48,24 @@ private:
   // What the comments say about one declaration.
   struct Words {
     std::string text;
-    gLinePlace place; // of the first of them
-    bool behind = false;
-    std::string values; // of an enumeration, as items
+    gLinePlace place;       // of the first of them
+    std::string parameters; // of a routine, behind the text
+    std::string values;     // of an enumeration, as items
   };
 
   void read_declarations(Decl::gPascalContext const & context);
   void take_comments();
   void take_block(gCommentBlock const & block, gAttachment const & attachment);
   void take_words(std::int32_t declaration, std::string const & words, gCommentBlock const & block);
+  void take_parameter(gAttachment const & attachment, std::string const & words,
+                      gCommentBlock const & block);
   void take_value(std::int32_t enumerator, std::string const & words);
   gLinePlace place_of(gCommentBlock const & block) const;
   bool is_own(std::string_view words) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
   void make_units();
+  std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
+  void make_unit(std::int32_t declaration, std::string const & text, gLinePlace place);
   void bind(std::int32_t declaration, int unit);
   int parse_unit(std::string const & text, gLinePlace place);
   void report_skipped();
@@ -66,6 +80,7 @@ private:
   bool pascal_;
   Decl::gFileDeclarations found_;
   gReadElements elements_;
+  std::vector<std::int32_t> next_;      // by declaration: of the same statement
   std::map<std::int32_t, Words> words_; // by declaration
   gModernFile result_;
 };
@@ -74,6 +89,7 @@ void gModernReader::File::read_declarations(Decl::gPascalContext const & context
   found_ =
       pascal_ ? Decl::read_pascal(text_, context) : Decl::read_cpp(text_, reader_.input_.macros);
   elements_ = make_code_elements(text_, found_, result_.facts.file);
+  next_ = next_of_statement(found_);
   result_.declarations = elements_.elements.size();
 }
 
@@ -135,13 +151,19 @@ void gModernReader::File::take_value(std::int32_t enumerator, std::string const 
 void gModernReader::File::take_words(std::int32_t declaration, std::string const & words,
                                      gCommentBlock const & block) {
   Words & all = words_[declaration];
-  if (all.text.empty()) {
+  if (all.place.line == 0)
     all.place = place_of(block);
-    all.behind = block.behind;
-  } else {
-    all.text += "\n\n";
-  }
-  all.text += words;
+  add_paragraph(all.text, words);
+}
+
+void gModernReader::File::take_parameter(gAttachment const & attachment, std::string const & words,
+                                         gCommentBlock const & block) {
+  Decl::gDeclaration const & routine = item(attachment.declaration);
+  Decl::gParam const & param =
+      found_.parameters[routine.first_param + static_cast<std::uint32_t>(attachment.param)];
+  take_words(attachment.declaration, {}, block);
+  add_paragraph(words_[attachment.declaration].parameters,
+                "@param " + std::string(param.name.of(text_)) + " " + std::string(trimmed(words)));
 }
 
 void gModernReader::File::take_block(gCommentBlock const & block, gAttachment const & attachment) {
@@ -150,13 +172,8 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
   std::string words = comment_text(text_, block, found_.comments, pascal_);
   if (!hidden && is_own(words))
     return parse_own(block, words);
-  if (attachment.param >= 0) {
-    Decl::gDeclaration const & routine = item(attachment.declaration);
-    Decl::gParam const & param =
-        found_.parameters[routine.first_param + static_cast<std::uint32_t>(attachment.param)];
-    return take_words(attachment.declaration,
-                      "@param " + std::string(param.name.of(text_)) + " " + words, block);
-  }
+  if (attachment.param >= 0)
+    return take_parameter(attachment, words, block);
   if (attachment.left_out == gLeftOut::taken) {
     bool const value = item(attachment.declaration).kind == Decl::gKind::enumerator;
     if (value)
@@ -165,8 +182,7 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
   }
   bool const noise =
       attachment.left_out != gLeftOut::nothing_near && attachment.left_out != gLeftOut::another;
-  gForeignText const text =
-      noise && !block.documenting ? gForeignText() : translate_comment(words, block.behind);
+  gForeignText const text = noise && !block.documenting ? gForeignText() : translate_comment(words);
   if (!hidden && text.kind == gForeignText::topic && block.documenting)
     parse_unit(std::string(opening) + "@text vl_topic @noxe @hdline{" +
                    translate_inline(text.name.substr(0, character_end(text.name, longest_title))) +
@@ -185,7 +201,32 @@ void gModernReader::File::take_comments() {
     take_block(blocks[i], attachments[i]);
 }
 
-// All that one statement declares shares its comment.
+// All that one statement declares shares its comment, but what has one of its own. A long text
+// isn't repeated for ever.
+std::vector<std::int32_t> gModernReader::File::sharing(std::int32_t declaration,
+                                                       std::size_t length) const {
+  constexpr std::size_t most = 64, longest = 1000;
+  std::vector<std::int32_t> all{declaration};
+  if (item(declaration).statement == declaration)
+    for (std::int32_t i = next_[static_cast<std::size_t>(declaration)];
+         i >= 0 && (length <= longest || all.size() < most); i = next_[static_cast<std::size_t>(i)])
+      if (!words_.contains(i))
+        all.push_back(i);
+  return all;
+}
+
+// What makes no element, such as a union without a name, can't have a text.
+void gModernReader::File::make_unit(std::int32_t declaration, std::string const & text,
+                                    gLinePlace place) {
+  if (elements_.of[static_cast<std::size_t>(declaration)] < 0)
+    return;
+  Decl::gDeclaration const & one = item(declaration);
+  if (place.line == 0)
+    place = {static_cast<int>(one.line), static_cast<int>(one.column)};
+  if (int const made = parse_unit(text, place); made >= 0)
+    bind(declaration, made);
+}
+
 void gModernReader::File::bind(std::int32_t declaration, int unit) {
   std::int32_t const element = elements_.of[static_cast<std::size_t>(declaration)];
   if (element >= 0)
@@ -194,27 +235,16 @@ void gModernReader::File::bind(std::int32_t declaration, int unit) {
 
 void gModernReader::File::make_units() {
   for (auto & [declaration, words] : words_) {
-    gForeignText text = translate_comment(words.text, words.behind);
+    add_paragraph(words.text, words.parameters);
+    gForeignText text = translate_comment(words.text);
     if (!words.values.empty())
       text.text += " @values " + words.values;
     if (trimmed(text.text).empty())
       continue;
     std::string const unit =
         std::string(opening) + std::string(special) + text.text + std::string(closing);
-    for (std::size_t i = static_cast<std::size_t>(declaration); i < found_.items.size(); ++i) {
-      bool const first = i == static_cast<std::size_t>(declaration);
-      if (!first && found_.items[i].statement != declaration)
-        break;
-      if (!first && words_.contains(static_cast<std::int32_t>(i)))
-        continue;
-      Decl::gDeclaration const & one = found_.items[i];
-      gLinePlace const place =
-          words.place.line > 0 && first
-              ? words.place
-              : gLinePlace{static_cast<int>(one.line), static_cast<int>(one.column)};
-      if (int const made = parse_unit(unit, place); made >= 0)
-        bind(static_cast<std::int32_t>(i), made);
-    }
+    for (std::int32_t one : sharing(declaration, unit.size()))
+      make_unit(one, unit, one == declaration ? words.place : gLinePlace());
   }
 }
 

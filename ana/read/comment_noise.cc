@@ -1,0 +1,118 @@
+// Told by words. In doubt a comment is text: a remark too much is a smaller loss than a
+// description.
+#include "ana/read/comment_noise.h"
+
+#include <algorithm>
+#include <array>
+
+#include "vlb/gstring.h"
+
+namespace {
+
+constexpr auto npos = std::string_view::npos;
+
+bool contains_any(std::string_view text, std::initializer_list<std::string_view> words) {
+  return std::any_of(words.begin(), words.end(),
+                     [&](std::string_view word) { return text.find(word) != npos; });
+}
+
+std::string_view trimmed(std::string_view text) {
+  std::size_t const begin = std::min(text.find_first_not_of(" \t\n\r"), text.size());
+  return text.substr(begin, text.find_last_not_of(" \t\n\r") + 1 - begin);
+}
+
+std::string_view first_word(std::string_view text) {
+  std::size_t end = 0;
+  while (end < text.size() && Vlb::is_word(text[end]))
+    ++end;
+  return text.substr(0, end);
+}
+
+// "$Id$", "$Revision: 1.2 $": what a version control system fills in.
+bool is_version_mark(std::string_view words) {
+  if (!words.starts_with('$') || words.size() < 3 || !Vlb::is_letter(words[1]))
+    return false;
+  std::string_view const behind = words.substr(1 + first_word(words.substr(1)).size());
+  return behind.starts_with('$') ||
+         (behind.starts_with(':') && behind.substr(0, behind.find('\n')).find('$') != npos);
+}
+
+// "TODO: x", "FIXME(me) x"; "XXX" alone is often a placeholder.
+bool is_note_to_self(std::string_view words) {
+  std::string_view const word = first_word(words);
+  std::string_view const behind = words.substr(word.size());
+  bool const marked = behind.empty() || behind[0] == ':' || behind[0] == '(' || behind[0] == '!';
+  return word == "TODO" || word == "FIXME" || (word == "XXX" && marked);
+}
+
+bool ends_like_code(std::string_view line, bool pascal) {
+  constexpr std::string_view ends = ";{},)\\";
+  return pascal ? line.ends_with(';') || line.ends_with(',')
+                : ends.find(line.back()) != npos || line.front() == '#';
+}
+
+bool is_directive(std::string_view line) {
+  static constexpr std::array<std::string_view, 8> words = {"if",    "ifdef",  "ifndef", "else",
+                                                            "endif", "define", "undef",  "include"};
+  if (!line.starts_with('#'))
+    return false;
+  std::string_view const word = first_word(trimmed(line.substr(1)));
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+// A sentence may end with ";", too: a statement has signs, or is short.
+bool is_statement(std::string_view line, bool pascal) {
+  static constexpr std::array<std::string_view, 11> heads = {
+      "const", "unsigned", "static", "struct",    "extern", "typedef",
+      "using", "return",   "var",    "inherited", "virtual"};
+  bool const ends =
+      line.ends_with(';') || (!pascal && (line.ends_with('{') || line.ends_with('}')));
+  if (!ends)
+    return false;
+  bool const is_short = std::count(line.begin(), line.end(), ' ') < 2;
+  std::string_view const head = first_word(line);
+  return is_short || line.find_first_of("(=[*<>{}&") != npos ||
+         std::find(heads.begin(), heads.end(), head) != heads.end();
+}
+
+} // namespace
+
+bool is_licence(std::string_view words) {
+  return contains_any(words, {"opyright", "OPYRIGHT", "SPDX-License", "ermission is hereby granted",
+                              "General Public License", "distributed under"});
+}
+
+bool may_be_licence(std::string_view words) {
+  return is_licence(words) || contains_any(words, {"icense", "icence"});
+}
+
+bool has_words(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    return Vlb::is_letter(c) || Vlb::is_digit(c) || static_cast<unsigned char>(c) >= 0x80;
+  });
+}
+
+bool is_tool_switch(std::string_view words, bool pascal) {
+  static constexpr std::array<std::string_view, 14> heads = {
+      "NOLINT", "clang-format o", "cppcheck-", "IWYU pragma", "LINT.",
+      "lint -", "lint !",         "{{{",       "}}}",         "coverity[",
+      "-*-",    "vim:",           "NB: clang", "LCOV_EXCL"};
+  words = trimmed(words);
+  return std::any_of(heads.begin(), heads.end(),
+                     [&](std::string_view head) { return words.starts_with(head); }) ||
+         is_version_mark(words) || is_note_to_self(words) || (pascal && words.starts_with('$'));
+}
+
+bool is_dead_code(std::string_view words, bool pascal) {
+  std::string_view rest = trimmed(words), last;
+  while (!rest.empty()) {
+    std::string_view const line = trimmed(rest.substr(0, rest.find('\n')));
+    rest.remove_prefix(std::min(rest.find('\n'), rest.size() - 1) + 1);
+    if (line.empty())
+      continue;
+    if (!ends_like_code(line, pascal) && !is_directive(line))
+      return false;
+    last = line;
+  }
+  return !last.empty() && (is_statement(last, pascal) || (!pascal && is_directive(last)));
+}

@@ -1,0 +1,16 @@
+// Comments that say nothing to a reader of the documentation.
+#pragma once
+
+#include <string_view>
+
+// Words without opener and closer, as comment_text() gives them.
+
+// Whose code it is, and on what conditions.
+bool is_licence(std::string_view words);
+// A description may speak of licences, too: this one may be either.
+bool may_be_licence(std::string_view words);
+bool has_words(std::string_view text);
+// For a formatter, a checker or an editor, or a note of what is left to do.
+bool is_tool_switch(std::string_view words, bool pascal);
+// Code that is commented out: all lines end like code.
+bool is_dead_code(std::string_view words, bool pascal);
