@@ -96,7 +96,7 @@ void gDialog::changed(gPage & page, gField & field) {
     return;
   closing_ = false;
   // Where a list stands isn't part of what is stored.
-  if (field.kind != gField::Kind::list)
+  if (field.kind != gField::Kind::list && field.stored)
     changed_ = true;
   page.changed(field);
 }

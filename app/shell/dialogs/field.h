@@ -39,6 +39,7 @@ struct gField {
   int column = 0;        // of a list: where the user was last
   int low = 0, high = 0; // limits of a number; none if both are 0
   bool enabled = true;
+  bool stored = true;          // false for a combo that only picks what the other fields show
   std::string chooser_of = {}; // of a button: id of the field that it fills
   std::string tool_tip = {};   // tells what a button without a word on it does, too
   int mnemonic = -1;           // the position in `label` of the letter that picks the field

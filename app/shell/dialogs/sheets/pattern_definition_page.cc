@@ -51,14 +51,13 @@ cMapObj & gSpPage1::records(Kind const & kind) {
   return kind.is_pattern ? copy_.patterns() : copy_.subentries();
 }
 
-// Of the selected record, made where there are none. Null without a selection, and for a pattern
-// that can't have any.
-cRef<cObj> gSpPage1::keywords(Kind const & kind) {
+// The selected one, whose keywords can be changed. Null without a selection, and for a pattern that
+// has none.
+cRef<cObj> gSpPage1::record(Kind const & kind) {
   std::string const name = kind.names.cell();
   cRef<cObj> const record = records(kind).at(name);
-  if (!record || !record->map() || (kind.is_pattern && is_optional_pattern(name)))
-    return nullptr;
-  return (*record)["kwd"].force_type(cat::type_vector());
+  bool const none = !record || !record->map() || (kind.is_pattern && is_optional_pattern(name));
+  return none ? nullptr : record;
 }
 
 bool gSpPage1::exchange(bool store) {
@@ -81,7 +80,7 @@ void gSpPage1::show() {
 void gSpPage1::show(Kind & kind) {
   Shell::fill(kind.names, Shell::key_rows(cRef<cObj>::share(&records(kind))));
   std::string const name = kind.names.cell();
-  cRef<cObj> const list = keywords(kind);
+  cRef<cObj> const record = this->record(kind), list = record / "kwd";
   std::vector<gField::Row> rows;
   for (int i = 0; list && i < list->size(); ++i)
     rows.push_back({cat::as_string(list->at(i) / "0"), cat::as_string(list->at(i) / "1")});
@@ -90,7 +89,7 @@ void gSpPage1::show(Kind & kind) {
   Shell::fill(kind.keywords, std::move(rows));
   frame(kind.keywords.frame, fill_text("Keywords of %s", {name.empty() ? "..." : name}));
   kind.delete_name.enabled = !name.empty();
-  kind.new_keyword.enabled = list != nullptr;
+  kind.new_keyword.enabled = record != nullptr;
   kind.edit_keyword.enabled = kind.delete_keyword.enabled = list && kind.keywords.selected >= 0;
 }
 
@@ -156,16 +155,17 @@ void gSpPage1::make(Kind & kind) {
 
 // A new keyword has the position -1.
 void gSpPage1::edit_keyword(Kind & kind, int position) {
-  cRef<cObj> const list = keywords(kind);
-  if (!list || position >= list->size())
+  cRef<cObj> const record = this->record(kind);
+  if (!record || (position >= 0 && !(record / "kwd" / std::to_string(position))))
     return;
   std::string const holder = kind.names.cell();
   char const * const title = position < 0 ? "New Keyword for %s" : "Change Keyword for %s";
-  cRef<cObj> const pair = position < 0 ? nullptr : list->at(position);
+  cRef<cObj> const pair = record / "kwd" / std::to_string(position);
   gKwdDialog ask(fill_text(title, {holder}), copy_.tree(), {holder, position},
                  cat::as_string(pair / "0"), cat::as_string(pair / "1"));
   if (!Shell::show_dialog(ask))
     return;
+  cRef<cObj> const list = (*record)["kwd"].force_type(cat::type_vector());
   cRef<cObj> const entered = make_keyword(ask.keyword(), ask.separators());
   if (position < 0)
     list->append(entered);
@@ -193,9 +193,8 @@ void gSpPage1::remove(Kind & kind) {
 }
 
 void gSpPage1::remove_keyword(Kind & kind) {
-  cRef<cObj> const list = keywords(kind);
-  if (!list || kind.keywords.selected < 0)
+  cRef<cObj> const list = record(kind) / "kwd";
+  if (!list || !list->erase(std::to_string(kind.keywords.selected)))
     return;
-  list->erase(std::to_string(kind.keywords.selected));
   copy_changed();
 }

@@ -33,7 +33,7 @@ private:
   };
   Kind make_kind(bool is_pattern);
   cMapObj & records(Kind const & kind);
-  cRef<cObj> keywords(Kind const & kind);
+  cRef<cObj> record(Kind const & kind);
   void show(Kind & kind);
   void make(Kind & kind);
   void remove(Kind & kind);

@@ -12,6 +12,18 @@
 
 using namespace Vapp;
 
+namespace {
+
+// A record that lacks a key says the same as one with an empty value, so it stays as it is.
+template <class T> void keep(cObj & record, char const * key, T const & value) {
+  T now{};
+  cat::read(record.at(key), now);
+  if (now != value)
+    record[key] = cat::make(value);
+}
+
+} // namespace
+
 gSpPage2::gSpPage2(gPatternCopy & copy)
     : gPage("Properties", gContext::pattern_properties),
       copy_(copy),
@@ -25,6 +37,7 @@ gSpPage2::gSpPage2(gPatternCopy & copy)
       unassign_(add({.id = "unassign", .kind = gField::Kind::button})),
       attributes_(add({.id = "attributes", .kind = gField::Kind::list})),
       values_(add({.id = "values", .kind = gField::Kind::list})) {
+  pattern_.stored = false;
   pattern_.label = "Source pattern";
   frame("identifier", "Identifier");
   identifier_.frame = "identifier";
@@ -116,9 +129,9 @@ void gSpPage2::store_fields() {
   cRef<cObj> const record = this->record();
   if (!record)
     return;
-  (*record)["idspec"] = cat::make(std::max(identifier_.selected, 0));
-  (*record)["slspec"] = cat::make(length());
-  (*record)["slsep"] = cat::make(separator_.text);
+  keep(*record, "idspec", std::max(identifier_.selected, 0));
+  keep(*record, "slspec", length());
+  keep(*record, "slsep", separator_.text);
 }
 
 void gSpPage2::changed(gField & field) {

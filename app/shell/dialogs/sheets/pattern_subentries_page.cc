@@ -33,6 +33,7 @@ gSpPage3::gSpPage3(gPatternCopy & copy)
       add_(add({.id = "add", .kind = gField::Kind::button})),
       remove_(add({.id = "remove", .kind = gField::Kind::button})),
       subentries_(add({.id = "subentries", .kind = gField::Kind::list})) {
+  unit_type_.stored = false;
   unit_type_.label = "Unit type";
   for (gField * field : {&permitted_, &add_, &remove_, &subentries_})
     field->frame = "subentries";

@@ -7,11 +7,16 @@ namespace {
 
 TEST_F(Sheets, what_is_opened_and_taken_unchanged_changes_nothing) {
   Vapp::options.submap("ana").erase("dialect");
+  Vapp::options["ana"]["srcpat_unit"]["spt_class"]->erase("slsep");
+  Vapp::options["ana"]["srcpat_unit"]["spt_class"]->erase("kwd");
   std::string const before = to_json(Vapp::options), settings = to_json(Vapp::options_ini);
   for (char const * name : {"gAnaPre", "gDiaAnaopt", "gAnaAlloc", "gAnaSrcpat", "gOutOptions",
                             "gDiaMsgoptions", "gDiaExtraOpt", "gDefineAttr"}) {
     Sheet sheet(name, 99);
     EXPECT_EQ(sheet.dialog->page(), 0) << name;
+    for (auto const & page : sheet.dialog->pages())
+      for (gField & field : page->fields())
+        sheet.dialog->left(*page, field, {});
     sheet.dialog->apply();
     sheet.dialog->ok();
     EXPECT_TRUE(sheet.dialog->accepted()) << name;

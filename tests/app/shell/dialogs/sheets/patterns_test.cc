@@ -143,7 +143,10 @@ TEST_F(Patterns, optional_ones_come_with_their_options_and_have_no_keywords) {
 }
 
 TEST_F(Patterns, a_subject_line_needs_a_separator_behind_a_complex_identifier) {
-  on(properties).select("idspec", 2);
+  on(properties).select("pattern", 1);
+  user().select("pattern", 0);
+  EXPECT_FALSE(dialog->changed()) << "only another one was looked at";
+  user().select("idspec", 2);
   EXPECT_FALSE(user().at("slspec").enabled);
   user().check("exists", true);
   EXPECT_EQ(user().at("slspec").text, "1");
