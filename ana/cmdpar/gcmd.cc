@@ -131,6 +131,52 @@ void open_block(cRef<gDocUnit> const & unit, gLoc const & loc) {
   }
 }
 
+cRef<gDocUnit> headline_unit(gStrList const & text, gStrList const & toc_text, gLoc const & loc,
+                             cRef<gOutState> & state) {
+  auto unit = make_ref<gTextUnit>(gString(), loc.file(), loc.line());
+  unit->set_attr("UNITTYPE", "text");
+  clear_automatic_marks(*unit);
+  gStrList whole(gString("@hdltoc{"));
+  whole.append(toc_text);
+  whole.push_back(gString("}\n"));
+  whole.push_back(gString("@hdline{"));
+  whole.append(text);
+  whole.push_back(gString("}\n"));
+  unit->add_subentry("text", whole);
+  unit->expand_table(state);
+  return unit;
+}
+
+// Units by the files that declare them, in the order in which the files come first.
+struct gUnitsOfFile {
+  gPathstring path;
+  std::vector<cRef<gDocUnit>> units;
+};
+std::vector<gUnitsOfFile> by_files(std::vector<cRef<gDocUnit>> const & units) {
+  std::vector<gUnitsOfFile> files;
+  std::map<gPathstring, std::size_t> index;
+  for (cRef<gDocUnit> const & unit : units) {
+    gPathstring const & path = unit->code_loc().file().opath();
+    auto const [at, is_new] = index.try_emplace(path, files.size());
+    if (is_new)
+      files.push_back({path, {}});
+    files[at->second].units.push_back(unit);
+  }
+  return files;
+}
+
+// How much of the paths says nothing, since all begin with the same folders.
+std::size_t common_folders(std::vector<gUnitsOfFile> const & files) {
+  if (files.empty())
+    return 0;
+  std::string_view const first = files[0].path;
+  std::size_t common = first.rfind('/') + 1;
+  for (gUnitsOfFile const & file : files)
+    while (common > 0 && !std::string_view(file.path).starts_with(first.substr(0, common)))
+      common = first.substr(0, common - 1).rfind('/') + 1;
+  return common;
+}
+
 // Runs the commands of a block inside the unit of its class.
 void run_block(cRef<gDocUnit> const & unit, gString const & name, gCmdSeq & inner,
                cRef<gOutState> & state, gLoc const & loc) {
@@ -155,18 +201,7 @@ void restore_class_filter(gOutState & state) {
 } // namespace
 
 void gOutHdlCmd::execute(cRef<gOutState> & state) {
-  auto unit = make_ref<gTextUnit>(gString(), loc_.file(), loc_.line());
-  unit->set_attr("UNITTYPE", "text");
-  clear_automatic_marks(*unit);
-  gStrList text(gString("@hdltoc{"));
-  text.append(toc_text_);
-  text.push_back(gString("}\n"));
-  text.push_back(gString("@hdline{"));
-  text.append(text_);
-  text.push_back(gString("}\n"));
-  unit->add_subentry("text", text);
-  unit->expand_table(state);
-  gDocManager.add_unit(unit);
+  gDocManager.add_unit(headline_unit(text_, toc_text_, loc_, state));
 }
 
 void gOutUnitCmd::execute(cRef<gOutState> & state) {
@@ -177,8 +212,21 @@ void gOutUnitCmd::execute(cRef<gOutState> & state) {
 }
 
 void gOutFilterCmd::execute(cRef<gOutState> & state) {
-  for (cRef<gDocUnit> const & unit : selector_->select(*state))
-    gDocManager.add_unit(placed_copy(*unit, state));
+  std::vector<cRef<gDocUnit>> const units = selector_->select(*state);
+  if (!by_file_) {
+    for (cRef<gDocUnit> const & unit : units)
+      gDocManager.add_unit(placed_copy(*unit, state));
+    return;
+  }
+  std::vector<gUnitsOfFile> const files = by_files(units);
+  std::size_t const common = common_folders(files);
+  for (gUnitsOfFile const & file : files) {
+    gStrList const title(gString(file.path.substr(common)));
+    open_block(headline_unit(title, title, loc_, state), loc_);
+    for (cRef<gDocUnit> const & unit : file.units)
+      gDocManager.add_unit(placed_copy(*unit, state));
+    gDocManager.pop_unit();
+  }
 }
 
 void gOutClassCmd::execute(cRef<gOutState> & state) {

@@ -125,14 +125,18 @@ private:
   gLoc loc_;
 };
 
+// Places all units that the filters select; with `by_file` below a headline for the file that
+// declares them.
 class gOutFilterCmd : public gCmd {
 public:
-  gOutFilterCmd(gLoc const & loc, cRef<gUnitSelector> const & selector)
-      : loc_(loc),
+  gOutFilterCmd(bool by_file, gLoc const & loc, cRef<gUnitSelector> const & selector)
+      : by_file_(by_file),
+        loc_(loc),
         selector_(selector) {}
   void execute(cRef<gOutState> & state) override;
 
 private:
+  bool by_file_;
   gLoc loc_;
   cRef<gUnitSelector> selector_;
 };

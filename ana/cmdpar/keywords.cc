@@ -206,7 +206,7 @@ gCmdDefTable::gCmdDefTable() {
        "subtitle1", "subtitle2", "cell"},
       formals({text}));
   add({"fontsize", "fmt"}, formals({simple, text}));
-  add({"enumstyle", "numstyle", "b_table"}, formals({simple_opt}));
+  add({"enumstyle", "numstyle", "b_table", "outfilter"}, formals({simple_opt}));
   add({"hdline", "sub1", "sub2", "sub3"}, formals({text, text_opt}));
   add({"cref", "crefll"}, formals({list, text_opt}, {"wintype"}));
   add({"classhierarchy"}, formals({}, {"up", "down"}));

@@ -116,7 +116,7 @@ command: error { error(Msg::illegal_command); }
        | PATHFILTER params { $$ = path_filter($2); }
        | FILEFILTER place params { $$ = file_filter($3, $2); }
        | OUTUNIT place params { $$ = output_unit($3, $2); }
-       | OUTFILTER { $$ = output_all(cur_loc()); }
+       | OUTFILTER place params { $$ = output_all($3, $2); }
        | HDLINE place params { $$ = output_headline($3, $2); }
        | B_OUTCLASS block params commands E_OUTCLASS { $$ = class_block($3, $4, $2); }
        | B_OUTCLASSFILTER block commands E_OUTCLASSFILTER { $$ = class_filter_block($3, $2); }
