@@ -110,6 +110,11 @@ int specifiers_of(std::uint32_t marks) {
   return flags;
 }
 
+// Written within a class, but no members of it.
+bool is_guest(gKind kind) {
+  return kind == gKind::friend_ || kind == gKind::macro || kind == gKind::function_macro;
+}
+
 // Names grow with their scopes, so that what is nested deeper would cost more than its source.
 constexpr int most_scopes = 100;
 
@@ -212,7 +217,7 @@ void Elements::add_qualifier(gStrList & names, std::string_view qualifier) const
 // A function that is declared as a friend belongs to the scope around the class.
 gStrList Elements::names_of(gDeclaration const & one) const {
   std::int32_t scope = one.scope;
-  if (one.kind == gKind::friend_ || one.kind == gKind::macro || one.kind == gKind::function_macro)
+  if (is_guest(one.kind))
     while (scope >= 0 && (is_scope_of_members(item(scope).kind) || one.kind != gKind::friend_))
       scope = item(scope).scope;
   gStrList names;
@@ -326,8 +331,10 @@ void Elements::enter(std::size_t index) {
   parts->seclusion = scopes_[index].seclusion;
   if (std::string const what = signature(text_, found_, one, pascal_); !what.empty())
     parts->signature = make_ref<gString const>(what);
-  auto element = make_ref<gCodeElem>(gStrList(), file_, static_cast<int>(one.line), type, gString(),
-                                     gString(visibility_of(one.access)), specifiers_of(one.marks));
+  auto element =
+      make_ref<gCodeElem>(gStrList(), file_, static_cast<int>(one.line), type, gString(),
+                          gString(visibility_of(is_guest(one.kind) ? gAccess::none : one.access)),
+                          specifiers_of(one.marks));
   element->names = names_of(one);
   element->decl = std::move(text);
   element->column = static_cast<int>(one.column);

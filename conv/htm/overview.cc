@@ -42,8 +42,9 @@ std::string group_of(gUnitRecord const & unit, gKind const & kind) {
 
 // The groups as readers look for them; others stand behind these.
 constexpr std::string_view group_order[] = {
-    "enumerator", "constructor", "method", "static", "operator", "conversion", "property",
-    "event",      "signal",      "slot",   "member", "field",    "type",       "alias"};
+    "enumerator", "constructor", "method", "static",   "function", "operator", "friend",
+    "property",   "event",       "signal", "slot",     "member",   "enum",     "type",
+    "alias",      "concept",     "var",    "constant", "macro"};
 
 std::size_t rank_of_group(std::string_view group) {
   return static_cast<std::size_t>(std::ranges::find(group_order, group) - std::begin(group_order));
