@@ -5,6 +5,7 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/keywords.h"
+#include "ana/kind_attribute.h"
 #include "ana/parser/script/mdf_parse.h"
 #include "ana/parser/script/mpre_scan.h"
 #include "ana/progress.h"
@@ -119,9 +120,13 @@ gRunResult ana_thread(gRunInput input) {
   gStatusLine restore;
   gRunResult result;
   try {
+    if (input.modern)
+      add_kind_attribute(input);
     gInput.set(std::move(input));
     gFindings.reset();
     gUEKeywords.build_keywords(*gInput);
+    for (auto const & [name, title] : gInput->shown_subentries)
+      gVLAttributes.add_subentry(name, title);
     Msg::cur_errtaglist().reset();
     gCounters.units = 0;
     result.success = run_project();

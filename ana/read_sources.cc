@@ -25,14 +25,21 @@ bool read_text(gSrcFile const & file, std::string & text, gReportSink & reports)
   return false;
 }
 
+gString unit_type_of(gPatternInput const & pattern) {
+  for (auto const & [name, value] : pattern.attributes)
+    if (name == "UNITTYPE")
+      return value;
+  return {};
+}
+
 // The keywords that say that a comment is in the project's own mark-up.
-std::set<std::string, std::less<>> unit_words() {
-  std::set<std::string, std::less<>> words;
+std::map<std::string, gString, std::less<>> unit_words() {
+  std::map<std::string, gString, std::less<>> words;
   if (gInput->comments.foreign)
     return words; // all comments are those of other systems
   for (gPatternInput const & pattern : gInput->patterns)
     for (gKeywordInput const & keyword : pattern.keywords)
-      words.insert(keyword.first);
+      words.emplace(keyword.first, unit_type_of(pattern));
   return words;
 }
 

@@ -1,6 +1,8 @@
 // The store of the templates, and the two templates that need no script.
 #include "ana/anadat/gvlattributes.h"
 
+#include <algorithm>
+
 #include "ana/anadat/pieces.h"
 
 namespace {
@@ -56,6 +58,19 @@ void gTemplates::init() {
   unit.set("hdline", cat::make(pieces({"@hdltoc{", "$qname", "}\n", "@hdline{", "$qname", "}\n"})));
   unit.set("contents", cat::make(default_contents()));
   submap("table");
+}
+
+void gTemplates::add_subentry(std::string_view name, std::string_view title) {
+  cMapObj & unit = submap("unittpl").submap("UTPL_Default");
+  gString const key(name);
+  gStrList contents = list({"unittpl", "UTPL_Default", "contents"});
+  bool const there = std::any_of(contents.begin(), contents.end(),
+                                 [&](cRef<gString> const & piece) { return *piece == key; });
+  if (there)
+    return;
+  contents << Vlb::placeholder(gPiece::subentry) << key;
+  unit.set("contents", cat::make(contents));
+  unit.set(key, cat::make(gStrList(gString(title))));
 }
 
 void gTemplates::reset() {

@@ -14,6 +14,9 @@ public:
   // Goes back to the defaults alone.
   void reset() override;
 
+  // Adds a subentry at the end of UTPL_Default, unless it is there.
+  void add_subentry(std::string_view name, std::string_view title);
+
   // The value under a path such as {"unittpl", name, "hdline"}; null if it is unset.
   cRef<cObj> get(std::initializer_list<std::string_view> path) const;
   // The same as text or list; empty if it is unset.

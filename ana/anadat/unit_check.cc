@@ -50,6 +50,8 @@ void gDocUnit::update_from_code() {
   merge_attr("VISIBILITY", ce.visibility, Msg::visibility_differs);
   merge_attr("VIRTUALITY", ce.flags & spec_virtual ? "virtual" : "nonvirtual",
              Msg::virtuality_differs);
+  if (gInput->has_kinds && ce.kind != Decl::gKind::none)
+    merge_attr("KIND", gString(Decl::kind_word(ce.kind)), Msg::kind_differs);
   merge_text("@declaration", ce.decl);
   merge_text("@heritage", ce.heritage);
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "ana/comments/foreign_tags.h"
 #include "ana/comments/foreign_text.h"
 #include "ana/read/attach.h"
 #include "ana/read/attach_places.h"
@@ -61,13 +62,15 @@ private:
                       gCommentBlock const & block);
   void take_value(std::int32_t enumerator, std::string const & words);
   gLinePlace place_of(gCommentBlock const & block) const;
-  bool is_own(std::string_view words) const;
+  bool is_own(std::string_view words, gCommentBlock const & block, std::int32_t declaration) const;
+  bool is_foreign(std::string_view keyword, std::string_view rest, gString const & type,
+                  std::int32_t declaration) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
   void make_units();
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
   void make_unit(std::int32_t declaration, std::string const & text, gLinePlace place);
   void bind(std::int32_t declaration, int unit);
-  int parse_unit(std::string const & text, gLinePlace place);
+  int parse_unit(std::string const & text, gLinePlace place, bool own = false);
   void report_skipped();
   void add_includes(gStrList const & scope);
   gStrList scope_names(std::int32_t scope) const;
@@ -93,19 +96,40 @@ void gModernReader::File::read_declarations(Decl::gPascalContext const & context
   result_.declarations = elements_.elements.size();
 }
 
+// Some keywords are tags of other systems, too: "@class Name" with more lines below, and "@p name"
+// in front of what is no property.
+bool gModernReader::File::is_foreign(std::string_view keyword, std::string_view rest,
+                                     gString const & type, std::int32_t declaration) const {
+  if (!keyword.starts_with('@') || find_foreign_tag(keyword.substr(1)).kind == gTagKind::none)
+    return false;
+  std::int32_t const element =
+      declaration < 0 ? -1 : elements_.of[static_cast<std::size_t>(declaration)];
+  if (element >= 0 && unit_type_name(elements_.elements[static_cast<std::size_t>(element)]->type) !=
+                          std::string_view(type))
+    return true;
+  std::string_view const line = rest.substr(0, rest.find('\n'));
+  std::string_view const name = trimmed(line);
+  bool const one_word = !name.empty() && name.find_first_of(" \t.;") == name.npos;
+  return one_word && !trimmed(rest.substr(line.size())).empty();
+}
+
 // A keyword of the project's own mark-up begins the comment.
-bool gModernReader::File::is_own(std::string_view words) const {
+bool gModernReader::File::is_own(std::string_view words, gCommentBlock const & block,
+                                 std::int32_t declaration) const {
   std::size_t const begin = words.find_first_not_of(" \t\n");
   if (begin == words.npos || reader_.input_.unit_words.empty())
     return false;
   std::string_view const rest = words.substr(begin);
-  std::size_t end = rest.find_first_of(" \t\n:;,");
-  end = std::min(end, rest.size());
-  return reader_.input_.unit_words.contains(rest.substr(0, end));
+  std::string_view const keyword =
+      rest.substr(0, std::min(rest.find_first_of(" \t\n:;,"), rest.size()));
+  auto const found = reader_.input_.unit_words.find(keyword);
+  return found != reader_.input_.unit_words.end() &&
+         !(block.documenting &&
+           is_foreign(keyword, rest.substr(keyword.size()), found->second, declaration));
 }
 
 // Parses the text of one comment; the index of the unit that it makes, -1 if it makes none.
-int gModernReader::File::parse_unit(std::string const & text, gLinePlace place) {
+int gModernReader::File::parse_unit(std::string const & text, gLinePlace place, bool own) {
   gTextFacts & facts = result_.facts.text;
   std::size_t const before = facts.units.size();
   doc_parse & doc = reader_.doc_;
@@ -114,6 +138,8 @@ int gModernReader::File::parse_unit(std::string const & text, gLinePlace place) 
     doc.report_to(facts.reports);
     static gTakenNames const none;
     doc.read_into(facts, none, reader_.tables_);
+    if (!own)
+      doc.scanner().read_translated();
     doc.scanner().open_text(result_.facts.file, text, place.line);
     doc.parse();
   } catch (gExcFatalErr const & fault) {
@@ -128,7 +154,7 @@ int gModernReader::File::parse_unit(std::string const & text, gLinePlace place) 
 }
 
 void gModernReader::File::parse_own(gCommentBlock const & block, std::string const & words) {
-  parse_unit(std::string(opening) + words + std::string(closing), place_of(block));
+  parse_unit(std::string(opening) + words + std::string(closing), place_of(block), true);
 }
 
 gLinePlace gModernReader::File::place_of(gCommentBlock const & block) const {
@@ -170,7 +196,7 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
   bool const hidden =
       attachment.left_out == gLeftOut::in_code_out || attachment.left_out == gLeftOut::in_body;
   std::string words = comment_text(text_, block, found_.comments, pascal_);
-  if (!hidden && is_own(words))
+  if (!hidden && is_own(words, block, attachment.declaration))
     return parse_own(block, words);
   if (attachment.param >= 0)
     return take_parameter(attachment, words, block);
@@ -304,7 +330,7 @@ gModernFile gModernReader::File::read(gStrList const & scope,
 }
 
 gModernFile gModernReader::File::read_comment() {
-  parse_unit(std::string(opening) + std::string(text_) + std::string(closing), {1, 0});
+  parse_unit(std::string(opening) + std::string(text_) + std::string(closing), {1, 0}, true);
   return std::move(result_);
 }
 

@@ -2,7 +2,7 @@
 // belong together.
 #pragma once
 
-#include <set>
+#include <map>
 #include <string>
 
 #include "ana/anadat/gfilefacts.h"
@@ -11,8 +11,9 @@
 
 // What the reading of all files has in common.
 struct gModernInput {
-  Decl::gMacroTable macros;                      // of all inputs
-  std::set<std::string, std::less<>> unit_words; // a comment that begins with one is in own mark-up
+  Decl::gMacroTable macros; // of all inputs
+  // The keywords that begin a comment in own mark-up, with the type of unit that each opens.
+  std::map<std::string, gString, std::less<>> unit_words;
 };
 
 // A file that a Pascal source takes in, to be read as if it stood there.

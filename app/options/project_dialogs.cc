@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "app/options/attributes.h"
+#include "app/options/comment_subentries.h"
 #include "app/options/defaults.h"
 #include "app/options/options.h"
 #include "app/options/project.h"
@@ -121,6 +122,7 @@ bool gProject::create(gNewProject const & fields) {
   if (!ask_to_save())
     return false;
   load_defaults();
+  choose_modern(options);
   set_project_name(fields.path);
   options["inputcurdir"] = cat::make(fields.root);
   if (fields.groups)

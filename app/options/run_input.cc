@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/options/attributes.h"
+#include "app/options/comment_subentries.h"
 #include "app/options/completion.h"
 #include "app/options/defaults.h"
 #include "app/options/options.h"
@@ -166,16 +167,6 @@ void read_groups(Reader const & read, gRunInput & input) {
   });
 }
 
-// Every comment beside a declaration is a unit, whatever it begins with: the pattern of those that
-// begin with two stars serves.
-void permit_plain_units(gRunInput & input) {
-  constexpr char const * stars = "spt_2star";
-  bool const there = std::any_of(input.patterns.begin(), input.patterns.end(),
-                                 [](gPatternInput const & one) { return one.name == stars; });
-  if (!there)
-    input.patterns.push_back({.name = stars, .keywords = {}, .slsep = {}, .attributes = {}});
-}
-
 gRunInput run_input_of(cMapObj const & project) {
   Reader const read(project);
   gRunInput input;
@@ -193,9 +184,9 @@ gRunInput run_input_of(cMapObj const & project) {
   input.messages = message_input(read);
   read_groups(read, input);
   read_patterns(read, input);
-  if (input.modern)
-    permit_plain_units(input);
   read_attributes(read, input);
+  if (input.modern)
+    permit_comments(input);
   return input;
 }
 

@@ -82,6 +82,7 @@ struct gRunInput {
   gString cpp_ext, pas_ext;
   std::vector<gFileGroup> groups;
   bool modern = false;     // the dialect
+  bool has_kinds = false;  // the attribute KIND is what the readers say
   bool facts_line = false; // facts about units stand in the intermediate code
   gTextInput text;
   gCommentInput comments;
@@ -90,6 +91,8 @@ struct gRunInput {
   std::vector<gPatternInput> patterns;
   std::vector<gSubentryInput> subentries;
   std::set<std::string, std::less<>> subentry_names; // also of those without keywords
+  // Name and title of those that a unit shows without a word in the script, besides the usual ones.
+  std::vector<std::pair<gString, gString>> shown_subentries;
   gByName<gUnitConfig> unit_config;
   gByName<gByName<gString>> attributes; // output texts by attribute and value
   gByName<gCppMacro> macros;

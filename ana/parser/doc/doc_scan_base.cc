@@ -30,6 +30,7 @@ void doc_scan_base::reset() {
   auto_num_ = gInput->text.auto_num;
   auto_enum_ = gInput->text.auto_enum;
   start_on_par_ = gInput->text.start_on_par;
+  translated_ = false;
   in_table_ = at_entry_ = verbatim_ = in_subject_ = false;
   warn_linebreak_ = true;
   subject_lines_ = angle_depth_ = 0;
@@ -44,6 +45,11 @@ void doc_scan_base::reset() {
   star_keyword_ = marked_keyword(gUEKeywords.star_pattern());
   slash_keyword_ = marked_keyword(gUEKeywords.slash_pattern());
   gScanBase::reset();
+}
+
+void doc_scan_base::read_translated() {
+  auto_num_ = auto_enum_ = start_on_par_ = false;
+  translated_ = true;
 }
 
 int doc_scan_base::leave_for(int condition) {

@@ -17,6 +17,10 @@ public:
 
   void reset() override;
 
+  // For the next text alone: it is a translated comment. No line head begins an item, and a keyword
+  // has its "@": what the author wrote is no mark-up of ours.
+  void read_translated();
+
   // The value of the last token; the parser takes it over.
   Value & token_value() { return value_; }
   // The type of the unit that is being read, which decides what is verbatim.
@@ -147,6 +151,7 @@ private:
   bool auto_num_ = false;     // "-. " makes a numbered item
   bool auto_enum_ = false;    // "- " makes an item
   bool start_on_par_ = false; // keywords without "@" open units behind an empty line
+  bool translated_ = false;   // see read_translated
 
   bool in_table_ = false;      // between @b_table and @e_table: blanks and line ends are dropped
   bool at_entry_ = false;      // nothing of the subentry has been read yet

@@ -82,7 +82,8 @@ doc_scan_base::Candidate doc_scan_base::candidate() const {
 
 // Null if there is no such keyword of these kinds, or if its separators say otherwise.
 gKwd const * doc_scan_base::find_keyword(Candidate const & candidate, unsigned kinds) const {
-  if (candidate.word.empty() || candidate.word.size() > keywords_.longest)
+  if (candidate.word.empty() || candidate.word.size() > keywords_.longest ||
+      (translated_ && candidate.word[0] != '@'))
     return nullptr;
   auto const * found = gUEKeywords.lookup(candidate.word);
   if (!found || !(kinds & 1u << (*found)->kind))

@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <regex>
 
 #include "program.h"
 
@@ -155,6 +156,34 @@ TEST(conversion, quick_takes_what_it_is_given_and_no_more) {
                    " quick ../tree -o ../away");
   EXPECT_EQ(answer.status, 2) << answer.err;
   EXPECT_EQ(answer.err, "vellumar: The current folder is gone. Change into one that exists.\n");
+}
+
+// A new project knows what comments of other systems say, and takes no word of theirs for its own
+// mark-up.
+TEST(conversion, a_new_project_reads_what_quick_reads) {
+  Sandbox box;
+  box.write("tree/a.hpp", "/**\n * Does it.\n *\n * Parameter: none.\n * - an item\n *\n"
+                          " * Function f is one\n * @note Slow. @since 2\n * @throws Err if full\n"
+                          " * @retval 1 done\n */\nint f();\n"
+                          "/** @defgroup g The group\n * Text. */\n"
+                          "/** @class C\n * @bug Many. */\nclass C { public: int x;\n/** @p x is\n "
+                          "* it. */\nvoid g(int x); };\n"
+                          "enum e { e1 /**< one */ };\nextern int v;\n");
+  box.run("new p.vlp --script tmp/s.vls --out p --root tree --input '.|*.h*'");
+  box.run("quick tree -o q -q");
+  std::filesystem::copy_file(std::string(VELLUMAR_SOURCE_DIR) + "/ini/quick.vls",
+                             box.path("tmp/s.vls"));
+  EXPECT_EQ(box.run("analyze p.vlp --set ana/facts_line=true").status, 0);
+  auto const units = [&](std::string const & file) {
+    static std::regex const script("<pos><[^<>]*\\.vls>");
+    std::string const text = std::regex_replace(box.read(file), script, "");
+    return text.substr(std::min(text.find("@unit<"), text.size()));
+  };
+  std::string const quick = units("q/quick.atc");
+  EXPECT_EQ(units("p/s.atc"), quick);
+  for (char const * text :
+       {"@subtitle{Notes}", "Slow", "an item", "Many", "{e1}", "Parameter: none"})
+    EXPECT_NE(quick.find(text), std::string::npos) << text;
 }
 
 // Sources are never written over, whatever the folder is called and whoever leaves it out.

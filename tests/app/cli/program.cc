@@ -22,6 +22,7 @@ void Sandbox::make_project() const {
   write("doc.vls", "@document\n@outfilter\n");
   write("src/a.h", "/* @function Does it. @nix */\nvoid f();\n");
   run("new p.vlp --script doc.vls --out out --input 'src|*.h'");
+  run("set p.vlp ana/dialect=classic ana/alloc/gen_unit=11");
 }
 
 Answer Sandbox::run(std::string const & arguments) const {

@@ -16,7 +16,8 @@ public:
   Sandbox();
 
   bool exists(std::string const & name) const;
-  // A project "p.vlp" with a script, one source and the output folder "out".
+  // A project "p.vlp" with a script, one source and the output folder "out", in the classic
+  // dialect.
   void make_project() const;
   // Runs "vellumar ARGUMENTS" in the folder; the arguments go through the shell.
   Answer run(std::string const & arguments) const;
