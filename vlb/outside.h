@@ -33,6 +33,8 @@ public:
     gString name = {};    // the name offered, without its folder
     gString ext = {};     // added to a typed name that has none; without a point
     bool several = false; // of `open`: more than one file may be chosen
+    // Of `save`: whoever asks for the path has a question of its own for a file that exists.
+    bool caller_confirms = false;
   };
 
   // A dialog by the name of its class, such as "gDefineOutdir".

@@ -45,6 +45,7 @@ void gProject::load_defaults() {
 
 // The type of every stored value exists from the start, so nothing has to be made sure of here.
 void gProject::reset() {
+  sig_replaced();
   options.clear();
   build_defaults(options);
   ana_success = false;

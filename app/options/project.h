@@ -4,6 +4,7 @@
 #include <string>
 
 #include "store/cmapobj.h"
+#include "store/csignal.h"
 #include "vlb/gpathstring.h"
 
 namespace Vapp {
@@ -42,8 +43,9 @@ public:
   bool save();
   bool save_as();
   // Asks whether changes are to be saved, if there are any. False if the user wants that and it
-  // fails, so that the changes aren't lost.
-  bool ask_to_save();
+  // fails, or wants to stay, so that the changes aren't lost. With `may_cancel`, at the end of the
+  // program, he can stay by an answer of its own.
+  bool ask_to_save(bool may_cancel = false);
   // Lets the user choose a project until one loads; false when cancelled.
   bool open();
   // Loads a project that was named from outside, after the same question; if that fails, the user
@@ -54,6 +56,12 @@ public:
   // What happens at the start: init of all global objects and, if the user wants it and no project
   // was named, the last project.
   void start(bool project_named);
+
+  // Raised before the project is left: a slot that sets the flag to false keeps everything as it
+  // is, for a dialog with changes that aren't stored.
+  cSignal1<bool &> sig_leaving;
+  // Raised when the options are emptied for another project.
+  cSignal sig_replaced;
 
   void set_project_name(gPathstring const & path);
   void mark_modified();

@@ -88,12 +88,22 @@ bool gProject::save_as() {
   return good;
 }
 
-bool gProject::ask_to_save() {
-  if (!modified_)
+bool gProject::ask_to_save(bool may_cancel) {
+  bool go_on = true;
+  sig_leaving(go_on);
+  if (!go_on || !modified_)
+    return go_on;
+  gOutside::Question question{fill_text("Save changes in project '%s'?", {name_})};
+  question.cancel = may_cancel;
+  switch (Vlb::outside().ask(question)) {
+  case gOutside::Answer::yes:
+    return save();
+  case gOutside::Answer::no:
     return true;
-  auto const answer =
-      Vlb::outside().ask_yes_no(fill_text("Save changes in project '%s'?", {name_}));
-  return answer != gOutside::Answer::yes || save();
+  case gOutside::Answer::cancel:
+    break;
+  }
+  return !may_cancel;
 }
 
 bool gProject::open() {

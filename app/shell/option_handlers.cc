@@ -47,6 +47,11 @@ int gDefOutdir::OnUpdateCommand() {
   return Shell::project_open() && Shell::idle();
 }
 
+// The title is the project's.
+int fDefTitle::OnUpdateCommand() {
+  return Shell::project_open();
+}
+
 int gMsgOptions::OnUpdateCommand() {
   return Shell::project_open();
 }

@@ -61,6 +61,7 @@ public:
 class fDefTitle : public gDialogHandler {
 public:
   fDefTitle() : gDialogHandler("fDefineTitle") {}
+  int OnUpdateCommand() override;
 };
 
 class gAnaPre : public gAnaSheetHandler {

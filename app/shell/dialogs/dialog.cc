@@ -8,13 +8,17 @@
 #include <cctype>
 
 #include "app/options/project.h"
+#include "app/options/text_rules.h"
+#include "vlb/outside.h"
 
 // One event of the user; false while another one goes on, or when the dialog is closed.
 class gDialog::Event {
 public:
   explicit Event(gDialog & dialog) : dialog_(dialog), mine_(dialog.open_ && !dialog.busy_) {
-    if (mine_)
-      dialog_.busy_ = true;
+    if (!mine_)
+      return;
+    dialog_.busy_ = true;
+    dialog_.focus_.reset();
   }
   Event(Event const &) = delete;
   Event & operator=(Event const &) = delete;
@@ -57,7 +61,30 @@ void give_letters(gPage & page) {
 
 } // namespace
 
+// Hears what happens to the project.
+struct gDialog::Follower {
+  cFunctionSlot1<bool &, std::function<void(bool &)>> leaving;
+  cFunctionSlot<std::function<void()>> replaced;
+};
+
 gDialog::gDialog(std::string title, Apply apply) : title_(std::move(title)), apply_(apply) {}
+gDialog::~gDialog() = default;
+
+void gDialog::follow_project() {
+  auto const may_leave = [this](bool & go_on) {
+    if (go_on && open_ && changed_)
+      go_on = Vlb::outside().ask({Vapp::fill_text("The changes in the dialog '%s' are not stored.\n"
+                                                  "Discard them?",
+                                                  {title_}),
+                                  gOutside::Icon::exclamation, false, gOutside::Answer::no}) ==
+              gOutside::Answer::yes;
+  };
+  follower_ = std::make_unique<Follower>(
+      Follower{cFunctionSlot1<bool &, std::function<void(bool &)>>(may_leave),
+               cFunctionSlot<std::function<void()>>([this] { cancel(); })});
+  Vapp::project().sig_leaving.connect(follower_->leaving);
+  Vapp::project().sig_replaced.connect(follower_->replaced);
+}
 
 void gDialog::add(std::unique_ptr<gPage> page) {
   page->dialog_ = this;
@@ -109,7 +136,7 @@ void gDialog::left(gPage & page, gField & field, Target const & target) {
     closing_ = true;
   gField const * const to = target.kind == Target::Kind::field ? page.find(target.field) : nullptr;
   bool const own_chooser = to && !to->chooser_of.empty() && to->chooser_of == field.id;
-  if (!closing_ && !own_chooser && !page.rule(field))
+  if (!closing_ && !own_chooser && !page.rule(field) && !focus_)
     focus(page, field.id);
 }
 
@@ -135,7 +162,6 @@ void gDialog::key(gPage & page, gField & list, gListKey key) {
 
 bool gDialog::check_pages(bool apply) {
   closing_ = false;
-  focus_.reset();
   for (auto const & page : pages_)
     if (!page->check()) {
       if (!focus_)
@@ -185,6 +211,8 @@ void gDialog::close(bool accepted) {
 }
 
 void gDialog::update() {
-  if (on_update)
-    on_update();
+  // The window may destroy the dialog, and the function with it.
+  auto const tell = on_update;
+  if (tell)
+    tell();
 }

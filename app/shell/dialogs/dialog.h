@@ -29,7 +29,7 @@ public:
   };
 
   explicit gDialog(std::string title, Apply apply = Apply::no);
-  virtual ~gDialog() = default;
+  virtual ~gDialog();
   gDialog(gDialog const &) = delete;
   gDialog & operator=(gDialog const &) = delete;
 
@@ -40,6 +40,9 @@ public:
   virtual char const * ok_label() const { return "OK"; }
   virtual bool has_cancel() const { return true; }
 
+  // For a dialog that stays open beside other work: it closes when another project takes the place
+  // of this one, and changes that aren't stored are asked for before. Called before open().
+  void follow_project();
   // Fills all pages. Pages are added before.
   void open();
   bool is_open() const { return open_; }
@@ -88,6 +91,7 @@ protected:
 private:
   friend class gPage;
   class Event;
+  struct Follower;
   bool check_pages(bool apply);
   bool store_pages(bool apply);
   void close(bool accepted);
@@ -100,5 +104,6 @@ private:
   bool open_ = false, accepted_ = false, changed_ = false;
   bool busy_ = false;    // an event is being worked on, perhaps behind a box
   bool closing_ = false; // the focus went to Cancel
+  std::unique_ptr<Follower> follower_;
   cDeleteSignal gone_;
 };

@@ -7,6 +7,8 @@
 
 #include "app/shell/dialogs/host.h"
 #include "app/shell/dialogs/input_files.h"
+#include "app/shell/dialogs/map_files.h"
+#include "app/shell/dialogs/new_project.h"
 #include "app/shell/dialogs/output_folder.h"
 #include "app/shell/dialogs/sheets/analysis_dialog.h"
 #include "app/shell/dialogs/sheets/association_sheet.h"
@@ -35,6 +37,8 @@ template <class D> std::unique_ptr<gDialog> make() {
 // A row each, so that two changes seldom meet.
 Row const rows[] = {
     // clang-format off
+    {"gDefineNewvlp", make<gDefineNewvlp>},
+    {"gDiaHM", make<gDiaHM>},
     {"gDefineSrc", make<gDefineSrc>},
     {"gDefineOutdir", make<gDefineOutdir>},
     {"gAboutDialog", make<gAboutDialog>},
@@ -68,6 +72,7 @@ bool run_dialog(gOutside::Dialog const & dialog) {
     return false;
   if (!dialog.modeless)
     return dialog_host().show(*made);
+  made->follow_project();
   dialog_host().open(std::move(made), dialog.closed);
   return true;
 }

@@ -38,7 +38,7 @@ gFolderCheck ask_for_contents(gPathstring const & folder) {
 } // namespace
 
 gFolderCheck Shell::check_output_folder(gString const & typed, gPathstring const & base,
-                                        gProtectedPlaces const & places) {
+                                        gProtectedPlaces const & places, bool ask) {
   if (!Vapp::option_bool("warn_outdir"))
     return gFolderCheck::passed;
   gPathstring folder = gString(typed).wsp_rmright();
@@ -48,7 +48,7 @@ gFolderCheck Shell::check_output_folder(gString const & typed, gPathstring const
   if (gString const text = protected_folder_text(folder, places); !text.empty())
     return refuse(text);
   if (gFileSystem::dir_exists(folder))
-    return is_empty(folder) ? gFolderCheck::passed : ask_for_contents(folder);
+    return !ask || is_empty(folder) ? gFolderCheck::passed : ask_for_contents(folder);
   if (!gFileSystem::mk_dir(folder))
     return refuse(Vapp::fill_text("Could not create folder '%s'.", {folder}));
   return gFolderCheck::passed;
@@ -60,7 +60,7 @@ class Page : public gPage {
 public:
   Page()
       : gPage("", gContext::output_folder),
-        folder_(add({.id = "folder", .label = "Root folder for output files"})) {
+        folder_(add({.id = "folder", .label = std::string(Vapp::find_row("out_dir")->label)})) {
     add(chooser_button("choose", "folder", "Choose the output folder"));
   }
 
