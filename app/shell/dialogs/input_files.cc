@@ -13,6 +13,7 @@
 #include "app/shell/dialogs/file_group.h"
 #include "app/shell/dialogs/host.h"
 #include "app/shell/dialogs/put.h"
+#include "store/cerr.h"
 #include "store/ctypeobj.h"
 #include "vlb/outside.h"
 
@@ -178,6 +179,10 @@ private:
   }
 
   void test_files(gString const & paths, gString const & files) {
+    if (!files_.cur_dir(absolute_root())) {
+      cat::publish_error(1, "Folder does not exist: " + absolute_root());
+      return;
+    }
     {
       gWaitCursor const wait;
       files_.clear();
@@ -191,7 +196,6 @@ private:
     gFG_Dialog dialog(absolute_root(), group);
     dialog.test_files.connect(test_slot_);
     dialog.start_at(group ? field_of(list_.column) : gFG_Dialog::paths);
-    files_.cur_dir(absolute_root());
     if (!Shell::show_dialog(dialog))
       return nullptr;
     gString const paths = dialog.text(gFG_Dialog::paths), files = dialog.text(gFG_Dialog::files);

@@ -173,6 +173,11 @@ TEST_F(InputFiles, a_group_must_find_its_files) {
   user.press("new");
   EXPECT_EQ(heard.size(), 2u);
   EXPECT_EQ(user.at("groups").rows.size(), 3u);
+  user.type("root", "/no/where");
+  host.scripts = {group("", "*")};
+  user.press("new");
+  EXPECT_EQ(boxes(), "box: Folder does not exist: /no/where") << "no other folder is looked into";
+  EXPECT_EQ(user.at("groups").rows.size(), 3u);
 }
 
 TEST_F(InputFiles, chosen_paths_are_added_relative_to_the_root) {
