@@ -26,6 +26,7 @@ public:
   explicit Run(gRunOptions const & options) : options_(options) {
     start_.set_overwrite(options.overwrite_policy());
     start_.set_keep_folder(true);
+    start_.set_facts(false);
   }
 
   int analyze() {

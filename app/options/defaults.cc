@@ -126,6 +126,16 @@ void Vapp::build_ini_defaults(cMapObj & options_ini) {
   standard_entries(options_ini, gOptionTree::settings);
 }
 
+void Vapp::restore_wrong_settings(cMapObj & options_ini) {
+  for (gOptionRow const & row : option_rows()) {
+    std::string const key(key_of(row));
+    cRef<cObj> const standard = default_of(row);
+    cRef<cObj> const value = row.tree == gOptionTree::settings ? options_ini.at(key) : nullptr;
+    if (value && !fits(*value, *standard))
+      options_ini.set(key, standard);
+  }
+}
+
 cRef<cMapObj> Vapp::default_unit_config(std::string_view unit_type) {
   auto config = make_ref<cMapObj>();
   config->set("@description", cat::make(110));

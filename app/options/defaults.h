@@ -15,6 +15,8 @@ void restore_wrong_types(cMapObj & options);
 // file holds nothing of the machine it was saved on; build_defaults brings them back.
 void drop_default_paths(cMapObj & options);
 void build_ini_defaults(cMapObj & options_ini);
+// The same as restore_wrong_types for the settings; what is missing stays so.
+void restore_wrong_settings(cMapObj & options_ini);
 
 // The records that the completion fills in.
 cRef<cMapObj> default_unit_config(std::string_view unit_type);

@@ -53,6 +53,10 @@ public:
   bool open_file(gPathstring const & path);
   // Begins a new project; it isn't written yet. False if the changes of the one before are at risk.
   bool create(gNewProject const & fields);
+  // Begins a new project with the options of a project file, which stays as it is; the project gets
+  // a file of its own, in the folder and with the name of `path`, when it is saved. False if the
+  // file can't be read, or if the changes of the project before are at risk.
+  bool begin_from(gPathstring const & file, gPathstring const & path);
   // What happens at the start: init of all global objects and, if the user wants it and no project
   // was named, the last project.
   void start(bool project_named);

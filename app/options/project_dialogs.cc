@@ -73,8 +73,12 @@ gPathstring gProject::choose(bool save) const {
   gString folder;
   cat::read(options_ini.at("vlp_dir"), folder);
   if (save)
-    return Vlb::outside().choose_save(fill_text("Save project '%s'", {name_}), filter, "vlp",
-                                      folder);
+    return Vlb::outside().choose_one({.kind = gOutside::Choice::Kind::save,
+                                      .title = fill_text("Save project '%s'", {name_}),
+                                      .filter = filter,
+                                      .dir = folder,
+                                      .name = name_,
+                                      .ext = "vlp"});
   return Vlb::outside().choose_open("Open Project", filter, folder);
 }
 
@@ -142,6 +146,23 @@ bool gProject::create(gNewProject const & fields) {
   if (!fields.vls_file.empty())
     options["vls_file"] = cat::make(fields.vls_file);
   refresh_title();
+  clear_msgwindow();
+  mark_modified();
+  return true;
+}
+
+// Paths of the file are relative to where it lies.
+bool gProject::begin_from(gPathstring const & file, gPathstring const & path) {
+  if (!ask_to_save())
+    return false;
+  if (!load(file, false)) {
+    load_failed_box(file);
+    return false;
+  }
+  options["vls_file"] = cat::make(option_path("vls_file"));
+  set_project_name(path);
+  file_.clear();
+  options_ini["vlp_file"] = cat::make("");
   clear_msgwindow();
   mark_modified();
   return true;

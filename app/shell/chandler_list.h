@@ -12,6 +12,7 @@ class cMenuHandlerBase;
 struct gMenuEntry {
   enum Kind { menu, command, separator };
   Kind kind = menu;
+  gString name;        // of a command: its class
   gString label;       // "&" stands in front of the letter that picks it
   gString accelerator; // such as "Ctrl+O"; empty without one
   gString tool;        // name of its picture in the tool bar; empty if it isn't there

@@ -7,6 +7,7 @@
 #include "app/shell/option_handlers.h"
 #include "app/shell/out_handlers.h"
 #include "app/shell/project_handlers.h"
+#include "app/shell/quick_handlers.h"
 #include "app/shell/run_handlers.h"
 #include "store/cfactory.h"
 
@@ -18,6 +19,7 @@ template <class D> struct Entry : cFactoryEntry<cMenuHandlerBase, D> {
 };
 
 Entry<gVlpNew> const vlp_new("gVlpNew");
+Entry<gVlpQuick> const vlp_quick("gVlpQuick");
 Entry<gVlpOpen> const vlp_open("gVlpOpen");
 Entry<gVlpSave> const vlp_save("gVlpSave");
 Entry<gVlpSaveAs> const vlp_save_as("gVlpSaveAs");
@@ -39,6 +41,7 @@ Entry<gAnaBreakHandler> const ana_break("gAnaBreakHandler");
 Entry<gOutHTML> const out_html("gOutHTML");
 Entry<gOutRTF> const out_rtf("gOutRTF");
 Entry<gOutHLP> const out_hlp("gOutHLP");
+Entry<gOpenResult> const open_result("gOpenResult");
 Entry<gOutBreakHandler> const out_break("gOutBreakHandler");
 Entry<gVappHelp> const vapp_help("gVappHelp");
 
@@ -62,6 +65,11 @@ void cMenuHandlerBase::Insert(cHandlerList * list, cHandler * parent) {
 void cMenuHandlerBase::Remove() {
   if (list_)
     list_->remove(this);
+}
+
+int cMenuHandlerBase::OnGetMessageString(CString & text) {
+  text = message_;
+  return !message_.empty();
 }
 
 std::unique_ptr<cMenuHandlerBase> make_handler(std::string_view name) {

@@ -25,14 +25,22 @@ public:
 
   CString const & GetParameters() const { return parameters_; }
 
+  int OnGetMessageString(CString & text) override;
+  // What OnGetMessageString answers: the menu file tells it.
+  void SetMessageString(CString const & text) { message_ = text; }
+
 private:
   CString parameters_;
+  CString message_;
   cHandlerList * list_ = nullptr;
 };
 
 // A command by the name of its class; null if there is none.
 std::unique_ptr<cMenuHandlerBase> make_handler(std::string_view name);
 
-// Builds the menu of a list from a file. Entries whose class doesn't exist are left out. False if
-// the file can't be read; the list is then as it was.
+// A label as plain text: without the "&" and the dots at its end.
+CString plain_label(std::string_view label);
+
+// Builds the menu of a list from a file. Entries whose class doesn't exist are left out, and told
+// in one line of the log. False if the file can't be read; the list is then as it was.
 bool CreateMenuFromFile(cHandlerList * list, char const * path);

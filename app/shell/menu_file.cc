@@ -3,11 +3,12 @@
 //   menu LABEL          begins a menu inside the current one, up to its "end"
 //   end
 //   -                   a separator
-//   HANDLER | LABEL | PARAMETER | ACCELERATOR | PICTURE
+//   HANDLER | LABEL | PARAMETER | ACCELERATOR | PICTURE | WHAT IT DOES
 // A command may leave out fields from the right.
 
 #include "app/shell/cmenu_handler.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
 
 namespace {
 
@@ -35,6 +36,8 @@ public:
     while (!text.empty())
       line(next_field(text, '\n'));
   }
+  // Names that are no commands, with ", " between them.
+  gString const & unknown() const { return unknown_; }
   std::vector<gMenuEntry> take() { return std::move(root_.entries); }
 
 private:
@@ -76,15 +79,21 @@ private:
   }
 
   void command(std::string_view text) {
-    std::unique_ptr<cMenuHandlerBase> handler = make_handler(next_field(text, '|'));
-    if (!handler)
+    gString const name = next_field(text, '|');
+    std::unique_ptr<cMenuHandlerBase> handler = make_handler(name);
+    if (!handler) {
+      Vlb::add_shown(unknown_ += unknown_.empty() ? "" : ", ", name);
       return;
+    }
     gMenuEntry & entry = add(gMenuEntry::command);
+    entry.name = name;
     entry.handler = handler.get();
     entry.label = next_field(text, '|');
     gString const parameters = next_field(text, '|');
     entry.accelerator = next_field(text, '|');
     entry.tool = next_field(text, '|');
+    gString const message = next_field(text, '|');
+    handler->SetMessageString(message.empty() ? plain_label(entry.label) : message);
     handler.release()->Create(parameters, &list_, &list_);
   }
 
@@ -92,9 +101,19 @@ private:
   gMenuEntry root_;
   std::vector<gMenuEntry *> open_; // the menus around the line, the root first
   std::size_t joined_ = 0;
+  gString unknown_;
 };
 
 } // namespace
+
+CString plain_label(std::string_view label) {
+  CString text;
+  for (std::size_t i = 0; i < label.size(); ++i)
+    if (label[i] != '&' || (i > 0 && label[i - 1] == '&'))
+      text += label[i];
+  text.erase(text.find_last_not_of(" .") + 1);
+  return text;
+}
 
 bool CreateMenuFromFile(cHandlerList * list, char const * path) {
   std::string text;
@@ -104,5 +123,8 @@ bool CreateMenuFromFile(cHandlerList * list, char const * path) {
   MenuReader reader(*list);
   reader.read(text);
   list->set_menu(reader.take());
+  if (!reader.unknown().empty())
+    Msg::log() << "Unknown commands of the menu are left out: " << reader.unknown() << " (" << path
+               << ")" << std::endl;
   return true;
 }

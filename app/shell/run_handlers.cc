@@ -30,7 +30,15 @@ int gAnaStart::OnCommand() {
     return 1;
   show_msgwindow(true);
   started_ = true;
-  gRun::start(Vapp::run_input(), [this] { end_folder(); });
+  gRunInput input = Vapp::run_input();
+  if (facts_ && !Vapp::option({"ana", "facts_line"}))
+    input.facts_line = true;
+  gRun::start(
+      std::move(input), [this] { end_folder(); },
+      [this](gRunResult const & result) {
+        if (finished_)
+          finished_(result.success);
+      });
   return 1;
 }
 

@@ -1,6 +1,7 @@
 // Commands that start and stop an analysis.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "ana/ana_start.h"
@@ -22,12 +23,20 @@ public:
   gOutputFolder * folder() const { return folder_.get(); }
   // Whether the lock is given up at the end of the run; else it holds for conversions too.
   void set_keep_folder(bool keep) { keep_folder_ = keep; }
+  // Whether the intermediate code tells converters what a project that says nothing about it keeps
+  // to itself.
+  void set_facts(bool facts) { facts_ = facts; }
+  // Called behind a run on the thread of the starter, with its success; another worker may be
+  // started there.
+  void set_finished(std::function<void(bool)> finished) { finished_ = std::move(finished); }
 
 private:
   void end_folder();
 
   gOverwrite overwrite_ = gOverwrite::ask;
   bool keep_folder_ = false;
+  bool facts_ = true;
+  std::function<void(bool)> finished_;
   bool started_ = false; // a worker has known this
   std::unique_ptr<gOutputFolder> folder_;
 };

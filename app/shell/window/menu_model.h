@@ -26,9 +26,6 @@ struct gMenuItem {
   bool operator==(gMenuItem const &) const = default;
 };
 
-// A label as plain text: without the "&" and the dots at its end.
-std::string plain_label(std::string_view label);
-
 class gMenuModel {
 public:
   // The entries of the list's menu file, with those that are built in. Names stay valid as long as

@@ -32,7 +32,5 @@ namespace Shell {
 
 // A command line in its arguments: blanks part them, double quotes keep blanks. Ten at most.
 std::vector<std::string> split_command(std::string_view line);
-// The "file://" address of an absolute path, with "%" and two digits for what can't stand there.
-std::string file_url(std::string const & path);
 
 } // namespace Shell

@@ -17,10 +17,15 @@ public:
   int Run(std::function<int()> const & loop);
   // True if the loop should come back at once.
   bool OnIdle() { return frame_.idle(); }
-  // Writes the settings. Behind the window's end.
-  void ExitInstance();
+  // Writes the settings, behind the window's end. False if they can't be written.
+  bool ExitInstance();
+
+  // Where the help map lies: beside the program.
+  static gPathstring help_map();
 
 private:
+  void open_first(std::string const & file);
+
   gVappFrame & frame_;
   gFrameView & view_;
 };

@@ -80,6 +80,8 @@ public:
 
 private:
   void take_messages();
+  void show_messages(bool show);
+  void refresh();
   void run_built_in(gBuiltIn entry);
   void leave();
   void help_finder();
@@ -93,29 +95,5 @@ private:
   gHelp help_;
   cSlot<gVappFrame> help_slot_;
   bool closing_ = false; // a run is being stopped, the window goes behind it
-};
-
-// The part of the port that needs no window system: reports and status go to the queue of the
-// frame, help and pages to the browser. Boxes, choosers and dialogs are left.
-class gFrameOutside : public gOutside {
-public:
-  gFrameOutside(gVappFrame & frame, gFrameView & view) : frame_(frame), view_(view) {}
-
-  void title(gString const & text) override;
-  void status(gString const & text) override;
-  void report(Msg::type type, gString const & line) override;
-  void take_report(gReport const & report, gString const & line) override;
-  void log_line(Msg::type type, gString const & line) override;
-  void show_msgwindow(bool show) override;
-  void clear_msgwindow() override;
-  bool open_url(gString const & url) override;
-  // Shows the help itself, and leaves all other dialogs to the window.
-  bool dialog(Dialog const & dialog) override;
-
-protected:
-  virtual bool show_dialog(Dialog const & dialog) = 0;
-
-private:
-  gVappFrame & frame_;
-  gFrameView & view_;
+  bool asking_ = false;  // the user is being asked about the exit
 };

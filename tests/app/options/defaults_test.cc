@@ -68,7 +68,13 @@ TEST(Settings, KeepTheirStartValuesWhereTheFileIsSilent) {
   EXPECT_FALSE(Vapp::load_settings(&reason));
   EXPECT_TRUE(reason.starts_with(folder.path("ini/vellumar.ini:2: "))) << reason;
   Vapp::set_program_dir(folder.path("ini/vellumar.ini"));
+  setenv("XDG_CONFIG_HOME", folder.path("own").c_str(), 1);
+  EXPECT_TRUE(Vapp::save_settings()) << "each user has a folder of his own";
+  EXPECT_NE(folder.read("own/vellumar/vellumar.ini").find("\"vlp_last\": false"),
+            std::string::npos);
+  setenv("XDG_CONFIG_HOME", folder.path("ini/vellumar.ini").c_str(), 1);
   EXPECT_FALSE(Vapp::save_settings()) << "a folder that can't be made";
+  unsetenv("XDG_CONFIG_HOME");
   Vapp::options_ini = kept;
   Vapp::set_program_dir(before);
 }

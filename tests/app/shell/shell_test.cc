@@ -64,7 +64,7 @@ protected:
 TEST_F(Shell, commands_are_enabled_by_the_state_of_project_and_workers) {
   std::string const always = " gExtraOpt gVappHelp";
   std::string const open = " gVlpSave gOpenVLS fDefTitle gDefSrc gDefAttr gMsgOptions";
-  std::string const quiet = " gVlpNew gVlpOpen";
+  std::string const quiet = " gVlpNew gVlpOpen gVlpQuick";
   std::string const open_quiet = " gVlpSaveAs gDefOutdir gOutOptions gAnaStart";
   std::string const sheets = " gAnaPre gAnaopt gAnaAlloc gAnaSrcpat";
   struct {

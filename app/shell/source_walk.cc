@@ -1,6 +1,6 @@
 // The walk keeps its own stack: a tree may be deeper than the machine's.
 
-#include "app/cli/source_walk.h"
+#include "app/shell/source_walk.h"
 
 #include <algorithm>
 #include <filesystem>
