@@ -42,9 +42,8 @@ gPathstring failed_log() {
 
 int run(Arguments const & arguments, gCommandContext & context) {
   gQuickProject project = project_of(arguments, context);
-  if (!load_built_in(context) ||
-      !project.find_sources(Vapp::option_string("ana/cpp_ext") + "; " +
-                            Vapp::option_string("ana/pas_ext")))
+  if (!load_built_in(context) || !project.find_sources(Vapp::option_string("ana/cpp_ext") + "; " +
+                                                       Vapp::option_string("ana/pas_ext")))
     return exit_refused;
   project.fill_project();
   int const status = run_project(arguments.run, {"htm"}, context);

@@ -1,5 +1,5 @@
-// Where the program's folder is shared by all users, and so closed to them, each has a settings file
-// of his own; the shipped defaults stay beside the program.
+// Where the program's folder is shared by all users, and so closed to them, each has a settings
+// file of his own; the shipped defaults stay beside the program.
 
 #include "app/options/settings.h"
 

@@ -105,8 +105,7 @@ std::vector<std::string> Shell::browser_command(std::string const & shell_comman
 }
 
 bool gHelpBrowser::open(std::string const & url) {
-  return desktop_.start(
-      Shell::browser_command(desktop_.shell_command("open", ".htm"), url));
+  return desktop_.start(Shell::browser_command(desktop_.shell_command("open", ".htm"), url));
 }
 
 void gHelp::request(Command command, int context) {

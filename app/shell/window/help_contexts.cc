@@ -12,14 +12,15 @@ struct Row {
   int context;
 };
 
-constexpr Row rows[] = {
-    {"gVlpNew", 100},     {"gDefOutdir", 101}, {"gDefSrc", 102},     {"fDefTitle", 104},
-    {"gOutHM", 105},      {"about", 114},      {"gAnaPre", 200},     {"gAnaopt", 210},
-    {"gAnaAlloc", 220},   {"gAnaSrcpat", 230}, {"gOutOptions", 240}, {"gMsgOptions", 250},
-    {"gExtraOpt", 260},   {"gDefAttr", 270},   {"gVlpQuick", 301},   {"gVlpOpen", 302},
-    {"gVlpSave", 303},    {"gVlpSaveAs", 303}, {"gOpenVLS", 304},    {"gAnaStart", 310},
-    {"gOutHTML", 311},    {"gOutRTF", 311},    {"gOutHLP", 311},     {"gOpenResult", 312},
-    {"gAnaBreakHandler", 313}, {"gOutBreakHandler", 313}, {"messages", 320}};
+constexpr Row rows[] = {{"gVlpNew", 100},          {"gDefOutdir", 101},       {"gDefSrc", 102},
+                        {"fDefTitle", 104},        {"gOutHM", 105},           {"about", 114},
+                        {"gAnaPre", 200},          {"gAnaopt", 210},          {"gAnaAlloc", 220},
+                        {"gAnaSrcpat", 230},       {"gOutOptions", 240},      {"gMsgOptions", 250},
+                        {"gExtraOpt", 260},        {"gDefAttr", 270},         {"gVlpQuick", 301},
+                        {"gVlpOpen", 302},         {"gVlpSave", 303},         {"gVlpSaveAs", 303},
+                        {"gOpenVLS", 304},         {"gAnaStart", 310},        {"gOutHTML", 311},
+                        {"gOutRTF", 311},          {"gOutHLP", 311},          {"gOpenResult", 312},
+                        {"gAnaBreakHandler", 313}, {"gOutBreakHandler", 313}, {"messages", 320}};
 
 } // namespace
 

@@ -1,5 +1,5 @@
-// The file says which commands there are; that one can leave, see the tool bar and learn the version
-// must not depend on it.
+// The file says which commands there are; that one can leave, see the tool bar and learn the
+// version must not depend on it.
 
 #include "app/shell/window/menu_model.h"
 
@@ -15,14 +15,14 @@ struct BuiltInEntry {
   bool checkable;
 };
 
-constexpr BuiltInEntry exit_entry = {gBuiltIn::exit, "exit", "E&xit", "Ctrl+Q",
+constexpr BuiltInEntry exit_entry = {gBuiltIn::exit,     "exit", "E&xit", "Ctrl+Q",
                                      "Ends the program", false};
 constexpr BuiltInEntry view_entries[] = {
     {gBuiltIn::tool_bar, "tool_bar", "&Toolbar", "", "Shows or hides the tool bar", true},
     {gBuiltIn::status_bar, "status_bar", "&Status Bar", "", "Shows or hides the status bar", true},
     {gBuiltIn::messages, "messages", "&Messages", "Ctrl+M", "Shows or hides the messages", true}};
-constexpr BuiltInEntry about_entry = {gBuiltIn::about, "about", "&About Vellumar...", "",
-                                      "Shows the version of the program", false};
+constexpr BuiltInEntry about_entry = {
+    gBuiltIn::about, "about", "&About Vellumar...", "", "Shows the version of the program", false};
 
 gMenuItem separator() {
   gMenuItem item;

@@ -165,8 +165,7 @@ void gVappFrame::close() {
   }
   asking_ = true;
   bool const stop = Vlb::outside().ask_yes_no("The documentation is still being made.\n\n"
-                                              "Stop and close Vellumar?") ==
-                    gOutside::Answer::yes;
+                                              "Stop and close Vellumar?") == gOutside::Answer::yes;
   asking_ = false;
   if (!stop)
     return;

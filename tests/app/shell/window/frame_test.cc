@@ -143,7 +143,8 @@ TEST_F(Frame, KeepsDamagedSettingsAndRepairsWrongTypes) {
   EXPECT_TRUE(Vapp::option_bool("vlp_last"));
   EXPECT_TRUE(vapp->ExitInstance());
   EXPECT_EQ(folder.read("ini/vellumar.ini.bad"), "{\"vlp_last\": ");
-  folder.write("ini/vellumar.ini", R"({"vlp_last": {}, "srclink_editor_cmd": [1], "vlp_file": []})");
+  folder.write("ini/vellumar.ini",
+               R"({"vlp_last": {}, "srclink_editor_cmd": [1], "vlp_file": []})");
   ASSERT_TRUE(start());
   EXPECT_EQ(shown(), "");
   EXPECT_EQ(cat::as_string(Vapp::options_ini.at("srclink_editor_cmd")), "notepad.exe");
@@ -254,10 +255,11 @@ TEST_F(Frame, AsksBeforeItGoesWithChanges) {
 TEST_F(Frame, StopsARunBeforeItGoes) {
   ASSERT_TRUE(start(project("p.vlp")));
   Vapp::ana_active = true;
-  Shell::start_worker({.work = [] {
-                         while (!Vapp::user_break)
-                           std::this_thread::yield();
-                       },
+  Shell::start_worker({.work =
+                           [] {
+                             while (!Vapp::user_break)
+                               std::this_thread::yield();
+                           },
                        .finished = [] { Vapp::ana_active = false; }});
   view->take_calls();
   outside->user().answers = {"no", "yes"};

@@ -4,12 +4,16 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <regex>
 #include <thread>
 
 #include "app/options/options.h"
+#include "app/shell/cmenu_handler.h"
 #include "app/shell/file_url.h"
 #include "app/shell/window/desktop_entry.h"
+#include "app/shell/window/help_contexts.h"
 #include "app/shell/window/source_link.h"
+#include "store/cfactory.h"
 #include "support/temp_folder.h"
 #include "test_frame.h"
 
@@ -23,9 +27,7 @@ public:
     before_ = old ? std::optional<std::string>(old) : std::nullopt;
     setenv(name, value.c_str(), 1);
   }
-  ~Variable() {
-    before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_);
-  }
+  ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
 
 private:
   char const * name_;
@@ -70,6 +72,34 @@ TEST(HelpMap, LeadsFromNumbersToPages) {
                               "\n5: ERROR: 1234 other.htm\n");
 }
 
+std::string text_of(std::string const & path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A dialog that was added without a word in the help, and a page that has lost a part.
+TEST(HelpMap, HasAPartOfAPageForEveryDialogAndCommand) {
+  std::string const root = VELLUMAR_SOURCE_DIR "/";
+  gHelpMap map(root + "doc/htm/vellmr.map");
+  std::set<int> numbers;
+  std::string const contexts = text_of(root + "app/shell/dialogs/context.h");
+  std::regex const number("= (\\d+)");
+  for (std::sregex_iterator at(contexts.begin(), contexts.end(), number), end; at != end; ++at)
+    numbers.insert(std::stoi((*at)[1]));
+  EXPECT_EQ(numbers.erase(0), 1u);
+  for (cRepositoryEntry const & entry : cRepoImpl::get(typeid(cMenuHandlerBase)))
+    numbers.insert(help_context(entry.name));
+  EXPECT_GT(numbers.size(), 30u);
+  for (int const context : numbers) {
+    std::string const url = map.find(context);
+    std::size_t const hash = url.find('#');
+    ASSERT_TRUE(url.starts_with("file://") && hash != url.npos) << context;
+    EXPECT_NE(text_of(url.substr(7, hash - 7)).find(" id=\"" + url.substr(hash + 1) + "\""),
+              std::string::npos)
+        << context << ": " << url;
+  }
+}
+
 TEST(Help, FallsBackToTheContentsAndTellsWhenNothingCanShowIt) {
   TempFolder const folder;
   TestOutside outside;
@@ -79,8 +109,8 @@ TEST(Help, FallsBackToTheContentsAndTellsWhenNothingCanShowIt) {
   help.request(gHelp::Command::context, 6);
   help.request(gHelp::Command::index);
   std::string const base = "browser|" + Shell::file_url(folder.path(""));
-  EXPECT_EQ(desktop.started, (std::vector<std::string>{base + "five.htm", base + "index.htm",
-                                                       base + "index.htm"}));
+  EXPECT_EQ(desktop.started,
+            (std::vector<std::string>{base + "five.htm", base + "index.htm", base + "index.htm"}));
   EXPECT_EQ(outside.shown.size(), 0u);
   desktop.programs.clear();
   help.request(gHelp::Command::contents);
@@ -113,8 +143,7 @@ TEST(UserDesktop, FindsTheBrowserOfTheUser) {
   Variable const none("BROWSER", "");
   gUserDesktop desktop;
   EXPECT_EQ(desktop.shell_command("open", ".htm"), "");
-  std::filesystem::permissions(folder.write("bin/xdg-open", ""),
-                               std::filesystem::perms::owner_all);
+  std::filesystem::permissions(folder.write("bin/xdg-open", ""), std::filesystem::perms::owner_all);
   EXPECT_EQ(desktop.shell_command("open", ".htm"), "xdg-open \"%1\"");
   folder.write("shared/applications/mimeinfo.cache",
                "[MIME Cache]\ntext/html=gone.desktop;two.desktop;\n");
@@ -122,9 +151,8 @@ TEST(UserDesktop, FindsTheBrowserOfTheUser) {
                "[Desktop Entry]\nName=Two\nExec = two --class=%c %% %i \"%U\"\n"
                "[Desktop Action x]\nExec=wrong\n");
   EXPECT_EQ(desktop.shell_command("open", ".htm"), "two --class= %  \"%1\"");
-  folder.write("config/mimeapps.list",
-               "[Added Associations]\ntext/html=two.desktop\n"
-               "[Default Applications]\r\ntext/html=one.desktop\r\n");
+  folder.write("config/mimeapps.list", "[Added Associations]\ntext/html=two.desktop\n"
+                                       "[Default Applications]\r\ntext/html=one.desktop\r\n");
   folder.write("data/applications/one.desktop", "[Desktop Entry]\nExec=one %f\n");
   EXPECT_EQ(desktop.shell_command("open", ".html"), "one %1");
   EXPECT_EQ(desktop.shell_command("open", ".txt"), "");

@@ -93,8 +93,8 @@ TEST(MessageQueue, TakesLinesOfManyThreadsInTheirOrder) {
   for (int number = 0; number < 4; ++number)
     threads.emplace_back([&queue, number] {
       for (int i = 0; i < each; ++i) {
-        queue.report({Msg::undefined_file_group, std::to_string(i),
-                      {"f" + std::to_string(number), i}});
+        queue.report(
+            {Msg::undefined_file_group, std::to_string(i), {"f" + std::to_string(number), i}});
         queue.status(std::to_string(i));
       }
     });

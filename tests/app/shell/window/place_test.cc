@@ -49,11 +49,13 @@ TEST(RunProgress, GuessesTheRestOnceThereIsEnoughToGoBy) {
   EXPECT_FALSE(progress.busy());
   EXPECT_EQ(text("Analyzing program code... 0%", 0s), "Analyzing program code 0%");
   EXPECT_EQ(text("Analyzing program code... 50%", 1s), "Analyzing program code 50%") << "too early";
-  EXPECT_EQ(text("Analyzing program code... 60%", 6s), "Analyzing program code 60%, about 5 s left");
+  EXPECT_EQ(text("Analyzing program code... 60%", 6s),
+            "Analyzing program code 60%, about 5 s left");
   EXPECT_EQ(progress.remaining(start + 8s), 2s) << "time goes on between two percents";
   EXPECT_EQ(progress.remaining(start + 100s), 1s);
   EXPECT_EQ(text("Checking documentation... 2%", 200s), "Checking documentation 2%");
-  EXPECT_EQ(text("Checking documentation... 4%", 210s), "Checking documentation 4%, about 8 min left");
+  EXPECT_EQ(text("Checking documentation... 4%", 210s),
+            "Checking documentation 4%, about 8 min left");
   EXPECT_EQ(text("Checking documentation... 100%", 220s), "Checking documentation 100%");
   EXPECT_EQ(text("100%", 230s), " 100%");
   EXPECT_EQ(text("12345678901234567890%", 230s), "12345678901234567890%");
