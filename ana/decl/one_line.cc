@@ -93,12 +93,36 @@ private:
     else if (cpp_ && c == '#' && line_head_)
       directive();
     else if (!cpp_ && c == '{')
-      skip_to(behind("}", at_ + 1));
+      braces();
     else if (!cpp_ && starts("(*"))
       skip_to(behind("*)", at_ + 2));
     else
       return false;
     return true;
+  }
+
+  // The word of a directive such as "{$ifdef X}" in lower case; empty for a comment.
+  std::string switch_word(std::size_t open) const {
+    std::string word;
+    if (text_.substr(open).starts_with("{$"))
+      for (std::size_t at = open + 2; at < text_.size() && is_word(text_[at]); ++at)
+        word += static_cast<char>(text_[at] | 0x20);
+    return word;
+  }
+
+  // A comment, or a directive: again the first of the branches is shown.
+  void braces() {
+    std::string word = switch_word(at_);
+    skip_to(behind("}", at_ + 1));
+    if (!word.starts_with("else"))
+      return;
+    for (int depth = 1; depth > 0 && at_ < text_.size();) {
+      at_ = std::min(text_.find("{$", at_), text_.size());
+      word = switch_word(at_);
+      bool const ends = word == "endif" || word == "ifend" || word == "endc";
+      depth += ends ? -1 : word.starts_with("if") ? 1 : 0;
+      skip_to(behind("}", at_));
+    }
   }
 
   // The next line feed that no backslash of C continues.

@@ -28,6 +28,9 @@ TEST(OneLine, OfCpp) {
 TEST(OneLine, OfPascal) {
   EXPECT_EQ(line("procedure { a } X(* b *)( // c\n s: string = ' { '' } ')", gSyntax::pascal),
             "procedure X (s: string = ' { '' } ')");
+  EXPECT_EQ(
+      line("X(a: {$ifdef Q}B{$else}{$IFDEF R}C{$ELSE}D{$ENDIF} E{$endif}; c: d)", gSyntax::pascal),
+      "X(a: B ; c: d)");
 }
 
 TEST(OneLine, Names) {
