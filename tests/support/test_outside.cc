@@ -51,7 +51,7 @@ std::vector<gString> TestOutside::choose(Choice const & choice) {
 bool TestOutside::dialog(Dialog const & dialog) {
   shown.push_back("dialog: " + dialog.name);
   last_dialog = dialog;
-  return answer() == Answer::yes;
+  return on_dialog ? on_dialog(dialog) : answer() == Answer::yes;
 }
 
 void TestOutside::title(gString const & text) {

@@ -27,6 +27,8 @@ public:
   std::vector<std::string> reports;
   std::vector<std::string> log_lines;
   std::vector<std::string> statuses;
+  // Shows dialogs, where a test has some; without it the answers do.
+  std::function<bool(Dialog const &)> on_dialog;
   // Called on every status text; a test breaks the run from here.
   std::function<void(std::string const &)> on_status;
 

@@ -279,7 +279,10 @@ class gDefineSrc::OfOptions : public Page {
       stored.changed();
       written = true;
     }
-    return Shell::put(Vapp::options, "inputcurdir", cat::make(root)) || written;
+    // A root that was never chosen stays that of the project, wherever this is moved to.
+    bool const untouched =
+        Vapp::option_string("inputcurdir").empty() && root == Shell::project_or_program_folder();
+    return (!untouched && Shell::put(Vapp::options, "inputcurdir", cat::make(root))) || written;
   }
 };
 
