@@ -7,6 +7,9 @@
 // and the conversion to HTML.
 class gVlpQuick : public cMenuHandlerBase {
 public:
+  // What would follow the run doesn't, where this goes before its end.
+  ~gVlpQuick() override { start_.set_finished({}); }
+
   int OnCommand() override;
   int OnUpdateCommand() override;
 

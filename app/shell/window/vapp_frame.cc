@@ -143,14 +143,17 @@ void gVappFrame::refresh() {
 }
 
 bool gVappFrame::idle() {
-  bool const ended = Shell::collect_worker();
+  Shell::collect_worker();
   take_messages();
   refresh();
-  if (closing_ && ended) {
+  if (closing_ && Shell::idle()) {
     closing_ = false;
     leave();
     return false;
   }
+  // The end of a run may have begun something else.
+  if (closing_)
+    Vapp::user_break = true;
   bool const wanted = sig_idle().isconnected();
   sig_idle()();
   return wanted;

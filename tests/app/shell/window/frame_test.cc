@@ -252,15 +252,22 @@ TEST_F(Frame, AsksBeforeItGoesWithChanges) {
   EXPECT_FALSE(Vapp::project().modified());
 }
 
-TEST_F(Frame, StopsARunBeforeItGoes) {
+void work_until_break() {
+  while (!Vapp::user_break)
+    std::this_thread::yield();
+}
+
+void begin_conversion() {
+  Vapp::ana_active = false;
+  Vapp::user_break = false;
+  Vapp::output_active = true;
+  Shell::start_worker({.work = work_until_break, .finished = [] { Vapp::output_active = false; }});
+}
+
+TEST_F(Frame, StopsARunAndWhatFollowsItBeforeItGoes) {
   ASSERT_TRUE(start(project("p.vlp")));
   Vapp::ana_active = true;
-  Shell::start_worker({.work =
-                           [] {
-                             while (!Vapp::user_break)
-                               std::this_thread::yield();
-                           },
-                       .finished = [] { Vapp::ana_active = false; }});
+  Shell::start_worker({.work = work_until_break, .finished = begin_conversion});
   view->take_calls();
   outside->user().answers = {"no", "yes"};
   frame->close();
@@ -275,6 +282,7 @@ TEST_F(Frame, StopsARunBeforeItGoes) {
       << "nothing is asked again while it stops";
   wait();
   EXPECT_TRUE(view->calls.ends_with(" close"));
+  EXPECT_TRUE(Vapp::user_break);
 }
 
 TEST_F(Frame, DocumentsAFolderAndKeepsTheProject) {
