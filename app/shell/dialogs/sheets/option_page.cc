@@ -69,6 +69,17 @@ gField::Kind kind_of(gOptionRow const & row) {
   return is_number(row) ? gField::Kind::number : gField::Kind::text;
 }
 
+// The help of a row without the manual's mark-up and its links to other pages.
+std::string tool_tip_of(gOptionRow const & row) {
+  std::string tip(row.help);
+  for (std::size_t link; (link = tip.find(", see [")) != tip.npos;)
+    tip.erase(link, tip.find(')', link) + 1 - link);
+  std::erase(tip, '`');
+  if (!tip.empty())
+    tip[0] = Vlb::upper(tip[0]);
+  return tip;
+}
+
 } // namespace
 
 cMapObj & gOptionPage::tree_of(gOptionRow const & row) {
@@ -78,6 +89,7 @@ cMapObj & gOptionPage::tree_of(gOptionRow const & row) {
 gField & gOptionPage::field_of(gOptionRow const & row, std::string const & frame) {
   gField & field = add({.id = std::string(row.path), .kind = kind_of(row)});
   field.label = row.label;
+  field.tool_tip = tool_tip_of(row);
   field.frame = frame;
   field.rows = labels_of(row);
   if (field.kind == gField::Kind::number) {
@@ -179,5 +191,7 @@ bool gOptionPage::rule(gField & field) {
     return gPage::rule(field);
   gCheck const refusal = check_limits(*row, *cat::make(field.text));
   field.text = cleaned(row->rule, field.text);
+  if (refusal && row->rule == gTextRule::report_numbers)
+    return refuse(field, "Please enter numbers of messages, separated by commas.");
   return refusal ? refuse(field, refusal->message) : true;
 }

@@ -60,6 +60,11 @@ TEST_F(Sheets, numbers_have_limits_and_a_dialect_is_chosen_by_its_name) {
     EXPECT_EQ(shown(), "");
   }
   EXPECT_EQ(sheet.user.rows("ana/dialect"), "Classic/Modern");
+  EXPECT_EQ(sheet.user.at("ana/dialect").tool_tip,
+            "How sources are read. Empty is the same as classic");
+  EXPECT_EQ(sheet.user.at("ana/facts_line").tool_tip,
+            "Each unit of the intermediate code has a line that tells kind, whole name and the "
+            "parts of the declaration. build and quick switch it on");
   sheet.user.select("ana/dialect", 1);
   sheet.user.check("ana/auto_num", false);
   sheet.dialog->ok();
@@ -137,10 +142,14 @@ TEST_F(Sheets, messages_are_told_to_the_sink_at_once) {
     EXPECT_EQ(sheet.user.focus(), "msg/err_max");
   }
   sheet.user.type("msg/err_max", "12");
+  sheet.user.type("msg/suppress", "105, x");
+  sheet.dialog->ok();
+  EXPECT_EQ(shown(), "box: Please enter numbers of messages, separated by commas.");
+  sheet.user.type("msg/suppress", "105, 320");
   sheet.user.select("msg/lvl_disp", 3);
   sheet.dialog->ok();
   EXPECT_EQ(shown(), "marked");
-  EXPECT_EQ(stored("msg"), R"({"err_max":12,"lvl_disp":4,"lvl_file":5,"suppress":""})");
+  EXPECT_EQ(stored("msg"), R"({"err_max":12,"lvl_disp":4,"lvl_file":5,"suppress":"105, 320"})");
   EXPECT_EQ(Msg::log.err_max, 12);
   Sheet again("gDiaMsgoptions");
   EXPECT_EQ(again.user.at("msg/err_max").text, "12");
