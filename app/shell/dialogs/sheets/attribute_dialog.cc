@@ -74,7 +74,6 @@ bool Page::exchange(bool store) {
   if (store)
     return copy_.store();
   copy_.read();
-  attributes_.selected = 0;
   show();
   return false;
 }

@@ -21,7 +21,7 @@ std::vector<gField::Row> Shell::key_rows(cRef<cObj> const & map) {
 
 void Shell::fill(gField & list, std::vector<gField::Row> rows) {
   list.rows = std::move(rows);
-  list.selected = std::min(list.selected, static_cast<int>(list.rows.size()) - 1);
+  list.selected = std::min(std::max(list.selected, 0), static_cast<int>(list.rows.size()) - 1);
 }
 
 void Shell::select(gField & list, std::string const & name) {

@@ -12,7 +12,8 @@ cRef<cMapObj> working_copy(cRef<cObj> const & value);
 
 // The keys of a map, as rows of one cell.
 std::vector<gField::Row> key_rows(cRef<cObj> const & map);
-// Fills a list. The selection stays at its place, or goes to the last row where there are fewer.
+// Fills a list. The selection stays at its place, or goes to the last row where there are fewer; a
+// list with rows has one.
 void fill(gField & list, std::vector<gField::Row> rows);
 // Selects the row with that text in its first cell; none if there is no such row.
 void select(gField & list, std::string const & name);

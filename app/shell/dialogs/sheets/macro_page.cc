@@ -40,7 +40,6 @@ bool gDiaPreCppmacros::exchange(bool store) {
   if (store)
     return Shell::put(options, "cppmacros", macros_->clone());
   macros_ = Shell::working_copy(options.at("cppmacros"));
-  names_.selected = 0;
   show();
   return false;
 }

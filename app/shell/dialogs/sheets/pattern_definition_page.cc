@@ -10,41 +10,50 @@
 
 using namespace Vapp;
 
+// The keywords of each kind stand beside its names.
 gSpPage1::gSpPage1(gPatternCopy & copy, std::function<void()> show_all)
     : gPage("Definition", gContext::pattern_definition),
       copy_(copy),
       show_all_(std::move(show_all)),
-      patterns_(make_kind(true)),
-      subentries_(make_kind(false)) {}
+      patterns_{.is_pattern = true},
+      subentries_{.is_pattern = false} {
+  for (Kind * kind : {&patterns_, &subentries_})
+    add_names(*kind);
+  for (Kind * kind : {&patterns_, &subentries_})
+    add_keywords(*kind);
+  patterns_.keywords->place = gField::Place::column;
+}
 
-gSpPage1::Kind gSpPage1::make_kind(bool is_pattern) {
-  std::string const kind = is_pattern ? "pattern" : "subentry", keyword = kind + "_keyword";
-  std::string const name = is_pattern ? "source pattern" : "subentry";
-  frame(kind, is_pattern ? "Source patterns" : "Subentries");
-  frame(keyword, "");
-  auto const list = [&](std::string const & id, std::string const & frame,
-                        std::vector<std::string> const & titles) -> gField & {
-    return add({.id = id, .kind = gField::Kind::list, .frame = frame, .titles = titles});
-  };
-  auto const button = [&](std::string const & id, char const * label, std::string const & frame,
-                          std::string const & tip) -> gField & {
-    return add({.id = id,
-                .kind = gField::Kind::button,
-                .label = label,
-                .frame = frame,
-                .tool_tip = tip + name});
-  };
-  std::string const of = " keyword of the ";
-  Kind const made = {is_pattern,
-                     list(is_pattern ? "patterns" : "subentries", kind, {"Name"}),
-                     button(kind + "_new", "New...", kind, "New "),
-                     button(kind + "_delete", "Delete", kind, "Delete the "),
-                     list(keyword + "s", keyword, {"Keyword", "Separators"}),
-                     button(keyword + "_new", "New...", keyword, "New" + of),
-                     button(keyword + "_edit", "Edit...", keyword, "Change the" + of),
-                     button(keyword + "_delete", "Delete", keyword, "Delete the" + of)};
-  made.new_name.place = made.new_keyword.place = gField::Place::column;
-  return made;
+gField * gSpPage1::add_list(std::string const & id, std::string const & frame,
+                            std::vector<std::string> const & titles) {
+  return &add({.id = id, .kind = gField::Kind::list, .frame = frame, .titles = titles});
+}
+
+gField * gSpPage1::add_button(std::string const & id, char const * label, std::string const & frame,
+                              std::string const & tip) {
+  return &add(
+      {.id = id, .kind = gField::Kind::button, .label = label, .frame = frame, .tool_tip = tip});
+}
+
+void gSpPage1::add_names(Kind & kind) {
+  std::string const id = kind.is_pattern ? "pattern" : "subentry";
+  std::string const name = kind.is_pattern ? "source pattern" : "subentry";
+  frame(id, kind.is_pattern ? "Source patterns" : "Subentries");
+  kind.names = add_list(kind.is_pattern ? "patterns" : "subentries", id, {"Name"});
+  kind.new_name = add_button(id + "_new", "New...", id, "New " + name);
+  kind.new_name->place = gField::Place::column;
+  kind.delete_name = add_button(id + "_delete", "Delete", id, "Delete the " + name);
+}
+
+void gSpPage1::add_keywords(Kind & kind) {
+  std::string const id = kind.is_pattern ? "pattern_keyword" : "subentry_keyword";
+  std::string const of = kind.is_pattern ? " of the source pattern" : " of the subentry";
+  frame(id, "");
+  kind.keywords = add_list(id + "s", id, {"Keyword", "Separators"});
+  kind.new_keyword = add_button(id + "_new", "New...", id, "New keyword" + of);
+  kind.new_keyword->place = gField::Place::column;
+  kind.edit_keyword = add_button(id + "_edit", "Edit...", id, "Change the keyword" + of);
+  kind.delete_keyword = add_button(id + "_delete", "Delete", id, "Delete the keyword" + of);
 }
 
 cMapObj & gSpPage1::records(Kind const & kind) {
@@ -54,7 +63,7 @@ cMapObj & gSpPage1::records(Kind const & kind) {
 // The selected one, whose keywords can be changed. Null without a selection, and for a pattern that
 // has none.
 cRef<cObj> gSpPage1::record(Kind const & kind) {
-  std::string const name = kind.names.cell();
+  std::string const name = kind.names->cell();
   cRef<cObj> const record = records(kind).at(name);
   bool const none = !record || !record->map() || (kind.is_pattern && is_optional_pattern(name));
   return none ? nullptr : record;
@@ -67,7 +76,6 @@ bool gSpPage1::exchange(bool store) {
   }
   // This page is the first, and reads for all.
   copy_.read();
-  patterns_.names.selected = subentries_.names.selected = 0;
   show();
   return false;
 }
@@ -78,19 +86,19 @@ void gSpPage1::show() {
 }
 
 void gSpPage1::show(Kind & kind) {
-  Shell::fill(kind.names, Shell::key_rows(cRef<cObj>::share(&records(kind))));
-  std::string const name = kind.names.cell();
+  Shell::fill(*kind.names, Shell::key_rows(cRef<cObj>::share(&records(kind))));
+  std::string const name = kind.names->cell();
   cRef<cObj> const record = this->record(kind), list = record / "kwd";
   std::vector<gField::Row> rows;
   for (int i = 0; list && i < list->size(); ++i)
     rows.push_back({cat::as_string(list->at(i) / "0"), cat::as_string(list->at(i) / "1")});
   if (kind.is_pattern && is_optional_pattern(name))
     rows = {{optional_pattern_text(name), ""}};
-  Shell::fill(kind.keywords, std::move(rows));
-  frame(kind.keywords.frame, fill_text("Keywords of %s", {name.empty() ? "..." : name}));
-  kind.delete_name.enabled = !name.empty();
-  kind.new_keyword.enabled = record != nullptr;
-  kind.edit_keyword.enabled = kind.delete_keyword.enabled = list && kind.keywords.selected >= 0;
+  Shell::fill(*kind.keywords, std::move(rows));
+  frame(kind.keywords->frame, fill_text("Keywords of %s", {name.empty() ? "..." : name}));
+  kind.delete_name->enabled = !name.empty();
+  kind.new_keyword->enabled = record != nullptr;
+  kind.edit_keyword->enabled = kind.delete_keyword->enabled = list && kind.keywords->selected >= 0;
 }
 
 void gSpPage1::copy_changed() {
@@ -104,15 +112,15 @@ void gSpPage1::changed(gField &) {
 
 void gSpPage1::pressed(gField & button) {
   for (Kind * kind : {&patterns_, &subentries_}) {
-    if (&button == &kind->new_name)
+    if (&button == kind->new_name)
       make(*kind);
-    else if (&button == &kind->delete_name)
+    else if (&button == kind->delete_name)
       remove(*kind);
-    else if (&button == &kind->new_keyword)
+    else if (&button == kind->new_keyword)
       edit_keyword(*kind, -1);
-    else if (&button == &kind->edit_keyword)
-      edit_keyword(*kind, kind->keywords.selected);
-    else if (&button == &kind->delete_keyword)
+    else if (&button == kind->edit_keyword)
+      edit_keyword(*kind, kind->keywords->selected);
+    else if (&button == kind->delete_keyword)
       remove_keyword(*kind);
   }
 }
@@ -123,15 +131,15 @@ void gSpPage1::activated(gField & list, int) {
 
 void gSpPage1::key(gField & list, gListKey key) {
   for (Kind * kind : {&patterns_, &subentries_}) {
-    bool const names = &list == &kind->names;
-    if (!names && &list != &kind->keywords)
+    bool const names = &list == kind->names;
+    if (!names && &list != kind->keywords)
       continue;
     if (key == gListKey::insert)
-      pressed(names ? kind->new_name : kind->new_keyword);
+      pressed(names ? *kind->new_name : *kind->new_keyword);
     else if (key == gListKey::remove)
-      pressed(names ? kind->delete_name : kind->delete_keyword);
+      pressed(names ? *kind->delete_name : *kind->delete_keyword);
     else if (!names)
-      edit_keyword(*kind, kind->keywords.selected);
+      edit_keyword(*kind, kind->keywords->selected);
   }
 }
 
@@ -149,7 +157,7 @@ void gSpPage1::make(Kind & kind) {
     return;
   records(kind).set(ask.text(), pattern ? new_unit_pattern() : new_subentry());
   copy_changed();
-  Shell::select(kind.names, ask.text());
+  Shell::select(*kind.names, ask.text());
   show();
 }
 
@@ -158,7 +166,7 @@ void gSpPage1::edit_keyword(Kind & kind, int position) {
   cRef<cObj> const record = this->record(kind);
   if (!record || (position >= 0 && !(record / "kwd" / std::to_string(position))))
     return;
-  std::string const holder = kind.names.cell();
+  std::string const holder = kind.names->cell();
   char const * const title = position < 0 ? "New Keyword for %s" : "Change Keyword for %s";
   cRef<cObj> const pair = record / "kwd" / std::to_string(position);
   gKwdDialog ask(fill_text(title, {holder}), copy_.tree(), {holder, position},
@@ -172,12 +180,12 @@ void gSpPage1::edit_keyword(Kind & kind, int position) {
   else
     list->map()->set(cKey(position), entered);
   copy_changed();
-  kind.keywords.selected = position < 0 ? list->size() - 1 : position;
+  kind.keywords->selected = position < 0 ? list->size() - 1 : position;
   show();
 }
 
 void gSpPage1::remove(Kind & kind) {
-  std::string const name = kind.names.cell();
+  std::string const name = kind.names->cell();
   // These come and go with their options.
   if (name.empty() || (kind.is_pattern && is_optional_pattern(name)))
     return;
@@ -194,7 +202,7 @@ void gSpPage1::remove(Kind & kind) {
 
 void gSpPage1::remove_keyword(Kind & kind) {
   cRef<cObj> const list = record(kind) / "kwd";
-  if (!list || !list->erase(std::to_string(kind.keywords.selected)))
+  if (!list || !list->erase(std::to_string(kind.keywords->selected)))
     return;
   copy_changed();
 }

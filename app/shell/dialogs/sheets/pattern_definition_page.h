@@ -23,15 +23,16 @@ private:
   // Patterns and subentries have the same fields and differ in texts and rules.
   struct Kind {
     bool is_pattern;
-    gField & names;
-    gField & new_name;
-    gField & delete_name;
-    gField & keywords;
-    gField & new_keyword;
-    gField & edit_keyword;
-    gField & delete_keyword;
+    gField *names = nullptr, *new_name = nullptr, *delete_name = nullptr;
+    gField *keywords = nullptr, *new_keyword = nullptr;
+    gField *edit_keyword = nullptr, *delete_keyword = nullptr;
   };
-  Kind make_kind(bool is_pattern);
+  void add_names(Kind & kind);
+  void add_keywords(Kind & kind);
+  gField * add_list(std::string const & id, std::string const & frame,
+                    std::vector<std::string> const & titles);
+  gField * add_button(std::string const & id, char const * label, std::string const & frame,
+                      std::string const & tip);
   cMapObj & records(Kind const & kind);
   cRef<cObj> record(Kind const & kind);
   void show(Kind & kind);

@@ -70,9 +70,8 @@ cRef<cObj> gSpPage2::record() const {
 
 bool gSpPage2::exchange(bool store) {
   if (!store) {
-    pattern_.selected = attributes_.selected = 0;
-    show();
     read_attributes();
+    show();
   }
   return false;
 }

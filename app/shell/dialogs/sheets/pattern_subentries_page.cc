@@ -47,7 +47,6 @@ gSpPage3::gSpPage3(gPatternCopy & copy)
 bool gSpPage3::exchange(bool store) {
   if (store)
     return copy_.store_config();
-  unit_type_.selected = 0;
   show();
   return false;
 }
