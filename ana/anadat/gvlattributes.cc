@@ -35,15 +35,15 @@ gStrList pieces(std::initializer_list<char const *> texts) {
   return list;
 }
 
-} // namespace
-
-gStrList gTemplates::make_default_contents() {
+gStrList default_contents() {
   gStrList contents(Vlb::placeholder(gPiece::headline));
   for (char const * word :
        {"@sline", "@description", "@declaration", "@heritage", "@parameter", "@return", "@comment"})
     contents << Vlb::placeholder(gPiece::subentry) << gString(word);
   return contents;
 }
+
+} // namespace
 
 void gTemplates::init() {
   cMapObj & section = submap("secttpl").submap("STPL_Default");
@@ -70,7 +70,8 @@ void gTemplates::add_subentry(std::string_view name, std::string_view title) {
     return;
   contents << Vlb::placeholder(gPiece::subentry) << key;
   unit.set("contents", cat::make(contents));
-  unit.set(key, cat::make(gStrList(gString(title))));
+  if (!title.empty())
+    unit.set(key, cat::make(gStrList(gString(title))));
 }
 
 void gTemplates::reset() {

@@ -14,7 +14,8 @@ public:
   // Goes back to the defaults alone.
   void reset() override;
 
-  // Adds a subentry at the end of UTPL_Default, unless it is there.
+  // Adds a subentry at the end of UTPL_Default, unless it is there. Without a title its text stands
+  // alone.
   void add_subentry(std::string_view name, std::string_view title);
 
   // The value under a path such as {"unittpl", name, "hdline"}; null if it is unset.
@@ -26,10 +27,4 @@ public:
   bool has(std::initializer_list<std::string_view> path) const;
   // Those of tables, as values.
   gTableTemplates tables() const;
-
-  // The body of UTPL_Default. A change outlives reset() and counts from the next one.
-  static gStrList & default_contents();
-
-private:
-  static gStrList make_default_contents();
 };

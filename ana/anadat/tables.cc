@@ -23,9 +23,3 @@ gClassTable gPasClasses;
 gGlobalHash<std::vector<cRef<gDocUnit>>> gGeneratedUnits;
 gTemplates gVLAttributes;
 gDocManagerObj gDocManager;
-
-// Not a table of the run: the user's choice of subentries lasts as long as the process.
-gStrList & gTemplates::default_contents() {
-  static gStrList contents = make_default_contents();
-  return contents;
-}

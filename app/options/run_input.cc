@@ -8,6 +8,7 @@
 #include "app/options/completion.h"
 #include "app/options/defaults.h"
 #include "app/options/options.h"
+#include "app/options/pattern_rules.h"
 
 namespace {
 
@@ -167,6 +168,14 @@ void read_groups(Reader const & read, gRunInput & input) {
   });
 }
 
+// Those that a project took over from other systems as a set.
+void show_sets(gRunInput & input) {
+  for (gSubentrySet set : {gSubentrySet::javadoc, gSubentrySet::docpp})
+    for (std::string const & name : subentries_of(set))
+      if (input.subentry_names.contains(name))
+        input.shown_subentries.emplace_back(gString(name), gString());
+}
+
 gRunInput run_input_of(cMapObj const & project) {
   Reader const read(project);
   gRunInput input;
@@ -187,6 +196,7 @@ gRunInput run_input_of(cMapObj const & project) {
   read_attributes(read, input);
   if (input.modern)
     permit_comments(input);
+  show_sets(input);
   return input;
 }
 

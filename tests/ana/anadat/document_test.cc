@@ -188,16 +188,15 @@ TEST_F(DocumentTest, ADiamondOfBasesEndsTheBlock) {
   EXPECT_LE(gCppClasses.class_level("c100000", hier_all), 256);
 }
 
-TEST(Templates, ResetGoesBackToTheDefaultsButKeepsTheUsersContents) {
+TEST(Templates, ResetGoesBackToTheDefaults) {
   gVLAttributes.reset();
-  gStrList const before = gTemplates::default_contents();
-  gTemplates::default_contents() << gString("@_vlll");
+  gStrList const before = gVLAttributes.list({"unittpl", "UTPL_Default", "contents"});
   gVLAttributes.submap("unittpl").submap("Mine").set("style", cat::make("s"));
+  gVLAttributes.add_subentry("@see", "See");
   gVLAttributes.reset();
   EXPECT_FALSE(gVLAttributes.has({"unittpl", "Mine"}));
-  EXPECT_EQ(*gVLAttributes.list({"unittpl", "UTPL_Default", "contents"}).back(), "@_vlll");
-  gTemplates::default_contents() = before;
-  gVLAttributes.reset();
+  EXPECT_FALSE(gVLAttributes.has({"unittpl", "UTPL_Default", "@see"}));
+  EXPECT_EQ(gVLAttributes.list({"unittpl", "UTPL_Default", "contents"}), before);
 }
 
 TEST(UnitNames, ASearchGoesFromTheWholeNameToItsTails) {
