@@ -182,6 +182,8 @@ bool InlineText::known_tag(gForeignTag const & tag, std::size_t length) {
       return true;
     break;
   case gTagKind::block:
+    if (at(at_) == '{') // the language, as in "@code{.cpp}"
+      at_ = std::min(text_.find('}', at_), text_.size() - 1) + 1;
     if (format("tt", at_, std::string(1, text_[begin]) + std::string(tag.target)))
       return true;
     break;
@@ -204,7 +206,12 @@ bool InlineText::tag() {
   char const next = at(at_ + 1);
   bool const backslash = text_[at_] == '\\';
   if (next == '{' || next == '}') {
+    // Alone it brackets a group; within text it is meant as it stands.
+    bool const alone = (at_ == 0 || is_blank(text_[at_ - 1])) &&
+                       (at_ + 2 >= text_.size() || is_blank(text_[at_ + 2]));
     at_ += 2;
+    if (backslash && !alone)
+      put(next);
     return true;
   }
   if (backslash && std::string_view("\\@&$#<>%\".").find(next) != std::string_view::npos &&
@@ -227,6 +234,11 @@ bool InlineText::tag() {
                             found.kind == gTagKind::block || found.kind == gTagKind::line_end ||
                             (found.kind == gTagKind::ignored && end == text_.size());
   if (found.kind == gTagKind::none || !word_follows)
+    return false;
+  // A quoted "\n" is a character and ends no line.
+  if (found.kind == gTagKind::line_end &&
+      ((end < text_.size() && !is_blank(at(end))) ||
+       (at_ > 0 && std::string_view("'\"(`").find(text_[at_ - 1]) != std::string_view::npos)))
     return false;
   return known_tag(found, end - at_);
 }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "vlb/gstring.h"
+
 namespace {
 
 constexpr std::size_t longest_code_line = 900;
@@ -12,11 +14,31 @@ constexpr std::string_view description = "@description";
 
 } // namespace
 
+// "@name" of a parameter as "@p name".
+std::string gForeignComment::with_parameter_tags(std::string_view text) const {
+  std::string result;
+  std::size_t done = 0;
+  for (std::size_t at = text.find('@'); at != text.npos; at = text.find('@', at + 1)) {
+    std::size_t end = at + 1;
+    while (end < text.size() && Vlb::is_word(text[end]))
+      ++end;
+    if ((at > 0 && (Vlb::is_word(text[at - 1]) || text[at - 1] == '\\')) ||
+        !hints_->parameters.contains(text.substr(at + 1, end - at - 1)))
+      continue;
+    result += std::string(text.substr(done, at - done)) + "@p ";
+    done = at + 1;
+  }
+  return result + std::string(text.substr(done));
+}
+
 // The paragraph so far. What it opens is written only now, so that nothing empty is.
 void gForeignComment::flush() {
   std::string_view const raw = trimmed(paragraph_);
   if (!raw.empty()) {
-    std::string const text = in_references_ ? std::string(raw) : translate_inline(raw);
+    bool const tagged = hints_ && !hints_->parameters.empty() && raw.find('@') != raw.npos;
+    std::string const text = in_references_ ? std::string(raw)
+                             : tagged       ? translate_inline(with_parameter_tags(raw))
+                                            : translate_inline(raw);
     if (!trimmed(text).empty()) {
       out_ += text;
       out_ += ' ';
@@ -33,6 +55,7 @@ void gForeignComment::end_paragraph() {
 
 void gForeignComment::open_entry(std::string_view entry, std::size_t indent) {
   flush();
+  described_ = described_ || (entry_ == description && has_text_);
   in_item_ = in_references_ = break_pending_ = false;
   entry_indent_ = indent;
   if (entry == entry_) {
@@ -47,7 +70,8 @@ void gForeignComment::open_entry(std::string_view entry, std::size_t indent) {
     out_ += entry == description ? "@endp " : "@endp @b{" + title + "} @endl ";
   } else {
     out_ += entry_ + " ";
-    if (!used_.insert(entry_).second || entry == description)
+    bool const goes_on = entry == description && (described_ || !hints_);
+    if (!used_.insert(entry_).second || goes_on)
       out_ += "@endp ";
   }
   has_text_ = false;
@@ -70,6 +94,8 @@ void gForeignComment::open_named(std::string_view entry, std::string_view rest,
   rest = trimmed(rest.substr(name_end));
   if (name.ends_with(':'))
     name.remove_suffix(1);
+  if (name.empty())
+    return;
   for (std::string_view mark : {"- ", ": ", "-- ", "\xE2\x80\x93 ", "\xE2\x80\x94 "})
     if (rest.starts_with(mark))
       rest = trimmed(rest.substr(mark.size()));

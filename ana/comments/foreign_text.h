@@ -1,6 +1,7 @@
 // Comments written for other documentation systems, or for none, in the mark-up of text units.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,21 @@ struct gForeignText {
 
 // The inside of a comment, without its frame; `behind` says that its opener ended in "<".
 gForeignText translate_comment(std::string_view comment, bool behind = false);
+
+// What is known of the declaration that a comment describes.
+struct gCommentHints {
+  enum Declared { other, routine, enumeration };
+  Declared declared = other;
+  std::string name;                              // without scopes
+  std::set<std::string, std::less<>> parameters; // their names
+  bool titles = true;                            // "# Title" is one, and not a number
+};
+
+// The same, where "@name: text" describes a parameter, a value or a field.
+gForeignText translate_comment(std::string_view comment, gCommentHints const & hints);
+
+// The names behind "@param" and its kin.
+std::set<std::string, std::less<>> described_parameters(std::string_view comment);
 
 // What a comment is about, as translate_comment() tells it: `unit` unless a tag names something.
 struct gForeignSubject {

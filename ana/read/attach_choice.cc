@@ -9,6 +9,7 @@ namespace {
 // in front of the first speaks of all, if those that follow have a comment behind alone.
 void leave_out_headings(std::vector<gAttachment> & found, std::vector<gCommentBlock> const & blocks,
                         gAttachPlaces const & places) {
+  constexpr std::uint32_t longest = 3; // lines behind the first one; what is longer is told, too
   std::vector<std::int32_t> behind(places.size(), -1); // the block, by declaration
   std::vector<bool> in_front(places.size(), false);
   for (std::size_t i = 0; i < found.size(); ++i) {
@@ -20,8 +21,9 @@ void leave_out_headings(std::vector<gAttachment> & found, std::vector<gCommentBl
     else
       in_front[at] = true;
   }
-  for (gAttachment & one : found) {
-    if (one.rule != gAttachRule::plain_before)
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    gAttachment & one = found[i];
+    if (one.rule != gAttachRule::plain_before || blocks[i].end_line > blocks[i].line + longest)
       continue;
     std::int32_t const own = behind[static_cast<std::size_t>(one.declaration)];
     std::int32_t const next = places.next_sibling(places.first_of_statement(one.declaration));

@@ -131,6 +131,30 @@ char frame_of(std::vector<Line> const & lines) {
   return frame;
 }
 
+// What ends all lines with text, if there are several: the right side of a box; "" for none.
+std::string_view right_frame_of(std::vector<Line> const & lines) {
+  std::string_view frame;
+  std::size_t count = 0;
+  for (Line const & line : lines) {
+    std::string_view const text = line.text.substr(0, line.text.find_last_not_of(" \t\r") + 1);
+    if (indent_of(text) == text.size())
+      continue;
+    std::string_view const end = text.substr(text.size() - (text.ends_with("//") ? 2 : 1));
+    if ((end != "*" && end != "|" && end != "#" && end != "//") || (count > 0 && end != frame))
+      return {};
+    frame = end;
+    ++count;
+  }
+  return count > 1 ? frame : std::string_view();
+}
+
+std::string_view without_right_frame(std::string_view line, std::string_view frame) {
+  line = line.substr(0, line.find_last_not_of(" \t\r") + 1);
+  while (!frame.empty() && line.ends_with(frame))
+    line.remove_suffix(frame.size());
+  return line.substr(0, line.find_last_not_of(" \t\r") + 1);
+}
+
 std::string_view without_frame(std::string_view line, char frame) {
   std::size_t at = indent_of(line);
   if (at == line.size() || line[at] != frame)
@@ -175,6 +199,7 @@ std::string comment_text(std::string_view text, gCommentBlock const & block,
                          : std::string_view());
   }
   char const frame = frame_of(lines);
+  std::string_view const right_frame = right_frame_of(lines);
   std::string result;
   for (Line const & line : lines) {
     if (&line != lines.data())
@@ -182,7 +207,7 @@ std::string comment_text(std::string_view text, gCommentBlock const & block,
     std::string_view words = line.text;
     if (line.inner && frame != 0)
       words = without_frame(words, frame);
-    result += words.substr(0, words.find_last_not_of(" \t\r") + 1);
+    result += without_right_frame(words, right_frame);
   }
   // The last star of a frame stands in front of the closer.
   while (result.ends_with('*'))

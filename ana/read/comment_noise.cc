@@ -93,10 +93,10 @@ bool has_words(std::string_view text) {
 }
 
 bool is_tool_switch(std::string_view words, bool pascal) {
-  static constexpr std::array<std::string_view, 14> heads = {
+  static constexpr std::array<std::string_view, 15> heads = {
       "NOLINT", "clang-format o", "cppcheck-", "IWYU pragma", "LINT.",
       "lint -", "lint !",         "{{{",       "}}}",         "coverity[",
-      "-*-",    "vim:",           "NB: clang", "LCOV_EXCL"};
+      "-*-",    "vim:",           "NB: clang", "LCOV_EXCL",   "*INDENT-"};
   words = trimmed(words);
   return std::any_of(heads.begin(), heads.end(),
                      [&](std::string_view head) { return words.starts_with(head); }) ||

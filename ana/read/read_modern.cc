@@ -49,9 +49,10 @@ private:
   // What the comments say about one declaration.
   struct Words {
     std::string text;
-    gLinePlace place;       // of the first of them
-    std::string parameters; // of a routine, behind the text
-    std::string values;     // of an enumeration, as items
+    gLinePlace place;                                            // of the first of them
+    bool titles = true;                                          // may stand in it
+    std::vector<std::pair<std::string, std::string>> parameters; // of a routine, with their words
+    std::string values;                                          // of an enumeration, as items
   };
 
   void read_declarations(Decl::gPascalContext const & context);
@@ -70,6 +71,8 @@ private:
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
   void make_unit(std::int32_t declaration, std::string const & text, gLinePlace place);
   void bind(std::int32_t declaration, int unit);
+  static void add_parameters(Words & words);
+  gCommentHints hints_for(std::int32_t declaration, Words const & words) const;
   int parse_unit(std::string const & text, gLinePlace place, bool own = false);
   void report_skipped();
   void add_includes(gStrList const & scope);
@@ -165,7 +168,9 @@ void gModernReader::File::take_value(std::int32_t enumerator, std::string const 
   std::int32_t const scope = item(enumerator).scope;
   if (scope < 0)
     return;
-  gForeignText const text = translate_comment(words);
+  gCommentHints hints;
+  hints.titles = false;
+  gForeignText const text = translate_comment(words, hints);
   // Items are running text: what follows the first other command stays with the value itself.
   std::string_view run = text.text;
   for (std::string_view end : {"@endp", "@b_verbatim", "@parameter", "@see", "@note", "@enum"})
@@ -177,8 +182,10 @@ void gModernReader::File::take_value(std::int32_t enumerator, std::string const 
 void gModernReader::File::take_words(std::int32_t declaration, std::string const & words,
                                      gCommentBlock const & block) {
   Words & all = words_[declaration];
-  if (all.place.line == 0)
+  if (all.place.line == 0) {
     all.place = place_of(block);
+    all.titles = block.documenting && !block.behind;
+  }
   add_paragraph(all.text, words);
 }
 
@@ -188,8 +195,7 @@ void gModernReader::File::take_parameter(gAttachment const & attachment, std::st
   Decl::gParam const & param =
       found_.parameters[routine.first_param + static_cast<std::uint32_t>(attachment.param)];
   take_words(attachment.declaration, {}, block);
-  add_paragraph(words_[attachment.declaration].parameters,
-                "@param " + std::string(param.name.of(text_)) + " " + std::string(trimmed(words)));
+  words_[attachment.declaration].parameters.emplace_back(param.name.of(text_), trimmed(words));
 }
 
 void gModernReader::File::take_block(gCommentBlock const & block, gAttachment const & attachment) {
@@ -206,15 +212,15 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
       take_value(attachment.declaration, words);
     return take_words(attachment.declaration, words, block);
   }
-  bool const noise =
-      attachment.left_out != gLeftOut::nothing_near && attachment.left_out != gLeftOut::another;
-  gForeignText const text = noise && !block.documenting ? gForeignText() : translate_comment(words);
-  if (!hidden && text.kind == gForeignText::topic && block.documenting)
+  if (hidden || !block.documenting || foreign_subject(words).kind == gForeignText::unit)
+    return;
+  gForeignText const text = translate_comment(words);
+  if (text.kind == gForeignText::topic)
     parse_unit(std::string(opening) + "@text vl_topic @noxe @hdline{" +
                    translate_inline(text.name.substr(0, character_end(text.name, longest_title))) +
                    "} " + text.text + std::string(closing),
                place_of(block));
-  else if (!hidden && text.kind == gForeignText::about && block.documenting)
+  else if (text.kind == gForeignText::about)
     parse_unit(std::string(opening) + "@about " + text.name + " | @description " + text.text +
                    std::string(closing),
                place_of(block));
@@ -259,10 +265,36 @@ void gModernReader::File::bind(std::int32_t declaration, int unit) {
     elements_.elements[static_cast<std::size_t>(element)]->text = unit;
 }
 
+// What the tags say of a parameter comes before what stands beside it.
+void gModernReader::File::add_parameters(Words & words) {
+  if (words.parameters.empty())
+    return;
+  auto const described = described_parameters(words.text);
+  for (auto const & [name, text] : words.parameters)
+    if (!described.contains(name))
+      add_paragraph(words.text, "@param " + name + " " + text);
+}
+
+gCommentHints gModernReader::File::hints_for(std::int32_t declaration, Words const & words) const {
+  using Decl::gKind;
+  Decl::gDeclaration const & one = item(declaration);
+  gCommentHints hints;
+  hints.name = shown_name(text_, found_, one);
+  hints.titles = words.titles;
+  for (std::uint32_t i = 0; i < one.params; ++i)
+    hints.parameters.emplace(found_.parameters[one.first_param + i].name.of(text_));
+  hints.declared = one.params > 0 || !one.parameter_list.empty() ? gCommentHints::routine
+                   : one.kind == gKind::enum_ || one.kind == gKind::enum_class
+                       ? gCommentHints::enumeration
+                       : gCommentHints::other;
+  return hints;
+}
+
 void gModernReader::File::make_units() {
   for (auto & [declaration, words] : words_) {
-    add_paragraph(words.text, words.parameters);
-    gForeignText text = translate_comment(words.text);
+    add_parameters(words);
+    gCommentHints const hints = hints_for(declaration, words);
+    gForeignText text = translate_comment(words.text, hints);
     if (!words.values.empty())
       text.text += " @values " + words.values;
     if (trimmed(text.text).empty())
