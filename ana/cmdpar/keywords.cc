@@ -94,6 +94,11 @@ constexpr CommandRow commands[] = {
     {"@xe", 333},
 };
 
+// In a text these are words like others.
+constexpr CommandRow script_commands[] = {
+    {"@outfiles", 337},
+};
+
 constexpr char const * variables[] = {"$name",    "$qname",   "$cname",   "$curclass",
                                       "$curfile", "$curpage", "$curdate", "$curtime"};
 
@@ -150,13 +155,18 @@ void gUEKeywordTable::reset() {
   slash_pattern_ = nullptr;
 }
 
-gCommandTable::gCommandTable() {
-  for (CommandRow const & row : commands) {
+gCommandTable::gCommandTable(Language language) {
+  auto const add = [this](CommandRow const & row) {
     auto keyword = make_ref<gKwd>();
     keyword->name = row.name;
     keyword->token = row.token;
     insert(row.name, keyword);
-  }
+  };
+  for (CommandRow const & row : commands)
+    add(row);
+  if (language == Language::script)
+    for (CommandRow const & row : script_commands)
+      add(row);
 }
 
 gDocVarTable::gDocVarTable() {
@@ -206,7 +216,7 @@ gCmdDefTable::gCmdDefTable() {
        "subtitle1", "subtitle2", "cell"},
       formals({text}));
   add({"fontsize", "fmt"}, formals({simple, text}));
-  add({"enumstyle", "numstyle", "b_table", "outfilter"}, formals({simple_opt}));
+  add({"enumstyle", "numstyle", "b_table"}, formals({simple_opt}));
   add({"hdline", "sub1", "sub2", "sub3"}, formals({text, text_opt}));
   add({"cref", "crefll"}, formals({list, text_opt}, {"wintype"}));
   add({"classhierarchy"}, formals({}, {"up", "down"}));
@@ -217,8 +227,8 @@ gCmdDefTable::gCmdDefTable() {
 }
 
 gUEKeywordTable gUEKeywords;
-gCommandTable gDocCommands;
-gCommandTable gVlsCommands;
+gCommandTable gDocCommands(gCommandTable::Language::text);
+gCommandTable gVlsCommands(gCommandTable::Language::script);
 gDocVarTable gDocVars;
 gCmdDefTable gCmdDefs;
 

@@ -46,10 +46,12 @@ private:
   cRef<gUnitPattern> star_pattern_, slash_pattern_;
 };
 
-// The 79 commands by "@name"; both languages share the rows. Constant.
+// The commands by "@name": 79 that both languages share and, in scripts, those that texts don't
+// know. Constant.
 class gCommandTable : public gGlobalHash<cRef<gKwd>> {
 public:
-  gCommandTable();
+  enum class Language { text, script };
+  explicit gCommandTable(Language language);
   void reset() override {}
 };
 

@@ -13,6 +13,7 @@
 %token CODE_OPEN 334
 %token REF_QUOTE 335
 %token CODE_CLOSE 336
+%token OUTFILES 337
 %token OP_EQ 339
 %token OP_NE 340
 %token SUBENTRY 341
@@ -116,7 +117,8 @@ command: error { error(Msg::illegal_command); }
        | PATHFILTER params { $$ = path_filter($2); }
        | FILEFILTER place params { $$ = file_filter($3, $2); }
        | OUTUNIT place params { $$ = output_unit($3, $2); }
-       | OUTFILTER place params { $$ = output_all($3, $2); }
+       | OUTFILTER { $$ = output_all(cur_loc()); }
+       | OUTFILES { $$ = output_files(cur_loc()); }
        | HDLINE place params { $$ = output_headline($3, $2); }
        | B_OUTCLASS block params commands E_OUTCLASS { $$ = class_block($3, $4, $2); }
        | B_OUTCLASSFILTER block commands E_OUTCLASSFILTER { $$ = class_filter_block($3, $2); }

@@ -125,15 +125,12 @@ cRef<gCmd> mdf_parse_base::output_unit(gParamList & params, gLoc const & loc) {
   return make_ref<gOutUnitCmd>(params.word(0), loc);
 }
 
-cRef<gCmd> mdf_parse_base::output_all(gParamList & params, gLoc const & loc) {
-  if (!check_params("outfilter", params))
-    return nullptr;
-  bool const by_file = !params.params.empty();
-  if (by_file && params.word(0) != "file") {
-    error(Msg::invalid_param, params.word(0));
-    return nullptr;
-  }
-  return make_ref<gOutFilterCmd>(by_file, loc, selector_);
+cRef<gCmd> mdf_parse_base::output_all(gLoc const & loc) {
+  return make_ref<gOutFilterCmd>(false, loc, selector_);
+}
+
+cRef<gCmd> mdf_parse_base::output_files(gLoc const & loc) {
+  return make_ref<gOutFilterCmd>(true, loc, selector_);
 }
 
 cRef<gCmd> mdf_parse_base::output_headline(gParamList & params, gLoc const & loc) {

@@ -63,7 +63,8 @@ protected:
   cRef<gCmd> path_filter(gParamList & params);
   cRef<gCmd> file_filter(gParamList & params, gLoc const & loc);
   cRef<gCmd> output_unit(gParamList & params, gLoc const & loc);
-  cRef<gCmd> output_all(gParamList & params, gLoc const & loc);
+  cRef<gCmd> output_all(gLoc const & loc);
+  cRef<gCmd> output_files(gLoc const & loc);
   cRef<gCmd> output_headline(gParamList & params, gLoc const & loc);
   gLoc open_block();
   cRef<gCmd> class_block(gParamList & params, cRef<gCmdSeq> const & commands, gLoc const & loc);
