@@ -1,0 +1,12 @@
+// What the window shows as long as there is nothing else to show.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string_view>
+
+// Says what to do next. `run` gets the name of the command that a button stands for.
+class gStartPage : public QWidget {
+public:
+  explicit gStartPage(std::function<void(std::string_view command)> run);
+};

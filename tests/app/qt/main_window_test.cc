@@ -1,0 +1,310 @@
+// The whole program off-screen, as a user meets it.
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QCommandLinkButton>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QToolBar>
+#include <QTreeView>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "app/options/options.h"
+#include "app/options/project.h"
+#include "app/options/settings.h"
+#include "app/qt/main_window.h"
+#include "app/qt/window_user.h"
+#include "app/shell/facts.h"
+#include "app/shell/window/vapp.h"
+#include "support/temp_folder.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Keeps what would be started.
+class Desktop : public gDesktop {
+public:
+  std::vector<std::string> started;
+
+  bool start(std::vector<std::string> const & command) override {
+    started.push_back(command.empty() ? "" : command.back());
+    return true;
+  }
+  bool has_program(std::string const &) override { return true; }
+  std::string shell_command(std::string const &, std::string const &) override {
+    return "browser \"%1\"";
+  }
+};
+
+using Shell::idle;
+
+class MainWindow : public testing::Test {
+protected:
+  MainWindow() {
+    fs::copy(std::string(VELLUMAR_SOURCE_DIR) + "/ini", folder.path("ini"),
+             fs::copy_options::recursive);
+    Vapp::set_program_dir(gPathstring(folder.path()));
+    folder.write("src/a.h", "/** @function\n * Does it. */\nvoid f();\n\n// Other.\nvoid g();\n");
+    folder.write("d.vls", "@document\n@outfilter\n");
+    window = std::make_unique<gMainWindow>(desktop, gVapp::help_map());
+    EXPECT_TRUE(gVapp(window->frame(), *window).InitInstance(""));
+    QApplication::setActiveWindow(window.get());
+    Windows::settle();
+  }
+  ~MainWindow() override {
+    window->close();
+    window.reset();
+    Vapp::project().load_defaults();
+  }
+
+  // Waits until runs are over, and what they tell is shown.
+  bool wait() {
+    return QTest::qWaitFor([] { return idle(); }, 60000);
+  }
+  // The entry of the menu, through its keys.
+  void keys(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    // Off-screen there is nobody who would do it when a box closes.
+    if (!QApplication::activeWindow())
+      QApplication::setActiveWindow(window.get());
+    QWidget * const focus = QApplication::focusWidget();
+    QTest::keyClick(focus ? focus : window.get(), key, modifiers);
+    Windows::settle();
+  }
+  QAction & entry(char const * name) {
+    auto * action = window->findChild<QAction *>(name);
+    if (!action)
+      throw std::logic_error(std::string("no entry ") + name);
+    return *action;
+  }
+  // The entry's button of the tool bar, by the mouse.
+  void tool(char const * name) {
+    auto * bar = window->findChild<QToolBar *>();
+    QTest::mouseClick(bar->widgetForAction(&entry(name)), Qt::LeftButton);
+  }
+  std::string enabled() {
+    std::string names;
+    for (QAction const * action : window->findChildren<QAction *>())
+      if (action->isEnabled() && action->objectName().startsWith('g'))
+        names += action->objectName().toStdString() + " ";
+    return names;
+  }
+  // What the message window holds.
+  std::string messages() {
+    gMessageList & list = window->frame().messages();
+    std::set<std::size_t> rows;
+    for (std::size_t i = 0; i < list.rows(); ++i)
+      rows.insert(i);
+    return list.copy(rows);
+  }
+  // Sources that take a while.
+  void write_big_source() {
+    std::string text;
+    for (int i = 0; i < 20000; ++i)
+      text += "/** @function\n * Does it. */\nvoid f" + std::to_string(i) + "();\n";
+    folder.write("src/big.h", text);
+  }
+  void write_project() {
+    if (Vapp::project().modified())
+      user.answer("No");
+    auto group = make_ref<cMapObj>();
+    group->set("path", cat::make("src"));
+    group->set("files", cat::make("*.h"));
+    auto groups = make_ref<cMapObj>();
+    groups->set("1", group);
+    Vapp::project().create({folder.path("p.vlp"), folder.path(), groups, "out", "d.vls"});
+    Vapp::project().save();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return entry("gAnaStart").isEnabled(); }));
+  }
+
+  TempFolder folder;
+  Desktop desktop;
+  std::unique_ptr<gMainWindow> window;
+  ModalUser user;
+};
+
+TEST_F(MainWindow, first_start_says_what_to_do_next) {
+  auto const * open = window->findChild<QCommandLinkButton *>("gVlpOpen");
+  ASSERT_TRUE(open);
+  EXPECT_TRUE(open->isVisible());
+  EXPECT_EQ(Windows::nameless(*window), std::vector<std::string>{});
+  Windows::picture(*window, "first_start");
+  write_project();
+  Windows::settle();
+  EXPECT_FALSE(open->isVisible());
+  EXPECT_NE(window->windowTitle().indexOf("p.vlp"), -1);
+  Windows::picture(*window, "idle");
+}
+
+TEST_F(MainWindow, from_nothing_to_finished_pages_by_keys_alone) {
+  user.scripts.push_back([&](QWidget & dialog) {
+    auto const keys = [](std::string const & text) {
+      QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(text));
+    };
+    auto const tab_to = [](std::string const & field) {
+      for (int i = 0; i < 20 && Windows::focus() != field; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        Windows::settle();
+      }
+      EXPECT_EQ(Windows::focus(), field);
+    };
+    tab_to("path");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    keys(folder.path("p"));
+    tab_to("script");
+    keys("d.vls");
+    tab_to("output");
+    keys("out");
+    tab_to("inputs");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    Windows::settle();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  user.scripts.push_back([](QWidget & dialog) {
+    Windows::child(dialog, "groups").setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Insert);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  user.scripts.push_back([](QWidget & dialog) {
+    QTest::keyClicks(QApplication::focusWidget(), "src");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), "*.h");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  if (Vapp::project().modified())
+    user.answer("No");
+  keys(Qt::Key_N, Qt::ControlModifier);
+  ASSERT_TRUE(Vapp::project().is_open());
+  user.answer("No"); // the folder is there by now, and stays the one
+  keys(Qt::Key_F5);
+  ASSERT_TRUE(wait());
+  keys(Qt::Key_F6);
+  ASSERT_TRUE(wait());
+  Windows::settle();
+  EXPECT_TRUE(fs::exists(folder.path("out/htm/index.htm")));
+}
+
+TEST_F(MainWindow, from_a_project_to_finished_pages_by_clicks_alone) {
+  write_project();
+  user.scripts.push_back([&](QWidget & chooser) {
+    auto * dialog = qobject_cast<QFileDialog *>(&chooser);
+    ASSERT_TRUE(dialog);
+    chooser.setFocus(); // what is being typed isn't replaced
+    dialog->selectFile(QString::fromStdString(folder.path("p.vlp")));
+    Windows::click(chooser, "Open");
+  });
+  tool("gVlpOpen");
+  ASSERT_EQ(Vapp::project().name(), "p.vlp");
+  tool("gAnaStart");
+  ASSERT_TRUE(wait());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return entry("gOutHTML").isEnabled(); }));
+  tool("gOutHTML");
+  ASSERT_TRUE(wait());
+  QWidget & view = Windows::child(*window, "view_result");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.isVisible(); })) << messages();
+  Windows::picture(*window, "result");
+  QTest::mouseClick(&view, Qt::LeftButton);
+  ASSERT_EQ(desktop.started.size(), 1U);
+  EXPECT_NE(desktop.started.front().find("/out/htm/index.htm"), std::string::npos);
+}
+
+TEST_F(MainWindow, entries_follow_the_state_of_project_and_run) {
+  std::string const nothing = enabled();
+  EXPECT_EQ(nothing.find("gVlpSave"), std::string::npos);
+  write_project();
+  write_big_source();
+  EXPECT_FALSE(entry("gOutHTML").isEnabled());
+  EXPECT_FALSE(entry("gAnaBreakHandler").isEnabled());
+  keys(Qt::Key_F5);
+  EXPECT_FALSE(entry("gAnaStart").isEnabled());
+  EXPECT_FALSE(entry("gVlpOpen").isEnabled());
+  EXPECT_TRUE(entry("gVlpSave").isEnabled());
+  EXPECT_TRUE(entry("gAnaBreakHandler").isEnabled());
+  keys(Qt::Key_F5, Qt::ShiftModifier);
+  EXPECT_FALSE(entry("gAnaBreakHandler").isEnabled()) << "once is enough";
+  ASSERT_TRUE(wait());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return entry("gAnaStart").isEnabled(); }));
+}
+
+TEST_F(MainWindow, closing_during_a_run_asks_stops_and_waits) {
+  write_big_source();
+  write_project();
+  keys(Qt::Key_F5);
+  ASSERT_FALSE(idle());
+  user.answer("No");
+  window->QMainWindow::close();
+  EXPECT_TRUE(window->isVisible());
+  auto & bar = Windows::child(*window, "progress");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
+  Windows::picture(*window, "running");
+  keys(Qt::Key_F5, Qt::ShiftModifier);
+  ASSERT_TRUE(wait());
+}
+
+// Reports of all kinds, from another thread: the window never stands still for long.
+TEST_F(MainWindow, a_hundred_thousand_reports_keep_the_window_alive) {
+  constexpr int reports = 100000;
+  std::thread worker([] {
+    gMessage const * const kinds[] = {&Msg::no_code_element, &Msg::no_code_element,
+                                      &Msg::target_not_found, &Msg::cannot_read};
+    for (int i = 0; i < reports; ++i)
+      Msg::log.take({*kinds[i % 4], "name" + std::to_string(i),
+                     gReportPlace("/src/file" + std::to_string(i % 50) + ".h", i)});
+  });
+  auto & table = dynamic_cast<QTreeView &>(Windows::child(*window, "messages"));
+  qint64 longest = 0;
+  QElapsedTimer clock;
+  while (table.model()->rowCount() < reports) {
+    clock.start();
+    QCoreApplication::processEvents();
+    longest = std::max(longest, clock.elapsed());
+    QTest::qSleep(1);
+  }
+  worker.join();
+  EXPECT_LT(longest, 500);
+  RecordProperty("longest", static_cast<int>(longest));
+  Windows::picture(*window, "reports");
+}
+
+TEST_F(MainWindow, reports_are_filtered_found_copied_and_opened) {
+  for (int i = 0; i < 9; ++i)
+    Msg::log.take({i % 3 == 0 ? Msg::target_not_found : Msg::no_code_element,
+                   "name" + std::to_string(i),
+                   gReportPlace("/src/" + std::to_string(i % 2) + "a.h", i + 1)});
+  auto & table = dynamic_cast<QTreeView &>(Windows::child(*window, "messages"));
+  auto const rows = [&] { return table.model()->rowCount(); };
+  ASSERT_TRUE(QTest::qWaitFor([&] { return rows() == 9; }));
+  QTest::mouseClick(&Windows::child(*window, "warnings"), Qt::LeftButton);
+  EXPECT_EQ(rows(), 3);
+  QTest::mouseClick(&Windows::child(*window, "warnings"), Qt::LeftButton);
+  auto & numbers = dynamic_cast<QComboBox &>(Windows::child(*window, "numbers"));
+  numbers.setFocus();
+  keys(Qt::Key_End);
+  EXPECT_EQ(numbers.currentText(), "430");
+  EXPECT_EQ(rows(), 6);
+  keys(Qt::Key_Home);
+  Windows::type(*window, "file_filter", "1A.h");
+  EXPECT_EQ(rows(), 4);
+  Windows::type(*window, "file_filter", "");
+  table.setFocus();
+  keys(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(QApplication::focusWidget(), "NAME7");
+  keys(Qt::Key_Return);
+  EXPECT_EQ(table.currentIndex().row(), 7);
+  table.setFocus();
+  keys(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().count("name"), 1);
+  keys(Qt::Key_Down);
+  EXPECT_EQ(table.currentIndex().row(), 8);
+  keys(Qt::Key_Up, Qt::ShiftModifier);
+  keys(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().count("name"), 2);
+}
+
+} // namespace
