@@ -19,6 +19,8 @@ namespace {
 // A function or variable that belongs to a known class is its method or member. The parser can't
 // tell where the definition stands outside the class.
 void correct_type(gCodeElem & ce) {
+  if (ce.kind != Decl::gKind::none)
+    return; // settled by whole names
   if ((ce.type != ut_function && ce.type != ut_var) || ce.names.size() < 2)
     return;
   gString const & parent = **std::next(ce.names.rbegin());
@@ -158,11 +160,13 @@ gAssociation::Outcome gAssociation::search(cRef<gCodeElem> const & ce) {
   return {};
 }
 
+// What is static in a header belongs to everybody who includes it.
 bool gAssociation::should_generate(gCodeElem const & ce) const {
   bool const variable = ce.type == ut_var;
+  bool const shared = ce.kind != Decl::gKind::none && is_header(ce.loc.file());
   return (ce.type & options_.gen_unit) != 0 &&
          (options_.gen_private || ce.visibility != "private") &&
-         (options_.gen_static || !(variable || ce.type == ut_function) ||
+         (options_.gen_static || shared || !(variable || ce.type == ut_function) ||
           !(ce.flags & spec_static)) &&
          (options_.gen_extern || !variable || !(ce.flags & spec_extern));
 }

@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "ana/anadat/gscopenames.h"
 #include "ana/anadat/tables.h"
+#include "ana/base_clauses.h"
+#include "ana/join_scopes.h"
+#include "ana/read/type_words.h"
 #include "ana/stages.h"
 
 namespace {
@@ -24,11 +26,8 @@ bool has_mark(gCodeElem const & element, std::uint32_t mark) {
   return element.parts && (element.parts->marks & mark) != 0;
 }
 
-bool is_header(gSrcFile const & file) {
-  std::string_view const path = file.opath();
-  std::string_view const name = path.substr(path.rfind('/') + 1);
-  std::size_t const dot = name.rfind('.');
-  return dot == name.npos || Vlb::to_lower(name.substr(dot + 1)).starts_with('h');
+bool is_unnamed(gCodeElem const & element) {
+  return has_mark(element, Decl::mark_unnamed);
 }
 
 // What kinds of things can be one. 0: nothing else is ever the same thing.
@@ -39,10 +38,11 @@ char family_of(gCodeElem const & element) {
   case gKind::macro:
   case gKind::function_macro:
     return 'm';
-  case gKind::typedef_:
-    return 'c'; // "typedef struct T T;"
-  case gKind::enumerator:
+  case gKind::typedef_: // "typedef struct T T;"
   case gKind::enum_:
+  case gKind::enum_class:
+    return is_unnamed(element) ? 0 : 'c';
+  case gKind::enumerator:
   case gKind::none:
     return 0;
   default:
@@ -63,11 +63,35 @@ char family_of(gCodeElem const & element) {
 }
 
 bool is_local(gCodeElem const & element) {
-  bool const linked_inside = element.type == ut_function || element.type == ut_var;
+  bool const linked_inside = element.type == ut_function || element.type == ut_var ||
+                             (element.type == ut_class && is_unnamed(element));
   return element.kind == gKind::macro || element.kind == gKind::function_macro ||
          (element.parts && element.parts->seclusion == gSeclusion::unnamed) ||
          (linked_inside && has_mark(element, Decl::mark_static));
 }
+
+// Declared between the brackets of its class. Two of those are never one thing: their classes are
+// two that happen to have the same name.
+bool is_inside_class(gCodeElem const & element) {
+  return (element.type == ut_method || element.type == ut_member) &&
+         !has_mark(element, Decl::mark_out_of_class);
+}
+
+// Tells that something exists, and leaves it to another place to define it.
+bool announces(gCodeElem const & element) {
+  if (family_of(element) == 'c')
+    return element.kind == gKind::typedef_ || has_mark(element, Decl::mark_forward);
+  return !has_mark(element, Decl::mark_definition) && !has_mark(element, Decl::mark_out_of_class);
+}
+
+// Users see the text of a header, and rather one that was written for them.
+int worth_of_text(Item const & item) {
+  if (!item.unit)
+    return 0;
+  return 1 + (item.element->documented ? 2 : 0) + (is_header(item.element->loc.file()) ? 1 : 0);
+}
+
+using Group = std::vector<std::size_t>;
 
 class Joining {
 public:
@@ -75,23 +99,25 @@ public:
 
 private:
   void collect();
-  void resolve_scopes();
-  void resolve_scope(gCodeElem & element);
   void group();
-  void join(std::vector<std::size_t> const & group);
+  std::string key_of(gCodeElem const & element) const;
+  void join(Group const & group);
+  void join_all(Group const & group);
+  void join_classes(Group const & group);
+  void join_declarations(Group const & group);
+  void join_alike(std::vector<Group const *> const & namesakes);
+  bool is_alike(gCodeElem const & definition, gCodeElem const & declaration) const;
   void merge(std::size_t into, std::size_t from);
-  std::size_t principal(std::vector<std::size_t> const & group) const;
-  bool announces(Item const & item) const;
+  bool are_two(std::size_t a, std::size_t b) const;
+  std::size_t host_of(Group const & hosts, gCodeElem const & definition) const;
+  std::size_t principal(Group const & group) const;
+  gCodeElem const & element(std::size_t i) const { return *items_[i].element; }
   void leave_out_local();
   void drop();
   void enter_classes();
 
-  gScopeNames & names_of(gSrcFile const & file) {
-    return file.language() == gLanguage::pascal ? pascal_ : cpp_;
-  }
-
   std::vector<Item> items_;
-  gScopeNames cpp_{"::"}, pascal_{"."};
+  gJoinScopes scopes_;
 };
 
 // Everything is looked up by address once: a unit knows its element, not the other way round.
@@ -109,103 +135,61 @@ void Joining::collect() {
       auto const unit = units.find(element.get());
       items_.push_back({element, unit == units.end() ? cRef<gDocUnit>() : unit->second});
     }
-  for (Item const & item : items_) {
-    gCodeElem const & element = *item.element;
-    gScopeNames & names = names_of(element.loc.file());
-    bool const type =
-        element.type == ut_class || element.type == ut_type || element.type == ut_unit;
-    if (!type || has_mark(element, Decl::mark_out_of_class | Decl::mark_specialisation))
-      continue;
-    bool const alias = element.kind == gKind::alias || element.kind == gKind::typedef_;
-    names.add(element.name());
-    if (alias && !element.parts->result.empty())
-      names.add_alias(element.name(), std::string(element.parts->result.of(element.decl)));
-  }
-}
-
-gStrList parts_of(std::string_view name, std::string_view separator) {
-  gStrList parts;
-  for (std::size_t at; (at = name.find(separator)) != name.npos;
-       name.remove_prefix(at + separator.size()))
-    parts.push_back(gString(name.substr(0, at)));
-  parts.push_back(gString(name));
-  return parts;
-}
-
-// What stands around a thing. Its own name may hold separators, such as "operator std::string".
-std::string scope_of(gCodeElem const & element) {
-  gStrList outer = element.names;
-  if (!outer.empty())
-    outer.pop_back();
-  return outer.make_string(element.loc.file().name_sep());
-}
-
-// The scope of a name as it is written may leave out what a "using namespace" gives, or begin at
-// the top though it stands in another namespace: then a shorter tail of it is a known one.
-void Joining::resolve_scope(gCodeElem & element) {
-  gString const separator = element.loc.file().name_sep();
-  gScopeNames const & names = names_of(element.loc.file());
-  std::string const written = scope_of(element);
-  if (names.contains(written))
-    return;
-  for (std::string_view tail = written; !tail.empty();) {
-    if (std::string const found = names.find({}, tail); !found.empty()) {
-      gStrList parts = parts_of(found, separator);
-      parts.push_back(element.names.back());
-      element.names = std::move(parts);
-      return;
-    }
-    std::size_t const at = tail.find(separator);
-    tail.remove_prefix(at == tail.npos ? tail.size() : at + separator.size());
-  }
-}
-
-void Joining::resolve_scopes() {
+  for (Item const & item : items_)
+    scopes_.add(*item.element);
   for (Item & item : items_)
     if (has_mark(*item.element, Decl::mark_out_of_class) && item.element->names.size() > 1)
-      resolve_scope(*item.element);
+      scopes_.resolve(*item.element);
+}
+
+// Family and language, the name, then what tells overloads and sources apart.
+std::string Joining::key_of(gCodeElem const & element) const {
+  bool const pascal = element.loc.file().language() == gLanguage::pascal;
+  std::string const name = element.name();
+  std::string key = {family_of(element), pascal ? 'p' : 'c'};
+  key += pascal ? Vlb::to_lower(name) : name;
+  key += '\n';
+  if (is_local(element))
+    key += element.loc.file().opath();
+  key += '\n';
+  if (family_of(element) == 'f' && element.parts && element.parts->signature)
+    key += *element.parts->signature;
+  return key;
 }
 
 void Joining::group() {
-  std::unordered_map<std::string, std::vector<std::size_t>> groups;
-  std::vector<std::vector<std::size_t> *> order;
+  std::unordered_map<std::string, Group> groups;
+  std::vector<std::pair<std::string_view, Group *>> order;
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    gCodeElem const & element = *items_[i].element;
-    char const family = family_of(element);
-    if (family == 0)
+    if (family_of(element(i)) == 0)
       continue;
-    bool const pascal = element.loc.file().language() == gLanguage::pascal;
-    std::string const name = element.name();
-    std::string key = {family, pascal ? 'p' : 'c'};
-    key += pascal ? Vlb::to_lower(name) : name;
-    if (family == 'f' && element.parts && element.parts->signature)
-      key += *element.parts->signature;
-    if (is_local(element))
-      key += '\n' + element.loc.file().opath();
-    auto const [found, added] = groups.try_emplace(std::move(key));
+    auto const [found, added] = groups.try_emplace(key_of(element(i)));
     found->second.push_back(i);
-    if (!added && found->second.size() == 2)
-      order.push_back(&found->second);
+    if (added)
+      order.emplace_back(found->first, &found->second);
   }
-  for (auto const * members : order)
-    join(*members);
-}
-
-// Tells that something exists, and leaves it to another place to define it.
-bool Joining::announces(Item const & item) const {
-  gCodeElem const & element = *item.element;
-  if (family_of(element) == 'c')
-    return element.kind == gKind::typedef_ || has_mark(element, Decl::mark_forward);
-  return !has_mark(element, Decl::mark_definition) && !has_mark(element, Decl::mark_out_of_class);
+  std::unordered_map<std::string_view, std::vector<Group const *>> namesakes;
+  std::vector<std::vector<Group const *> *> overloaded;
+  for (auto const & [key, members] : order) {
+    if (members->size() > 1)
+      join(*members);
+    if (key[0] != 'f')
+      continue;
+    auto & all = namesakes[key.substr(0, key.find('\n', key.find('\n') + 1))];
+    all.push_back(members);
+    if (all.size() == 2)
+      overloaded.push_back(&all);
+  }
+  for (auto const * all : overloaded)
+    join_alike(*all);
 }
 
 // Of functions and variables the declaration that users include; of classes the definition.
-std::size_t Joining::principal(std::vector<std::size_t> const & group) const {
+std::size_t Joining::principal(Group const & group) const {
   auto const rank = [&](std::size_t i) {
-    Item const & item = items_[i];
-    bool const class_like = family_of(*item.element) == 'c';
-    return (announces(item) != class_like ? 4 : 0) + (is_header(item.element->loc.file()) ? 2 : 0) +
-           (item.unit ? 1 : 0);
+    bool const class_like = family_of(element(i)) == 'c';
+    return (announces(element(i)) != class_like ? 4 : 0) +
+           (is_header(element(i).loc.file()) ? 2 : 0) + (items_[i].unit ? 1 : 0);
   };
   return *std::max_element(group.begin(), group.end(),
                            [&](std::size_t a, std::size_t b) { return rank(a) < rank(b); });
@@ -215,11 +199,12 @@ void Joining::merge(std::size_t into, std::size_t from) {
   Item & kept = items_[into];
   Item & gone = items_[from];
   gone.dropped = true;
-  if (!kept.unit && gone.unit) {
-    gone.unit->bind(kept.element, gone.unit->rank());
-    kept.element->text = gone.element->text; // no other text is searched for
-    kept.unit = std::move(gone.unit);
-  }
+  if (worth_of_text(gone) <= worth_of_text(kept))
+    return;
+  gone.unit->bind(kept.element, gone.unit->rank());
+  kept.element->text = gone.element->text; // no other text is searched for
+  kept.element->documented = gone.element->documented;
+  std::swap(kept.unit, gone.unit);
 }
 
 // "typedef struct T T;" says nothing that the structure doesn't.
@@ -231,33 +216,131 @@ bool is_name_of(gCodeElem const & type, gCodeElem const & other) {
   return blank != result.npos && result.substr(blank + 1) == *other.names.back();
 }
 
-void Joining::join(std::vector<std::size_t> const & group) {
-  char const family = family_of(*items_[group[0]].element);
+void Joining::join_all(Group const & group) {
   std::size_t const kept = principal(group);
-  if (family != 'n' && family != 'm') {
-    bool const class_like = family == 'c';
-    if (announces(items_[kept]) == class_like)
-      return; // definitions alone, or nothing that is defined
+  for (std::size_t const other : group)
+    if (other != kept)
+      merge(kept, other);
+}
+
+// Announcements go where a definition is known.
+void Joining::join_classes(Group const & group) {
+  std::size_t const kept = principal(group);
+  if (announces(element(kept)))
+    return;
+  for (std::size_t const other : group)
+    if (other != kept && announces(element(other)) && is_name_of(element(other), element(kept)))
+      merge(kept, other);
+}
+
+bool is_same_text(gSubEntries const & a, gSubEntries const & b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](auto const & x, auto const & y) {
+    return *x.name == *y.name && x.text.make_string("") == y.text.make_string("");
+  });
+}
+
+// Announcements with documentation of their own are two, unless one is a copy of the other.
+bool Joining::are_two(std::size_t a, std::size_t b) const {
+  Item const & one = items_[a];
+  Item const & other = items_[b];
+  return one.element->documented && other.element->documented && one.unit && other.unit &&
+         !is_same_text(std::as_const(*one.unit).subentries(),
+                       std::as_const(*other.unit).subentries());
+}
+
+// The declaration in the definition's own source, else the best one.
+std::size_t Joining::host_of(Group const & hosts, gCodeElem const & definition) const {
+  auto const own = std::find_if(hosts.begin(), hosts.end(), [&](std::size_t i) {
+    return element(i).loc.file().opath() == definition.loc.file().opath();
+  });
+  return own == hosts.end() ? principal(hosts) : *own;
+}
+
+void Joining::join_declarations(Group const & group) {
+  Group hosts, definitions;
+  Group outside; // announcements that stand in no class
+  for (std::size_t const i : group) {
+    bool const inside = is_inside_class(element(i));
+    (inside ? hosts : announces(element(i)) ? outside : definitions).push_back(i);
   }
-  for (std::size_t const other : group) {
-    if (other == kept)
-      continue;
-    if (family == 'c' &&
-        (!announces(items_[other]) || !is_name_of(*items_[other].element, *items_[kept].element)))
-      continue;
-    merge(kept, other);
+  if (!outside.empty()) {
+    std::size_t const kept = principal(outside);
+    hosts.push_back(kept);
+    for (std::size_t const other : outside) {
+      if (other != kept && are_two(kept, other))
+        hosts.push_back(other);
+      else if (other != kept)
+        merge(kept, other);
+    }
+  }
+  if (hosts.empty())
+    return; // definitions alone
+  for (std::size_t const one : definitions)
+    merge(host_of(hosts, element(one)), one);
+}
+
+void Joining::join(Group const & group) {
+  switch (family_of(element(group[0]))) {
+  case 'n':
+  case 'm':
+    return join_all(group);
+  case 'c':
+    return join_classes(group);
+  default:
+    return join_declarations(group);
   }
 }
 
-// What one source keeps to itself, and announcements of what no input defines.
+// Of C++ the same number of parameters, whose types have the same last names: one source may leave
+// out a namespace that the other needs. Pascal's implementation may leave out all parameters.
+bool Joining::is_alike(gCodeElem const & definition, gCodeElem const & declaration) const {
+  auto const parameters = [](gCodeElem const & one) {
+    bool const known = one.parts && one.parts->signature;
+    return known ? one.parts->signature->substr(0, one.parts->signature->find('\n')) : gString();
+  };
+  gString const own = parameters(definition);
+  if (definition.loc.file().language() == gLanguage::pascal)
+    return own.empty();
+  return without_qualifiers(own) == without_qualifiers(parameters(declaration));
+}
+
+// A definition whose declaration is spelled in another way joins it if there is no choice. Many
+// overloads leave one too seldom to pay for comparing each with each.
+void Joining::join_alike(std::vector<Group const *> const & namesakes) {
+  constexpr std::size_t most_overloads = 64;
+  if (namesakes.size() > most_overloads)
+    return;
+  for (Group const * const group : namesakes) {
+    std::size_t const definition = group->front();
+    bool const lonely = std::none_of(group->begin(), group->end(), [&](std::size_t i) {
+      return items_[i].dropped || announces(element(i)) || is_inside_class(element(i));
+    });
+    if (!lonely)
+      continue;
+    Group fitting;
+    for (Group const * const other : namesakes)
+      for (std::size_t const i : *other)
+        if (other != group && !items_[i].dropped && announces(element(i)) &&
+            is_alike(element(definition), element(i)))
+          fitting.push_back(i);
+    if (fitting.size() == 1)
+      for (std::size_t const i : *group)
+        merge(fitting.front(), i);
+  }
+}
+
+// What one source keeps to itself, announcements of what no input defines, and lists of constants
+// that nobody says anything about.
 void Joining::leave_out_local() {
   for (Item & item : items_) {
     gCodeElem const & element = *item.element;
     bool const macro = family_of(element) == 'm';
     bool const own = is_local(element) && !macro && !is_header(element.loc.file()) &&
                      !gInput->association.gen_static;
-    bool const announced = element.type == ut_class && has_mark(element, Decl::mark_forward);
-    item.dropped = item.dropped || own || (announced && !item.unit);
+    bool const type = element.type == ut_class || element.type == ut_type;
+    bool const empty = type && (has_mark(element, Decl::mark_forward) ||
+                                (element.kind == gKind::enum_ && is_unnamed(element)));
+    item.dropped = item.dropped || own || (empty && !item.unit);
   }
 }
 
@@ -278,56 +361,6 @@ void Joining::drop() {
   remove_from(gUnnamedUnits, [&](auto const & unit) { return units.contains(unit.get()); });
 }
 
-// Up to the comma behind the first base.
-std::string_view first_base(std::string_view bases) {
-  int depth = 0;
-  for (std::size_t at = 0; at < bases.size(); ++at) {
-    char const c = bases[at];
-    if (c == ',' && depth == 0)
-      return bases.substr(0, at);
-    depth += (c == '<' || c == '(' || c == '[') - (c == '>' || c == ')' || c == ']');
-  }
-  return bases;
-}
-
-// Takes the words in front of the base's name.
-int take_access(gString & base) {
-  constexpr std::pair<std::string_view, int> words[] = {{"public ", access_public},
-                                                        {"protected ", access_protected},
-                                                        {"private ", access_private},
-                                                        {"virtual ", access_virtual},
-                                                        {"typename ", 0}};
-  auto const in_front = [&](auto const & word) { return base.starts_with(word.first); };
-  int access = 0;
-  for (auto const * word = std::begin(words);
-       (word = std::find_if(std::begin(words), std::end(words), in_front)) != std::end(words);) {
-    access |= word->second;
-    base.erase(0, word->first.size());
-  }
-  return access;
-}
-
-// "public virtual A<T>, B" with the whole name of each.
-cRef<gBaseClause> bases_of(gCodeElem const & element, gScopeNames const & names) {
-  bool const pascal = element.loc.file().language() == gLanguage::pascal;
-  auto clause = make_ref<gBaseClause>();
-  for (std::string_view rest = element.heritage; !rest.empty();) {
-    std::string_view const first = first_base(rest);
-    rest.remove_prefix(std::min(first.size() + 1, rest.size()));
-    gString base(first);
-    base.wsp_norm();
-    int access = pascal ? 0 : take_access(base);
-    if (base.empty())
-      continue;
-    if ((access & (access_public | access_protected | access_private)) == 0)
-      access |= pascal || element.kind == gKind::struct_ ? access_public : access_private;
-    if (std::string const whole = names.find(scope_of(element), base); !whole.empty())
-      base = whole + base.substr(std::min(base.find('<'), base.size()));
-    clause->append({base, access});
-  }
-  return clause;
-}
-
 void Joining::enter_classes() {
   for (Item const & item : items_) {
     gCodeElem const & element = *item.element;
@@ -335,7 +368,7 @@ void Joining::enter_classes() {
       continue;
     bool const pascal = element.loc.file().language() == gLanguage::pascal;
     (pascal ? gPasClasses : gCppClasses)
-        .insert_class(element.name(), bases_of(element, names_of(element.loc.file())));
+        .insert_class(element.name(), bases_of(element, scopes_.names_of(element.loc.file())));
   }
 }
 
@@ -343,7 +376,6 @@ void Joining::run() {
   collect();
   if (items_.empty())
     return;
-  resolve_scopes();
   group();
   leave_out_local();
   drop();

@@ -54,6 +54,7 @@ private:
   int read(gSrcFile const & file, gReportSink & reports);
   void enter(gModernFile & file, gReportSink & reports);
   void read_includes();
+  void read_fragments();
   void read_include(gIncludeRequest const & request, gReportSink & reports);
   gPathstring find_include(gIncludeRequest const & request) const;
   void take_text_file(gSrcFile const & file, std::string const & text, gReportSink & reports);
@@ -63,6 +64,7 @@ private:
   gTableTemplates const tables_ = gVLAttributes.tables();
   gModernReader reader_{input_, tables_};
   std::vector<gIncludeRequest> includes_;
+  std::vector<gSrcFile> fragments_;         // Pascal inputs that aren't units by themselves
   std::set<std::string> taken_;             // paths that are read
   std::map<std::string, gSrcFile> by_name_; // inputs by their name in lower case
 };
@@ -92,6 +94,10 @@ int SourceReading::read(gSrcFile const & file, gReportSink & reports) {
   std::string text;
   if (!read_text(file, text, reports))
     return 1;
+  if (file.language() == gLanguage::pascal && !Decl::has_pascal_head(text)) {
+    fragments_.push_back(file);
+    return 0;
+  }
   taken_.insert(file.path());
   if (file.language() == gLanguage::text) {
     take_text_file(file, text, reports);
@@ -148,9 +154,7 @@ void SourceReading::read_include(gIncludeRequest const & request, gReportSink & 
   std::string text;
   if (!Vlb::read_source(path, text))
     return;
-  gSrcFile const file(path, "", request.by.number());
-  if (file.language() == gLanguage::cpp)
-    return;
+  gSrcFile const file(path, request.by);
   gModernFile one = reader_.read(file, text, request.scope, request.context);
   enter(one, reports);
 }
@@ -165,10 +169,24 @@ void SourceReading::read_includes() {
   }
 }
 
+// What no unit takes in stands for itself.
+void SourceReading::read_fragments() {
+  for (gSrcFile const & file : fragments_) {
+    Vapp::poll_break();
+    std::string text;
+    if (!taken_.insert(file.path()).second || !read_text(file, text, Msg::log))
+      continue;
+    gModernFile one = reader_.read(file, text);
+    enter(one, Msg::log);
+    read_includes();
+  }
+}
+
 void SourceReading::run() {
   collect_macros();
   read_all();
   read_includes();
+  read_fragments();
 }
 
 } // namespace

@@ -61,6 +61,14 @@ gSrcFile::gSrcFile(gPathstring const & path, gPathstring const & opath, int numb
   record->language = language_of(this->opath());
 }
 
+gSrcFile::gSrcFile(gPathstring const & path, gSrcFile const & by) {
+  auto * record = new Record;
+  record_ = cRef<Record const>(record);
+  record->path = path;
+  record->number = by.number();
+  record->language = by.language();
+}
+
 gSrcFile::Record const & gSrcFile::no_record() {
   static Record const none;
   return none;

@@ -15,6 +15,8 @@ public:
   // `path`: the file as it is read. `opath`: the user's file if `path` is a temporary copy, else
   // empty. `number`: running number of an input file, 0 for others.
   gSrcFile(gPathstring const & path, gPathstring const & opath, int number);
+  // A file that is part of another: its language is that one's, whatever its extension.
+  gSrcFile(gPathstring const & path, gSrcFile const & by);
 
   gPathstring const & path() const { return record().path; }
   // The name of the file as the user gave it: the second path or, without one, the path.

@@ -45,3 +45,17 @@ gCodeElem::gCodeElem(gStrList const & names, gSrcFile const & file, int line, in
       flags(flags),
       decl(decl),
       visibility(visibility) {}
+
+std::string gCodeElem::scope() const {
+  gStrList outer = names;
+  if (!outer.empty())
+    outer.pop_back();
+  return outer.make_string(loc.file().name_sep());
+}
+
+bool is_header(gSrcFile const & file) {
+  std::string_view const path = file.opath();
+  std::string_view const name = path.substr(path.rfind('/') + 1);
+  std::size_t const dot = name.rfind('.');
+  return dot == name.npos || Vlb::to_lower(name.substr(dot + 1)).starts_with('h');
+}

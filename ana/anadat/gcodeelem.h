@@ -70,6 +70,9 @@ struct gCodeElem : cShared {
   // The qualified name, joined by the separator of the file's language.
   gString name() const { return names.make_string(loc.file().name_sep()); }
 
+  // What stands around it. Its own name may hold separators, such as "operator std::string".
+  std::string scope() const;
+
   gLinePlace place() const { return {loc.line(), column}; }
 
   gStrList names;   // outermost scope first
@@ -80,8 +83,12 @@ struct gCodeElem : cShared {
   int flags;        // union of gSpecifier
   int text = -1; // which of its file's text units the reader bound to it; -1: one is searched for
   Decl::gKind kind = Decl::gKind::none; // none: no more is known than the type
-  gString decl;                         // the declaration's text, white space normalised
+  bool documented = false; // the comment that its reader bound to it is made for documentation
+  gString decl;            // the declaration's text, white space normalised
   gString visibility;
   gString heritage;                        // the base clause as text
   std::unique_ptr<gDeclParts const> parts; // null: not known
 };
+
+// A source that others include: its extension begins with "h", or it has none.
+bool is_header(gSrcFile const & file);

@@ -247,7 +247,9 @@ void gOutClassFilterCmd::execute(cRef<gOutState> & state) {
   for (cRef<gDocUnit> const & unit : classes) {
     gString const name = unit->name();
     state->class_filter = members_filter(name);
+    gDocUnit const * const outer = selector_->choose_class(unit.get());
     run_block(placed_copy(*unit, state), name, *inner_, state, loc_);
+    selector_->choose_class(outer);
   }
   if (!classes.empty())
     restore_class_filter(*state);

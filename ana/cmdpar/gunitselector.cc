@@ -21,6 +21,11 @@ std::string scope_of(gDocUnit const & unit) {
   return scope;
 }
 
+bool is_known_class(gDocUnit const & unit) {
+  cRef<gCodeElem> const & element = unit.code_elem();
+  return element && element->kind != Decl::gKind::none && element->type == ut_class;
+}
+
 std::uint64_t hash_of(std::string_view text) {
   return std::hash<std::string_view>()(text);
 }
@@ -62,6 +67,33 @@ void gUnitSelector::build_index() {
       classes_.push_back({hash_of(scope_of(*units_[n])), n});
   }
   std::sort(classes_.begin(), classes_.end());
+  std::unordered_map<std::string, int> count;
+  for (gDocUnit const * unit : units_)
+    if (is_known_class(*unit))
+      ++count[unit->name()];
+  for (gDocUnit const * unit : units_)
+    if (is_known_class(*unit) && count[unit->name()] > 1)
+      namesakes_[unit->name()].insert(unit->code_loc().file().opath());
+}
+
+// Members between the brackets of a namesake are that one's alone; what is defined elsewhere may
+// belong to each.
+bool gUnitSelector::is_of_chosen(gDocUnit const & unit) const {
+  cRef<gCodeElem> const & element = unit.code_elem();
+  if (!class_ || !is_known_class(*class_) || !element || element->kind == Decl::gKind::none)
+    return true;
+  std::string const name = class_->name();
+  if (scope_of(unit) != name)
+    return false;
+  auto const files = namesakes_.find(name);
+  bool const inside = element->parts && (element->parts->marks & Decl::mark_out_of_class) == 0;
+  if (files == namesakes_.end() || !inside)
+    return true;
+  gCodeElem const & own = *class_->code_elem();
+  std::string const & file = element->loc.file().opath();
+  if (file != own.loc.file().opath())
+    return !files->second.contains(file);
+  return element->loc.line() >= own.loc.line() && element->loc.line() <= own.end_line;
 }
 
 std::vector<std::uint32_t> gUnitSelector::members_of(std::string_view class_name) {
@@ -71,7 +103,7 @@ std::vector<std::uint32_t> gUnitSelector::members_of(std::string_view class_name
   auto it = std::lower_bound(classes_.begin(), classes_.end(), ClassEntry{hash, 0});
   for (; it != classes_.end() && it->hash == hash; ++it)
     if ((members.empty() || members.back() != it->unit) &&
-        belongs_to(*units_[it->unit], class_name))
+        belongs_to(*units_[it->unit], class_name) && is_of_chosen(*units_[it->unit]))
       members.push_back(it->unit);
   return members;
 }

@@ -18,6 +18,12 @@ public:
   // To be called when the path filter or the file filter of the state got new entries.
   void filters_changed();
 
+  // While the members of one class after the other are placed: which class is meant by its name.
+  // Units that tell their kind belong to it by their whole scope then and, if several sources have
+  // a class of that name, by the place between its brackets. Null: names alone decide. Answers what
+  // was set before.
+  gDocUnit const * choose_class(gDocUnit const * unit) { return std::exchange(class_, unit); }
+
   // True if the unit belongs to the class: the class is its name without the last part, or the
   // second-to-last part alone. So "A::B" and "B" both stand for the class of "A::B::f".
   static bool belongs_to(gDocUnit const & unit, std::string_view class_name);
@@ -37,6 +43,7 @@ private:
     std::unordered_set<std::string> drive_tails; // paths behind a drive letter, in lower case
   };
 
+  bool is_of_chosen(gDocUnit const & unit) const;
   void collect_units();
   void build_index();
   void compile_filters(gOutState const & state);
@@ -49,7 +56,10 @@ private:
   bool collected_ = false, indexed_ = false, compiled_ = false;
   std::vector<gDocUnit *> units_;   // in table order; the tables own them
   std::vector<ClassEntry> classes_; // sorted
-  std::vector<gString> folders_;    // the path filter, absolute
+  // The files that have a class of one whole name, for names that several classes have.
+  std::unordered_map<std::string, std::unordered_set<std::string>> namesakes_;
+  gDocUnit const * class_ = nullptr;
+  std::vector<gString> folders_; // the path filter, absolute
   FileFilter files_;
   std::unordered_map<gPathstring const *, bool> verdicts_; // by the record of the unit's file
 };

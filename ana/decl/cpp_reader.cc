@@ -382,6 +382,10 @@ std::int32_t gCppReader::twin(gDeclaration const & item, std::int32_t next) {
   hash = mixed(hash, static_cast<std::size_t>(item.scope));
   hash = mixed(hash, static_cast<std::size_t>(branches_.group_at(item.whole.begin)));
   hash = mixed(hash, hash_of(item.parameter_list));
+  bool const typed = item.kind == gKind::typedef_ || item.kind == gKind::alias ||
+                     item.kind == gKind::variable || item.kind == gKind::member;
+  if (typed) // two types are two things, while routines may differ in what macros put in front
+    hash = mixed(hash, hash_of(item.result));
   hash = mixed(hash, hash_of(item.qualifier));
   hash = mixed(hash, hash_of(item.template_head));
   hash = mixed(hash, hash_of(item.arguments));

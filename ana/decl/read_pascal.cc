@@ -13,4 +13,15 @@ gFileDeclarations read_pascal(std::string_view text, gPascalContext const & cont
   return out;
 }
 
+bool has_pascal_head(std::string_view text) {
+  gPasScanner scanner(text);
+  for (gPasLexeme lexeme; scanner.next(false, lexeme);)
+    if (lexeme.kind == gPasLexeme::token) {
+      gPasWord const word = lexeme.token_made.word;
+      return word == gPasWord::unit || word == gPasWord::program || word == gPasWord::library ||
+             word == gPasWord::package;
+    }
+  return false;
+}
+
 } // namespace Decl

@@ -14,4 +14,8 @@ gFileDeclarations read_cpp(std::string_view text, gMacroTable const & macros);
 // themselves, from the context that they are included in.
 gFileDeclarations read_pascal(std::string_view text, gPascalContext const & context = {});
 
+// The text begins with "unit", "program", "library" or "package": other files are made to be taken
+// in by one of those.
+bool has_pascal_head(std::string_view text);
+
 } // namespace Decl

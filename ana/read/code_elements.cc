@@ -4,111 +4,13 @@
 
 #include <algorithm>
 
+#include "ana/read/declaration_text.h"
 #include "ana/read/signature.h"
+#include "ana/read/unit_kinds.h"
 
 namespace {
 
 using namespace Decl;
-
-int unit_type_of(gKind kind, bool in_class) {
-  switch (kind) {
-  case gKind::class_:
-  case gKind::struct_:
-  case gKind::union_:
-  case gKind::interface:
-  case gKind::dispinterface:
-  case gKind::object:
-  case gKind::record:
-  case gKind::class_helper:
-  case gKind::record_helper:
-  case gKind::type_helper:
-    return ut_class;
-  case gKind::enum_:
-  case gKind::enum_class:
-  case gKind::enumeration:
-  case gKind::typedef_:
-  case gKind::alias:
-  case gKind::alias_template:
-  case gKind::concept_:
-  case gKind::set:
-  case gKind::class_reference:
-  case gKind::type:
-    return ut_type;
-  case gKind::function:
-  case gKind::constructor:
-  case gKind::destructor:
-  case gKind::operator_:
-  case gKind::conversion:
-  case gKind::method:
-  case gKind::procedure:
-  case gKind::class_method:
-  case gKind::message_method:
-  case gKind::signal:
-  case gKind::slot:
-    return in_class ? ut_method : ut_function;
-  case gKind::friend_:
-  case gKind::deduction_guide:
-  case gKind::function_macro:
-    return ut_function;
-  case gKind::macro:
-    return ut_var;
-  case gKind::variable:
-  case gKind::constant:
-  case gKind::typed_constant:
-  case gKind::resource_string:
-  case gKind::thread_variable:
-    return in_class ? ut_member : ut_var;
-  case gKind::member:
-  case gKind::bit_field:
-  case gKind::enumerator:
-    return ut_member;
-  case gKind::property:
-    return ut_property;
-  case gKind::event:
-    return ut_event;
-  case gKind::name_space:
-  case gKind::module:
-  case gKind::unit:
-  case gKind::program:
-  case gKind::library:
-  case gKind::package:
-    return ut_unit;
-  case gKind::using_declaration:
-  case gKind::none:
-    break;
-  }
-  return ut_undefined;
-}
-
-char const * visibility_of(gAccess access) {
-  switch (access) {
-  case gAccess::public_:
-    return "public";
-  case gAccess::protected_:
-  case gAccess::strict_protected:
-    return "protected";
-  case gAccess::private_:
-  case gAccess::strict_private:
-    return "private";
-  case gAccess::published:
-    return "published";
-  case gAccess::none:
-    break;
-  }
-  return "undefined";
-}
-
-int specifiers_of(std::uint32_t marks) {
-  constexpr std::pair<std::uint32_t, int> bits[] = {
-      {mark_static, spec_static},   {mark_extern, spec_extern},   {mark_mutable, spec_mutable},
-      {mark_inline, spec_inline},   {mark_virtual, spec_virtual}, {mark_explicit, spec_explicit},
-      {mark_typedef, spec_typedef}, {mark_friend, spec_friend},   {mark_override, spec_virtual},
-      {mark_dynamic, spec_virtual}};
-  int flags = 0;
-  for (auto const & [mark, flag] : bits)
-    flags |= marks & mark ? flag : 0;
-  return flags;
-}
 
 // Written within a class, but no members of it.
 bool is_guest(gKind kind) {
@@ -117,10 +19,6 @@ bool is_guest(gKind kind) {
 
 // Names grow with their scopes, so that what is nested deeper would cost more than its source.
 constexpr int most_scopes = 100;
-
-bool is_scope_of_members(gKind kind) {
-  return unit_type_of(kind, false) == ut_class;
-}
 
 class Elements {
 public:
@@ -135,16 +33,18 @@ public:
 
 private:
   void enter(std::size_t index);
+  bool is_left_out(std::size_t index) const;
+  int type_of(std::size_t index) const;
+  gDeclaration const * namer_of(std::size_t index) const;
   bool repeats_its_tag(std::size_t index) const;
   bool is_version(gDeclaration const & one) const;
   void add_scope(gStrList & names, std::int32_t scope) const;
-  void add_qualifier(gStrList & names, std::string_view qualifier) const;
+  void add_qualifier(gStrList & names, std::string_view qualifier, bool arguments) const;
   gString own_name(gDeclaration const & one) const;
-  gStrList names_of(gDeclaration const & one) const;
-  bool shows_contents(gDeclaration const & one) const;
-  gString declaration_text(gDeclaration const & one, gDeclParts & parts) const;
+  gStrList names_of(std::size_t index) const;
   cRef<gString const> condition_of(std::int32_t condition);
   void measure_scopes();
+  void note_namer(std::size_t index);
   gDeclaration const & item(std::int32_t i) const {
     return found_.items[static_cast<std::size_t>(i)];
   }
@@ -160,6 +60,8 @@ private:
     gSeclusion seclusion = gSeclusion::open;
   };
   std::vector<Scope> scopes_; // by declaration: what stands around it
+  // By declaration without a name: what gives it one, -1 for nothing.
+  std::vector<std::int32_t> namers_;
   gReadElements result_;
 };
 
@@ -187,14 +89,17 @@ void Elements::add_scope(gStrList & names, std::int32_t scope) const {
   for (auto one = around.rbegin(); one != around.rend(); ++one) {
     gDeclaration const & outer = item(*one);
     if (!outer.qualifier.empty())
-      add_qualifier(names, outer.qualifier.of(text_));
+      add_qualifier(names, outer.qualifier.of(text_), false);
+    gDeclaration const * namer = namer_of(static_cast<std::size_t>(*one));
     if (!outer.name.empty() && outer.kind != gKind::module && !is_version(outer))
       names.append(own_name(outer));
+    else if (namer && is_class_like(outer.kind))
+      names.append(own_name(*namer));
   }
 }
 
-// "A<T>::B" as "A" and "B".
-void Elements::add_qualifier(gStrList & names, std::string_view qualifier) const {
+// "A<T>::B" as "A" and "B" or, with the arguments, as "A<T>" and "B".
+void Elements::add_qualifier(gStrList & names, std::string_view qualifier, bool arguments) const {
   std::string part;
   int depth = 0;
   auto const put = [&] {
@@ -208,77 +113,51 @@ void Elements::add_qualifier(gStrList & names, std::string_view qualifier) const
     bool const sign = pascal_ ? c == '.' : c == ':';
     if (depth == 0 && sign)
       put();
-    else if (depth == 0 && c != '>' && static_cast<unsigned char>(c) > ' ')
-      part += c;
+    else if (arguments || (depth == 0 && c != '>'))
+      part += static_cast<unsigned char>(c) > ' ' || depth > 0 ? std::string(1, c) : std::string();
   }
   put();
 }
 
 // A function that is declared as a friend belongs to the scope around the class.
-gStrList Elements::names_of(gDeclaration const & one) const {
+gStrList Elements::names_of(std::size_t index) const {
+  gDeclaration const & one = found_.items[index];
   std::int32_t scope = one.scope;
   if (is_guest(one.kind))
-    while (scope >= 0 && (is_scope_of_members(item(scope).kind) || one.kind != gKind::friend_))
+    while (scope >= 0 && (is_class_like(item(scope).kind) || one.kind != gKind::friend_))
       scope = item(scope).scope;
   gStrList names;
   add_scope(names, scope);
   if (!one.qualifier.empty())
-    add_qualifier(names, one.qualifier.of(text_));
-  names.append(own_name(one));
+    add_qualifier(names, one_line(text_, one.qualifier, syntax_), true);
+  gDeclaration const * namer = one.name.empty() ? namer_of(index) : nullptr;
+  names.append(own_name(namer ? *namer : one));
   return names;
 }
 
-// The values of an enumeration say what it is, and so do the fields of a structure without a name
-// of its own, if they are few.
-bool Elements::shows_contents(gDeclaration const & one) const {
-  constexpr std::uint32_t longest = 800;
-  if (one.whole.end - one.whole.begin > longest)
-    return false;
-  bool const values = one.kind == gKind::enum_ || one.kind == gKind::enum_class;
-  bool const fields = (one.kind == gKind::struct_ || one.kind == gKind::union_) &&
-                      one.whole.of(text_).starts_with("typedef");
-  return values || fields;
+// "struct {...} pos": what stands within is known by what is declared with it. A list of constants
+// without a name is known by the first of them.
+gDeclaration const * Elements::namer_of(std::size_t index) const {
+  return namers_[index] < 0 ? nullptr : &item(namers_[index]);
 }
 
-gString Elements::declaration_text(gDeclaration const & one, gDeclParts & parts) const {
-  if (one.spelled >= 0) {
-    constexpr std::string_view head = "namespace ";
-    std::string const name = shown_name(text_, found_, one);
-    parts.name = {head.size(), static_cast<std::uint32_t>(head.size() + name.size())};
-    return gString(std::string(head) + name);
-  }
-  parts.name = one.name;
-  parts.template_head = one.template_head;
-  parts.parameters = one.parameter_list;
-  parts.bases = one.bases;
-  parts.result = one.result;
-  gRange const shown = shows_contents(one) ? one.whole : one.text.empty() ? one.whole : one.text;
-  gString text =
-      one_line(text_, shown, syntax_,
-               {&parts.name, &parts.template_head, &parts.parameters, &parts.bases, &parts.result});
-  bool const ends = text.ends_with(';') || text.ends_with('}') || is_scope_of_members(one.kind) ||
-                    one.kind == gKind::macro || one.kind == gKind::function_macro ||
-                    one.kind == gKind::enumerator || unit_type_of(one.kind, false) == ut_unit;
-  if (!ends && !text.empty())
-    text += ';';
-  return text;
-}
-
+// An outer condition stands in front of those in it. Text that says the same at each depth would
+// grow with the square of the depth, so a long one isn't prolonged.
 cRef<gString const> Elements::condition_of(std::int32_t condition) {
+  constexpr std::size_t longest = 1000;
   if (condition < 0)
     return nullptr;
-  auto const at = static_cast<std::size_t>(condition);
-  conditions_.resize(std::max(conditions_.size(), at + 1));
-  if (!conditions_[at]) {
-    gString text;
-    for (std::int32_t i = condition; i >= 0;
-         i = found_.conditions[static_cast<std::size_t>(i)].outer) {
-      std::string const & one = found_.conditions[static_cast<std::size_t>(i)].text;
-      text = text.empty() ? one : one + " && " + text;
-    }
-    conditions_[at] = make_ref<gString const>(text);
+  for (auto at = conditions_.size(); at <= static_cast<std::size_t>(condition); ++at) {
+    gCondition const & one = found_.conditions[at];
+    cRef<gString const> const outer = one.outer >= 0 && static_cast<std::size_t>(one.outer) < at
+                                          ? conditions_[static_cast<std::size_t>(one.outer)]
+                                          : nullptr;
+    bool const prolonged = outer && outer->size() <= longest;
+    conditions_.push_back(outer && !prolonged ? outer
+                          : prolonged         ? make_ref<gString const>(*outer + " && " + one.text)
+                                              : make_ref<gString const>(one.text));
   }
-  return conditions_[at];
+  return conditions_[static_cast<std::size_t>(condition)];
 }
 
 // "typedef struct T {...} T" is the struct alone.
@@ -298,10 +177,30 @@ bool is_detail(std::string_view name) {
   return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
+// Names the unnamed things in front that this declaration stands behind or in.
+void Elements::note_namer(std::size_t index) {
+  gDeclaration const & one = found_.items[index];
+  auto const name = [&](std::int32_t unnamed) {
+    if (unnamed >= 0 && static_cast<std::size_t>(unnamed) < index && item(unnamed).name.empty() &&
+        namers_[static_cast<std::size_t>(unnamed)] < 0)
+      namers_[static_cast<std::size_t>(unnamed)] = static_cast<std::int32_t>(index);
+  };
+  if (one.kind == gKind::enumerator)
+    name(one.scope);
+  else if (one.statement < 0 || static_cast<std::size_t>(one.statement) >= index)
+    return;
+  else if (is_class_like(item(one.statement).kind))
+    name(one.statement);
+  else
+    namers_[static_cast<std::size_t>(one.statement)] = -1; // the variable has the comment
+}
+
 // A scope stands in front of its members, so one pass is enough.
 void Elements::measure_scopes() {
   scopes_.resize(found_.items.size());
+  namers_.assign(found_.items.size(), -1);
   for (std::size_t i = 0; i < found_.items.size(); ++i) {
+    note_namer(i);
     std::int32_t const outer = found_.items[i].scope;
     if (outer < 0 || static_cast<std::size_t>(outer) >= i)
       continue;
@@ -316,16 +215,38 @@ void Elements::measure_scopes() {
   }
 }
 
+// The values of an enumeration without a name are constants of what stands around it.
+int Elements::type_of(std::size_t index) const {
+  gDeclaration const & one = found_.items[index];
+  auto const in_class = [&](std::int32_t scope) {
+    while (scope >= 0 && item(scope).name.empty() && !is_class_like(item(scope).kind))
+      scope = item(scope).scope;
+    return scope >= 0 && is_class_like(item(scope).kind);
+  };
+  bool const constant = one.kind == gKind::enumerator && one.scope >= 0 &&
+                        item(one.scope).name.empty() && !in_class(one.scope);
+  bool const member = (one.scope >= 0 && is_class_like(item(one.scope).kind)) ||
+                      (one.marks & mark_out_of_class) != 0;
+  return constant ? ut_var : unit_type_of(one.kind, member);
+}
+
+bool Elements::is_left_out(std::size_t index) const {
+  gDeclaration const & one = found_.items[index];
+  bool const friend_class = one.kind == gKind::friend_ && one.parameter_list.empty();
+  bool const nameless = one.name.empty() && namers_[index] < 0;
+  return nameless || friend_class || scopes_[index].depth > most_scopes || repeats_its_tag(index) ||
+         is_version(one) || static_cast<std::int32_t>(index) == found_.guard;
+}
+
 void Elements::enter(std::size_t index) {
   gDeclaration const & one = found_.items[index];
-  bool const in_class = (one.scope >= 0 && is_scope_of_members(item(one.scope).kind)) ||
-                        (one.marks & mark_out_of_class) != 0;
-  int const type = unit_type_of(one.kind, in_class);
-  if (type == ut_undefined || one.name.empty() || scopes_[index].depth > most_scopes ||
-      repeats_its_tag(index) || is_version(one) || static_cast<std::int32_t>(index) == found_.guard)
+  int const type = type_of(index);
+  if (scopes_[index].depth == most_scopes + 1 && result_.too_deep < 0)
+    result_.too_deep = static_cast<std::int32_t>(index);
+  if (type == ut_undefined || is_left_out(index))
     return;
   auto parts = std::make_unique<gDeclParts>();
-  gString text = declaration_text(one, *parts);
+  gString text = declaration_text(text_, found_, one, syntax_, *parts);
   parts->marks = one.marks;
   parts->condition = condition_of(one.condition);
   parts->seclusion = scopes_[index].seclusion;
@@ -335,7 +256,7 @@ void Elements::enter(std::size_t index) {
       make_ref<gCodeElem>(gStrList(), file_, static_cast<int>(one.line), type, gString(),
                           gString(visibility_of(is_guest(one.kind) ? gAccess::none : one.access)),
                           specifiers_of(one.marks));
-  element->names = names_of(one);
+  element->names = names_of(index);
   element->decl = std::move(text);
   element->column = static_cast<int>(one.column);
   element->end_line = static_cast<int>(one.end_line);

@@ -207,6 +207,7 @@ template <class Archive, class Element> void element(Archive & archive, Element 
   archive.text(element.decl);
   archive.text(element.visibility);
   archive.text(element.heritage);
+  archive.flag(element.documented);
   known_parts(archive, element);
 }
 

@@ -49,8 +49,9 @@ private:
   // What the comments say about one declaration.
   struct Words {
     std::string text;
-    gLinePlace place;                                            // of the first of them
-    bool titles = true;                                          // may stand in it
+    gLinePlace place;   // of the first of them
+    bool titles = true; // may stand in it
+    bool documenting = false;
     std::vector<std::pair<std::string, std::string>> parameters; // of a routine, with their words
     std::string values;                                          // of an enumeration, as items
   };
@@ -97,6 +98,11 @@ void gModernReader::File::read_declarations(Decl::gPascalContext const & context
   elements_ = make_code_elements(text_, found_, result_.facts.file);
   next_ = next_of_statement(found_);
   result_.declarations = elements_.elements.size();
+  if (elements_.too_deep >= 0) {
+    Decl::gDeclaration const & one = item(elements_.too_deep);
+    found_.skipped.push_back(
+        {one.whole, one.line, one.end_line, one.scope, "more than 100 scopes around it"});
+  }
 }
 
 // Some keywords are tags of other systems, too: "@class Name" with more lines below, and "@p name"
@@ -187,6 +193,7 @@ void gModernReader::File::take_words(std::int32_t declaration, std::string const
     all.titles = block.documenting && !block.behind;
   }
   add_paragraph(all.text, words);
+  all.documenting = all.documenting || block.documenting;
 }
 
 void gModernReader::File::take_parameter(gAttachment const & attachment, std::string const & words,
@@ -261,8 +268,14 @@ void gModernReader::File::make_unit(std::int32_t declaration, std::string const 
 
 void gModernReader::File::bind(std::int32_t declaration, int unit) {
   std::int32_t const element = elements_.of[static_cast<std::size_t>(declaration)];
-  if (element >= 0)
-    elements_.elements[static_cast<std::size_t>(element)]->text = unit;
+  if (element < 0)
+    return;
+  gCodeElem & bound = *elements_.elements[static_cast<std::size_t>(element)];
+  bound.text = unit;
+  auto const words = words_.find(item(declaration).statement);
+  auto const own = words_.find(declaration);
+  bound.documented = own != words_.end() ? own->second.documenting
+                                         : words != words_.end() && words->second.documenting;
 }
 
 // What the tags say of a parameter comes before what stands beside it.

@@ -1,91 +1,144 @@
-// A type is taken to its words and signs. "const int", "int const" and "int" are one for a
-// parameter; "struct T" is T; "unsigned" is "unsigned int".
+// Each part of a declaration is taken to words first. Names of template parameters become numbers,
+// counted from the outermost head inwards: a definition outside of its class spells all heads in
+// front of it, while the declaration has those of the classes around.
 #include "ana/read/signature.h"
 
 #include <algorithm>
-#include <vector>
+#include <unordered_map>
 
+#include "ana/read/type_words.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 using namespace Decl;
-using Words = std::vector<std::string>;
 
-// Words and single signs; comments go.
-Words words_of(std::string_view text) {
-  Words words;
-  for (std::size_t at = 0; at < text.size();) {
-    char const c = text[at];
-    if (c == '/' && text.substr(at).starts_with("/*")) {
-      std::size_t const end = text.find("*/", at + 2);
-      at = end == std::string_view::npos ? text.size() : end + 2;
-    } else if (c == '/' && text.substr(at).starts_with("//")) {
-      at = std::min(text.find('\n', at), text.size());
-    } else if (Vlb::is_word(c)) {
-      std::size_t end = at;
-      while (end < text.size() && Vlb::is_word(text[end]))
-        ++end;
-      words.emplace_back(text.substr(at, end - at));
-      at = end;
-    } else {
-      if (static_cast<unsigned char>(c) > ' ' && c != '\\')
-        words.emplace_back(1, c);
-      ++at;
+// One "template <...>" with the constraint behind it.
+struct Head {
+  std::vector<gTypeWords> params;
+  gTypeWords constraint;
+};
+
+// The parameters of a head that begins behind its "<"; answers the place behind its ">".
+std::size_t read_params(gTypeWords const & words, std::size_t at, Head & head) {
+  int depth = 0;
+  gTypeWords param;
+  for (; at < words.size(); ++at) {
+    std::string const & word = words[at];
+    bool const end = depth == 0 && word == ">";
+    if (end || (depth == 0 && word == ",")) {
+      if (!param.empty())
+        head.params.push_back(std::move(param));
+      param.clear();
+      if (end)
+        return at + 1;
+      continue;
     }
+    depth += (word == "<" || word == "(") - (word == ">" || word == ")");
+    param.push_back(word);
   }
+  return at;
+}
+
+std::vector<Head> heads_of(std::string_view template_head) {
+  gTypeWords const words = type_words(template_head);
+  std::vector<Head> heads;
+  for (std::size_t at = 0; at < words.size();) {
+    bool const opens = at + 1 < words.size() && words[at] == "template" && words[at + 1] == "<";
+    if (opens)
+      at = read_params(words, at + 2, heads.emplace_back());
+    else if (heads.empty())
+      ++at;
+    else
+      heads.back().constraint.push_back(words[at++]);
+  }
+  return heads;
+}
+
+// Cuts the default off; takes the name out and gives it back.
+std::string take_name(gTypeWords & param) {
+  int depth = 0;
+  auto const equals = std::find_if(param.begin(), param.end(), [&](std::string const & word) {
+    depth += (word == "<" || word == "(") - (word == ">" || word == ")");
+    return depth == 0 && word == "=";
+  });
+  param.erase(equals, param.end());
+  bool const named = param.size() > 1 && Vlb::is_word(param.back()[0]) &&
+                     param[param.size() - 2] != ":" && param.back() != "class" &&
+                     param.back() != "typename";
+  if (!named)
+    return {};
+  std::string name = std::move(param.back());
+  param.pop_back();
+  return name;
+}
+
+class Signature {
+public:
+  Signature(std::string_view text, gFileDeclarations const & file, gDeclaration const & one)
+      : text_(text),
+        file_(file),
+        one_(one) {}
+
+  std::string parameters(bool pascal);
+  std::string qualifiers() const;
+  std::string of_template();
+  void read_heads();
+
+private:
+  std::size_t heads_of_classes() const;
+  gTypeWords numbered(std::string_view text) const { return numbered(type_words(text)); }
+  gTypeWords numbered(gTypeWords words) const;
+
+  std::string_view text_;
+  gFileDeclarations const & file_;
+  gDeclaration const & one_;
+  std::vector<Head> own_; // of the function itself
+  std::unordered_map<std::string, std::string> numbers_;
+};
+
+gTypeWords Signature::numbered(gTypeWords words) const {
+  for (std::string & word : words)
+    if (auto const number = numbers_.find(word); number != numbers_.end())
+      word = number->second;
   return words;
 }
 
-bool is_one_of(std::string const & word, std::initializer_list<std::string_view> list) {
-  return std::find(list.begin(), list.end(), word) != list.end();
-}
+// A head longer than this would cost its length again for each member.
+constexpr std::uint32_t longest_head = 4096;
 
-std::string joined(Words const & words) {
-  std::string text;
-  for (std::string const & word : words) {
-    if (!text.empty() && Vlb::is_word(text.back()) && Vlb::is_word(word[0]))
-      text += ' ';
-    text += word;
+// Parts of the qualifier with arguments have a head each: "template <class T> void A<T>::f()".
+std::size_t Signature::heads_of_classes() const {
+  int depth = 0;
+  std::size_t heads = 0;
+  for (char const c : one_.qualifier.of(text_)) {
+    heads += c == '<' && depth == 0;
+    depth += (c == '<') - (c == '>');
   }
-  return text;
+  return heads;
 }
 
-// "const" in front of the first sign moves behind the word that it belongs to, and is dropped where
-// the parameter is a copy.
-std::string cpp_type(std::string_view text) {
-  Words words = words_of(text);
-  std::erase_if(words, [](std::string const & word) {
-    return is_one_of(word, {"struct", "class", "enum", "union", "typename", "register", "volatile",
-                            "restrict", "__restrict", "__restrict__", "inline", "extern"});
-  });
-  auto const sign = std::find_if(words.begin(), words.end(), [](std::string const & word) {
-    return !Vlb::is_word(word[0]) && word != ":";
-  });
-  bool const copied = sign == words.end();
-  std::size_t const head = static_cast<std::size_t>(sign - words.begin());
-  bool constant = false;
-  Words result;
-  for (std::size_t i = 0; i < head; ++i) {
-    if (words[i] == "const")
-      constant = true;
-    else
-      result.push_back(words[i]);
+void Signature::read_heads() {
+  constexpr std::size_t most_heads = 16;
+  std::vector<gRange> ranges = {one_.template_head};
+  for (std::int32_t at = one_.scope; at >= 0 && ranges.size() < most_heads;) {
+    gDeclaration const & outer = file_.items[static_cast<std::size_t>(at)];
+    ranges.push_back(outer.template_head);
+    at = outer.scope;
   }
-  if (std::find(result.begin(), result.end(), "unsigned") != result.end() ||
-      std::find(result.begin(), result.end(), "long") != result.end() ||
-      std::find(result.begin(), result.end(), "short") != result.end())
-    std::erase_if(result,
-                  [](std::string const & word) { return word == "int" || word == "signed"; });
-  if (constant && !copied)
-    result.emplace_back("const");
-  result.insert(result.end(), sign, words.end());
-  return joined(result);
-}
-
-std::string pascal_type(std::string_view text) {
-  std::string type = Vlb::to_lower(joined(words_of(text)));
-  return type;
+  for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+    if (range->end - range->begin > longest_head)
+      continue;
+    std::vector<Head> heads = heads_of(range->of(text_));
+    for (Head & head : heads)
+      for (gTypeWords & param : head.params)
+        if (std::string name = take_name(param); !name.empty())
+          numbers_.emplace(std::move(name), "$" + std::to_string(numbers_.size()));
+    if (range + 1 == ranges.rend())
+      own_ = std::move(heads);
+  }
+  own_.erase(own_.begin(),
+             own_.begin() + static_cast<std::ptrdiff_t>(std::min(own_.size(), heads_of_classes())));
 }
 
 // The whole parameter without its name and default.
@@ -102,26 +155,60 @@ std::string type_text(std::string_view text, gParam const & param) {
   return type;
 }
 
+std::string Signature::parameters(bool pascal) {
+  std::string result = "(";
+  for (std::uint32_t i = 0; i < one_.params; ++i) {
+    gParam const & param = file_.parameters[one_.first_param + i];
+    std::string const type = pascal ? Vlb::to_lower(joined_words(type_words(param.type.of(text_))))
+                                    : parameter_type(numbered(type_text(text_, param)));
+    if (type == "void" && one_.params == 1)
+      break;
+    result += (i > 0 ? "," : "") + type;
+  }
+  return result + ')';
+}
+
+std::string Signature::qualifiers() const {
+  std::string result;
+  for (std::string const & word : type_words(one_.trailing.of(text_))) {
+    if (word != "const" && word != "volatile" && word != "&")
+      break;
+    result += word;
+  }
+  return result;
+}
+
+// Without defaults, which only the first declaration has.
+std::string Signature::of_template() {
+  std::string result;
+  for (Head const & head : own_) {
+    result += '<';
+    for (gTypeWords const & param : head.params) {
+      bool const type = param[0] == "class" || param[0] == "typename";
+      result += (type ? "class" + joined_words({param.begin() + 1, param.end()})
+                      : plain_type(numbered(param))) +
+                ',';
+    }
+    result += '>' + joined_words(numbered(head.constraint));
+  }
+  gTypeWords const trailing = numbered(one_.trailing.of(text_));
+  auto const requires_ = std::find(trailing.begin(), trailing.end(), "requires");
+  result += joined_words({requires_, trailing.end()});
+  return result + ' ' + plain_type(numbered(one_.result.of(text_)));
+}
+
 } // namespace
 
 std::string signature(std::string_view text, gFileDeclarations const & file,
                       gDeclaration const & one, bool pascal) {
   if (one.parameter_list.empty() && one.params == 0)
     return {};
-  std::string result = "(";
-  for (std::uint32_t i = 0; i < one.params; ++i) {
-    gParam const & param = file.parameters[one.first_param + i];
-    std::string const type =
-        pascal ? pascal_type(param.type.of(text)) : cpp_type(type_text(text, param));
-    if (type == "void" && one.params == 1)
-      break;
-    result += (i > 0 ? "," : "") + type;
-  }
-  result += ')';
-  for (std::string const & word : words_of(one.trailing.of(text))) {
-    if (!is_one_of(word, {"const", "volatile", "&"}))
-      break;
-    result += word;
-  }
+  Signature all(text, file, one);
+  if (pascal)
+    return all.parameters(true);
+  all.read_heads();
+  std::string result = all.parameters(false) + all.qualifiers();
+  if (std::string const more = all.of_template(); more[0] == '<')
+    result += '\n' + more;
   return result;
 }
