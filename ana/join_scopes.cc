@@ -87,7 +87,7 @@ bool gJoinScopes::take_specialisation(gCodeElem & element) const {
   std::string const scope = element.scope();
   Language const & all = of(element.loc.file());
   std::size_t const open = scope.rfind('<');
-  if (open == scope.npos || all.specialisations.empty())
+  if (open == scope.npos || is_type(element)) // members of a type name it without arguments
     return false;
   std::size_t const begin = scope.find('<');
   std::string const whole =
