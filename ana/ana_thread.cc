@@ -135,6 +135,8 @@ gRunResult ana_thread(gRunInput input) {
   }
   result.atc_file = gFindings.atc_file;
   result.incomplete = std::move(gFindings.incomplete);
+  if (gInput->modern)
+    result.read = ana_read_words(gFindings.declarations, gFindings.skipped.size());
   clean_up();
   return result;
 }

@@ -10,7 +10,11 @@ struct gRunResult {
   bool success = false;             // the intermediate code is usable
   gPathstring atc_file;             // its path; empty if none was begun
   std::set<gPathstring> incomplete; // sources that could not be read whole
+  std::string read;                 // what was read, in words; empty in the classic dialect
 };
+
+// "4,812 declarations, 1 stretch skipped".
+std::string ana_read_words(std::size_t declarations, std::size_t skipped);
 
 // The entry of the worker thread. Never throws. All tables of the run are empty afterwards, and no
 // temporary file is left.

@@ -1,6 +1,8 @@
 // Reads all tables. Fills gDocManager by the commands of the script, and then the output folder.
 
+#include "ana/ana_thread.h"
 #include "ana/anadat/gatcfile.h"
+#include "ana/anadat/pieces.h"
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/gcmd.h"
 #include "ana/stages.h"
@@ -51,7 +53,23 @@ bool write_document(gPathstring const & path, std::set<gString> const & outputs)
   return file.close() && !gDocManager.write_failed();
 }
 
+void write_skipped(std::ostream & stream) {
+  for (gSkippedLines const & one : gFindings.skipped) {
+    stream << "@_skipped<";
+    Vlb::put_escaped(stream, one.path);
+    stream << "><" << one.first << "><" << one.last << "><";
+    Vlb::put_escaped(stream, one.reason);
+    stream << "><";
+    Vlb::put_escaped(stream, one.scope);
+    stream << ">\n";
+  }
+}
+
 void log_summary() {
+  if (gInput->modern)
+    Msg::log(Msg::status) << "  "
+                          << ana_read_words(gFindings.declarations, gFindings.skipped.size())
+                          << std::endl;
   gPathstring const script = gInput->script_name;
   Msg::log() << std::endl << script.file_name() << " - ";
   Msg::log.put_summary();
@@ -80,6 +98,8 @@ void ana_atc_header(std::ostream & stream, std::set<gString> const & outputs) {
   for (gString const & output : outputs)
     stream << "@atxfile<" << Vlb::escape_atc(output) << ".atx>\n";
   stream << "@e_atxfiles\n@unitcount<" << gDocManager.unit_count() << ">\n";
+  if (gInput->facts_line)
+    write_skipped(stream);
 }
 
 bool ana_generate(gCmdSeq & commands, std::set<gString> const & outputs, gString const & output) {

@@ -109,8 +109,10 @@ int SourceReading::read(gSrcFile const & file, gReportSink & reports) {
 }
 
 void SourceReading::enter(gModernFile & file, gReportSink & reports) {
-  if (file.skipped > 0)
+  gFindings.declarations += file.declarations;
+  if (!file.skipped.empty())
     gFindings.incomplete.insert(file.facts.file.opath());
+  std::move(file.skipped.begin(), file.skipped.end(), std::back_inserter(gFindings.skipped));
   std::move(file.includes.begin(), file.includes.end(), std::back_inserter(includes_));
   file.facts.text.reports.hand_on(reports);
   file.facts.code.reports.hand_on(reports);

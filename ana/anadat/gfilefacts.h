@@ -73,10 +73,26 @@ struct gClassFacts {
   cRef<gBaseClause> bases;
 };
 
-// A comment that no text unit came from.
+// Why a comment is left out.
+enum class gLeftOut : unsigned char {
+  taken,       // it isn't
+  in_body,     // a remark in a function
+  in_code_out, // in code that is left out
+  licence,
+  tool_switch,
+  drawing,   // no words
+  dead_code, // code that is commented out
+  nothing_near,
+  another, // another comment documents the declaration
+  heading, // of several declarations, each with a comment behind
+};
+
+// A comment that no text unit came from. One with a reason belongs to no declaration for sure; for
+// the others one is searched.
 struct gCommentFacts {
   gLinePlace place;
   int last_line = 0;
+  gLeftOut left_out = gLeftOut::taken;
 };
 
 struct gCodeFacts {

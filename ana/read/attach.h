@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "ana/anadat/gfilefacts.h"
 #include "ana/read/comment_blocks.h"
 
 // Why a comment is taken for the text of a declaration, best reason first. Of the comments that
@@ -16,20 +17,6 @@ enum class gAttachRule : unsigned char {
   plain_inside, // any other between head and body, or behind the opening brace
   plain_below,  // any other directly below, with an empty line behind
   none,
-};
-
-// Why a comment is left out.
-enum class gLeftOut : unsigned char {
-  taken,       // it isn't
-  in_body,     // a remark in a function
-  in_code_out, // in code that is left out
-  licence,
-  tool_switch,
-  drawing,   // no words
-  dead_code, // code that is commented out
-  nothing_near,
-  another, // another comment documents the declaration
-  heading, // of several declarations, each with a comment behind
 };
 
 // What becomes of one block.

@@ -114,8 +114,9 @@ void enter_code(gFileFacts & facts) {
     put(gCodeElems, facts.file, place, std::move(element));
   }
   for (gCommentFacts const & one : code.comments)
-    put(gComments, facts.file, one.place,
-        make_ref<gCmt>(facts.file, one.place.line, one.last_line));
+    if (one.left_out == gLeftOut::taken)
+      put(gComments, facts.file, one.place,
+          make_ref<gCmt>(facts.file, one.place.line, one.last_line));
   code.elements = {};
   code.classes = {};
   code.comments = {};

@@ -12,7 +12,7 @@ namespace {
 using Facts::gReader;
 using Facts::gWriter;
 
-constexpr std::string_view form = "VLF1";
+constexpr std::string_view form = "VLF2";
 constexpr int most = 100'000'000; // lines, columns and numbers within a file
 
 std::uint64_t sum_of(std::string_view text, std::uint64_t sum = 0xCBF29CE484222325u) {
@@ -254,6 +254,16 @@ void classes(gReader & archive, gCodeFacts & code) {
   });
 }
 
+void left_out(gWriter & archive, gLeftOut reason) {
+  archive.number(static_cast<int>(reason));
+}
+
+void left_out(gReader & archive, gLeftOut & reason) {
+  int number = 0;
+  bounded(archive, number, 0, static_cast<int>(gLeftOut::heading));
+  reason = static_cast<gLeftOut>(archive.good() ? number : 0);
+}
+
 template <class Archive, class Whole> void file_facts(Archive & archive, Whole & facts) {
   text_facts(archive, facts.text, facts.file);
   elements(archive, facts);
@@ -261,6 +271,7 @@ template <class Archive, class Whole> void file_facts(Archive & archive, Whole &
   archive.many(facts.code.comments, [&](auto & one) {
     place(archive, one.place);
     bounded(archive, one.last_line, 0, most);
+    left_out(archive, one.left_out);
   });
   reports(archive, facts.code.reports, facts.file);
   end(archive, facts.code.end, facts.file);

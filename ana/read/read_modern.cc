@@ -59,6 +59,7 @@ private:
   void read_declarations(Decl::gPascalContext const & context);
   void take_comments();
   void take_block(gCommentBlock const & block, gAttachment const & attachment);
+  void leave_out(gCommentBlock const & block, gLeftOut reason);
   void take_words(std::int32_t declaration, std::string const & words, gCommentBlock const & block);
   void take_parameter(gAttachment const & attachment, std::string const & words,
                       gCommentBlock const & block);
@@ -75,6 +76,7 @@ private:
   static void add_parameters(Words & words);
   gCommentHints hints_for(std::int32_t declaration, Words const & words) const;
   int parse_unit(std::string const & text, gLinePlace place, bool own = false);
+  std::int32_t scope_at(std::uint32_t place) const;
   void report_skipped();
   void add_includes(gStrList const & scope);
   gStrList scope_names(std::int32_t scope) const;
@@ -205,6 +207,11 @@ void gModernReader::File::take_parameter(gAttachment const & attachment, std::st
   words_[attachment.declaration].parameters.emplace_back(param.name.of(text_), trimmed(words));
 }
 
+void gModernReader::File::leave_out(gCommentBlock const & block, gLeftOut reason) {
+  result_.facts.code.comments.push_back(
+      {place_of(block), static_cast<int>(found_.comments[block.last].end_line), reason});
+}
+
 void gModernReader::File::take_block(gCommentBlock const & block, gAttachment const & attachment) {
   bool const hidden =
       attachment.left_out == gLeftOut::in_code_out || attachment.left_out == gLeftOut::in_body;
@@ -231,6 +238,8 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
     parse_unit(std::string(opening) + "@about " + text.name + " | @description " + text.text +
                    std::string(closing),
                place_of(block));
+  else
+    leave_out(block, attachment.left_out);
 }
 
 void gModernReader::File::take_comments() {
@@ -319,9 +328,29 @@ void gModernReader::File::make_units() {
   }
 }
 
+// The innermost scope around a place; -1 for none. A fault among brackets is met before scopes are.
+std::int32_t gModernReader::File::scope_at(std::uint32_t place) const {
+  auto const & items = found_.items;
+  auto const next = std::upper_bound(
+      items.begin(), items.end(), place,
+      [](std::uint32_t at, Decl::gDeclaration const & one) { return at < one.whole.begin; });
+  std::int32_t found = static_cast<std::int32_t>(next - items.begin()) - 1;
+  auto const holds = [&](Decl::gRange const & body) {
+    return body.begin <= place && place < body.end;
+  };
+  while (found >= 0 && !holds(item(found).body))
+    found = item(found).scope;
+  return found;
+}
+
 void gModernReader::File::report_skipped() {
-  result_.skipped = found_.skipped.size();
   for (Decl::gSkipped const & skipped : found_.skipped) {
+    std::int32_t const around = skipped.scope < 0 ? scope_at(skipped.whole.begin) : skipped.scope;
+    std::int32_t const scope = around < 0 ? -1 : elements_.of[static_cast<std::size_t>(around)];
+    result_.skipped.push_back(
+        {result_.facts.file.opath(), static_cast<int>(skipped.line),
+         static_cast<int>(std::max(skipped.line, skipped.end_line)), skipped.reason,
+         scope < 0 ? gString() : elements_.elements[static_cast<std::size_t>(scope)]->name()});
     std::uint32_t const lines = skipped.end_line - std::min(skipped.line, skipped.end_line) + 1;
     result_.facts.code.reports(Msg::stretch_skipped,
                                skipped.reason + ", " + std::to_string(lines) +

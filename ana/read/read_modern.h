@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ana/anadat/gfilefacts.h"
+#include "ana/anadat/input_table.h"
 #include "ana/decl/readers.h"
 #include "ana/parser/doc/doc_parse.h"
 
@@ -28,7 +29,7 @@ struct gModernFile {
   gFileFacts facts;
   std::vector<gIncludeRequest> includes;
   std::size_t declarations = 0; // found
-  std::size_t skipped = 0;      // stretches that were not understood
+  std::vector<gSkippedLines> skipped;
 };
 
 // Reads sources one after the other; a thread has a reader of its own.

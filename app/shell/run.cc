@@ -15,7 +15,13 @@ gConversionResult & last_conversion() {
   return result;
 }
 
+gRunResult & last_run() {
+  static gRunResult result;
+  return result;
+}
+
 void store(gRunResult const & result) {
+  last_run() = result;
   if (!result.atc_file.empty())
     Vapp::options["atc_file"] = cat::make(result.atc_file);
   Vapp::incomplete_files() = result.incomplete;
@@ -44,6 +50,10 @@ void gRun::start(gRunInput input, std::function<void()> behind, Finished finishe
              if (finished)
                finished(*result);
            }});
+}
+
+gRunResult const & gRun::last_result() {
+  return last_run();
 }
 
 void gConversionRun::start(gConversionInput input, Converter converter) {

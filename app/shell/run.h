@@ -16,6 +16,8 @@ public:
   // `behind` is called on the worker's thread, when the run is done but for its result; `finished`
   // on the thread of the starter.
   static void start(gRunInput input, std::function<void()> behind = {}, Finished finished = {});
+  // Of the last run that has ended.
+  static gRunResult const & last_result();
 };
 
 class gConversionRun {

@@ -11,6 +11,7 @@ using K = gNodeKind;
 
 constexpr gAtcCommandInfo commands[] = {
     {"_facts", C::facts, 10, 10, false, '\n'},
+    {"_skipped", C::skipped, 5, 5, false, '\n'},
     {"atxfile", C::atxfile, 1, 1, false, '\n'},
     {"b", C::format, 0, 0, true, ' ', K::bold},
     {"b_atxfiles", C::b_atxfiles, 0, 0, false, '\n'},

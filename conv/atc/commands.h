@@ -66,6 +66,7 @@ enum class gAtcCommand : unsigned char {
   e_secthead,
   unit,
   facts,
+  skipped,
 };
 
 struct gAtcCommandInfo {

@@ -39,6 +39,14 @@ struct gUnitRecord {
   int content_line = 0;           // of its content's first line
 };
 
+// Lines of a source that the analysis didn't understand.
+struct gSkippedRecord {
+  std::string path;
+  int first = 1, last = 1;
+  std::string reason; // for readers
+  std::string scope;  // name of what they stand in; empty for none
+};
+
 struct gSectionRecord {
   std::string style, output; // output: the base name of its file; empty if it stands in the .atc
   gNodeList head_left, head_right, foot_left, foot_right;
@@ -71,7 +79,8 @@ public:
   std::map<std::string, std::string> wintypes;
   std::vector<std::unique_ptr<gAtcText>> files;
   std::vector<gSectionRecord> sections;
-  std::vector<gUnitRecord> units; // in the order of the document
+  std::vector<gSkippedRecord> skipped; // by sources
+  std::vector<gUnitRecord> units;      // in the order of the document
   std::vector<gIndexEntry> index_entries;
   std::vector<std::string> help_ids; // bookmarks with <hid>, in their order
   std::vector<std::pair<std::string, gTarget>> help_aliases;

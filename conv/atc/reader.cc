@@ -222,6 +222,9 @@ bool gAtcReader::read_head_command(gAtcScanner & scanner) {
   case gAtcCommand::atxfile:
     announce(params[0]);
     break;
+  case gAtcCommand::skipped:
+    take_skipped(scanner);
+    break;
   case gAtcCommand::b_wintype:
   case gAtcCommand::e_wintype:
   case gAtcCommand::b_atxfiles:
@@ -231,6 +234,13 @@ bool gAtcReader::read_head_command(gAtcScanner & scanner) {
     scanner.report(Msg::atc_misplaced, "@" + std::string(scanner.info().name), scanner.line());
   }
   return false;
+}
+
+void gAtcReader::take_skipped(gAtcScanner & scanner) {
+  std::vector<std::string> const params = scanner.params();
+  int const first = number(scanner, params[1], 1, 1 << 30);
+  int const last = number(scanner, params[2], 1, 1 << 30);
+  document_->skipped.push_back({params[0], first, std::max(first, last), params[3], params[4]});
 }
 
 int gAtcReader::number(gAtcScanner & scanner, std::string const & text, int least, int most) {

@@ -44,6 +44,7 @@ private:
   void read_part(File & file, Part const & part, std::size_t end);
   void read_head(gAtcScanner & scanner);
   bool read_head_command(gAtcScanner & scanner);
+  void take_skipped(gAtcScanner & scanner);
   void read_section(File & file, gAtcScanner & scanner);
   void read_running_head(gSectionRecord & section, gAtcScanner & scanner);
   void announce(gPathstring path);

@@ -42,6 +42,7 @@ void write_site(gConversion & conversion) {
   Pages::write_start(writer, site, navigation, contents);
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);
+  Pages::write_skipped(writer, site, navigation);
   Index::write(writer, site, navigation, units.setter(),
                Index::keys_of(site.document, input.index_place_holder), input.simple_index);
   search.write(conversion);

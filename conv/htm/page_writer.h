@@ -39,4 +39,9 @@ void write_contents(gPageWriter & writer, gSite const & site, gNavigation const 
 // Pages in the place of addresses that several pages could have.
 void write_similar(gPageWriter & writer, gSite const & site, gNavigation const & navigation);
 
+// What the analysis didn't understand, with its source. No page if there is nothing of the kind.
+void write_skipped(gPageWriter & writer, gSite & site, gNavigation const & navigation);
+// A line that leads there; empty for no stretches.
+std::string skipped_note(gSite const & site, std::size_t stretches);
+
 } // namespace Pages

@@ -100,6 +100,8 @@ void Pages::write_start(gPageWriter & writer, gSite const & site, gNavigation co
   gVltValues values;
   values.set(V::title, title).set(V::items, items).set(V::contents, tree);
   values.set(V::count, units).set(V::number, pages);
+  std::string const note = skipped_note(site, site.document.skipped.size());
+  values.set(V::text, note);
   gPageFrame frame;
   frame.style = "start";
   frame.file = "index.htm";

@@ -32,7 +32,10 @@ gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const
       navigation_(navigation),
       overview_(site, contents),
       scopes_(site),
-      places_(site) {}
+      places_(site) {
+  for (gSkippedRecord const & one : site_.document.skipped)
+    ++skipped_[one.scope];
+}
 
 void gUnitPages::write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search) {
   auto const all = site_.document.units.size();
@@ -165,4 +168,6 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
   values.set(V::named, Site::is_named(record) ? "1" : "").set(V::target, plain);
   site_.rules.apply(gVltRule::unit, record.style, values, out);
+  if (auto const found = skipped_.find(record.name); begins_page && found != skipped_.end())
+    out += Pages::skipped_note(site_, record.name.empty() ? 0 : found->second);
 }

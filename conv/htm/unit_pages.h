@@ -33,5 +33,6 @@ private:
   gNavigation const & navigation_;
   gOverview overview_;
   gScopes scopes_;
+  std::map<std::string_view, std::size_t> skipped_; // stretches by the scope that they stand in
   gPlaces places_;
 };

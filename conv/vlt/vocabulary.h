@@ -160,6 +160,9 @@ enum class gVltRule : unsigned char {
   own_name,  // in a signature: the name of what is declared
   similar_page,
   similar_item,
+  skipped_page,
+  skipped_item,
+  skipped_note,
   // Documents in one file and help projects
   document,
   section /* by style */,

@@ -158,6 +158,26 @@ TEST(conversion, quick_takes_what_it_is_given_and_no_more) {
   EXPECT_EQ(answer.err, "vellumar: The current folder is gone. Change into one that exists.\n");
 }
 
+// What isn't understood is told in numbers, and shown where it stands.
+TEST(conversion, quick_shows_what_it_skipped) {
+  Sandbox box;
+  box.write("tree/a.hpp", "class A {\npublic:\n  int good();\n  int bad(<;\n  int more();\n};\n"
+                          "class B {};\n");
+  Answer const answer = box.run("quick tree -o doc");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_NE(answer.out.find(" declarations, 1 stretch skipped\n"), std::string::npos) << answer.out;
+  EXPECT_NE(box.read("doc/htm/index.htm").find("href=\"skipped.htm\""), std::string::npos);
+  EXPECT_NE(box.read("doc/htm/A.htm").find("href=\"skipped.htm\""), std::string::npos);
+  EXPECT_EQ(box.read("doc/htm/B.htm").find("skipped.htm"), std::string::npos);
+  std::string const page = box.read("doc/htm/skipped.htm");
+  EXPECT_NE(page.find("_source/a.hpp.htm#L4"), std::string::npos) << page;
+  EXPECT_NE(page.find("  int bad(&lt;;\n"), std::string::npos) << page;
+  box.write("tree/a.hpp", "class A {};\n");
+  EXPECT_NE(box.run("quick tree -o doc").out.find("1 declaration, 0 stretches skipped\n"),
+            std::string::npos);
+  EXPECT_FALSE(box.exists("doc/htm/skipped.htm"));
+}
+
 // A new project knows what comments of other systems say, and takes no word of theirs for its own
 // mark-up.
 TEST(conversion, a_new_project_reads_what_quick_reads) {
