@@ -4,6 +4,7 @@
 #include "ana/stages.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
 
 void ana_input_files() {
   gSrcFiles.clear();
@@ -15,11 +16,8 @@ void ana_input_files() {
     found.add(group.paths, group.files, 1);
   for (gString const & problem : found.problems())
     Msg::log() << problem << std::endl;
-  for (gPathstring const & path : found.left_out()) {
-    gString shown;
-    Vlb::add_shown(shown, path);
-    Msg::log() << "Left out because of a line feed in its name: " << shown << std::endl;
-  }
+  for (gPathstring const & path : found.left_out())
+    Msg::log(Msg::line_feed_in_name, path);
   for (gSrcFile const & file : found.files())
     gSrcFiles.emplace_back(file.path(), "", 0);
 }

@@ -8,6 +8,7 @@
 #include "vlb/gfilelist.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
 
 namespace {
 
@@ -19,9 +20,7 @@ public:
     gPathstring const root = Vapp::option_path("inputcurdir");
     if (!gFileSystem::dir_exists(root))
       complain("Folder does not exist: " + root);
-    gPathstring const script = Vapp::option_path("vls_file");
-    if (!gFileSystem::file_exists(script))
-      complain("The script does not exist: " + script);
+    check_script();
     cRef<cObj> const groups = Vapp::option("inputfiles");
     if (!groups || groups->size() == 0)
       complain("No input files specified.");
@@ -35,6 +34,15 @@ private:
   void complain(std::string const & text) {
     context_.outside.tell(text);
     good_ = false;
+  }
+
+  // Without a name the path would be the project's folder.
+  void check_script() {
+    gPathstring const script = Vapp::option_path("vls_file");
+    if (Vapp::option_string("vls_file").empty())
+      complain("No script file specified.");
+    else if (!gFileSystem::file_exists(script))
+      complain("The script does not exist: " + script);
   }
 
   void check_group(cObj const & group, gPathstring const & root) {
@@ -52,7 +60,7 @@ private:
     for (gPathstring const & file : files.left_out()) {
       gString shown;
       Vlb::add_shown(shown, file);
-      complain("Left out because of a line feed in its name: '" + shown + "'");
+      complain(std::string(Msg::line_feed_in_name.text) + shown);
     }
   }
 

@@ -2,14 +2,20 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/exit_status.h"
+#include "vlb/file_lock.h"
 
 namespace {
 
-int change_project(std::vector<std::string> const & assignments, gCommandContext & context) {
-  for (std::string const & assignment : assignments) {
-    if (!assign_option(assignment, context))
-      return exit_refused;
+// Others that change the project at the same time wait for each other, so that no change is lost.
+int change_project(std::string const & path, std::vector<std::string> const & assignments,
+                   gCommandContext & context) {
+  Vlb::gFileLock const lock(path, std::chrono::seconds(20));
+  if (!lock.is_free()) {
+    context.outside.tell("'" + path + "' is being changed by another process. Try again.");
+    return exit_refused;
   }
+  if (!load_project(path, context) || !assign_options(assignments, context))
+    return exit_refused;
   return save_project(context) ? exit_ok : exit_failed;
 }
 
@@ -27,8 +33,6 @@ void add_set(CLI::App & app, gCommandContext & context) {
       ->add_option("KEY=VALUE", arguments->assignments, "What to change; VALUE is JSON or a text")
       ->required();
   command->callback([arguments, &context] {
-    context.status = load_project(arguments->project, context)
-                         ? change_project(arguments->assignments, context)
-                         : exit_refused;
+    context.status = change_project(arguments->project, arguments->assignments, context);
   });
 }

@@ -25,5 +25,6 @@ void add_quick(CLI::App & app, gCommandContext & context);
 bool load_project(std::string const & path, gCommandContext & context);
 // Writes it; false, and a line on standard error, if that fails.
 bool save_project(gCommandContext & context);
-// Applies KEY=VALUE to the loaded project; false, and a line on standard error, if it is refused.
-bool assign_option(std::string const & assignment, gCommandContext & context);
+// Applies each KEY=VALUE to the loaded project, all or none; false, and a line on standard error
+// that names the one to blame, if they are refused.
+bool assign_options(std::vector<std::string> const & assignments, gCommandContext & context);

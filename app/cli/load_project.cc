@@ -1,7 +1,6 @@
 // Reading the project is what most commands begin with, and writing it what some end with.
 
 #include "app/cli/commands.h"
-#include "app/options/options.h"
 #include "app/options/project.h"
 
 bool load_project(std::string const & path, gCommandContext & context) {
@@ -15,9 +14,9 @@ bool load_project(std::string const & path, gCommandContext & context) {
 bool save_project(gCommandContext & context) {
   if (Vapp::project().save())
     return true;
-  gString path;
-  cat::read(Vapp::options_ini.at("vlp_file"), path);
-  context.outside.tell(
-      "'" + path + "' stays as it was. Its folder must exist, have room and let you write in it.");
+  context.outside.tell("'" + Vapp::project().file() + "' stays as it was. " +
+                       (Vapp::project().write_protected()
+                            ? "Give yourself the right to write the file."
+                            : "Its folder must exist, have room and let you write in it."));
   return false;
 }

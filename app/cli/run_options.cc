@@ -38,10 +38,8 @@ void gRunOptions::add_to(CLI::App & command) {
 }
 
 bool gRunOptions::apply(gCommandContext & context) const {
-  for (std::string const & assignment : set) {
-    if (!assign_option(assignment, context))
-      return false;
-  }
+  if (!assign_options(set, context))
+    return false;
   if (!out.empty())
     Vapp::options["out_dir"] = cat::make(absolute(out));
   std::string numbers = Vapp::option_string("msg/suppress");

@@ -55,11 +55,27 @@ void gProject::reset() {
   options_ini["vlp_file"] = cat::make("");
 }
 
+namespace {
+
+// A damaged project still begins like one; a script or a source that was named instead doesn't.
+bool is_something_else(gPathstring const & path) {
+  std::string text;
+  if (!gFileSystem::read_file(path, text))
+    return false;
+  std::size_t const begin = text.find_first_not_of("\xEF\xBB\xBF \t\r\n");
+  return begin != text.npos && text[begin] != '{';
+}
+
+} // namespace
+
 // Attributes of the wrong shape make the file one that can't be read.
 bool gProject::read(gPathstring const & path) {
   load_error_.clear();
-  if (!file2map(path.c_str(), options, &load_error_))
+  if (!file2map(path.c_str(), options, &load_error_)) {
+    if (is_something_else(path))
+      load_error_ = path + ": this is no project file. 'vellumar new' writes one.";
     return false;
+  }
   restore_wrong_types(options);
   try {
     rebuild_values(options);

@@ -31,6 +31,8 @@ public:
   std::string title() const;
   bool is_open() const { return !name_.empty(); }
   bool modified() const { return modified_; }
+  // True if the file is marked as one that isn't written over.
+  bool write_protected() const;
   // Why the last load failed: "path:line: text".
   std::string const & load_error() const { return load_error_; }
 

@@ -58,6 +58,10 @@ void load_failed_box(gString const & path) {
 
 } // namespace
 
+bool gProject::write_protected() const {
+  return gFileSystem::file_exists(file_) && is_readonly(file_);
+}
+
 bool gProject::save() {
   if (file_.empty())
     return save_as();

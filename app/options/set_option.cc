@@ -1,4 +1,5 @@
-// A change is made in a copy of the tree, which becomes the project when all rules hold.
+// Changes are made in a copy of the tree, which becomes the project when all rules hold behind the
+// last of them.
 #include "app/options/set_option.h"
 
 #include <algorithm>
@@ -164,7 +165,18 @@ cRef<cObj> tidied(std::string const & key, cRef<cObj> const & value) {
   return map;
 }
 
-bool change(cMapObj & tree, Path const & path, std::string const & text, std::string & reason) {
+bool change(cMapObj & tree, std::string_view assignment, std::string & reason) {
+  std::size_t const equals = assignment.find('=');
+  if (equals == assignment.npos || equals == 0) {
+    reason = "KEY=VALUE is wanted";
+    return false;
+  }
+  Path const path = split_path(assignment.substr(0, equals));
+  std::string const text(assignment.substr(equals + 1));
+  if (is_derived(path)) {
+    reason = "val is made from valpre and valusr; set valusr";
+    return false;
+  }
   if (gString(text).wsp_trim() == "null")
     return remove(tree, path, reason);
   cRef<cMapObj> const schema = option_schema();
@@ -179,44 +191,49 @@ bool change(cMapObj & tree, Path const & path, std::string const & text, std::st
          store(tree, path, tidied(path.back(), value), reason);
 }
 
-// The rules, and what depends on the change.
-bool settle(cMapObj & tree, std::string & reason) {
+// The rules, and what depends on the changes. Empty if all is well, else the reason.
+std::string settle(cMapObj & tree) {
   fill_records(tree);
-  gCheck const refusal = check_change(options, tree);
-  if (refusal) {
-    reason = refusal->message.empty() ? "a name is empty" : refusal->message;
-    return false;
-  }
+  if (gCheck const refusal = check_change(options, tree))
+    return refusal->message.empty() ? "a name is empty" : refusal->message;
   try {
     complete_options(tree);
     rebuild_values(tree);
   } catch (cException const & e) {
-    reason = e.as_string();
-    return false;
+    return e.as_string();
   }
-  return true;
+  return "";
+}
+
+// The rules tell a reason, but not whose fault it is: that of the assignment since which they have
+// told this one.
+gSetFault blame(std::vector<std::string> const & assignments) {
+  gSetFault fault;
+  cMapObj tree;
+  tree.assign(options);
+  for (std::size_t i = 0; i < assignments.size(); ++i) {
+    std::string ignored;
+    change(tree, assignments[i], ignored);
+    cMapObj judged;
+    judged.assign(tree);
+    if (std::string const reason = settle(judged); reason != fault.reason)
+      fault = {i, reason};
+  }
+  return fault;
 }
 
 } // namespace
 
-bool set_option(std::string_view assignment, std::string & reason) {
-  std::size_t const equals = assignment.find('=');
-  if (equals == assignment.npos || equals == 0) {
-    reason = "KEY=VALUE is wanted";
-    return false;
-  }
-  Path const path = split_path(assignment.substr(0, equals));
-  if (is_derived(path)) {
-    reason = "val is made from valpre and valusr; set valusr";
-    return false;
-  }
+gSetRefusal set_options(std::vector<std::string> const & assignments) {
   cMapObj tree;
   tree.assign(options);
-  if (!change(tree, path, std::string(assignment.substr(equals + 1)), reason) ||
-      !settle(tree, reason))
-    return false;
+  for (std::size_t i = 0; i < assignments.size(); ++i)
+    if (std::string reason; !change(tree, assignments[i], reason))
+      return gSetFault{i, reason};
+  if (!settle(tree).empty())
+    return blame(assignments);
   options = tree;
-  return true;
+  return std::nullopt;
 }
 
 bool get_option_json(std::string_view key, std::string & out) {

@@ -90,18 +90,24 @@ private:
 
   void take_files(gPathstring const & folder, std::vector<Vlb::FolderEntry> const & entries) {
     gSourceFolder sources{folder, {}};
+    std::vector<gPathstring> broken;
     bool all = true;
     for (Vlb::FolderEntry const & entry : entries) {
       if (entry.hidden() || !is_source(entry.name) || !Vlb::leads_to_file(folder, entry))
         continue;
       gPathstring const path = gPathstring(folder).append(entry.name);
       bool const inside = entry.kind != Vlb::EntryKind::link || lies_below(found_.roots, path);
-      if (inside && entry.name.find('\n') == entry.name.npos)
-        sources.chosen.push_back(entry.name);
+      if (!inside)
+        found_.outside.push_back(path);
+      else if (entry.name.find('\n') != entry.name.npos)
+        broken.push_back(path);
       else
-        (inside ? found_.left_out : found_.outside).push_back(path);
+        sources.chosen.push_back(entry.name);
       all = all && inside;
     }
+    // The run itself tells what it can't take of a whole folder.
+    if (!all || sources.chosen.empty())
+      found_.left_out.insert(found_.left_out.end(), broken.begin(), broken.end());
     if (all)
       enter_folder(folder, sources.chosen);
     else

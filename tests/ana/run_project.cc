@@ -50,8 +50,8 @@ RunProject::~RunProject() {
 }
 
 void RunProject::set(std::string const & assignment) const {
-  std::string reason;
-  EXPECT_TRUE(Vapp::set_option(assignment, reason)) << assignment << ": " << reason;
+  Vapp::gSetRefusal const refusal = Vapp::set_options({assignment});
+  EXPECT_FALSE(refusal) << assignment << ": " << refusal->reason;
 }
 
 bool RunProject::run() {

@@ -58,6 +58,32 @@ TEST(cli, makes_and_changes_a_project) {
   EXPECT_EQ(box.read("p.vlp"), before);
   box.write("cut.vlp", before.substr(0, before.size() / 2));
   EXPECT_NE(box.run("get cut.vlp ana/tab_width").err.find("cut.vlp:"), std::string::npos);
+  box.write("s.vls", "\xEF\xBB\xBF@document\n");
+  EXPECT_EQ(box.run("set s.vls ana/tab_width=8").err,
+            "vellumar: s.vls: this is no project file. 'vellumar new' writes one.\n");
+  std::string const pattern = " ana/srcpat_unit/spt_var/";
+  EXPECT_EQ(box.run("set p.vlp" + pattern + "idspec=2" + pattern + "slspec=1" + pattern + "slsep=-")
+                .status,
+            0);
+  std::filesystem::permissions(box.path("p.vlp"), std::filesystem::perms::owner_read);
+  Answer const answer = box.run("set p.vlp ana/tab_width=4");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("' stays as it was. Give yourself the right to write the file.\n"),
+            std::string::npos)
+      << answer.err;
+}
+
+TEST(cli, loses_no_change_of_several_processes) {
+  Sandbox box;
+  box.make_project();
+  std::vector<int> children;
+  for (int i = 0; i < 8; ++i)
+    children.push_back(box.start("set p.vlp cppmacros/M" + std::to_string(i) + "={}"));
+  for (int child : children)
+    EXPECT_EQ(Sandbox::end_of(child), 0);
+  std::string const macros = box.run("get p.vlp cppmacros").out;
+  for (int i = 0; i < 8; ++i)
+    EXPECT_NE(macros.find("\"M" + std::to_string(i) + "\""), std::string::npos) << macros;
 }
 
 TEST(cli, checks_the_input_of_a_project) {
@@ -72,6 +98,9 @@ TEST(cli, checks_the_input_of_a_project) {
   EXPECT_EQ(answer.status, 1);
   EXPECT_NE(answer.err.find("Folder does not exist: "), std::string::npos);
   EXPECT_NE(answer.err.find("doc.vls"), std::string::npos);
+  box.write("empty.vlp", "");
+  EXPECT_EQ(box.run("check empty.vlp").err,
+            "vellumar: No script file specified.\nvellumar: No input files specified.\n");
 }
 
 TEST(cli, run_options_hold_for_one_run) {
@@ -97,6 +126,11 @@ TEST(cli, run_options_hold_for_one_run) {
             "vellumar: 'vellumar set' or --set changes inputfiles, vls_file and out_dir.\n");
   EXPECT_EQ(box.run("analyze p.vlp --set vls_file=none.vls").status, 1);
   EXPECT_EQ(box.read("p.vlp"), before);
+  box.write("src/a.h", "");
+  box.write("src/line\nfeed.h", "");
+  EXPECT_EQ(box.run("analyze p.vlp --set msg/lvl_disp=4 --fail-on warning").err,
+            "WARNING 462: Left out because of a line feed in its name: " +
+                box.path("src/line\\nfeed.h\n") + "doc.vls - 0 error(s), 1 warning(s)\n");
 }
 
 TEST(cli, tells_what_failed_and_where) {

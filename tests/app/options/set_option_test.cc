@@ -1,5 +1,6 @@
-// Changes by path and JSON. A case: assignments, parted by " ; " or line ends; "?key key" shows
-// values. A refusal shows its reason on one line, and a check sees that nothing was changed.
+// Changes by path and JSON. A case: assignments, parted by " ; " or line ends, and by " & " where
+// they are made together; "?key key" shows values. A refusal shows its reason on one line, behind
+// the number of the assignment where there are several, and a check sees that nothing was changed.
 #include "app/options/set_option.h"
 
 #include <gtest/gtest.h>
@@ -21,14 +22,25 @@ std::string show(std::string const & key) {
              : "(none)";
 }
 
-std::string change(std::string const & assignment) {
+std::vector<std::string> parts(std::string const & text, char const * between) {
+  std::vector<std::string> found;
+  std::istringstream in(std::regex_replace(text, std::regex(between), "\n"));
+  for (std::string part; std::getline(in, part);)
+    found.push_back(part);
+  return found;
+}
+
+std::string change(std::string const & command) {
   cMapObj before;
   before.assign(Vapp::options);
-  std::string reason;
-  if (Vapp::set_option(assignment, reason))
+  std::vector<std::string> const assignments = parts(command, " & ");
+  Vapp::gSetRefusal const refusal = Vapp::set_options(assignments);
+  if (!refusal)
     return "";
-  EXPECT_TRUE(Vapp::options.equal(before)) << assignment;
-  return std::regex_replace(reason, std::regex("\n"), "/") + "\n";
+  EXPECT_TRUE(Vapp::options.equal(before)) << command;
+  std::string const number = std::to_string(refusal->index + 1) + ": ";
+  return (assignments.size() > 1 ? number : "") +
+         std::regex_replace(refusal->reason, std::regex("\n"), "/") + "\n";
 }
 
 std::string answer(std::string const & command) {
@@ -45,8 +57,7 @@ TEST(SetOption, ChangesWhatTheRulesAllow) {
   check_cases(CASE_DIR "/set_option.cases", [](std::string const & input) {
     Vapp::project().load_defaults();
     std::string shown;
-    std::istringstream commands(std::regex_replace(input, std::regex(" ; "), "\n"));
-    for (std::string command; std::getline(commands, command);)
+    for (std::string const & command : parts(input, " ; "))
       shown += answer(command);
     return shown;
   });

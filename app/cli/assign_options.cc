@@ -11,11 +11,12 @@ std::string clipped(std::string const & text, std::size_t length) {
 
 } // namespace
 
-bool assign_option(std::string const & assignment, gCommandContext & context) {
-  std::string reason;
-  if (Vapp::set_option(assignment, reason))
+bool assign_options(std::vector<std::string> const & assignments, gCommandContext & context) {
+  Vapp::gSetRefusal const refusal = Vapp::set_options(assignments);
+  if (!refusal)
     return true;
+  std::string const & assignment = assignments[refusal->index];
   std::string const key = assignment.substr(0, assignment.find('='));
-  context.outside.tell(clipped(key, 80) + ": " + clipped(reason, 1000));
+  context.outside.tell(clipped(key, 80) + ": " + clipped(refusal->reason, 1000));
   return false;
 }
