@@ -2,11 +2,17 @@
 
 #include "ana/progress.h"
 
+#include <new>
+
 #include "vlb/outside.h"
 
 gStatusLine::gStatusLine() : before_(Vlb::GetStatus()) {}
 gStatusLine::~gStatusLine() {
-  Vlb::SetStatus(before_, true);
+  try {
+    Vlb::SetStatus(before_, true);
+  } catch (std::bad_alloc const &) {
+    // The next stage sets its own.
+  }
 }
 
 void gProgress::step() {

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 #include <fcntl.h>
@@ -166,7 +167,11 @@ gConversion::gConversion(gConversionInput const & input)
       work_(folder_.normalize(true) + new_suffix) {}
 
 gConversion::~gConversion() {
-  remove_tree(work_);
+  try {
+    remove_tree(work_);
+  } catch (std::bad_alloc const &) {
+    // What is left is cleared by the next run.
+  }
 }
 
 bool gConversion::start() {
@@ -228,7 +233,7 @@ bool gConversion::copy(gPathstring const & from, std::string const & name) {
 void gConversion::progress(std::size_t done, std::size_t all) {
   Vapp::poll_break();
   int const percent = all > 0 ? static_cast<int>(std::min(done, all) * 100 / all) : 100;
-  if (percent == shown_)
+  if (percent <= shown_) // what comes up later may not turn it back
     return;
   shown_ = percent;
   Vlb::SetStatus(gString(Msg::converting.text) + label_of(input_.target) + " " +

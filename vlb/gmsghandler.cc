@@ -7,6 +7,7 @@
 #include <ctime>
 #include <locale>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -105,8 +106,12 @@ gLogText::gLogText(gLogLines & lines, Msg::type type) : lines_(lines), type_(typ
   imbue(std::locale::classic());
 }
 
+// A line for which there is no memory is lost; what used it up is reported elsewhere.
 gLogText::~gLogText() {
-  lines_.append(type_, view());
+  try {
+    lines_.append(type_, view());
+  } catch (std::bad_alloc const &) {
+  }
 }
 
 gLogStream::gLogStream() : lines_(std::make_unique<gLogLines>()) {}

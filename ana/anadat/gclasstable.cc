@@ -1,9 +1,11 @@
 // The hierarchy of a class is found by walking names, upwards by class and downwards by base. A
 // class that is reached on several ways stands in the block once for each, so the size of a block
-// has a limit.
+// has a limit. In the modern dialect a block beyond it says what is near: there a plan, made level
+// by level, tells which classes show their bases, or what derives from them, and once each.
 #include "ana/anadat/gclasstable.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 #include <unordered_map>
 
@@ -14,6 +16,7 @@ namespace {
 
 constexpr int max_levels = 256;
 constexpr int max_classes = 10000;
+constexpr int max_near = 1000; // of the modern dialect
 
 std::string_view cut_arguments(std::string_view name) {
   return name.substr(0, name.find('<'));
@@ -60,7 +63,12 @@ struct gClassTable::Walk {
     bool ok;
   };
 
-  bool full() const { return classes >= max_classes; }
+  bool full() const { return classes >= most; }
+  // The plan lets a class show what is behind it at one place.
+  bool may_open(void const * node, int level) {
+    auto const planned = plan.find(node);
+    return !has_plan || (planned != plan.end() && planned->second == level && plan.erase(node) > 0);
+  }
   gString reference(std::string_view key, gString const & name, int level) const;
   gString relation(int access, int level);
   // One class of the block.
@@ -78,7 +86,10 @@ struct gClassTable::Walk {
   gOutline const & from;
   std::vector<void const *> path;
   std::unordered_map<void const *, Height> heights;
-  std::map<int, gString> labels; // by access
+  std::map<int, gString> labels;              // by access
+  std::unordered_map<void const *, int> plan; // levels of those that may be opened
+  bool has_plan = false;
+  int most = gInput->modern ? max_near : max_classes;
   int classes = 0;
 };
 
@@ -149,7 +160,7 @@ void gClassTable::base_list(gStrList & out, gString const & name, int level, Wal
   if (!clause)
     return;
   Walk::Step step(walk, clause);
-  if (!step.ok)
+  if (!step.ok || !walk.may_open(clause, level))
     return;
   for (gBaseEntry const & base : (*clause)->entries) {
     if (walk.full())
@@ -165,7 +176,7 @@ void gClassTable::derived_list(gStrList & out, gString const & name, int limit, 
   if (!list)
     return;
   Walk::Step step(walk, list);
-  if (!step.ok)
+  if (!step.ok || !walk.may_open(list, level))
     return;
   for (gBaseEntry const & entry : (*list)->entries) {
     if (walk.full())
@@ -173,6 +184,61 @@ void gClassTable::derived_list(gStrList & out, gString const & name, int limit, 
     walk.put(out, entry, entry.name, level);
     derived_list(out, entry.name, limit - 1, level + 1, walk);
   }
+}
+
+// Takes the classes level by level, as long as there is room for what each has behind it; the first
+// is always taken. `step` is what is added to the level from one class to the next.
+template <class Find>
+void gClassTable::make_plan(Walk & walk, gString const & name, int level, int step, int levels,
+                            Find const & find) {
+  struct Place {
+    gString name;
+    int level, levels;
+  };
+  walk.plan.clear();
+  walk.has_plan = true;
+  std::size_t room = static_cast<std::size_t>(walk.most);
+  std::deque<Place> places = {{name, level, levels}};
+  for (; !places.empty(); places.pop_front()) {
+    auto const [at, height, left] = places.front();
+    auto const * const node = left > 0 ? find(at) : nullptr;
+    if (!node || walk.plan.contains(node))
+      continue;
+    auto const & entries = (*node)->entries;
+    if (entries.size() > room && !walk.plan.empty())
+      return;
+    room -= std::min(room, entries.size());
+    walk.plan.emplace(node, height);
+    for (gBaseEntry const & entry : entries)
+      places.push_back({entry.name, height + step, left - 1});
+  }
+}
+
+gStrList gClassTable::bases_of(gString const & name, int level, Walk & walk) const {
+  gStrList bases;
+  base_list(bases, name, level, walk);
+  if (!walk.full() || !gInput->modern)
+    return bases;
+  make_plan(walk, name, level, -1, level + 1, [this](gString const & of) { return lookup(of); });
+  gStrList near;
+  walk.classes = 0;
+  base_list(near, name, level, walk);
+  return near;
+}
+
+gStrList gClassTable::derived_of(gString const & name, int limit, int level, Walk & walk) const {
+  gStrList derived;
+  walk.has_plan = false;
+  walk.classes = 0; // a deep tree of bases must not hide the derived classes
+  derived_list(derived, name, limit, level, walk);
+  if (!walk.full() || !gInput->modern)
+    return derived;
+  make_plan(walk, name, level, 1, limit,
+            [this](gString const & of) { return derived_.lookup(of); });
+  gStrList near;
+  walk.classes = 0;
+  derived_list(near, name, limit, level, walk);
+  return near;
 }
 
 gStrList gClassTable::hierarchy(gString const & name, gOutline const & from, int up,
@@ -184,10 +250,8 @@ gStrList gClassTable::hierarchy(gString const & name, gOutline const & from, int
     return block;
   Walk walk(from);
   int const level = class_level(name, up, walk);
-  gStrList bases, derived;
-  base_list(bases, name, level - 1, walk);
-  walk.classes = 0; // a deep tree of bases must not hide the derived classes
-  derived_list(derived, name, down, level + 1, walk);
+  gStrList bases = bases_of(name, level - 1, walk);
+  gStrList derived = derived_of(name, down, level + 1, walk);
 
   block << gString("@b_hierarchy\n");
   if (!bases.empty()) {

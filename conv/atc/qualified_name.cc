@@ -15,13 +15,25 @@ std::size_t operator_at(std::string_view name) {
   return behind < name.size() && !Vlb::is_word(name[behind]) ? at : name.npos;
 }
 
+// A headline such as "Version 1.2", whose points part nothing.
+bool is_title(std::string_view name) {
+  int open = 0;
+  for (char const c : name) {
+    if (open == 0 && c == ' ')
+      return true;
+    open += (c == '<') - (c == '>');
+  }
+  return false;
+}
+
 // Of the last part.
 std::size_t begin_of_last(std::string_view name) {
   if (std::size_t const sign = operator_at(name); sign != name.npos)
     return sign;
+  std::size_t const least = is_title(name) ? 2 : 1;
   int open = 0;
   for (std::size_t at = name.size(); at > 0; --at) {
-    if (open == 0 && at < name.size() && Atc::separator_before(name, at) != 0)
+    if (open == 0 && at < name.size() && Atc::separator_before(name, at) >= least)
       return at;
     open += (name[at - 1] == '>') - (name[at - 1] == '<');
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
 
 namespace {
@@ -185,13 +186,13 @@ std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level
 gOverview::gParts gOverview::parts_of(std::vector<gRow> const & rows) const {
   std::vector<gRow> plain;
   for (gRow const & row : rows)
-    if (Site::scope_of(site_.unit(row.unit)).empty())
+    if (Atc::scope_of(site_.unit(row.unit)).empty())
       plain.push_back(row);
   std::string const start = common_start(site_, plain);
   gParts parts;
   for (gRow const & row : rows) {
     gUnitRecord const & record = site_.unit(row.unit);
-    std::string title(Site::scope_of(record));
+    std::string title(Atc::scope_of(record));
     if (title.empty() && plain.size() > plenty)
       title = initial_of(Site::contents_title(record), start);
     parts[title].push_back(row);
@@ -230,7 +231,7 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   std::string const to = site_.addresses.href(row.unit, page);
   std::string const text = Html::escaped(Site::contents_title(record));
   std::string const line = Html::escaped(row.summary), full = Html::escaped(record.name);
-  std::string const within = Html::escaped(Site::scope_of(record));
+  std::string const within = Html::escaped(Atc::scope_of(record));
   int const below = site_.pages.units().below(row.unit);
   std::string const number = below > 0 ? site_.number(static_cast<std::size_t>(below)) : "";
   std::string const same = Site::count_of(row.count);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "conv/atc/qualified_name.h"
 #include "conv/htm/search_words.h"
 #include "conv/htm/slug.h"
 
@@ -99,8 +100,8 @@ void gSearchIndex::note(std::string_view text, unsigned weight) {
 }
 
 void gSearchIndex::note_name(std::string_view name) {
-  note(Site::scope_of(name), 3);
-  std::string_view const last = Site::last_part(name);
+  note(Atc::scope_of(name), 3);
+  std::string_view const last = Atc::last_component(name);
   note(last, 5);
   std::vector<std::string_view> words, pieces;
   SearchWords::split(last, words);
@@ -233,7 +234,7 @@ void gSearchIndex::write_blocks(gConversion & conversion) const {
       text += i > first ? ",\n[" : "\n[";
       add_quoted(cut(Site::short_title(record), name_bytes), text);
       text += ',';
-      add_quoted(cut(Site::scope_of(record), name_bytes), text);
+      add_quoted(cut(Atc::scope_of(record), name_bytes), text);
       text += ',' + std::to_string(site_.kinds.index_of(unit)) + ',';
       add_quoted(site_.addresses.href(unit), text);
       text += ',';

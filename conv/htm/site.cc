@@ -15,20 +15,6 @@ std::vector<std::string_view> shown_paths(gDocument const & document, gSources c
   return paths;
 }
 
-// Where the last part begins. Signs of an operator and template arguments are no separators.
-std::size_t last_begin(std::string_view name) {
-  std::size_t const end = std::min(name.find('<'), name.size());
-  std::size_t const operator_at = name.find("operator");
-  std::size_t const limit = std::min(end, operator_at);
-  std::size_t const scope = name.substr(0, limit).rfind("::");
-  if (scope != std::string_view::npos)
-    return scope + 2;
-  if (limit != name.size() || name.find(' ') != std::string_view::npos)
-    return 0;
-  std::size_t const point = name.rfind('.');
-  return point == std::string_view::npos || point + 1 == name.size() ? 0 : point + 1;
-}
-
 } // namespace
 
 gSite::gSite(gDocument const & document, gVltRules const & rules, std::string title,
@@ -50,27 +36,8 @@ std::string gSite::number(std::size_t value) const {
   return digits;
 }
 
-std::string_view Site::scope_of(std::string_view name) {
-  std::string_view scope = name.substr(0, last_begin(name));
-  while (scope.ends_with(':') || scope.ends_with('.'))
-    scope.remove_suffix(1);
-  return scope;
-}
-
-std::string_view Site::last_part(std::string_view name) {
-  return name.substr(last_begin(name));
-}
-
-std::string_view Site::scope_of(gUnitRecord const & unit) {
-  return unit.facts.known ? Atc::scope_of(unit) : scope_of(unit.name);
-}
-
-std::string_view Site::last_part(gUnitRecord const & unit) {
-  return unit.facts.known ? Atc::last_component(unit) : last_part(unit.name);
-}
-
 std::string_view Site::short_title(gUnitRecord const & unit) {
-  return unit.title == unit.name ? last_part(unit) : std::string_view(unit.title);
+  return unit.title == unit.name ? Atc::last_component(unit) : std::string_view(unit.title);
 }
 
 std::string_view Site::contents_title(gUnitRecord const & unit) {
@@ -78,7 +45,7 @@ std::string_view Site::contents_title(gUnitRecord const & unit) {
 }
 
 bool Site::is_named(gUnitRecord const & unit) {
-  return !unit.name.empty() && (unit.title == unit.name || unit.title == last_part(unit));
+  return !unit.name.empty() && (unit.title == unit.name || unit.title == Atc::last_component(unit));
 }
 
 bool Site::joins(gSite const & site, gRow const & row, int unit) {

@@ -42,13 +42,6 @@ struct gRow {
 
 namespace Site {
 
-// What a name stands in: "Registry" of "Registry::enter"; empty for a simple name.
-std::string_view scope_of(std::string_view name);
-// The last part of a name.
-std::string_view last_part(std::string_view name);
-// The same of a unit, which may know it.
-std::string_view scope_of(gUnitRecord const & unit);
-std::string_view last_part(gUnitRecord const & unit);
 // The title without its scope, where it is the name of the unit.
 std::string_view short_title(gUnitRecord const & unit);
 // The title in lists below the unit's place.

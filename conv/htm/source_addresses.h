@@ -26,6 +26,8 @@ public:
   std::string href(std::string_view path, std::string_view line);
   static std::string page(gSource const & source, std::size_t part); // parts from 0
   static std::size_t parts(gSource const & source);
+  // How many sources there are, as far as they are known.
+  std::size_t sources() const { return entries_.size(); }
   // Those that href() led to, by their paths.
   std::vector<gSource const *> linked() const;
 

@@ -49,13 +49,16 @@ gSourcePages::gSourcePages(gSite const & site, gColours const & colours,
 
 void gSourcePages::write(gConversion & conversion, gPageWriter & writer) {
   auto const linked = site_.source_addresses.linked();
-  for (std::size_t i = 0; i < linked.size(); ++i) {
-    conversion.progress(i, linked.size());
+  // The pages of units are already done.
+  std::size_t done = site_.document.units.size();
+  std::size_t const all = done + linked.size();
+  for (gSource const * const source : linked) {
+    conversion.progress(done++, all);
     // What has gone since the links were made still gets the page that they lead to.
     std::string bytes, text;
-    if (Vlb::read_source(linked[i]->path, bytes))
+    if (Vlb::read_source(source->path, bytes))
       Atc::append_utf8(bytes, text);
-    write_source(*linked[i], text, writer);
+    write_source(*source, text, writer);
   }
 }
 

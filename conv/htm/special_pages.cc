@@ -1,5 +1,6 @@
 // Pages that belong to no unit: the contents, and those for addresses that several pages share.
 
+#include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/overview.h"
 #include "conv/htm/page_writer.h"
@@ -13,7 +14,7 @@ void add_similar(gSite const & site, int page, std::string & out) {
   gUnitRecord const & record = site.unit(first);
   gKind const & kind = site.kinds.of(first);
   std::string const title = Html::escaped(record.title);
-  std::string const scope = Html::escaped(Site::scope_of(record));
+  std::string const scope = Html::escaped(Atc::scope_of(record));
   std::string const summary = Html::escaped(record.summary);
   std::string const path = Html::escaped(site.sources.shown(record.path));
   std::string const line = std::to_string(record.source_line);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
 
 namespace {
@@ -38,7 +39,7 @@ gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const
 }
 
 void gUnitPages::write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search) {
-  auto const all = site_.document.units.size();
+  auto const all = site_.document.units.size() + site_.source_addresses.sources();
   for (int page = 0; page < site_.pages.size(); ++page) {
     conversion.progress(static_cast<std::size_t>(site_.pages[page].first), all);
     write_page(page, writer, search);
@@ -150,7 +151,7 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
   std::string const overview = overview_of(unit, std::min(level + 1, 6));
   std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
-  std::string const scope = Html::escaped(Site::scope_of(record));
+  std::string const scope = Html::escaped(Atc::scope_of(record));
   std::string const summary = Html::escaped(record.summary);
   std::string const path = Html::escaped(site_.sources.shown(record.path));
   std::string const style = Html::escaped(record.style), wintype = Html::escaped(record.wintype);

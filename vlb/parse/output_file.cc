@@ -2,6 +2,7 @@
 #include "vlb/parse/output_file.h"
 
 #include <cerrno>
+#include <new>
 #include <utility>
 
 #include <fcntl.h>
@@ -20,6 +21,17 @@ bool empty_file(int file) {
 }
 
 } // namespace
+
+// A file that was left open belongs to work that has failed, so what can't be written is lost with
+// it.
+gOutputFile::~gOutputFile() {
+  try {
+    close();
+  } catch (std::bad_alloc const &) {
+    if (file_ >= 0)
+      ::close(file_);
+  }
+}
 
 bool gOutputFile::open(gPathstring const & path) {
   close();
@@ -84,13 +96,24 @@ void gOutputFile::flush_for(std::string_view text) {
 
 void gOutputFile::pass_on(std::string_view text) {
   if (file_ < 0 && failure_ == 0) {
-    if (gTempFiles::reserve(text.size())) {
-      text_ += text;
+    if (add_in_memory(text))
       return;
-    }
     move_to_disk();
   }
   write(text);
+}
+
+// False if there is no room, by the budget or in fact.
+bool gOutputFile::add_in_memory(std::string_view text) {
+  if (!gTempFiles::reserve(text.size()))
+    return false;
+  try {
+    text_ += text;
+    return true;
+  } catch (std::bad_alloc const &) {
+    gTempFiles::release(text.size());
+    return false;
+  }
 }
 
 void gOutputFile::move_to_disk() {

@@ -12,7 +12,7 @@
 class gOutputFile {
 public:
   gOutputFile() = default;
-  ~gOutputFile() { close(); }
+  ~gOutputFile();
   gOutputFile(gOutputFile const &) = delete;
   gOutputFile & operator=(gOutputFile const &) = delete;
 
@@ -34,6 +34,7 @@ private:
   std::size_t room() const { return open_ ? size - used_ : 0; }
   void flush_for(std::string_view text);
   void pass_on(std::string_view text);
+  bool add_in_memory(std::string_view text);
   void write(std::string_view text);
   void move_to_disk();
   void close_file();

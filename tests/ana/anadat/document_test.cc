@@ -182,6 +182,23 @@ TEST_F(DocumentTest, ADiamondOfBasesEndsTheBlock) {
     gCppClasses.insert_class("d" + std::to_string(i), clause);
   }
   EXPECT_EQ(gCppClasses.class_level("d250", hier_all), 250);
+  // In the modern dialect a block has those that are near, and all direct ones in any case.
+  Vapp::gRunInput modern = Vapp::standard_run_input();
+  modern.modern = true;
+  gInput.set(modern);
+  auto const steps_at = [](gStrList const & block, int level) {
+    int count = 0;
+    for (auto const & piece : block)
+      count += piece->find("><" + std::to_string(level) + ">{d") != piece->npos;
+    return count;
+  };
+  gStrList const up = gCppClasses.hierarchy("d250", {}, hier_all, 0);
+  EXPECT_LT(up.size(), 4000u);
+  EXPECT_EQ(steps_at(up, 249), 250);
+  EXPECT_GT(steps_at(up, 248), 500);
+  gStrList const down = gCppClasses.hierarchy("d0", {}, 0, hier_all);
+  EXPECT_LT(down.size(), 4000u);
+  EXPECT_EQ(steps_at(down, 1), 250);
   for (int i = 0; i < 100000; ++i)
     insert("c" + std::to_string(i + 1), {"c" + std::to_string(i)});
   EXPECT_EQ(gCppClasses.class_level("c7", 3), 3);

@@ -169,6 +169,60 @@ TEST(cli, tells_what_failed_and_where) {
   EXPECT_EQ(box.run("analyze p.vlp --reports none/r.jsonl").status, 2);
 }
 
+TEST(cli, tells_once_what_the_machine_refuses) {
+  Sandbox box;
+  box.make_project();
+  box.write("doc.vls", "@document\n@outfilter\n");
+  box.write("src/literal.h", "char const * s = \"" + std::string(1100, 'x') + "\";\n");
+  box.write("src/large.h", "");
+  std::filesystem::resize_file(box.path("src/large.h"), 3'000'000'000); // as a hole
+  std::string const next = "    Continuing analysis with next file.\n";
+  std::string const run = "analyze p.vlp --set msg/lvl_disp=7";
+  EXPECT_EQ(box.run(run + " --fail-on error").err,
+            "FATAL ERROR: Cannot read from file: " + box.path("src/large.h\n") +
+                "FATAL ERROR: Token buffer overflow in the scanner (" +
+                box.path("src/literal.h:1)\n") + "doc.vls - 2 error(s), 1 warning(s)\n")
+      << next;
+  std::filesystem::remove(box.path("src/large.h"));
+  std::filesystem::remove(box.path("src/literal.h"));
+  for (int i = 0; i < 3; ++i)
+    box.write("src/b" + std::to_string(i) + ".h", std::string(8000, '\n') + "void f();\n");
+  Answer answer =
+      box.run("--version && ulimit -f 4 && VELLUMAR_TEMP_MEMORY=0 " VELLUMAR_PROGRAM " " + run);
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_TRUE(answer.err.starts_with("ERROR 21: Cannot write to file: " + box.path("tmp/")))
+      << answer.err;
+  EXPECT_TRUE(answer.err.ends_with(": File too large\ndoc.vls - 1 error(s), 1 warning(s)\n"))
+      << answer.err;
+  answer = box.run("quick src -q --set htm/vlt_default=false --set htm/vlt=no.vlt");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_TRUE(answer.err.ends_with("The log tells why: " + box.path("site/htm.log\n")))
+      << answer.err;
+}
+
+// However little there is: a run goes through, or says what it lacks.
+TEST(cli, tells_that_the_memory_is_not_enough) {
+  Sandbox box;
+  box.make_project();
+  std::string text;
+  for (int i = 0; i < 4000; ++i)
+    text += "/* @function Does it. */\nvoid f" + std::to_string(i) + "();\n";
+  box.write("src/a.h", text);
+  int refused = 0;
+  for (int limit = 20'000; limit <= 60'000; limit += 5'000) {
+    std::string const under = "--version >../o && ulimit -v " + std::to_string(limit) + " && ";
+    if (box.run(under + VELLUMAR_PROGRAM " --version").status != 0)
+      continue; // not enough for its own code
+    Answer const answer = box.run(under + VELLUMAR_PROGRAM " analyze p.vlp");
+    EXPECT_TRUE(answer.status == 0 || answer.status == 1) << limit << answer.err;
+    EXPECT_EQ(answer.err.find("bad_alloc"), std::string::npos) << answer.err;
+    refused += answer.err.find("Out of memory") != std::string::npos;
+  }
+  if (box.run("--version && ulimit -v 60000 && " VELLUMAR_PROGRAM " --version").status == 0) {
+    EXPECT_GT(refused, 0);
+  }
+}
+
 TEST(cli, empties_only_what_a_run_has_left) {
   Sandbox box;
   box.make_project();

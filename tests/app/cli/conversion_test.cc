@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <regex>
@@ -127,6 +128,31 @@ TEST(conversion, quick_documents_any_folder) {
   EXPECT_NE(answer.out.find("\nSources:    2 files, "), std::string::npos) << answer.out;
   std::filesystem::remove_all(box.path("tree/end "));
   EXPECT_TRUE(box.exists("tree/a.h"));
+}
+
+// The percentages behind each of the stage's drawings, from a terminal's record.
+std::vector<int> percentages(std::string const & record, std::string const & stage) {
+  std::vector<int> found;
+  for (std::size_t at = 0; (at = record.find(stage + " ", at)) != record.npos; ++at)
+    found.push_back(std::stoi(record.substr(at + stage.size())));
+  return found;
+}
+
+TEST(conversion, quick_tells_on_a_terminal_how_far_it_is) {
+  Sandbox box;
+  for (int i = 0; i < 30; ++i)
+    box.write("tree/f" + std::to_string(i) + ".h",
+              "// Does it.\nvoid f" + std::to_string(i) + "();\n");
+  box.run("--version && TMPDIR=. script -qc '" VELLUMAR_PROGRAM " quick tree' terminal");
+  std::string const record = box.read("terminal");
+  for (char const * stage :
+       {"Analyzing program code...", "Associating code elements and text units...",
+        "Writing documentation: HTML"}) {
+    std::vector<int> const shown = percentages(record, stage);
+    EXPECT_GE(shown.size(), 20u) << stage << record;
+    EXPECT_TRUE(std::ranges::is_sorted(shown)) << stage;
+  }
+  EXPECT_NE(record.find("%\r\033[KStart page: "), std::string::npos) << "nothing of it is left";
 }
 
 TEST(conversion, quick_takes_what_it_is_given_and_no_more) {
