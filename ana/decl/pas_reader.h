@@ -87,6 +87,7 @@ private:
   void enter_section(gPascalContext::Section section);
   void skip_rest();
   void uses_clause();
+  bool ends_uses(std::uint32_t at) const;
   bool goes_on_with_units() const;
   void missing_semicolon();
   bool taken_in(std::uint32_t at);

@@ -368,8 +368,7 @@ void gPasReader::uses_clause() {
   at_ -= headless;
   open_block(Block::none);
   frame().in_uses = true;
-  while (at_ < limit() && view_.sign(at_) != ';' && !view_.begins_other(at_) &&
-         (view_.marks(at_) & pas_access) == 0) {
+  while (at_ < limit() && view_.sign(at_) != ';' && !ends_uses(at_)) {
     std::uint32_t const name = at_;
     while (view_.sign(at_) == pas_word_sign && view_.sign(at_ + 1) == '.')
       at_ += 2;
@@ -386,10 +385,14 @@ void gPasReader::uses_clause() {
   note_state();
 }
 
-// Branches of one list may end with ";" each.
+bool gPasReader::ends_uses(std::uint32_t at) const {
+  return view_.begins_other(at) || (view_.marks(at) & pas_access) != 0;
+}
+
+// Branches of one list may end with ";" each. A word that ends the list is no unit of it.
 bool gPasReader::goes_on_with_units() const {
   char const behind = view_.sign(at_ + 1);
-  return frames_.back().in_uses && view_.is_name(at_) &&
+  return frames_.back().in_uses && view_.is_name(at_) && !ends_uses(at_) &&
          (behind == ',' || behind == ';' || behind == '.' || view_.word(at_ + 1) == gPasWord::in);
 }
 

@@ -16,8 +16,10 @@ public:
       : values_(values),
         path_(path) {}
 
+  // The next line.
   std::string filled(std::string_view line) {
     std::string out;
+    ++number_;
     while (!line.empty()) {
       std::size_t const dollar = std::min(line.find('$'), line.size());
       out += line.substr(0, dollar);
@@ -49,13 +51,14 @@ private:
     if (value != values_.end())
       return value->second;
     if (reported_.insert(name).second)
-      Msg::log(Msg::unknown_placeholder, "$" + name, path_);
+      Msg::log(Msg::unknown_placeholder, "$" + name, {path_, number_});
     return {};
   }
 
   std::map<std::string, std::string> const & values_;
   std::string const & path_;
   std::set<std::string> reported_;
+  int number_ = 0;
 };
 
 // Takes the first line off; without its end.

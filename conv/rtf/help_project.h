@@ -9,7 +9,7 @@ namespace Help {
 
 // Fills in the template of a project: $name or ${name} stands for a value, $$ for a dollar sign. A
 // line with nothing but an empty value goes; a value of several lines may stand alone on a line.
-// A name without a value is reported once, with the path of the template, and shows nothing.
+// A name without a value is reported once, with its place in the template, and shows nothing.
 // The result has the line ends that help compilers expect.
 std::string fill_project(std::string_view text, std::map<std::string, std::string> const & values,
                          std::string const & path);

@@ -303,7 +303,7 @@ TEST_F(Help, project_of_the_user) {
   EXPECT_EQ(folder.read("hlp/tally.hpj"), "$1 tallysTally\r\n\r\n");
   EXPECT_NE(outside.report_text().find("WARNING 543: Unknown placeholder in the help project: "
                                        "$nothing (" +
-                                       folder.path("my.hpj") + ")"),
+                                       folder.path("my.hpj:2)\n")),
             std::string::npos)
       << outside.report_text();
 }
