@@ -2,6 +2,8 @@
 
 #include "conv/htm/scopes.h"
 
+#include "conv/atc/qualified_name.h"
+
 #include <algorithm>
 
 namespace {
@@ -24,7 +26,7 @@ gScopes::gScopes(gSite const & site) : site_(site) {
     gUnitRecord const & unit = site.unit(i);
     if (!unit.facts.known || site.pages.of(i) < 0)
       continue;
-    auto const scope = within_.find(Site::scope_of(unit));
+    auto const scope = within_.find(Atc::scope_of(unit));
     if (scope != within_.end() && !unit.name.empty())
       scope->second.push_back(i);
   }

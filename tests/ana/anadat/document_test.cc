@@ -183,7 +183,7 @@ TEST_F(DocumentTest, ADiamondOfBasesEndsTheBlock) {
   }
   EXPECT_EQ(gCppClasses.class_level("d250", hier_all), 250);
   // In the modern dialect a block has those that are near, and all direct ones in any case.
-  Vapp::gRunInput modern = Vapp::standard_run_input();
+  gRunInput modern = Vapp::standard_run_input();
   modern.modern = true;
   gInput.set(modern);
   auto const steps_at = [](gStrList const & block, int level) {
