@@ -2,9 +2,9 @@
 
 #include "conv/htm/scopes.h"
 
-#include "conv/atc/qualified_name.h"
-
 #include <algorithm>
+
+#include "conv/atc/qualified_name.h"
 
 namespace {
 
