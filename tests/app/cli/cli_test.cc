@@ -187,8 +187,8 @@ TEST(cli, tells_once_what_the_machine_refuses) {
   std::filesystem::remove(box.path("src/literal.h"));
   for (int i = 0; i < 3; ++i)
     box.write("src/b" + std::to_string(i) + ".h", std::string(8000, '\n') + "void f();\n");
-  Answer answer =
-      box.run("--version && ulimit -f 4 && VELLUMAR_TEMP_MEMORY=0 " VELLUMAR_PROGRAM " " + run);
+  std::string const small = "--version && ulimit -f 4 && VELLUMAR_TEMP_MEMORY=0 TMPDIR=";
+  Answer answer = box.run(small + box.path("tmp ") + VELLUMAR_PROGRAM " " + run);
   EXPECT_EQ(answer.status, 1);
   EXPECT_TRUE(answer.err.starts_with("ERROR 21: Cannot write to file: " + box.path("tmp/")))
       << answer.err;
