@@ -13,6 +13,7 @@ struct mdf_token {
     code_open = 334,
     ref_quote = 335,
     code_close = 336,
+    outfiles = 337,
     op_eq = 339,
     op_ne = 340,
     subentry = 341,
