@@ -92,7 +92,8 @@ std::string gOverview::within(std::span<int const> units, int page, int level) c
   std::vector<gRow> rows = Site::rows_of(site_, units);
   std::size_t const all = rows.size();
   if (all > most) {
-    std::ranges::stable_partition(rows, [](gRow const & row) { return !row.summary.empty(); });
+    std::stable_partition(rows.begin(), rows.end(),
+                          [](gRow const & row) { return !row.summary.empty(); });
     rows.resize(most);
     std::ranges::sort(rows, {}, &gRow::unit);
   }
