@@ -43,11 +43,11 @@ void gTargetPage::changed(gField & field) {
 bool gTargetPage::rule(gField & field) {
   for (File & file : files_)
     if (&field == &file.path)
-      return check(file);
+      return check_file(file);
   return gOptionPage::rule(field);
 }
 
-bool gTargetPage::check(File & file) {
+bool gTargetPage::check_file(File & file) {
   if (file.use_default.checked)
     return true;
   std::string path = file.path.text;
@@ -76,7 +76,7 @@ void gTargetPage::choose(File & file) {
   }
   gString const chosen = Vlb::outside().choose_one(choice);
   if (chosen.empty()) {
-    check(file);
+    check_file(file);
     return;
   }
   file.path.text = chosen;

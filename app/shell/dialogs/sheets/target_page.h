@@ -31,7 +31,7 @@ private:
     void enable();
   };
   void choose(File & file);
-  bool check(File & file);
+  bool check_file(File & file);
 
   std::deque<File> files_;
 };
