@@ -35,8 +35,9 @@ bool has_foreign_files(gOutputFolder const & folder) {
   return folder.exists() && !folder.foreign_file().empty();
 }
 
+// The dialogs make a folder that the user names, so an empty one is nothing to be warned of.
 bool needs_question(gOutputFolder const & folder, gOverwrite overwrite) {
-  if (!folder.exists() || overwrite == gOverwrite::allow || !warn_outdir())
+  if (!folder.exists() || folder.is_empty() || overwrite == gOverwrite::allow || !warn_outdir())
     return false;
   return overwrite == gOverwrite::ask || has_foreign_files(folder);
 }

@@ -157,6 +157,11 @@ bool gOutputFolder::exists() const {
   return gFileSystem::dir_exists(path_);
 }
 
+bool gOutputFolder::is_empty() const {
+  gFileInfo info;
+  return gFileSystem::find_first(gPathstring(path_).append("*"), info) == gFileSystem::no_match;
+}
+
 // The map file of help identifiers outlives results, wherever it lies.
 std::string gOutputFolder::map_file() const {
   if (Vapp::option_string("hlp/hm_newfile").empty())

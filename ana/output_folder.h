@@ -32,6 +32,7 @@ public:
 
   gPathstring const & path() const { return path_; }
   bool exists() const;
+  bool is_empty() const;
   // A file in it that no run has written; empty if there is none.
   gString foreign_file() const;
   // Such a file, or folder, in the place of one that every run writes.

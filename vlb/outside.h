@@ -89,8 +89,9 @@ public:
   virtual void log_line(Msg::type type, gString const & line) = 0;
   virtual void show_msgwindow(bool show) = 0;
   virtual void clear_msgwindow() = 0;
-  // Shows a page in the user's browser; false if that can't be started.
-  virtual bool open_url(gString const &) { return false; }
+  // Shows a file or folder by what the user's desktop has for its kind; false if that can't be
+  // started.
+  virtual bool open_file(gString const &) { return false; }
 };
 
 // The pointer that tells to wait, for the life of this object.

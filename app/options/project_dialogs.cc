@@ -99,7 +99,8 @@ bool gProject::save_as() {
 bool gProject::ask_to_save(bool may_cancel) {
   bool go_on = true;
   sig_leaving(go_on);
-  if (!go_on || !modified_)
+  // A tree of defaults that never got a name is nobody's work.
+  if (!go_on || !modified_ || !is_open())
     return go_on;
   gOutside::Question question{fill_text("Save changes in project '%s'?", {name_})};
   question.cancel = may_cancel;

@@ -81,6 +81,7 @@ void gDialogWindow::add_buttons() {
   }
   for (QAbstractButton * button : box->buttons())
     button->setAccessibleName(button->text().remove('&'));
+  layout()->addItem(new QSpacerItem(0, 6));
   layout()->addWidget(box);
   ok_->setDefault(true); // of the dialog, so it has to be in it
 }

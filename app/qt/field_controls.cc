@@ -134,6 +134,7 @@ public:
       : gFieldControl(field, std::move(taken)),
         box_(new QComboBox) {
     box_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    box_->setMinimumContentsLength(20); // so that most of them have the same width
     set_widget(box_);
     QObject::connect(box_, &QComboBox::activated, box_, [this](int row) {
       if (this->field().selected == row)
@@ -161,15 +162,22 @@ private:
   std::vector<gField::Row> rows_;
 };
 
-// The rows as buttons below each other.
+// The rows as buttons: short ones beside each other, else below.
 class RadioControl : public gFieldControl {
 public:
   RadioControl(gField & field, Events taken)
       : gFieldControl(field, std::move(taken)),
         area_(new QWidget),
         group_(new QButtonGroup(area_)) {
-    auto * layout = new QVBoxLayout(area_);
+    std::size_t letters = 0;
+    for (gField::Row const & row : field.rows)
+      letters += row.empty() ? 0 : row.front().size();
+    bool const short_words = letters <= 40;
+    auto const direction = short_words ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+    auto * layout = new QBoxLayout(direction, area_);
     layout->setContentsMargins(0, 0, 0, 0);
+    if (short_words)
+      layout->setSpacing(24);
     set_widget(area_);
     QObject::connect(group_, &QButtonGroup::idClicked, area_, [this](int row) {
       if (this->field().selected == row)
@@ -242,6 +250,7 @@ public:
       : gFieldControl(field, std::move(taken)),
         note_(new QLabel) {
     note_->setWordWrap(true);
+    note_->setMinimumWidth(note_->fontMetrics().averageCharWidth() * 44);
     note_->setTextFormat(Qt::PlainText);
     set_widget(note_);
   }

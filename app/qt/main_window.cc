@@ -169,14 +169,15 @@ void gMainWindow::show_result() {
   gConversionResult const & result = gConversionRun::last_result();
   if (Vapp::output_active)
     result_of_ = Vapp::project().path();
-  bool const ready = result.success && Shell::idle() && result_of_ == Vapp::project().path();
+  bool const ready = result.success && Shell::project_open() && Shell::idle() &&
+                     result_of_ == Vapp::project().path();
   result_->show_result(ready ? result.start : "");
 }
 
 void gMainWindow::closeEvent(QCloseEvent * event) {
-  event->setAccepted(closing_);
   if (!closing_)
     frame_.close();
+  event->setAccepted(closing_); // the frame may have agreed at once
 }
 
 void gMainWindow::dragEnterEvent(QDragEnterEvent * event) {

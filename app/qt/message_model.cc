@@ -32,6 +32,8 @@ int gMessageModel::columnCount(QModelIndex const & parent) const {
 }
 
 QVariant gMessageModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole && section == number)
+    return QVariant(Qt::AlignRight | Qt::AlignVCenter);
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
     return {};
   switch (section) {

@@ -115,12 +115,13 @@ QWidget * gMessageView::make_search() {
     edit->setAccessibleName(Gui::tr(word));
     edit->setClearButtonEnabled(true);
     edit->addAction(Gui::icon(picture), QLineEdit::LeadingPosition);
-    edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * 14);
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(edit->placeholderText()) + 60);
     edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 26);
     row->addWidget(edit, 2);
     return edit;
   };
-  file_ = line("file_filter", "Only this file", "rtf");
+  file_ = line("file_filter", "File", "rtf");
+  file_->setToolTip(Gui::tr("Shows only the messages about files with this in their path"));
   connect(file_, &QLineEdit::textChanged, this, [this] { set_filter(); });
   search_ = line("search", "Search", "search");
   search_->setToolTip(Gui::tr("Return goes to the next place, Shift+Return to the one before"));
@@ -146,7 +147,8 @@ void gMessageView::make_table() {
   QHeaderView & head = *table_->header();
   head.setStretchLastSection(false);
   head.setSectionResizeMode(gMessageModel::text, QHeaderView::Stretch);
-  head.resizeSection(gMessageModel::severity, letter * 23);
+  head.resizeSection(gMessageModel::severity,
+                     table_->fontMetrics().horizontalAdvance(Gui::tr("Documentation Error")) + 40);
   head.resizeSection(gMessageModel::number, letter * 9);
   head.resizeSection(gMessageModel::place, letter * 24);
   connect(table_, &QTreeView::doubleClicked, this, [this](QModelIndex const & row) { open(row); });

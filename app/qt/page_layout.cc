@@ -1,7 +1,8 @@
 // A page is a pile of blocks; a block has columns beside each other, a column has lines, and a line
 // has controls. A field that opens a new column stands beside the list or frame in front of it, so
 // a list has its buttons beside it; a field below such buttons that is no button begins a new block
-// in the full width. A frame holds its fields in the same way.
+// in the full width, and so does one that asks for a new row. A frame holds its fields in the same
+// way.
 
 #include "app/qt/page_layout.h"
 
@@ -62,7 +63,9 @@ public:
     if (blocks_.empty())
       blocks_.push_back({{}});
     bool const list = !line.frame && line.kind() == Kind::list;
-    if (place == Place::column || (place == Place::beside && list))
+    if (place == Place::row)
+      blocks_.push_back({{}});
+    else if (place == Place::column || (place == Place::beside && list))
       open_column();
     else if (blocks_.back().size() > 1 && only_buttons(blocks_.back().back()) && !line.is_button())
       blocks_.push_back({{}});
@@ -252,8 +255,9 @@ public:
       std::size_t const begin = i;
       while (i < controls_.size() && controls_[i]->field().frame == first.frame)
         ++i;
+      bool const moved = first.place == Place::column || first.place == Place::row;
       blocks.add(make_frame(first.frame, std::span(controls_).subspan(begin, i - begin)),
-                 first.place == Place::column ? Place::column : Place::below);
+                 moved ? first.place : Place::below);
     }
     fill(*pile, blocks.blocks());
   }
@@ -297,7 +301,18 @@ gPageWidget::gPageWidget(gPage & page, Controls controls)
       setTabOrder(before, control->widget());
     before = control->widget();
   }
+  widen_paths();
   update_controls();
+}
+
+// A path is read as a whole.
+void gPageWidget::widen_paths() {
+  constexpr int letters = 56;
+  for (Control const & control : controls_) {
+    gFieldControl * const path = this->control(control->field().chooser_of);
+    if (path)
+      path->widget()->setMinimumWidth(path->widget()->fontMetrics().averageCharWidth() * letters);
+  }
 }
 
 // Widgets tell their controls even while they go.

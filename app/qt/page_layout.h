@@ -29,6 +29,7 @@ public:
 
 private:
   void update_frames();
+  void widen_paths();
 
   gPage & page_;
   Controls controls_;

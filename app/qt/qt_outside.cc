@@ -59,6 +59,7 @@ void set_up(QFileDialog & chooser, gOutside::Choice const & choice) {
   } else if (choice.kind == Kind::save) {
     chooser.setAcceptMode(QFileDialog::AcceptSave);
     chooser.setFileMode(QFileDialog::AnyFile);
+    chooser.setOption(QFileDialog::DontConfirmOverwrite, choice.caller_confirms);
   } else {
     chooser.setFileMode(choice.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   }

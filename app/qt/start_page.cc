@@ -22,11 +22,14 @@ constexpr Choice choices[] = {
     {"gVlpNew", "new", "&New project...", "Chooses sources, script and output folder one by one."},
     {"gVlpOpen", "open", "&Open project...", "Goes on with a project file (.vlp)."}};
 
+constexpr int button_margin = 10; // of a choice, in front of its picture
+
 QLabel * heading() {
   auto * label = new QLabel(Gui::tr("What do you want to document?"));
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * 1.6);
   label->setFont(font);
+  label->setContentsMargins(button_margin, 0, 0, 0);
   return label;
 }
 
@@ -61,6 +64,7 @@ gStartPage::gStartPage(std::function<void(std::string_view command)> run) {
     grid->addWidget(button, row++, 2);
   }
   auto * hint = new QLabel(Gui::tr("A project file can also be dropped onto this window."));
+  hint->setContentsMargins(button_margin, 0, 0, 0);
   hint->setForegroundRole(QPalette::PlaceholderText);
   grid->addWidget(hint, row++, 2);
   grid->setRowStretch(row, 3);

@@ -34,7 +34,7 @@ int gVappOutHandler::OnCommand() {
   set_output_folder(target());
   resolve_files();
   show_msgwindow(true);
-  gConversionRun::start(Vapp::conversion_input(target()), converter());
+  gConversionRun::start(Vapp::conversion_input(target()), converter(), finished_);
   return 1;
 }
 

@@ -10,6 +10,8 @@ class gVappOutHandler : public cMenuHandlerBase {
 public:
   int OnCommand() override;
   int OnUpdateCommand() override;
+  // Called behind a conversion on the thread of the starter.
+  void set_finished(gConversionRun::Finished finished) { finished_ = std::move(finished); }
 
 protected:
   // The key of the target: "htm", "rtf" or "hlp".
@@ -21,6 +23,9 @@ protected:
   // Sets "cur_" + key of the target: the default, a file of the ini folder, if the user wants that,
   // else the path under the key, absolute.
   void resolve(std::string const & key) const;
+
+private:
+  gConversionRun::Finished finished_;
 };
 
 class gOutHTML : public gVappOutHandler {

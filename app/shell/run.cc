@@ -56,7 +56,7 @@ gRunResult const & gRun::last_result() {
   return last_run();
 }
 
-void gConversionRun::start(gConversionInput input, Converter converter) {
+void gConversionRun::start(gConversionInput input, Converter converter, Finished finished) {
   Vapp::user_break = false;
   Vapp::output_active = true;
   last_conversion() = {};
@@ -65,9 +65,11 @@ void gConversionRun::start(gConversionInput input, Converter converter) {
   Shell::start_worker(
       {.work = [input = std::move(input), converter, result] { *result = converter(input); },
        .finished =
-           [result] {
+           [finished = std::move(finished), result] {
              last_conversion() = *result;
              Vapp::output_active = false;
+             if (finished)
+               finished(*result);
            }});
 }
 

@@ -23,7 +23,8 @@ public:
 class gConversionRun {
 public:
   using Converter = gConversionResult (*)(gConversionInput const &);
-  static void start(gConversionInput input, Converter converter);
+  using Finished = std::function<void(gConversionResult const &)>;
+  static void start(gConversionInput input, Converter converter, Finished finished = {});
   // Of the last conversion that has ended.
   static gConversionResult const & last_result();
 };

@@ -21,20 +21,26 @@ Worker & worker() {
   return worker;
 }
 
-} // namespace
-
-void Shell::wait_for_worker() {
-  if (!worker().thread.joinable())
-    return;
+// `finished` may start the next one.
+void end_worker() {
   worker().thread.join();
   std::exchange(worker().finished, nullptr)();
 }
 
+} // namespace
+
+void Shell::wait_for_worker() {
+  while (worker().thread.joinable())
+    end_worker();
+}
+
 bool Shell::collect_worker() {
-  bool const ready = !worker().thread.joinable() || worker().done;
-  if (ready)
-    wait_for_worker();
-  return ready;
+  if (!worker().thread.joinable())
+    return true;
+  if (!worker().done)
+    return false;
+  end_worker();
+  return true;
 }
 
 void Shell::start_worker(gWork work) {

@@ -22,7 +22,8 @@ struct gField {
   enum class Place {
     below,  // of the field before it
     beside, // on the line of the field before it, such as a button behind its path
-    column  // at the top of a new column, such as the buttons beside a list
+    column, // at the top of a new column, such as the buttons beside a list
+    row     // at the left again, below all columns
   };
   using Row = std::vector<std::string>; // a cell for each column
 

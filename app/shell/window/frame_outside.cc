@@ -30,8 +30,8 @@ void gFrameOutside::clear_msgwindow() {
   frame_.queue().clear();
 }
 
-bool gFrameOutside::open_url(gString const & url) {
-  return frame_.help().open(url);
+bool gFrameOutside::open_file(gString const & path) {
+  return frame_.open_file(path);
 }
 
 bool gFrameOutside::dialog(Dialog const & dialog) {

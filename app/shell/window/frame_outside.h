@@ -16,7 +16,7 @@ public:
   void log_line(Msg::type type, gString const & line) override;
   void show_msgwindow(bool show) override;
   void clear_msgwindow() override;
-  bool open_url(gString const & url) override;
+  bool open_file(gString const & path) override;
   // Shows the help itself, and leaves all other dialogs to the window.
   using gOutside::dialog;
   bool dialog(Dialog const & dialog) override;

@@ -89,23 +89,8 @@ std::string gHelpMap::index_page() const {
   return gFileSystem::file_exists(page) ? base_ + name : contents_page();
 }
 
-std::vector<std::string> Shell::browser_command(std::string const & shell_command,
-                                                std::string const & url) {
-  std::vector<std::string> arguments = split_command(shell_command);
-  bool placed = false;
-  for (std::string & argument : arguments) {
-    if (std::size_t const at = argument.rfind("%1"); at != argument.npos) {
-      argument.replace(at, 2, url);
-      placed = true;
-    }
-  }
-  if (!placed && !arguments.empty())
-    arguments.push_back(url);
-  return arguments;
-}
-
 bool gHelpBrowser::open(std::string const & url) {
-  return desktop_.start(Shell::browser_command(desktop_.shell_command("open", ".htm"), url));
+  return desktop_.start(Shell::filled_command(desktop_.shell_command("open", ".htm"), url));
 }
 
 void gHelp::request(Command command, int context) {

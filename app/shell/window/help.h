@@ -46,18 +46,8 @@ public:
   gHelp(gPathstring const & map_file, gDesktop & desktop) : map_(map_file), browser_(desktop) {}
   // Shows a page: that of a context number, the index or the contents. A box if it fails.
   void request(Command command, int context = 0);
-  // Any other page; false if no browser can be started.
-  bool open(std::string const & url) { return browser_.open(url); }
 
 private:
   gHelpMap map_;
   gHelpBrowser browser_;
 };
-
-namespace Shell {
-
-// The command that opens an address, made of an association's command line.
-std::vector<std::string> browser_command(std::string const & shell_command,
-                                         std::string const & url);
-
-} // namespace Shell

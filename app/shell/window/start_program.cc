@@ -14,6 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "app/shell/file_url.h"
 #include "app/shell/window/desktop_entry.h"
 #include "vlb/gfilesystem.h"
 
@@ -96,11 +97,25 @@ bool gUserDesktop::start(std::vector<std::string> const & command) {
   return good;
 }
 
-// Only pages are ever asked for.
-std::string gUserDesktop::shell_command(std::string const & verb, std::string const & extension) {
-  if (verb != "open" || (extension != ".htm" && extension != ".html"))
-    return "";
-  // A list of commands, of which the first one that is there counts.
+namespace {
+
+constexpr std::string_view page_extensions[] = {".htm", ".html"};
+
+bool is_page(std::string_view extension) {
+  return std::ranges::find(page_extensions, extension) != std::end(page_extensions);
+}
+
+// For what has no type here xdg-open knows best.
+std::string type_of(std::string_view extension) {
+  if (extension.empty())
+    return "inode/directory";
+  return extension == ".rtf" ? "application/rtf" : is_page(extension) ? "text/html" : "";
+}
+
+} // namespace
+
+// The variable is a list of commands, of which the first one that is there counts.
+std::string gUserDesktop::browser() {
   std::istringstream browsers(variable("BROWSER"));
   for (std::string command; std::getline(browsers, command, ':');) {
     std::vector<std::string> const words = Shell::split_command(command);
@@ -109,8 +124,41 @@ std::string gUserDesktop::shell_command(std::string const & verb, std::string co
     std::size_t const at = command.find("%s");
     return at == command.npos ? command : command.replace(at, 2, "%1");
   }
-  std::string const entry = Shell::desktop_command("text/html");
-  if (!entry.empty())
-    return entry;
-  return has_program("xdg-open") ? "xdg-open \"%1\"" : "";
+  return "";
+}
+
+std::string gUserDesktop::shell_command(std::string const & verb, std::string const & extension) {
+  if (verb != "open")
+    return "";
+  std::string command = is_page(extension) ? browser() : "";
+  std::string const type = type_of(extension);
+  if (command.empty() && !type.empty())
+    command = Shell::desktop_command(type);
+  if (command.empty() && has_program("xdg-open"))
+    command = "xdg-open \"%1\"";
+  return command;
+}
+
+// The last "%1" of an argument is the one that counts.
+std::vector<std::string> Shell::filled_command(std::string const & shell_command,
+                                               std::string const & what) {
+  std::vector<std::string> arguments = split_command(shell_command);
+  bool placed = false;
+  for (std::string & argument : arguments) {
+    if (std::size_t const at = argument.rfind("%1"); at != argument.npos) {
+      argument.replace(at, 2, what);
+      placed = true;
+    }
+  }
+  if (!placed && !arguments.empty())
+    arguments.push_back(what);
+  return arguments;
+}
+
+bool Shell::open_file(gPathstring const & path, gDesktop & desktop) {
+  std::string const name = path.extension();
+  std::string const extension = name.empty() ? "" : "." + name;
+  std::string const command = desktop.shell_command("open", extension);
+  std::string const what = is_page(extension) ? file_url(path) : std::string(path);
+  return desktop.start(filled_command(command, what));
 }

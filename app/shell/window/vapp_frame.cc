@@ -109,6 +109,10 @@ void gVappFrame::drop_files(std::vector<std::string> const & paths, cPointT2<int
   refresh();
 }
 
+bool gVappFrame::open_file(gPathstring const & path) {
+  return Shell::open_file(path, desktop_);
+}
+
 void gVappFrame::open_message(std::size_t row) {
   if (row < messages_.rows())
     Shell::open_source(messages_.place(row), desktop_);

@@ -68,6 +68,8 @@ public:
   // F1 in a dialog.
   void help_on(int context);
   void drop_files(std::vector<std::string> const & paths, cPointT2<int> const & place);
+  // Shows a file or folder by what the desktop has for it; false if that can't be started.
+  bool open_file(gPathstring const & path);
   // Opens the place of a message.
   void open_message(std::size_t row);
   // To be called some twenty times a second, and when the queue wakes the window: takes what

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabWidget>
 #include <gtest/gtest.h>
 
@@ -88,8 +89,40 @@ protected:
     return false;
   }
 
+  // The same, with what some dialogs want of it.
+  void change(std::string const & name) {
+    if (name == "gDiaMsgoptions") {
+      Windows::type(*window, "msg/err_max", "7");
+    } else if (name == "gDiaHM") {
+      EXPECT_TRUE(change());
+      Windows::type(*window, "name", "own");
+    } else if (name == "gDefineAttr") {
+      user.scripts.push_back([](QWidget & opened) {
+        Windows::type(opened, "name", "COLOUR");
+        Windows::click(opened, "OK");
+      });
+      QTest::mouseClick(&Windows::child(*window, "attribute_new"), Qt::LeftButton);
+    } else {
+      EXPECT_TRUE(change());
+    }
+    Windows::settle();
+  }
+  void tell_of_map_files(std::string const & name) {
+    if (name == "gDiaHM")
+      user.answer("OK");
+  }
+  bool apply_is_enabled() {
+    for (auto * button : window->findChildren<QPushButton *>())
+      if (button->text().remove('&') == "Apply")
+        return button->isEnabled();
+    return false;
+  }
+
   static cRef<cObj> options() { return Vapp::options.clone(); }
-  static cRef<cObj> settings() { return Vapp::options_ini.clone(); }
+  // The tree that the dialog writes to.
+  static cRef<cObj> stored(std::string const & name) {
+    return name == "gDiaExtraOpt" ? Vapp::options_ini.clone() : options();
+  }
 
   TempFolder folder;
   gUserDesktop desktop;
@@ -140,16 +173,69 @@ TEST_F(Dialogs, each_is_reached_by_the_tab_key_in_every_control) {
   }
 }
 
-TEST_F(Dialogs, what_was_changed_is_taken_by_ok) {
-  for (char const * name : {"fDefineTitle", "gDiaAnaopt", "gAnaPre", "gAnaAlloc", "gAnaSrcpat"}) {
+// By clicks on the buttons: what was changed is thrown away, or stored and kept open, or stored.
+TEST_F(Dialogs, what_was_changed_is_taken_by_ok_and_apply_and_not_by_cancel) {
+  for (char const * name : option_dialogs) {
     SCOPED_TRACE(name);
-    cRef<cObj> const before = options();
+    cRef<cObj> const before = stored(name);
     open(name);
-    EXPECT_TRUE(change());
+    change(name);
+    Windows::click(*window, "Cancel");
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(stored(name)->equal(*before));
+    if (dialog->has_apply()) {
+      open(name);
+      EXPECT_FALSE(apply_is_enabled());
+      change(name);
+      EXPECT_TRUE(apply_is_enabled());
+      tell_of_map_files(name);
+      Windows::click(*window, "Apply");
+      EXPECT_FALSE(apply_is_enabled());
+      EXPECT_TRUE(window->isVisible());
+      EXPECT_FALSE(stored(name)->equal(*before));
+      key(Qt::Key_Escape);
+      Vapp::options = static_cast<cMapObj const &>(*before->clone());
+      Vapp::project().save();
+    }
+    open(name);
+    change(name);
+    tell_of_map_files(name);
     Windows::click(*window, "OK");
     EXPECT_FALSE(window->isVisible());
-    EXPECT_FALSE(Vapp::options.equal(*before));
-    EXPECT_TRUE(Vapp::project().modified());
+    EXPECT_FALSE(stored(name)->equal(*before));
+    EXPECT_EQ(Vapp::project().modified(), std::string_view(name) != "gDiaExtraOpt");
+    Vapp::project().save();
+  }
+}
+
+TEST_F(Dialogs, those_that_others_open_show_themselves) {
+  struct {
+    char const * dialog;
+    int page;
+    char const *button, *title;
+  } const rows[] = {{"gDefineSrc", 0, "new", "New File Group"},
+                    {"gDefineSrc", 0, "edit", "Change File Group"},
+                    {"gAnaPre", 2, "new", "New C/C++ Macro"},
+                    {"gAnaSrcpat", 0, "pattern_new", "New Source Pattern"},
+                    {"gAnaSrcpat", 0, "subentry_new", "New Subentry"},
+                    {"gAnaSrcpat", 0, "pattern_keyword_edit", "Change Keyword for spt_class"},
+                    {"gDefineAttr", 0, "attribute_new", "Define Attribute"},
+                    {"gDefineAttr", 0, "value_new", "New Value for Attribute UNITTYPE"}};
+  for (auto const & row : rows) {
+    SCOPED_TRACE(row.title);
+    open(row.dialog);
+    if (auto * tabs = window->findChild<QTabWidget *>())
+      tabs->setCurrentIndex(row.page);
+    Windows::settle();
+    user.scripts.push_back([&](QWidget & opened) {
+      EXPECT_EQ(Windows::nameless(opened), std::vector<std::string>{});
+      Windows::picture(opened, std::string(row.dialog) + "_" + row.button);
+      QTest::keyClick(&opened, Qt::Key_Escape);
+    });
+    QTest::mouseClick(&Windows::child(*window, row.button), Qt::LeftButton);
+    EXPECT_EQ(user.shown.back(), row.title);
+    EXPECT_FALSE(dialog->changed());
+    key(Qt::Key_Escape);
   }
 }
 

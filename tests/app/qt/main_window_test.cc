@@ -5,8 +5,11 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QCommandLinkButton>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QListView>
+#include <QMimeData>
 #include <QToolBar>
 #include <QTreeView>
 #include <gtest/gtest.h>
@@ -87,12 +90,17 @@ protected:
     auto * bar = window->findChild<QToolBar *>();
     QTest::mouseClick(bar->widgetForAction(&entry(name)), Qt::LeftButton);
   }
-  std::string enabled() {
+  std::set<std::string> enabled() {
     std::string names;
     for (QAction const * action : window->findChildren<QAction *>())
-      if (action->isEnabled() && action->objectName().startsWith('g'))
-        names += action->objectName().toStdString() + " ";
-    return names;
+      if (QString const name = action->objectName();
+          action->isEnabled() && (name.startsWith("g") || name.startsWith("fDef")))
+        names += name.toStdString() + " ";
+    return words(names);
+  }
+  static std::set<std::string> words(std::string const & text) {
+    std::istringstream in(text);
+    return {std::istream_iterator<std::string>(in), {}};
   }
   // What the message window holds.
   std::string messages() {
@@ -110,8 +118,6 @@ protected:
     folder.write("src/big.h", text);
   }
   void write_project() {
-    if (Vapp::project().modified())
-      user.answer("No");
     auto group = make_ref<cMapObj>();
     group->set("path", cat::make("src"));
     group->set("files", cat::make("*.h"));
@@ -177,17 +183,45 @@ TEST_F(MainWindow, from_nothing_to_finished_pages_by_keys_alone) {
     QTest::keyClicks(QApplication::focusWidget(), "*.h");
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
-  if (Vapp::project().modified())
-    user.answer("No");
   keys(Qt::Key_N, Qt::ControlModifier);
   ASSERT_TRUE(Vapp::project().is_open());
-  user.answer("No"); // the folder is there by now, and stays the one
   keys(Qt::Key_F5);
   ASSERT_TRUE(wait());
   keys(Qt::Key_F6);
   ASSERT_TRUE(wait());
   Windows::settle();
   EXPECT_TRUE(fs::exists(folder.path("out/htm/index.htm")));
+}
+
+TEST_F(MainWindow, from_nothing_to_finished_pages_by_clicks_alone) {
+  user.scripts.push_back([&](QWidget & chooser) {
+    auto * dialog = qobject_cast<QFileDialog *>(&chooser);
+    ASSERT_TRUE(dialog);
+    dialog->setDirectory(QString::fromStdString(folder.path()));
+    auto * list = chooser.findChild<QListView *>("listView");
+    QModelIndex row;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      auto const found = list->model()->match(list->model()->index(0, 0, list->rootIndex()),
+                                              Qt::DisplayRole, "src", 1, Qt::MatchExactly);
+      row = found.isEmpty() ? QModelIndex() : found.first();
+      return row.isValid();
+    }));
+    QPoint const place = list->visualRect(row).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    Windows::click(chooser, "Choose");
+  });
+  QTest::mouseClick(&Windows::child(*window, "gVlpQuick"), Qt::LeftButton);
+  ASSERT_TRUE(Vapp::project().is_open());
+  QWidget & view = Windows::child(*window, "view_result");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return view.isVisible(); }, 60000)) << messages();
+  EXPECT_NE(messages().find("Start page: "), std::string::npos);
+  QTest::mouseClick(&view, Qt::LeftButton);
+  EXPECT_TRUE(desktop.started.back().ends_with("/src/site/htm/index.htm"));
+  user.answer("No"); // the project is left as it is
+  QTimer::singleShot(0, window.get(), [this] { window->QMainWindow::close(); });
+  QTimer::singleShot(20000, window.get(), [] { QApplication::exit(1); });
+  EXPECT_EQ(QApplication::exec(), 0) << "the program ends with its window";
+  EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(MainWindow, from_a_project_to_finished_pages_by_clicks_alone) {
@@ -215,21 +249,57 @@ TEST_F(MainWindow, from_a_project_to_finished_pages_by_clicks_alone) {
 }
 
 TEST_F(MainWindow, entries_follow_the_state_of_project_and_run) {
-  std::string const nothing = enabled();
-  EXPECT_EQ(nothing.find("gVlpSave"), std::string::npos);
+  std::string const always = " gExtraOpt gVappHelp", quiet = " gVlpNew gVlpQuick gVlpOpen";
+  std::string const open = " gVlpSave gOpenVLS gDefSrc fDefTitle gDefAttr gMsgOptions";
+  std::string const sheets = " gAnaPre gAnaSrcpat gAnaAlloc gAnaopt";
+  std::string const idle =
+      always + quiet + open + sheets + " gVlpSaveAs gDefOutdir gAnaStart gOutOptions gOutHM";
+  std::string const targets = " gOutHTML gOutRTF gOutHLP";
+  EXPECT_EQ(enabled(), words(always + quiet));
   write_project();
-  write_big_source();
-  EXPECT_FALSE(entry("gOutHTML").isEnabled());
-  EXPECT_FALSE(entry("gAnaBreakHandler").isEnabled());
+  EXPECT_EQ(enabled(), words(idle));
+  // A modeless dialog has its entry for itself.
+  keys(Qt::Key_I, Qt::ControlModifier);
+  EXPECT_FALSE(entry("gDefSrc").isEnabled());
+  QTest::keyClick(QApplication::activeWindow(), Qt::Key_Escape);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == words(idle); }));
   keys(Qt::Key_F5);
-  EXPECT_FALSE(entry("gAnaStart").isEnabled());
-  EXPECT_FALSE(entry("gVlpOpen").isEnabled());
-  EXPECT_TRUE(entry("gVlpSave").isEnabled());
-  EXPECT_TRUE(entry("gAnaBreakHandler").isEnabled());
-  keys(Qt::Key_F5, Qt::ShiftModifier);
-  EXPECT_FALSE(entry("gAnaBreakHandler").isEnabled()) << "once is enough";
   ASSERT_TRUE(wait());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return entry("gAnaStart").isEnabled(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == words(idle + targets); }));
+  keys(Qt::Key_F6);
+  EXPECT_EQ(enabled(), words(always + open + sheets + " gOutBreakHandler"));
+  ASSERT_TRUE(wait());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == words(idle + targets + " gOpenResult"); }));
+  write_big_source();
+  user.answer("No");
+  keys(Qt::Key_F5);
+  EXPECT_EQ(enabled(), words(always + open + " gOutHM gAnaBreakHandler"));
+  keys(Qt::Key_F5, Qt::ShiftModifier);
+  EXPECT_EQ(enabled(), words(always + open + " gOutHM")) << "once is enough";
+  ASSERT_TRUE(wait());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return enabled() == words(idle + " gOpenResult"); }))
+      << "what a broken run has left can't be converted";
+}
+
+TEST_F(MainWindow, a_dropped_project_is_opened_and_other_files_are_not) {
+  write_project();
+  std::string const other = folder.write("second.vlp", "{}");
+  auto const drop = [&](std::vector<std::string> const & paths) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (std::string const & path : paths)
+      urls += path.starts_with("http") ? QUrl(path.c_str()) : QUrl::fromLocalFile(path.c_str());
+    data.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    if (enter.isAccepted())
+      QApplication::sendEvent(window.get(), &event);
+  };
+  drop({folder.path("src/a.h"), "http://host/third.vlp"});
+  EXPECT_EQ(Vapp::project().name(), "p.vlp");
+  drop({folder.path("src/a.h"), other});
+  EXPECT_EQ(Vapp::project().name(), "second.vlp");
 }
 
 TEST_F(MainWindow, closing_during_a_run_asks_stops_and_waits) {
@@ -243,8 +313,11 @@ TEST_F(MainWindow, closing_during_a_run_asks_stops_and_waits) {
   auto & bar = Windows::child(*window, "progress");
   EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
   Windows::picture(*window, "running");
-  keys(Qt::Key_F5, Qt::ShiftModifier);
-  ASSERT_TRUE(wait());
+  user.answer("Yes");
+  window->QMainWindow::close();
+  EXPECT_TRUE(window->isVisible()) << "first the run has to stop";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window->isVisible(); }, 60000));
+  EXPECT_TRUE(idle());
 }
 
 // Reports of all kinds, from another thread: the window never stands still for long.

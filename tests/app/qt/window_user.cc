@@ -105,7 +105,9 @@ std::vector<std::string> Windows::nameless(QWidget & window) {
 namespace {
 
 QPalette dark_palette() {
-  QPalette palette(QColor(0x2b, 0x2d, 0x31));
+  QPalette palette(QColor(0x36, 0x39, 0x3e));
+  for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, QColor(0x8a, 0x8d, 0x93));
   palette.setColor(QPalette::Base, QColor(0x1f, 0x21, 0x24));
   palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2c));
   palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x42));

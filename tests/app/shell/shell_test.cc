@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "app/options/options.h"
 #include "app/options/project.h"
 #include "app/options/settings.h"
@@ -235,6 +237,33 @@ TEST_F(Shell, a_conversion_that_does_not_end_well_leaves_the_earlier_result) {
   EXPECT_TRUE(gConversionRun::last_result().success);
   EXPECT_TRUE(fs::exists(folder.path("out/htm/mark"))) << "no run has written it";
   EXPECT_FALSE(fs::exists(folder.path("out/htm/stale")));
+}
+
+// Who waits for the worker waits for what follows it, too; and a stop that comes between the two
+// isn't lost.
+TEST_F(Shell, a_folder_is_documented_in_one_go_unless_it_is_stopped) {
+  auto const pages = [&] { return fs::exists(folder.path("src/site/htm/index.htm")); };
+  folder.write("src/a.h", "/** Does it. */\nvoid f();\n");
+  fs::create_symlink(folder.write("b.h", "void g();\n"), folder.path("src/b.h"));
+  outside.answers = {folder.path("src")};
+  std::unique_ptr<cMenuHandlerBase> const quick = make_handler("gVlpQuick");
+  quick->OnCommand();
+  std::string const log = "src/site/ana.log";
+  while (folder.read(log.c_str()).find(" error(s)") == std::string::npos)
+    std::this_thread::yield();
+  make_handler("gAnaBreakHandler")->OnCommand();
+  ::Shell::wait_for_worker();
+  EXPECT_FALSE(pages());
+  outside.answers = {folder.path("src"), "no"};
+  quick->OnCommand();
+  ::Shell::wait_for_worker();
+  EXPECT_TRUE(pages()) << outside.report_text();
+  std::string told;
+  for (std::string const & line : outside.log_lines)
+    told += line + "\n";
+  EXPECT_NE(told.find("User aborted program."), std::string::npos);
+  EXPECT_NE(told.find("Left out because the link leads out"), std::string::npos);
+  EXPECT_NE(told.find("\nSources:    1 file\n"), std::string::npos) << told;
 }
 
 // A run and a conversion have their own copy of the options: whatever is changed or saved

@@ -16,7 +16,7 @@ class Page : public gOptionPage {
 public:
   Page()
       : gOptionPage("Configure Messages", gContext::messages),
-        limit_field_(add({.id = "msg/err_max"})),
+        limit_field_(add({.id = "msg/err_max", .kind = gField::Kind::number})),
         limit_(limit_field_) {
     limit_field_.label = limit_row.label;
     limit_field_.tool_tip = "The run ends behind that many errors; empty for no limit";

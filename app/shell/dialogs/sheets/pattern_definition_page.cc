@@ -17,11 +17,12 @@ gSpPage1::gSpPage1(gPatternCopy & copy, std::function<void()> show_all)
       show_all_(std::move(show_all)),
       patterns_{.is_pattern = true},
       subentries_{.is_pattern = false} {
-  for (Kind * kind : {&patterns_, &subentries_})
+  for (Kind * kind : {&patterns_, &subentries_}) {
     add_names(*kind);
-  for (Kind * kind : {&patterns_, &subentries_})
     add_keywords(*kind);
-  patterns_.keywords->place = gField::Place::column;
+    kind->names->place = gField::Place::row;
+    kind->keywords->place = gField::Place::column;
+  }
 }
 
 gField * gSpPage1::add_list(std::string const & id, std::string const & frame,

@@ -131,7 +131,20 @@ TEST(HelpBrowser, FillsTheCommandLineOfTheAssociation) {
       {"", ""},
   };
   for (auto const & row : rows)
-    EXPECT_EQ(joined(Shell::browser_command(row.command, "U")), row.expected) << row.command;
+    EXPECT_EQ(joined(Shell::filled_command(row.command, "U")), row.expected) << row.command;
+}
+
+// A page needs an address, since a browser takes "%" and "#" in it for its own.
+TEST(OpenFile, GivesPagesToTheBrowserAndTheRestToItsProgram) {
+  TestDesktop desktop;
+  desktop.programs = {"browser", "writer"};
+  EXPECT_TRUE(Shell::open_file("/a b/x.htm", desktop));
+  desktop.association = "writer";
+  EXPECT_TRUE(Shell::open_file("/a b/x.rtf", desktop));
+  EXPECT_EQ(desktop.started,
+            (std::vector<std::string>{"browser|file:///a%20b/x.htm", "writer|/a b/x.rtf"}));
+  desktop.association = "";
+  EXPECT_FALSE(Shell::open_file("/a b", desktop));
 }
 
 TEST(UserDesktop, FindsTheBrowserOfTheUser) {
@@ -155,7 +168,14 @@ TEST(UserDesktop, FindsTheBrowserOfTheUser) {
                                        "[Default Applications]\r\ntext/html=one.desktop\r\n");
   folder.write("data/applications/one.desktop", "[Desktop Entry]\nExec=one %f\n");
   EXPECT_EQ(desktop.shell_command("open", ".html"), "one %1");
-  EXPECT_EQ(desktop.shell_command("open", ".txt"), "");
+  EXPECT_EQ(desktop.shell_command("open", ".txt"), "xdg-open \"%1\"");
+  EXPECT_EQ(desktop.shell_command("open", ".rtf"), "xdg-open \"%1\"");
+  folder.write("config/mimeapps.list", "[Default Applications]\napplication/rtf=writer.desktop\n"
+                                       "inode/directory=one.desktop\ntext/html=one.desktop\n");
+  folder.write("data/applications/writer.desktop", "[Desktop Entry]\nExec=writer --new %U\n");
+  EXPECT_EQ(desktop.shell_command("open", ".rtf"), "writer --new %1");
+  EXPECT_EQ(desktop.shell_command("open", ""), "one %1");
+  EXPECT_EQ(desktop.shell_command("print", ".rtf"), "");
   Variable const browser("BROWSER", "gone %s:xdg-open -n %s");
   EXPECT_EQ(desktop.shell_command("open", ".htm"), "xdg-open -n %1");
 }

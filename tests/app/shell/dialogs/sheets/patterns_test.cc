@@ -82,7 +82,7 @@ TEST_F(Patterns, names_come_and_go) {
 
 TEST_F(Patterns, keywords_stand_once) {
   select("patterns", "spt_member");
-  EXPECT_EQ(user().page().frames()[2].title, "Keywords of spt_member");
+  EXPECT_EQ(user().page().frames()[1].title, "Keywords of spt_member");
   struct {
     char const *keyword, *separators, *text, *focus;
   } const rows[] = {
