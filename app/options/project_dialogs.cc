@@ -1,5 +1,7 @@
 // The steps of a project's life that ask the user: saving, opening, beginning a new one.
 #include <filesystem>
+#include <ostream>
+
 #include <unistd.h>
 
 #include "app/options/attributes.h"
@@ -11,6 +13,7 @@
 #include "store/gglobalobj.h"
 #include "store/text_form.h"
 #include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
 #include "vlb/outside.h"
 
 namespace Vapp {
@@ -49,7 +52,10 @@ bool write(gPathstring const & path) {
   return good;
 }
 
+// The reason is for the message window, as a file with a slip may be mended by hand.
 void load_failed_box(gString const & path) {
+  if (!project().load_error().empty())
+    Msg::log() << project().load_error() << std::endl;
   Vlb::outside().box(
       fill_text("Fatal error reading project file '%s'.\nPlease choose a different project file.",
                 {path}),

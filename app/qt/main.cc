@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <csignal>
+#include <iostream>
 
 #include "app/options/settings.h"
 #include "app/qt/main_window.h"
@@ -23,6 +24,7 @@ int main(int argc, char ** argv) {
   if (!program.InitInstance(argc > 1 ? argv[1] : ""))
     return 1;
   int const status = program.Run([] { return QApplication::exec(); });
-  program.ExitInstance();
+  if (!program.ExitInstance())
+    std::cerr << "vellumar-gui: the settings could not be written" << std::endl;
   return status;
 }

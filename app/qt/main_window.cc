@@ -59,7 +59,8 @@ bool gMainWindow::create() {
   pile->addWidget(result_);
   pile->addWidget(messages_, 1);
   pages_ = new QStackedWidget;
-  pages_->addWidget(new gStartPage([this](std::string_view command) { frame_.run(command); }));
+  start_ = new gStartPage([this](std::string_view command) { frame_.run(command); });
+  pages_->addWidget(start_);
   pages_->addWidget(work);
   setCentralWidget(pages_);
   make_status_bar();
@@ -121,6 +122,7 @@ void gMainWindow::set_title(std::string const & title) {
 
 void gMainWindow::update_menu() {
   bars_->update();
+  start_->show_those([this](std::string_view command) { return frame_.menu().find(command); });
   show_result();
   choose_page();
 }

@@ -11,6 +11,7 @@
 class gMenuBars;
 class gMessageView;
 class gResultBar;
+class gStartPage;
 class QLabel;
 class QProgressBar;
 class QStackedWidget;
@@ -55,6 +56,7 @@ private:
   QStackedWidget * pages_ = nullptr;
   gMessageView * messages_ = nullptr;
   gResultBar * result_ = nullptr;
+  gStartPage * start_ = nullptr;
   QLabel * counts_ = nullptr;
   QLabel * stage_ = nullptr;
   QProgressBar * progress_ = nullptr;

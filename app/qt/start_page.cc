@@ -69,3 +69,8 @@ gStartPage::gStartPage(std::function<void(std::string_view command)> run) {
   grid->addWidget(hint, row++, 2);
   grid->setRowStretch(row, 3);
 }
+
+void gStartPage::show_those(std::function<bool(std::string_view command)> const & exists) {
+  for (Choice const & choice : choices)
+    findChild<QCommandLinkButton *>(choice.command)->setVisible(exists(choice.command));
+}

@@ -9,4 +9,6 @@
 class gStartPage : public QWidget {
 public:
   explicit gStartPage(std::function<void(std::string_view command)> run);
+  // A menu of the user's own may lack some of the commands.
+  void show_those(std::function<bool(std::string_view command)> const & exists);
 };

@@ -13,6 +13,9 @@
 namespace {
 
 constexpr std::size_t deepest = 16;
+constexpr std::size_t most_commands = 1000; // each is asked for its state all the time
+constexpr std::size_t most_told = 8;        // names that are no commands
+constexpr std::size_t longest_told = 40;
 
 gString trimmed(std::string_view text) {
   gString result(text);
@@ -37,7 +40,7 @@ public:
       line(next_field(text, '\n'));
   }
   // Names that are no commands, with ", " between them.
-  gString const & unknown() const { return unknown_; }
+  gString unknown() const { return unknown_ + (told_ > most_told ? ", ..." : ""); }
   std::vector<gMenuEntry> take() { return std::move(root_.entries); }
 
 private:
@@ -82,9 +85,11 @@ private:
     gString const name = next_field(text, '|');
     std::unique_ptr<cMenuHandlerBase> handler = make_handler(name);
     if (!handler) {
-      Vlb::add_shown(unknown_ += unknown_.empty() ? "" : ", ", name);
+      tell(name);
       return;
     }
+    if (++commands_ > most_commands)
+      return;
     gMenuEntry & entry = add(gMenuEntry::command);
     entry.name = name;
     entry.handler = handler.get();
@@ -97,10 +102,18 @@ private:
     handler.release()->Create(parameters, &list_, &list_);
   }
 
+  void tell(gString const & name) {
+    if (++told_ > most_told)
+      return;
+    Vlb::add_shown(unknown_ += unknown_.empty() ? "" : ", ", name.substr(0, longest_told));
+    unknown_ += name.size() > longest_told ? "..." : "";
+  }
+
   cHandlerList & list_;
   gMenuEntry root_;
   std::vector<gMenuEntry *> open_; // the menus around the line, the root first
   std::size_t joined_ = 0;
+  std::size_t commands_ = 0, told_ = 0;
   gString unknown_;
 };
 

@@ -29,7 +29,8 @@ gVappFrame::~gVappFrame() {
 void gVappFrame::load_menu() {
   gPathstring beside = Vapp::program_dir();
   gPathstring shipped = Vapp::ini_dir();
-  if (!CreateMenuFromFile(this, beside.append("vle.mnu").c_str()))
+  // A damaged file has nothing that could be run.
+  if (!CreateMenuFromFile(this, beside.append("vle.mnu").c_str()) || handlers().empty())
     CreateMenuFromFile(this, shipped.append("vle.mnu").c_str());
   menu_.build();
 }

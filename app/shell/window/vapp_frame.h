@@ -46,8 +46,8 @@ public:
   gVappFrame(gFrameView & view, gDesktop & desktop, gPathstring const & help_map);
   ~gVappFrame() override;
 
-  // The menu from the first of "vle.mnu" beside the program and in its folder "ini" that can be
-  // read; without one only what is built in. Unknown commands are told in one report.
+  // The menu from the first of "vle.mnu" beside the program and in its folder "ini" that holds
+  // commands; without one only what is built in. Unknown commands are told in one report.
   void load_menu();
 
   gMenuModel const & menu() const { return menu_; }

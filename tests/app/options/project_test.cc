@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 #include "app/options/options.h"
 #include "app/options/settings.h"
 #include "store/cerr.h"
@@ -136,6 +140,36 @@ TEST_F(Project, SaveFailuresKeepTheFlag) {
   EXPECT_FALSE(project.save());
   EXPECT_EQ(shown(), "box: Cannot write\nFile '" + path + "' is read-only\n");
   EXPECT_TRUE(project.modified());
+}
+
+// The limit for files stands for a disk that is full.
+TEST_F(Project, NothingIsLostWhereADiskIsFullOrAFolderIsGone) {
+  make("a.vlp");
+  std::string const before = folder.read("a.vlp");
+  project.mark_modified();
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  rlim_t const whole = std::exchange(limit.rlim_cur, 100);
+  auto const handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &limit);
+  EXPECT_FALSE(project.save());
+  limit.rlim_cur = whole;
+  setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(shown(), "box: Could not write the project file.\n");
+  EXPECT_EQ(folder.read("a.vlp"), before);
+  auto const files = std::filesystem::directory_iterator(folder.path());
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "half a file is left";
+  std::filesystem::remove(folder.path("a.vlp"));
+  EXPECT_TRUE(project.save()) << "it was only deleted";
+  std::filesystem::create_directory(folder.path("sub"));
+  make("sub/a.vlp");
+  std::filesystem::remove_all(folder.path("sub"));
+  project.mark_modified();
+  EXPECT_FALSE(project.save());
+  EXPECT_TRUE(project.modified());
+  std::filesystem::create_directory(folder.path("sub"));
+  EXPECT_TRUE(project.save());
 }
 
 TEST_F(Project, ChangesAreAskedForBeforeTheyAreLost) {

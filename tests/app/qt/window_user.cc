@@ -89,8 +89,37 @@ void Windows::settle() {
     QCoreApplication::processEvents();
 }
 
+namespace {
+
+// What a screen reader stops at; the parts of a list or a combo speak for themselves.
+bool is_whole(QAccessible::Role role) {
+  return role == QAccessible::ComboBox || role == QAccessible::SpinBox ||
+         role == QAccessible::Table || role == QAccessible::Tree || role == QAccessible::List;
+}
+bool is_control(QAccessible::Role role) {
+  return is_whole(role) || role == QAccessible::Button || role == QAccessible::CheckBox ||
+         role == QAccessible::RadioButton || role == QAccessible::EditableText ||
+         role == QAccessible::PageTab || role == QAccessible::MenuItem ||
+         role == QAccessible::ProgressBar;
+}
+
+void add_nameless(QAccessibleInterface & seen, std::vector<std::string> & found) {
+  QAccessible::Role const role = seen.role();
+  if (!seen.isValid() || seen.state().invisible)
+    return;
+  if (is_control(role) && seen.text(QAccessible::Name).isEmpty())
+    found.push_back("role " + std::to_string(role) + " in " +
+                    seen.parent()->text(QAccessible::Name).toStdString());
+  for (int i = 0; !is_whole(role) && i < seen.childCount(); ++i)
+    if (QAccessibleInterface * const child = seen.child(i))
+      add_nameless(*child, found);
+}
+
+} // namespace
+
 std::vector<std::string> Windows::nameless(QWidget & window) {
   std::vector<std::string> found;
+  add_nameless(*QAccessible::queryAccessibleInterface(&window), found);
   for (auto * widget : window.findChildren<QWidget *>()) {
     QAccessibleInterface * const seen = QAccessible::queryAccessibleInterface(widget);
     bool const used = widget->isVisible() && widget->focusPolicy() != Qt::NoFocus;

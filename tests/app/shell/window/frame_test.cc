@@ -181,6 +181,23 @@ TEST_F(Frame, TakesTheMenuOfTheFileAndItsOwnEntries) {
   EXPECT_EQ(frame->message_string(entry("exit").id), "Ends the program");
 }
 
+TEST_F(Frame, ADamagedMenuIsToldShortlyAndThatOfTheProgramIsTaken) {
+  std::string text = "\xff" + std::string(90000, 'x') + "\n";
+  for (int i = 0; i < 500; ++i)
+    text += "menu m\n" + std::string(3, static_cast<char>(i % 31 + 1)) + "\n";
+  folder.write("vle.mnu", text);
+  ASSERT_TRUE(start());
+  EXPECT_TRUE(frame->menu().find("gVlpOpen"));
+  EXPECT_NE(messages().find("..., \\x01"), std::string::npos) << messages();
+  EXPECT_LT(messages().size(), 400U);
+  text.clear();
+  for (int i = 0; i < 5000; ++i)
+    text += "gVlpOpen\n";
+  folder.write("vle.mnu", text);
+  frame->load_menu();
+  EXPECT_EQ(frame->handlers().size(), 1000U) << "each of them is asked for its state all the time";
+}
+
 TEST_F(Frame, HasAMenuWithoutAFile) {
   fs::remove(folder.path("ini/vle.mnu"));
   ASSERT_TRUE(start());
