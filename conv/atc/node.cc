@@ -24,7 +24,7 @@ void add(std::string_view text, std::string & out) {
       out += ' ';
 }
 
-void add(gNodeList const & nodes, std::string & out) {
+void add(std::span<gNode const> nodes, std::string & out) {
   for (gNode const & node : nodes) {
     if (is_note(node.kind))
       continue;
@@ -42,7 +42,7 @@ std::string const & gNode::param(std::size_t index) const {
   return index < params.size() ? params[index] : none;
 }
 
-std::string plain_text(gNodeList const & nodes) {
+std::string plain_text(std::span<gNode const> nodes) {
   std::string text;
   add(nodes, text);
   if (text.ends_with(' '))

@@ -2,6 +2,7 @@
 // target.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -74,4 +75,4 @@ inline bool is_mark(gNode const & node) {
 }
 
 // All text in the nodes, without notes, with runs of white space as one blank and none at the ends.
-std::string plain_text(gNodeList const & nodes);
+std::string plain_text(std::span<gNode const> nodes);

@@ -7,6 +7,7 @@
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
+#include "conv/set/enumerators.h"
 
 namespace {
 
@@ -135,10 +136,17 @@ std::string gUnitPages::overview_of(int unit, int level) {
   return overview_.of(unit, level, [this](int member) { return setter_.signature_of(member); });
 }
 
+// The anchor of a unit, none of one that begins a page.
+std::string gUnitPages::place_of(int unit) const {
+  return site_.pages.begins(unit) ? std::string() : std::string(site_.addresses.anchor(unit));
+}
+
 void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
   gUnitText const text = site_.document.text_of(unit);
-  search.add(unit, plain_text(text.body));
+  search.add(unit, text.body);
+  for (gEnumerator & value : Declaration::enumerators_of(record))
+    search.add_value({unit, std::move(value.name), place_of(unit), {}});
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.
   int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);

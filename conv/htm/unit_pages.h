@@ -22,6 +22,7 @@ private:
 
   void write_page(int page, gPageWriter & writer, gSearchIndex & search);
   void add_unit(int unit, gSearchIndex & search, std::string & out);
+  std::string place_of(int unit) const;
   std::string overview_of(int unit, int level);
   void write_hierarchies(int unit, gPageWriter & writer);
   void set_parts(gUnitText const & text, gParts & parts);

@@ -1,4 +1,4 @@
-// What pages do beyond text: theme, search, drawers, copying. Loaded in the head, so that the theme
+// What pages do beyond text: theme, drawers, copying, and loading of the search. Loaded in the head, so that the theme
 // stands before anything is drawn; everything else waits for the page.
 "use strict";
 
@@ -196,230 +196,34 @@
 
   // ---- Search
 
-  const base = new URL("../_search/", document.currentScript.src);
-  // The index is a set of scripts, since pages from files may load nothing else. Each calls one of
-  // the functions of vlSearch with its part.
-  const fetched = new Map(); // name of a part -> promise of its content
-  const settle = {}; // name of a part -> what takes its content
-  const arrived = (name, content) => { settle[name]?.(content); };
-  globalThis.vlSearch = {
-    start: (content) => arrived("index", content),
-    words: (key, content) => arrived(`w-${file_of(key)}`, content),
-    block: (number, content) => arrived(`b-${number}`, content),
-  };
-
-  const file_of = (key) => key.replace(/[^a-z0-9]/gu, (c) => `_${c.codePointAt(0).toString(16)}.`);
-
-  const part = (name) => {
-    if (!fetched.has(name)) {
-      fetched.set(name, new Promise((resolve) => {
-        settle[name] = resolve;
-        const script = make("script", { src: new URL(`${name}.js`, base).href, async: true });
-        script.onerror = () => { fetched.delete(name); resolve(null); };
-        script.onload = () => script.remove();
-        document.head.append(script);
-      }));
-    }
-    return fetched.get(name);
-  };
-
-  const words_of = (text) => text.toLowerCase().match(/[\p{L}\p{N}_]+/gu) ?? [];
-
-  // By the weight of a field in the index: what a whole word counts, and what its beginning does.
-  // The sort of match outweighs everything else: a name itself, its beginning, a piece, the text.
-  const whole = [0, 6, 14, 40, 55, 100];
-  const beginning = [0, 3, 9, 30, 45, 70];
-
-  // Which units have a word that begins with `query`, and how well: unit -> score. `common` if there
-  // are more than the index lists.
-  const units_with = async (query, index) => {
-    const longest = index.shards.filter((key) => query.startsWith(key))
-      .reduce((a, b) => (b.length > a.length ? b : a), "");
-    const keys = index.shards.filter((key) => key === longest || key.startsWith(query));
-    const scores = new Map();
-    let common = false;
-    for (const shard of await Promise.all(keys.map((key) => part(`w-${file_of(key)}`)))) {
-      for (let at = 0; at < (shard?.length ?? 0); at += 2) { // word, its fields, word ...
-        const [word, fields] = [shard[at], shard[at + 1]];
-        if (!word.startsWith(query)) continue;
-        const values = word === query ? whole : beginning;
-        const nearness = 5 * query.length / word.length;
-        for (const field of fields.split(";")) {
-          if (field === "*") {
-            common = true;
-            continue;
-          }
-          const score = values[+field[0]] + nearness;
-          let unit = 0;
-          for (const step of field.slice(1).split(",")) {
-            unit += parseInt(step, 36);
-            if (!(scores.get(unit) >= score)) scores.set(unit, score);
-          }
-        }
-      }
-    }
-    return { scores, common };
-  };
-
-  const shown_at_most = 40;
-  const looked_at = 100; // of them some may be overloads
-
-  // The best hits that have all words.
-  const find = async (words) => {
-    const index = await part("index");
-    if (!index) return { hits: [], count: 0 };
-    const lists = await Promise.all(
-      words.filter((word) => word.length > 1).map((word) => units_with(word, index)));
-    const narrow = lists.filter((list) => !list.common);
-    const candidates = narrow.length
-      ? narrow.reduce((a, b) => (b.scores.size < a.scores.size ? b : a)).scores.keys()
-      : lists.flatMap((list) => [...list.scores.keys()]);
-    const found = [];
-    for (const unit of new Set(candidates)) {
-      let sum = 0;
-      for (const { scores, common } of lists) {
-        const score = scores.get(unit) ?? (common ? 1 : 0);
-        sum = score && sum >= 0 ? sum + score : -1;
-      }
-      if (sum > 0) found.push([unit, sum]);
-    }
-    found.sort((a, b) => b[1] - a[1] || a[0] - b[0]);
-    const best = found.slice(0, looked_at);
-    const hits = await Promise.all(best.map(async ([unit, score]) => {
-      const block = await part(`b-${Math.floor(unit / index.block)}`);
-      const entry = block?.[unit % index.block];
-      if (!entry) return null;
-      const [name, scope, kind, href, place, summary] = entry;
-      return { name, scope, kind: index.kinds[kind], href, place, summary, score };
-    }));
-    const length = (hit) => hit.scope.length + hit.name.length;
-    return { count: found.length, hits: joined(hits.filter((hit) => hit)
-      .sort((a, b) => Math.round(b.score) - Math.round(a.score) || length(a) - length(b))) };
-  };
-
-  // Overloads as one hit, with the first summary that there is.
-  const joined = (hits) => {
-    const sets = new Map();
-    for (const hit of hits) {
-      const key = hit.kind?.[0] ? [hit.scope, hit.name, hit.kind[0]].join("\n") : hit.href;
-      const first = sets.get(key);
-      if (!first) {
-        sets.set(key, { ...hit, same: 1 });
-      } else {
-        ++first.same;
-        first.summary ||= hit.summary;
-      }
-    }
-    return [...sets.values()].slice(0, shown_at_most);
-  };
-
-  // The name with what was found in it marked, its scope paler.
-  const marked_name = (hit, words) => {
-    const full = hit.scope ? `${hit.scope}::${hit.name}` : hit.name;
-    const low = full.toLowerCase();
-    const marks = new Uint8Array(full.length);
-    for (const word of words) {
-      const at = low.lastIndexOf(word);
-      if (at >= 0) marks.fill(1, at, at + word.length);
-    }
-    const element = make("span", { className: "name" });
-    const cut = full.length - hit.name.length;
-    for (let i = 0; i < full.length;) {
-      let end = i + 1;
-      while (end < full.length && marks[end] === marks[i] && end !== cut) ++end;
-      const part = marks[i] ? make("mark", {}, full.slice(i, end)) : full.slice(i, end);
-      element.append(i < cut ? make("span", { className: "scope" }, part) : part);
-      i = end;
-    }
-    if (hit.same > 1) element.append(" ", make("small", { className: "same", textContent: `×${hit.same}` }));
-    return element;
-  };
-
-  const hit_row = (hit, words, index) => {
-    const [kind, kind_class] = hit.kind ?? [];
-    const row = make("a", { className: "hit", id: `hit-${index}`, href: new URL(`../${hit.href}`, base).href,
-      tabIndex: -1 });
-    row.setAttribute("role", "option");
-    row.ariaSelected = "false";
-    row.append(
-      make("span", {}, kind ? make("span", { className: `kind ${kind_class}`, textContent: kind }) : ""),
-      marked_name(hit, words),
-      make("span", { className: "place", textContent: hit.place.replace(/^.*[\\/]/, ""), title: hit.place }));
-    if (hit.summary) row.append(make("span", { className: "summary", textContent: hit.summary }));
-    return row;
+  // Its scripts are loaded when someone goes to the field.
+  const own = document.currentScript.src;
+  globalThis.vlPage = { $, make, store };
+  let searching;
+  const load_search = () => {
+    searching ??= new Promise((resolve) => {
+      for (const name of ["search_find.js", "search.js"])
+        document.head.append(make("script", { src: new URL(name, own).href, async: false, onload: () => {
+          if (name === "search.js") resolve();
+        } }));
+    });
+    return searching;
   };
 
   const start_search = () => {
     const field = $(".search input");
     if (!field) return;
-    const list = make("div", { id: "hits", hidden: true });
-    list.setAttribute("role", "listbox");
-    list.ariaLabel = "Hits";
-    field.setAttribute("aria-controls", "hits");
-    const note = make("p", { className: "note" });
-    const box = make("div", { className: "hits", hidden: true }, list, note);
-    field.after(box);
-    let asked = 0, chosen = -1, answer = Promise.resolve();
-
-    const choose = (index) => {
-      const rows = list.children;
-      if (rows[chosen]) rows[chosen].ariaSelected = "false";
-      chosen = rows.length ? (index + rows.length) % rows.length : -1;
-      const row = rows[chosen];
-      if (!row) return field.removeAttribute("aria-activedescendant");
-      row.ariaSelected = "true";
-      row.scrollIntoView({ block: "nearest" });
-      field.setAttribute("aria-activedescendant", row.id);
-    };
-    const show = (open) => {
-      box.hidden = !open;
-      list.hidden = !list.children.length;
-      field.ariaExpanded = String(open && !list.hidden);
-      if (!open) choose(-1);
-    };
-    const ask = async () => {
-      const words = words_of(field.value);
-      const number = ++asked;
-      if (!words.some((word) => word.length > 1)) {
-        list.replaceChildren();
-        return show(false);
-      }
-      const { hits, count } = await find(words);
-      if (number !== asked) return; // a later question was faster
-      list.replaceChildren(...hits.map((hit, index) => hit_row(hit, words, index)));
-      note.textContent = count === 0 ? "Nothing found."
-        : count > hits.length ? `${count} found; the best ${hits.length} are shown.` : "";
-      note.hidden = !note.textContent;
-      chosen = -1;
-      show(true);
-      choose(0);
-    };
-
-    field.addEventListener("input", () => { answer = ask(); });
-    field.addEventListener("focus", () => { if (field.value) answer = ask(); });
-    field.addEventListener("keydown", (event) => {
-      const rows = list.children.length;
-      if (event.key === "ArrowDown" && rows) choose(chosen + 1);
-      else if (event.key === "ArrowUp" && rows) choose(chosen - 1);
-      else if (event.key === "Enter") answer.then(() => { list.children[chosen]?.click(); });
-      else if (event.key === "Escape") {
-        if (box.hidden) field.blur();
-        ++asked;
-        show(false);
-      } else return;
-      event.preventDefault();
-    });
-    box.addEventListener("mousedown", (event) => event.preventDefault()); // the field keeps the focus
-    box.addEventListener("click", (event) => { if (event.target.closest("a")) show(false); });
-    field.addEventListener("blur", () => { ++asked; show(false); });
+    field.addEventListener("focus", load_search, { once: true });
+    field.addEventListener("pointerenter", load_search, { once: true });
     document.addEventListener("keydown", (event) => {
-      const typing = event.target.closest?.("input, textarea, select, [contenteditable]");
-      const wanted = (event.key === "/" && !typing && !event.ctrlKey && !event.metaKey && !event.altKey)
-        || (event.key.toLowerCase() === "k" && (event.ctrlKey || event.metaKey));
-      if (!wanted) return;
+      const typing = event.target.closest?.("input, textarea, select, dialog, [contenteditable]");
+      const plain = !typing && !event.ctrlKey && !event.metaKey && !event.altKey;
+      if ((plain && event.key === "/") || (event.key.toLowerCase() === "k" && (event.ctrlKey || event.metaKey))) {
+        field.focus();
+        field.select();
+      } else if (plain && event.key === "?") load_search().then(() => vlSearch.help());
+      else return;
       event.preventDefault();
-      field.focus();
-      field.select();
     });
   };
 

@@ -2,6 +2,7 @@
 // another host, no file is too heavy.
 import { readFileSync, readdirSync } from "node:fs";
 import { dirname, extname, join, normalize, relative } from "node:path";
+import { createContext, runInContext } from "node:vm";
 
 const attribute = /<(\w+)\b[^>]*?>/g;
 const named = /\s(id|href|src|aria-controls|aria-labelledby)="([^"]*)"/g;
@@ -34,16 +35,28 @@ const fault_of_link = (link, from, pages, files) => {
   return "no such anchor";
 };
 
-// The addresses that the search leads to.
-const search_links = (text) => {
+// The addresses that the search leads to, by its own script.
+const search_links = async (root) => {
+  const code = readFileSync(join(root, "_files/search_find.js"), "utf8");
+  const base = "file:///site/";
+  const context = createContext({ URL, document: { currentScript: { src: `${base}_files/search_find.js` },
+    createElement: () => ({ remove() {} }), head: { append: (script) => {
+      runInContext(readFileSync(join(root, script.src.slice(base.length)), "utf8"), context);
+      script.onload?.();
+    } } } });
+  runInContext(code, context);
+  const { vlSearch } = context;
+  const index = await vlSearch.prepare();
   const links = [];
-  new Function("vlSearch", text)({ start() {}, words() {}, block: (number, entries) => {
-    for (const entry of entries) links.push(entry[3]);
-  } });
+  for (const part of index.names)
+    for (let line = 0; line < part.count; ++line) {
+      const details = await vlSearch.details(vlSearch.hit_at(part, line));
+      links.push(details ? details.href.slice(base.length) : `entry-${part.first + line}`);
+    }
   return links;
 };
 
-export const check_site = (root) => {
+export const check_site = async (root) => {
   const names = files_of(root);
   const files = new Set(names);
   const faults = [];
@@ -57,8 +70,6 @@ export const check_site = (root) => {
     const text = readFileSync(join(root, name), "utf8");
     if (text.includes("\ufffd") && extname(name) === ".htm") faults.push(`${name}: broken UTF-8`);
     if (name.startsWith("_search") && text.length > 102400) faults.push(`${name}: too heavy`);
-    if (name.startsWith("_search/b-"))
-      pages.set(name, { ids: new Map(), loads: [], links: search_links(text).map((link) => `../${link}`) });
     if (extname(name) !== ".htm") continue;
     const frame = text.replace(/<main[^]*<\/main>/, "");
     if (frame.length + shared > 102400) faults.push(`${name}: ${frame.length + shared} bytes beside its text`);
@@ -66,6 +77,7 @@ export const check_site = (root) => {
     if (name.startsWith("_source") && markup > 102400) faults.push(`${name}: ${markup} bytes beside its text`);
     pages.set(name, read_page(text));
   }
+  pages.set("the search", { ids: new Map(), loads: [], links: await search_links(root) });
   let links = 0;
   for (const [name, page] of pages) {
     for (const [id, count] of page.ids) if (count > 1) faults.push(`${name}: anchor ${id} stands ${count} times`);
@@ -80,7 +92,7 @@ export const check_site = (root) => {
 };
 
 if (process.argv[1] === new URL(import.meta.url).pathname) {
-  const { pages, links, faults } = check_site(process.argv[2]);
+  const { pages, links, faults } = await check_site(process.argv[2]);
   console.log([...faults.slice(0, 50), `${pages} pages, ${links} links, ${faults.length} faults`].join("\n"));
   process.exitCode = faults.length ? 1 : 0;
 }

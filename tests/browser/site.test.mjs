@@ -1,37 +1,13 @@
 // The pages in a real browser, read from files and without a network. SITES names the folders.
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
-import { createRequire } from "node:module";
 import { join } from "node:path";
-import { after, before, describe, test } from "node:test";
-import { pathToFileURL } from "node:url";
+import { describe, test } from "node:test";
 import { HtmlValidate } from "html-validate";
-import { chromium } from "playwright-core";
+import { address, axe, folder, odd, on_page, phone, sites, wide } from "./browser.mjs";
 import { check_site, files_of } from "./check_site.mjs";
 
-const sites = process.env.SITES.split(":");
-const [example, folder, odd] = sites;
-const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 const pages_of = (site) => files_of(site).filter((name) => name.endsWith(".htm"));
-const address = (site, name) => pathToFileURL(join(site, name)).href;
-const wide = { width: 1440, height: 900 };
-const phone = { width: 390, height: 844 };
-let browser;
-
-// Calls `work` with a fresh page of its own; a script error or a request to the net is a fault.
-const on_page = async (url, options, work) => {
-  const context = await browser.newContext({ viewport: wide, ...options });
-  const faults = [];
-  await context.route(/^(?!file:|data:)/, (route) => { faults.push(route.request().url()); route.abort(); });
-  const page = await context.newPage();
-  page.setDefaultTimeout(10000);
-  page.on("pageerror", (error) => faults.push(error.message));
-  await page.goto(url);
-  await work(page);
-  await context.close();
-  assert.deepEqual(faults, []);
-};
-
 // One page of each sort, and the heaviest of all.
 const samples_of = (site) => {
   const pages = pages_of(site);
@@ -44,19 +20,10 @@ const samples_of = (site) => {
     of_kind("function"), pages.find((name) => name.startsWith("_source"))].filter(Boolean))];
 };
 
-before(async () => {
-  browser = await chromium.launch({
-    executablePath: process.env.CHROMIUM || "/usr/bin/chromium",
-    args: ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
-      "--disable-background-networking", "--disable-component-update", "--disable-sync"],
-  });
-});
-after(() => browser.close());
-
 for (const site of sites) {
   describe(site.split("/").at(-2), () => {
-    test("every link leads somewhere, no file is too heavy", () => {
-      const { pages, links, faults } = check_site(site);
+    test("every link leads somewhere, no file is too heavy", async () => {
+      const { pages, links, faults } = await check_site(site);
       assert.deepEqual(faults.slice(0, 20), []);
       assert.ok(pages > 5 && links > 100);
     });
@@ -99,23 +66,6 @@ for (const site of sites) {
   });
 }
 
-const search = (page, text) => page.locator(".search input").pressSequentially(text);
-// The first row of the list as soon as it is the one of this name.
-const first_hit = async (page, name) => {
-  const row = page.locator(".hit:first-child").filter({ has: page.getByText(name, { exact: true }) });
-  await row.waitFor();
-  return row;
-};
-
-test("the search finds names that objects have already", () =>
-  on_page(address(odd, "index.htm"), {}, async (page) => {
-    await search(page, "__proto__");
-    await first_hit(page, "__proto__");
-    await page.locator(".search input").fill("");
-    await search(page, "constr");
-    await first_hit(page, "constructor");
-  }));
-
 // A finger meets the right one if there are 24 pixels from each to the next.
 test("line numbers of sources are far enough from each other", () =>
   on_page(address(odd, pages_of(odd).find((name) => name.endsWith("many.h-2.htm"))), {}, async (page) => {
@@ -125,32 +75,8 @@ test("line numbers of sources are far enough from each other", () =>
     for (let at = 1; at < tops.length; ++at) assert.ok(tops[at] - tops[at - 1] >= 24);
   }));
 
-test("search by keyboard alone, ranked, from a file", () =>
-  on_page(address(example, "index.htm"), {}, async (page) => {
-    await page.keyboard.press("/");
-    await search(page, "regi");
-    const row = await first_hit(page, "Registry");
-    assert.match(await row.innerText(), /^class/);
-    assert.equal(await row.locator("mark").first().innerText(), "Regi");
-    const axes = await page.evaluate(`${axe}; axe.run()`);
-    assert.deepEqual(axes.violations.map((v) => v.id), []);
-    await page.keyboard.press("ArrowDown");
-    const field = page.locator(".search input");
-    const active = await field.getAttribute("aria-activedescendant");
-    assert.equal(await page.locator(`#${active}`).getAttribute("aria-selected"), "true");
-    await page.keyboard.press("Escape");
-    assert.equal(await field.getAttribute("aria-expanded"), "false");
-    await page.keyboard.press("Control+k");
-    await search(page, "Registry enter");
-    await page.keyboard.press("Enter"); // before the list is there
-    await page.waitForURL(/Registry\.enter\.htm/);
-    await page.keyboard.press("/");
-    await search(page, "nosuchword");
-    await page.getByText("Nothing found.").waitFor();
-  }));
-
 test("the theme follows the system until it is chosen, and is kept", () =>
-  on_page(address(example, "index.htm"), { colorScheme: "dark" }, async (page) => {
+  on_page(address(sites[0], "index.htm"), { colorScheme: "dark" }, async (page) => {
     const paper = () => page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor);
     const dark = await paper();
     const button = page.locator(".theme");

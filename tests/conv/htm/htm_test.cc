@@ -12,6 +12,8 @@
 #include "conv/htm/search_words.h"
 #include "conv/htm/slug.h"
 #include "conv/set/declaration.h"
+#include "conv/set/enumerators.h"
+#include "conv/set/signature.h"
 #include "support/case_file.h"
 #include "support/temp_folder.h"
 #include "support/test_outside.h"
@@ -304,17 +306,69 @@ TEST(Htm, WordsOfNames) {
   EXPECT_EQ(SearchWords::lower("\xc3\x84RGER \xd0\x96"), "\xc3\xa4rger \xd0\xb6");
 }
 
-TEST_F(HtmSite, SearchFindsNamesPiecesAndText) {
-  convert(unit(1, "net::FileReader", "/x/a.h", 1, "Takes \"bytes\" off a tape.") +
+TEST_F(HtmSite, SearchHasNamesAndWordsOfTexts) {
+  convert(unit(1, "net::FileReader", "/x/a.h", 1, "Takes \"`bytes`\" off ${a} tape.") +
           unit(1, "other", "/x/a.h", 2, "Knows no FileReader."));
-  EXPECT_NE(file("_search/w-fi.js").find("\"file\",\"40\""), std::string::npos);
-  EXPECT_NE(file("_search/w-fi.js").find("\"filereader\",\"50;"), std::string::npos);
-  EXPECT_NE(file("_search/w-ne.js").find("\"net\",\"30\""), std::string::npos);
+  EXPECT_NE(file("_search/n-0.js").find("(0,0,`FileReader\nother`,\n`net::\n`,\n\"0,1\""),
+            std::string::npos);
   std::string const block = file("_search/b-0.js");
-  EXPECT_NE(block.find("[\"FileReader\",\"net\",1,\"net.FileReader.htm\",\"a.h:1\","
-                       "\"Takes \\\"bytes\\\" off a tape.\"]"),
-            std::string::npos)
+  EXPECT_NE(block.find("`\t0:1\tTakes \"\\`bytes\\`\" off \\${a} tape.\n"), std::string::npos)
       << block;
+  EXPECT_NE(file("_search/w-fi.js").find("\"filereader\",\"21\""), std::string::npos);
+}
+
+gUnitRecord declared(std::string kind, std::string text, std::string_view list,
+                     std::string_view result) {
+  gUnitRecord unit;
+  auto const stretch = [&text](std::string_view part) {
+    auto const at = static_cast<std::uint32_t>(part.empty() ? 0 : text.find(part));
+    return gStretch{at, at + static_cast<std::uint32_t>(part.size())};
+  };
+  unit.facts.kind = std::move(kind);
+  unit.facts.parameters = stretch(list);
+  unit.facts.result = stretch(result);
+  unit.facts.size = static_cast<std::uint32_t>(text.size());
+  unit.declaration = std::move(text);
+  return unit;
+}
+
+std::string signature(std::string text, std::string_view list, std::string_view result) {
+  gSignature const types =
+      Declaration::signature_of(declared("function", std::move(text), list, result));
+  std::string out;
+  for (std::string const & type : types.parameters)
+    (out += type) += "; ";
+  return out + "-> " + types.result;
+}
+
+TEST(Htm, SignaturesAreTypesWithoutNames) {
+  std::string list =
+      "(int a, char const * b = \"x,(\", std::map<int, T> const & v, unsigned, Box const, "
+      "struct tm * t, ns::Box, int const * n[4])";
+  EXPECT_EQ(signature("static inline int f" + list + ";", list, "static inline int"),
+            "int; char const*; std::map<int,T>const&; unsigned; Box const; struct tm*; ns::Box; "
+            "int const*[4]; -> int");
+  EXPECT_EQ(signature("auto f(void) const -> Box;", "(void)", "auto"), "-> Box");
+  list = "(const A: string; var X, Y: Integer = 0; Z)";
+  EXPECT_EQ(signature("function F" + list + ": Boolean;", list, "Boolean"),
+            "string; Integer; Integer; ; -> Boolean");
+  EXPECT_EQ(signature("f(;", "(;", ""), "-> "); // half a list
+}
+
+TEST(Htm, EnumerationsHaveValues) {
+  auto const values = [](std::string kind, std::string text) {
+    std::string out;
+    for (gEnumerator const & one :
+         Declaration::enumerators_of(declared(std::move(kind), std::move(text), "", "")))
+      out += one.name + '=' + one.value + ' ';
+    return out;
+  };
+  EXPECT_EQ(
+      values("enum class", "enum class E : int { a = f(1, 2), b [[x]] , c = ',', d = 1'000, };"),
+      "a=f(1, 2) b= c=',' d=1'000 ");
+  EXPECT_EQ(values("enumeration", "TPhase = (phNew, phOld := 3);"), "phNew= phOld=3 ");
+  EXPECT_EQ(values("enum", "enum E { a"), "");
+  EXPECT_EQ(values("class", "class A { b };"), "");
 }
 
 // A link to a source that isn't what the analysis has seen leads astray.

@@ -1,0 +1,40 @@
+// A browser for tests, and pages in it that are read from files, without a network. SITES names the
+// folders of the sites.
+import assert from "node:assert/strict";
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { join } from "node:path";
+import { after, before } from "node:test";
+import { pathToFileURL } from "node:url";
+import { chromium } from "playwright-core";
+
+export const sites = process.env.SITES.split(":");
+export const [example, folder, odd] = sites;
+export const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+export const address = (site, name) => pathToFileURL(join(site, name)).href;
+export const wide = { width: 1440, height: 900 };
+export const phone = { width: 390, height: 844 };
+let browser;
+
+// Calls `work` with a fresh page of its own; a script error or a request to the net is a fault.
+export const on_page = async (url, options, work) => {
+  const context = await browser.newContext({ viewport: wide, ...options });
+  const faults = [];
+  await context.route(/^(?!file:|data:)/, (route) => { faults.push(route.request().url()); route.abort(); });
+  const page = await context.newPage();
+  page.setDefaultTimeout(10000);
+  page.on("pageerror", (error) => faults.push(error.message));
+  await page.goto(url);
+  await work(page);
+  await context.close();
+  assert.deepEqual(faults, []);
+};
+
+before(async () => {
+  browser = await chromium.launch({
+    executablePath: process.env.CHROMIUM || "/usr/bin/chromium",
+    args: ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+      "--disable-background-networking", "--disable-component-update", "--disable-sync"],
+  });
+});
+after(() => browser.close());
