@@ -7,6 +7,7 @@
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/keywords.h"
 #include "ana/file_loop.h"
+#include "ana/included_members.h"
 #include "ana/read/enter.h"
 #include "ana/read/read_modern.h"
 #include "ana/stages.h"
@@ -55,6 +56,7 @@ private:
   void enter(gModernFile & file, gReportSink & reports);
   void read_includes();
   void read_fragments();
+  void adopt_all_members();
   void read_include(gIncludeRequest const & request, gReportSink & reports);
   gPathstring find_include(gIncludeRequest const & request) const;
   void take_text_file(gSrcFile const & file, std::string const & text, gReportSink & reports);
@@ -64,6 +66,7 @@ private:
   gTableTemplates const tables_ = gVLAttributes.tables();
   gModernReader reader_{input_, tables_};
   std::vector<gIncludeRequest> includes_;
+  std::vector<gIncludeRequest> members_; // what classes of C++ take in
   std::vector<gSrcFile> fragments_;         // Pascal inputs that aren't units by themselves
   std::set<std::string> taken_;             // paths that are read
   std::map<std::string, gSrcFile> by_name_; // inputs by their name in lower case
@@ -113,7 +116,9 @@ void SourceReading::enter(gModernFile & file, gReportSink & reports) {
   if (!file.skipped.empty())
     gFindings.incomplete.insert(file.facts.file.opath());
   std::move(file.skipped.begin(), file.skipped.end(), std::back_inserter(gFindings.skipped));
-  std::move(file.includes.begin(), file.includes.end(), std::back_inserter(includes_));
+  bool const pascal = file.facts.file.language() == gLanguage::pascal;
+  std::move(file.includes.begin(), file.includes.end(),
+            std::back_inserter(pascal ? includes_ : members_));
   file.facts.text.reports.hand_on(reports);
   file.facts.code.reports.hand_on(reports);
   enter_text(file.facts);
@@ -184,11 +189,24 @@ void SourceReading::read_fragments() {
   }
 }
 
+// A file that several classes take in goes to the first.
+void SourceReading::adopt_all_members() {
+  std::set<std::string> adopted;
+  for (gIncludeRequest const & request : members_) {
+    gPathstring path = request.by.opath().dir_name();
+    path.append(request.name);
+    path.normalize(true);
+    if (adopted.insert(path).second)
+      adopt_members(path, request);
+  }
+}
+
 void SourceReading::run() {
   collect_macros();
   read_all();
   read_includes();
   read_fragments();
+  adopt_all_members();
 }
 
 } // namespace

@@ -166,7 +166,7 @@ private:
       if (own && part.empty())
         break; // "#else"
       if (!own)
-        part = negation(part);
+        part = negated_condition(part);
       else if (!text.empty() && part.find("||") != part.npos)
         part = "(" + part + ")";
       text += (text.empty() ? "" : " && ") + part;
@@ -185,15 +185,6 @@ private:
     if (!one.of_name)
       return value;
     return (one.negated ? "!defined(" : "defined(") + value + ")";
-  }
-
-  static std::string negation(std::string const & part) {
-    std::string_view const name = "defined(";
-    if (part.starts_with(name) && part.find_first_of(" )") == part.size() - 1)
-      return "!" + part;
-    if (part.starts_with("!defined(") && part.find_first_of(" )") == part.size() - 1)
-      return part.substr(1);
-    return "!(" + part + ")";
   }
 
   void end_group(std::uint32_t at) {
@@ -379,6 +370,15 @@ private:
     }
   }
 };
+
+std::string negated_condition(std::string const & part) {
+  std::string_view const name = "defined(";
+  if (part.starts_with(name) && part.find_first_of(" )") == part.size() - 1)
+    return "!" + part;
+  if (part.starts_with("!defined(") && part.find_first_of(" )") == part.size() - 1)
+    return part.substr(1);
+  return "!(" + part + ")";
+}
 
 gBranches::gBranches(std::string_view text, gTokens & source) {
   gBranchWalk(text, source, *this).run();

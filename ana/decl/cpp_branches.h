@@ -5,6 +5,9 @@
 
 namespace Decl {
 
+// "!A" of "A" and the other way round; what isn't a name alone comes in brackets.
+std::string negated_condition(std::string const & part);
+
 class gBranches {
 public:
   // Takes the tokens of branches that aren't read out of `source`. What "#if 0" holds isn't; of

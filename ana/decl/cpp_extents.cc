@@ -38,6 +38,7 @@ private:
   gExtent extent_;
   bool done_ = false;
   bool equals_ = false, initialisers_ = false;
+  bool constrained_ = false; // "requires" stood behind the template head
   std::uint32_t key_ = no_token;
   std::uint32_t group_ = no_token; // the last one that may hold parameters
   std::vector<std::uint32_t> angles_;
@@ -115,9 +116,11 @@ private:
       at_ = behind_operator(source_, at_);
       return;
     }
+    if (word == gWord::requires_ && group_ == no_token && key_ == no_token)
+      constrained_ = true;
     bool const head = is_class_key(word) || word == gWord::namespace_;
     if (head && angles_.empty() && !equals_ && key_ == no_token &&
-        (group_ == no_token || is_macro_group())) {
+        (group_ == no_token || constrained_ || is_macro_group())) {
       key_ = at_;
       group_ = no_token;
     }

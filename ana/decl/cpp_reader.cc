@@ -7,15 +7,8 @@
 #include "ana/decl/readers.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace Decl {
-
-namespace {
-
-constexpr std::uint32_t longest_hashed = 512; // bytes of a part of a declaration
-
-} // namespace
 
 gCppReader::gCppReader(gSource const & source, std::vector<gDirective> const & directives,
                        gBranches const & branches, gFileDeclarations & out)
@@ -48,6 +41,7 @@ gPlace gCppReader::place() const {
 }
 
 void gCppReader::close_scope() {
+  directives_to(source_[scope().end].begin);
   Scope const closed = scope();
   scopes_.pop_back();
   at_ = std::max(at_, closed.resume);
@@ -104,6 +98,7 @@ bool gCppReader::section() {
   }
   if (source_.type(at) != ':' || at - at_ > 3)
     return false;
+  directives_to(source_[at_].begin);
   scope().access = access_of(word);
   scope().section = section;
   at_ = at + 1;
@@ -270,6 +265,7 @@ void gCppReader::directives_to(std::uint32_t position) {
       file.name = one.name;
       file.line = source_.lines.line(one.whole.begin);
       file.system = one.system;
+      file.context.access = scope().access;
       out_.includes.push_back(file);
     }
   }
@@ -344,58 +340,6 @@ void gCppReader::set_name(gDeclaration & item, gChain const & name) {
   item.arguments = source_.range(name.name_last, name.arguments_last);
   std::uint32_t const begin = source_.type(name.first) == token_scope ? name.first + 1 : name.first;
   item.qualifier = source_.range(begin, name.qualifier_last);
-}
-
-std::int32_t gCppReader::add(gDeclaration & item) {
-  auto const index = static_cast<std::int32_t>(out_.items.size());
-  std::uint32_t const position = item.name.empty() ? item.whole.begin : item.name.begin;
-  item.line = source_.lines.line(position);
-  item.column = source_.lines.column(position);
-  item.end_line = source_.lines.line(item.whole.end == 0 ? 0 : item.whole.end - 1);
-  item.condition = branches_.condition_at(item.whole.begin);
-  item.params = static_cast<std::uint32_t>(out_.parameters.size()) - item.first_param;
-  if (item.statement < 0)
-    item.statement = index;
-  if (item.condition >= 0) {
-    if (std::int32_t const same = twin(item, index); same != index) {
-      out_.parameters.resize(item.first_param);
-      return same;
-    }
-  }
-  out_.items.push_back(item);
-  return index;
-}
-
-std::int32_t gCppReader::twin(gDeclaration const & item, std::int32_t next) {
-  if (item.kind == gKind::name_space || item.marks & mark_unnamed)
-    return next;
-  auto const mixed = [](std::size_t hash, std::size_t more) {
-    return (hash ^ more) * 0x9e3779b97f4a7c15u + (hash >> 29);
-  };
-  auto const hash_of = [&](gRange range) {
-    range.end = std::min(range.end, range.begin + longest_hashed);
-    std::string text = one_line(source_.text, range);
-    std::erase(text, ' ');
-    return std::hash<std::string>()(text);
-  };
-  std::size_t hash = mixed(static_cast<std::size_t>(item.kind), hash_of(item.name));
-  hash = mixed(hash, static_cast<std::size_t>(item.scope));
-  hash = mixed(hash, static_cast<std::size_t>(branches_.group_at(item.whole.begin)));
-  hash = mixed(hash, hash_of(item.parameter_list));
-  bool const typed = item.kind == gKind::typedef_ || item.kind == gKind::alias ||
-                     item.kind == gKind::variable || item.kind == gKind::member;
-  if (typed) // two types are two things, while routines may differ in what macros put in front
-    hash = mixed(hash, hash_of(item.result));
-  hash = mixed(hash, hash_of(item.qualifier));
-  hash = mixed(hash, hash_of(item.template_head));
-  hash = mixed(hash, hash_of(item.arguments));
-  hash = mixed(hash, item.marks & (mark_definition | mark_forward | mark_const));
-  auto const [known, fresh] = seen_.try_emplace(hash, next);
-  if (fresh)
-    return next;
-  // The same branch may say it twice, such as overloads that differ in their result alone.
-  gDeclaration const & other = out_.items[static_cast<std::size_t>(known->second)];
-  return other.condition == item.condition ? next : known->second;
 }
 
 gFileDeclarations read_cpp(std::string_view text, gMacroTable const & macros) {

@@ -6,6 +6,7 @@
 #include "ana/decl/cpp_extents.h"
 #include "ana/decl/cpp_heads.h"
 
+#include <map>
 #include <unordered_map>
 
 namespace Decl {
@@ -47,6 +48,8 @@ private:
   std::size_t directive_ = 0;
   std::uint32_t angles_linked_ = 0; // of the enumeration that is read, up to this token
   std::unordered_map<std::size_t, std::int32_t> seen_; // declarations in branches, by hash
+  std::map<std::pair<std::int32_t, std::int32_t>, std::int32_t> either_; // of conditions
+  std::unordered_map<std::int32_t, std::vector<std::string>> disjuncts_; // of joined conditions
 
   Scope & scope() { return scopes_.back(); }
   Scope const & scope() const { return scopes_.back(); }
@@ -101,9 +104,12 @@ private:
   // A new item of the current scope, its name and place set.
   gDeclaration make(gKind kind, gExtent const & extent, gHead const & head);
   void set_name(gDeclaration & item, gChain const & name);
+
+  // cpp_twins.cc
   std::int32_t add(gDeclaration & item);
   // The same declaration in another branch of the same "#if", -1 for none.
   std::int32_t twin(gDeclaration const & item, std::int32_t next);
+  std::int32_t either(std::int32_t a, std::int32_t b);
 };
 
 } // namespace Decl

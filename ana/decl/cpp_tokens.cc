@@ -2,6 +2,8 @@
 // of declarations, but their comments are as good as any others.
 #include "ana/decl/cpp_tokens.h"
 
+#include "ana/decl/cpp_directives.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -362,7 +364,7 @@ private:
       ++at_;
     std::string_view const word = text_.substr(word_begin, at_ - word_begin);
     one.whole.end = at_;
-    set_kind(one, word);
+    set_directive_kind(one, word);
     if (one.kind == gDirective::include)
       file_name(one);
     bool const prose = word == "error" || word == "warning" || word == "pragma";
@@ -372,27 +374,8 @@ private:
       else
         token(of_directive_);
     }
-    set_parts(one);
+    set_directive_parts(one, text_, of_directive_);
     out_.directives.push_back(one);
-  }
-
-  static void set_kind(gDirective & one, std::string_view word) {
-    if (word == "if" || word == "ifdef" || word == "ifndef")
-      one.kind = gDirective::if_;
-    else if (word.starts_with("elif"))
-      one.kind = gDirective::elif;
-    else if (word == "else")
-      one.kind = gDirective::else_;
-    else if (word == "endif")
-      one.kind = gDirective::endif;
-    else if (word == "define")
-      one.kind = gDirective::define;
-    else if (word == "undef")
-      one.kind = gDirective::undef;
-    else if (word == "include" || word == "include_next" || word == "import")
-      one.kind = gDirective::include;
-    one.of_name = word.ends_with("def");
-    one.negated = word.ends_with("ndef") && word != "undef";
   }
 
   void file_name(gDirective & one) {
@@ -409,73 +392,12 @@ private:
     at_ = static_cast<std::uint32_t>(end) + 1;
     one.whole.end = at_;
   }
-
-  void set_parts(gDirective & one) {
-    if (of_directive_.empty())
-      return;
-    gToken const & first = of_directive_.front();
-    one.whole.end = of_directive_.back().end;
-    one.value = {first.begin, one.whole.end};
-    if (one.kind == gDirective::if_ || one.kind == gDirective::elif) {
-      one.literally_zero = !one.of_name && is_literal(one.value.of(text_), "0", "false");
-      one.literally_one = !one.of_name && is_literal(one.value.of(text_), "1", "true");
-    } else if (one.kind == gDirective::define || one.kind == gDirective::undef)
-      set_macro(one);
-  }
-
-  static bool is_literal(std::string_view text, std::string_view number, std::string_view word) {
-    return text == number || text == word;
-  }
-
-  void set_macro(gDirective & one) {
-    gToken const & first = of_directive_.front();
-    if (first.type != token_word)
-      return;
-    one.name = {first.begin, first.end};
-    std::size_t value = 1;
-    if (value < of_directive_.size() && of_directive_[1].type == '(' &&
-        of_directive_[1].begin == first.end) {
-      while (value < of_directive_.size() && of_directive_[value].type != ')')
-        ++value;
-      value = std::min(value + 1, of_directive_.size());
-      one.parameters = {of_directive_[1].begin, of_directive_[value - 1].end};
-    }
-    one.value = {};
-    if (value < of_directive_.size())
-      one.value = {of_directive_[value].begin, one.whole.end};
-  }
 };
 
 } // namespace
 
 bool is_word_char(char c) {
   return class_of(c) == letter || class_of(c) == digit;
-}
-
-gLines::gLines(std::string_view text) {
-  begins_.push_back(0);
-  for (std::size_t at = text.find('\n'); at != text.npos; at = text.find('\n', at + 1))
-    begins_.push_back(static_cast<std::uint32_t>(at + 1));
-}
-
-std::uint32_t gLines::line(std::uint32_t position) const {
-  auto from = begins_.begin(), to = begins_.end();
-  if (begins_[last_] <= position) {
-    from += static_cast<std::ptrdiff_t>(last_);
-    for (int near = 0; near < 8; ++near)
-      if (from + 1 == to || from[1] > position) {
-        last_ = static_cast<std::size_t>(from - begins_.begin());
-        return static_cast<std::uint32_t>(last_ + 1);
-      } else
-        ++from;
-  }
-  auto const found = std::upper_bound(from, to, position);
-  last_ = static_cast<std::size_t>(found - begins_.begin()) - 1;
-  return static_cast<std::uint32_t>(last_ + 1);
-}
-
-std::uint32_t gLines::column(std::uint32_t position) const {
-  return position - begins_[line(position) - 1] + 1;
 }
 
 gTokens read_tokens(std::string_view text) {

@@ -222,7 +222,7 @@ struct gInclude {
   std::uint32_t line = 0;
   bool system = false;     // "<...>"
   std::int32_t scope = -1; // of Pascal: the declaration whose contents it belongs to
-  gPascalContext context;  // of Pascal
+  gPascalContext context;  // of Pascal; of C++ the access alone, within a class
 };
 
 struct gFileDeclarations {

@@ -57,148 +57,6 @@ std::uint32_t gPasMap::column_of(std::uint32_t token) const {
   return column;
 }
 
-// Brackets within statements are of no concern to declarations.
-void gPasMap::report(std::uint32_t token, char const * reason) {
-  if (base() == block && (top() == round || top() == square || tokens_[token].sign == ')' ||
-                          tokens_[token].sign == ']'))
-    return;
-  gPasToken const & at = tokens_[token];
-  faults_.push_back({{at.begin, at.end}, reason});
-}
-
-// Steps
-
-void gPasMap::push(Kind kind, std::uint32_t token) {
-  Entry entry;
-  bool const bracket = kind == round || kind == square;
-  entry.token = token;
-  entry.kind = kind;
-  entry.base = bracket ? base() : kind;
-  if (bracket && !stack_.empty()) {
-    entry.rounds = stack_.back().rounds;
-    entry.squares = stack_.back().squares;
-  }
-  entry.rounds += kind == round;
-  entry.squares += kind == square;
-  entry.fresh = kind == type || kind == routine;
-  if (entry.base != block)
-    entry.column = line_column();
-  entry.body = kind == block || kind == assembler ? top() == routine : false;
-  stack_.push_back(entry);
-  if (marks_ > 0)
-    log_.push_back({entry, true});
-}
-
-void gPasMap::pop() {
-  if (marks_ > 0)
-    log_.push_back({stack_.back(), false});
-  stack_.pop_back();
-  low_ = std::min(low_, static_cast<std::uint32_t>(stack_.size()));
-}
-
-// A routine ends with its body.
-void gPasMap::close(std::uint32_t closer) {
-  bool const body = stack_.back().body;
-  tokens_[stack_.back().token].partner = closer;
-  pop();
-  if (body && top() == routine) {
-    closed_routine_ = stack_.back().token;
-    tokens_[closed_routine_].partner = closer;
-    pop();
-  } else if (top() == routine && stack_.back().bodyless) {
-    pop();
-  }
-}
-
-// The top ends in front of the token `at`.
-void gPasMap::close_open(std::uint32_t at, char const * reason) {
-  gPasToken & opener = tokens_[stack_.back().token];
-  report(stack_.back().token, reason);
-  opener.open_end = true;
-  bool const body = stack_.back().body;
-  opener.partner = at;
-  pop();
-  if (body && top() == routine) {
-    tokens_[stack_.back().token].open_end = true;
-    tokens_[stack_.back().token].partner = at;
-    pop();
-  }
-}
-
-void gPasMap::close_brackets(char const * reason) {
-  while (top() == round || top() == square)
-    close_open(last(), reason);
-}
-
-void gPasMap::close_bracket(Kind kind) {
-  bool const open =
-      !stack_.empty() && (kind == round ? stack_.back().rounds : stack_.back().squares) > 0;
-  if (!open) {
-    report(last(), kind == round ? "`)` without `(`" : "`]` without `[`");
-    return;
-  }
-  while (top() != kind)
-    close_open(last(), top() == round ? "`(` without `)`" : "`[` without `]`");
-  close(last());
-}
-
-gPasMap::Mark gPasMap::mark() {
-  Mark mark;
-  mark.log = log_.size();
-  mark.height = static_cast<std::uint32_t>(stack_.size());
-  mark.low = low_;
-  mark.section = section_;
-  mark.faults = faults_.size();
-  mark.ended = ended_;
-  low_ = mark.height;
-  ++marks_;
-  return mark;
-}
-
-bool gPasMap::even_since(Mark const & mark) const {
-  return stack_.size() == mark.height && low_ >= mark.height && section_ == mark.section &&
-         ended_ == mark.ended;
-}
-
-void gPasMap::settle_heads(Mark const & mark) {
-  if (stack_.size() < mark.height + 2 || low_ < mark.height)
-    return;
-  for (std::size_t at = mark.height; at < stack_.size(); ++at)
-    if (stack_[at].kind != routine || stack_[at].other_words)
-      return;
-  while (stack_.size() > mark.height)
-    pop();
-}
-
-void gPasMap::renew(Mark & mark) const {
-  mark.log = log_.size();
-  mark.faults = faults_.size();
-}
-
-void gPasMap::drop_to(Mark const & mark) {
-  while (log_.size() > mark.log) {
-    Step const & step = log_.back();
-    if (step.pushed) {
-      stack_.pop_back();
-    } else {
-      stack_.push_back(step.entry);
-      tokens_[step.entry.token].partner = gPasToken::no_partner;
-      tokens_[step.entry.token].open_end = false;
-    }
-    log_.pop_back();
-  }
-  low_ = mark.height;
-  section_ = mark.section;
-  ended_ = mark.ended;
-  faults_.resize(std::min(faults_.size(), mark.faults));
-}
-
-void gPasMap::forget(Mark const & mark) {
-  low_ = std::min(low_, mark.low);
-  if (--marks_ == 0)
-    log_.clear();
-}
-
 bool gPasMap::between_declarations() const {
   if (tokens_.empty())
     return true;
@@ -259,16 +117,6 @@ void gPasMap::take() {
   default:
     return;
   }
-}
-
-bool gPasMap::holds_values(Entry const & bracket) const {
-  char const front = bracket.token > 0 ? tokens_[bracket.token - 1].sign : '\0';
-  return front == '=' || front == '(' || front == ',';
-}
-
-// "property Items[a: T; b: U]"
-bool gPasMap::holds_parameters(Entry const & square) const {
-  return square.token > 1 && tokens_[square.token - 2].word == gPasWord::property;
 }
 
 // A type's head may end with ";": it has no contents then. The word "record" in a generic's
@@ -404,47 +252,6 @@ void gPasMap::section_word(gPasWord word) {
   }
 }
 
-// "Name =" at a line's head begins an entry. Fields and values have none, so an open type or
-// bracket has lost its end, unless it has types of its own: then the column tells.
-void gPasMap::repair_at_entry() {
-  if (tokens_.size() < 2 || !before().line_start || before().sign != pas_word_sign)
-    return;
-  std::uint32_t const name = last() - 1;
-  if (before(2).sign == ',' || before(2).sign == '(') // a value of an enumeration
-    return;
-  while (!stack_.empty()) {
-    Entry const & entry = stack_.back();
-    bool const bracket = (entry.kind == round || entry.kind == square) && entry.base != block &&
-                         entry.base != routine && column_of(name) <= entry.column;
-    bool const own_types = entry.part == gPasWord::type || entry.part == gPasWord::const_;
-    bool const lost = entry.kind == type && (!own_types || column_of(name) <= entry.column) &&
-                      entry.token + 2 < name;
-    if (!bracket && !lost)
-      return;
-    close_open(name, bracket ? "bracket without its partner" : "`end` of the type is missing");
-  }
-}
-
-// Bases go on behind a comma.
-void gPasMap::repair_bases() {
-  if (stack_.size() < 2 || top() != round)
-    return;
-  Entry const & below = stack_[stack_.size() - 2];
-  char const front = before().sign;
-  if (below.kind == type && below.fresh && front != ',' && front != '(' && front != '.' &&
-      front != '<')
-    close_open(last(), "`(` without `)`");
-}
-
-// A word at a line's head that stands in no block: what is open above the routines has lost its
-// end.
-void gPasMap::repair_at_head() {
-  while (top() == round || top() == square || top() == block)
-    close_open(last(), top() == block ? "`end` is missing" : "bracket without its partner");
-  while (top() == type && line_column() < stack_.back().column)
-    close_open(last(), "`end` of the type is missing");
-}
-
 // The last token follows the word of a routine: a name makes a head of it.
 void gPasMap::head_name() {
   std::uint32_t const head = last() - 1;
@@ -498,16 +305,6 @@ void gPasMap::last_end() {
   if (closed_routine_ < tokens_.size() && tokens_[closed_routine_].partner + 1 == last())
     tokens_[closed_routine_].partner = gPasToken::no_partner;
   leave_all("`end` is missing");
-}
-
-void gPasMap::leave_all(char const * reason) {
-  while (!stack_.empty()) {
-    if (top() == routine)
-      pop();
-    else
-      close_open(last(), reason);
-  }
-  ended_ = true;
 }
 
 void gPasMap::finish() {

@@ -110,7 +110,7 @@ void gPasReader::variant_part() {
   std::uint32_t of = at_ + 1;
   while (of < limit() && view_.word(of) != gPasWord::of && view_.sign(of) != ';')
     of = view_.behind(of);
-  if (view_.is_name(name) && view_.sign(name + 1) == ':') {
+  if (name < limit() && view_.is_name(name) && view_.sign(name + 1) == ':') {
     gDeclaration & item = add(gKind::member, name);
     item.whole = item.text = view_.range(name, std::min(of, limit()));
     item.result = view_.range(name + 2, std::min(of, limit()));

@@ -70,16 +70,18 @@ private:
   std::uint32_t limit() const { return frames_.back().end; }
   bool in_class() const { return frames_.back().kind != Frame::file; }
 
-  // pas_sections.cc
+  // pas_guess.cc
   gPascalContext guess() const;
   Block guess_of_name(std::uint32_t name) const;
+  bool fits(Block block) const;
+  bool lists_units() const;
+  bool begins_statement() const;
+
+  // pas_sections.cc
   void note_state();
   void file_step();
   bool section_head(gPasWord word);
   void other_step();
-  bool fits(Block block) const;
-  bool lists_units() const;
-  bool begins_statement() const;
   void skip_statements();
   void open_block(Block block);
   void unit_head(gKind kind);

@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
 #include "ana/comments/foreign_text.h"
 #include "ana/read/attach_choice.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/comment_noise.h"
+#include "ana/read/unit_kinds.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -32,12 +34,16 @@ public:
         blocks_(blocks),
         pascal_(pascal),
         places_(text, file, pascal),
-        remarks_(file.items.size(), 0) {}
+        remarks_(file.items.size(), 0) {
+    for (gDeclaration const & one : file.items)
+      if (!one.body.empty() && is_class_like(one.kind))
+        types_.insert(one.name.of(text));
+  }
 
   std::vector<gAttachment> run();
 
 private:
-  enum Remark : unsigned char { in_parameter_list = 1, among_declarators = 2 };
+  enum Remark : unsigned char { in_parameter_list = 1, among_declarators = 2, behind_values = 4 };
 
   gComment const & head(std::size_t block) const { return file_.comments[blocks_[block].first]; }
   gComment const & tail(std::size_t block) const { return file_.comments[blocks_[block].last]; }
@@ -55,6 +61,7 @@ private:
   std::int32_t declarator_in_front(std::size_t block) const;
   std::int32_t declarator_below(std::size_t block) const;
   std::int32_t before(std::size_t block) const;
+  bool stands_before_value(std::size_t block) const;
   std::int32_t behind(std::size_t block) const;
   std::int32_t inside(std::size_t block) const;
   std::int32_t below(std::size_t block) const;
@@ -63,7 +70,7 @@ private:
   bool behind_the_name(gComment const & comment, gDeclaration const & one) const;
   bool behind_the_brace(std::size_t block) const;
   bool documented_between(std::size_t block, std::uint32_t code) const;
-  bool names_it_alone(std::size_t block, std::int32_t declaration) const;
+  bool names_it_alone(std::size_t block, std::int32_t declaration, gAttachRule rule) const;
   bool says_nothing_about(std::size_t block, std::int32_t declaration, gAttachRule rule) const;
   bool is_about(gForeignSubject const & subject, std::int32_t declaration) const;
 
@@ -73,11 +80,16 @@ private:
   bool pascal_;
   gAttachPlaces places_;
   std::vector<unsigned char> remarks_; // by declaration: union of Remark
+  std::unordered_set<std::string_view> types_;
 };
 
 // Comments within a declaration, since they tell how the one behind it is meant.
 void Attaching::note_remarks() {
   for (gComment const & one : file_.comments) {
+    bool const last = one.code_behind < text_.size() &&
+                      (text_[one.code_behind] == '}' || text_[one.code_behind] == ')');
+    if (one.place == gComment::values && one.scope >= 0 && last && !one.line_start)
+      remarks_[static_cast<std::size_t>(one.scope)] |= behind_values;
     if (one.declaration < 0)
       continue;
     unsigned char & all = remarks_[static_cast<std::size_t>(one.declaration)];
@@ -143,8 +155,18 @@ std::int32_t Attaching::before(std::size_t block) const {
     return feeds > widest_gap || documented_between(block, code) ? -1 : found;
   bool const direct = block + 1 == blocks_.size() || blocks_[block + 1].begin >= code;
   // Behind other code on its line it belongs to that.
-  bool const alone = head(block).line_start;
+  bool const alone = head(block).line_start || stands_before_value(block);
   return direct && feeds <= 1 && alone ? found : -1;
+}
+
+// "{ /* of a */ a, /* of b */ b }", unless the last value has its comment behind.
+bool Attaching::stands_before_value(std::size_t block) const {
+  gComment const & one = head(block);
+  if (one.place != gComment::values || one.code_before == 0 || one.scope < 0 ||
+      places_.line_feeds(one.whole.begin, one.code_behind) > 0)
+    return false;
+  char const sign = text_[one.code_before - 1];
+  return (sign == ',' || sign == '{' || sign == '(') && !has_remark(one.scope, behind_values);
 }
 
 bool Attaching::declares_several(std::int32_t first) const {
@@ -262,19 +284,22 @@ std::int32_t Attaching::below(std::size_t block) const {
   return alone ? places_.ending_at(first.code_before, first.scope) : -1;
 }
 
-// A heading such as "// Widget" says nothing about the class.
-bool Attaching::names_it_alone(std::size_t block, std::int32_t declaration) const {
+// A heading such as "// Widget" says nothing about the class, and one with the name of another type
+// was left behind when the declarations were moved.
+bool Attaching::names_it_alone(std::size_t block, std::int32_t declaration,
+                               gAttachRule rule) const {
   std::string const text = words(block);
   std::string_view name = trimmed(text);
   while (!name.empty() && !Vlb::is_word(name.back()))
     name.remove_suffix(1);
-  return name == places_.item(declaration).name.of(text_);
+  return name == places_.item(declaration).name.of(text_) ||
+         (rule == gAttachRule::plain_before && types_.contains(name));
 }
 
 bool Attaching::says_nothing_about(std::size_t block, std::int32_t declaration,
                                    gAttachRule rule) const {
   return !blocks_[block].documenting &&
-         (names_it_alone(block, declaration) ||
+         (names_it_alone(block, declaration, rule) ||
           (rule != gAttachRule::plain_before && is_file(places_.item(declaration))));
 }
 

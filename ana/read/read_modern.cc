@@ -10,6 +10,7 @@
 #include "ana/read/attach.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/code_elements.h"
+#include "ana/read/unit_kinds.h"
 #include "vlb/gexception.h"
 #include "vlb/messages.h"
 
@@ -79,6 +80,7 @@ private:
   std::int32_t scope_at(std::uint32_t place) const;
   void report_skipped();
   void add_includes(gStrList const & scope);
+  gCodeElem const * class_at(std::uint32_t place) const;
   gStrList scope_names(std::int32_t scope) const;
   Decl::gDeclaration const & item(std::int32_t i) const {
     return found_.items[static_cast<std::size_t>(i)];
@@ -260,6 +262,9 @@ std::vector<std::int32_t> gModernReader::File::sharing(std::int32_t declaration,
          i >= 0 && (length <= longest || all.size() < most); i = next_[static_cast<std::size_t>(i)])
       if (!words_.contains(i))
         all.push_back(i);
+  // "struct {...} v": the text is about what has the name.
+  if (item(declaration).name.empty() && all.size() > 1)
+    all.erase(all.begin());
   return all;
 }
 
@@ -323,8 +328,9 @@ void gModernReader::File::make_units() {
       continue;
     std::string const unit =
         std::string(opening) + std::string(special) + text.text + std::string(closing);
-    for (std::int32_t one : sharing(declaration, unit.size()))
-      make_unit(one, unit, one == declaration ? words.place : gLinePlace());
+    std::vector<std::int32_t> const all = sharing(declaration, unit.size());
+    for (std::int32_t one : all)
+      make_unit(one, unit, one == all.front() ? words.place : gLinePlace());
   }
 }
 
@@ -371,14 +377,27 @@ gStrList gModernReader::File::scope_names(std::int32_t scope) const {
 }
 
 void gModernReader::File::add_includes(gStrList const & scope) {
-  if (!pascal_)
-    return;
   for (Decl::gInclude const & one : found_.includes) {
+    if (!pascal_ && one.system)
+      continue;
     gStrList names = scope;
-    names.append(scope_names(one.scope));
+    if (pascal_)
+      names.append(scope_names(one.scope));
+    else if (gCodeElem const * const outer = class_at(one.name.begin))
+      names.append(outer->names);
+    else
+      continue;
     result_.includes.push_back(
         {std::string(one.name.of(text_)), result_.facts.file, std::move(names), one.context});
   }
+}
+
+// Null where no class stands directly around.
+gCodeElem const * gModernReader::File::class_at(std::uint32_t place) const {
+  std::int32_t const scope = scope_at(place);
+  std::int32_t const element = scope < 0 ? -1 : elements_.of[static_cast<std::size_t>(scope)];
+  bool const found = element >= 0 && is_class_like(item(scope).kind);
+  return found ? elements_.elements[static_cast<std::size_t>(element)].get() : nullptr;
 }
 
 gModernFile gModernReader::File::read(gStrList const & scope,

@@ -17,7 +17,8 @@ struct gModernInput {
   std::map<std::string, gString, std::less<>> unit_words;
 };
 
-// A file that a Pascal source takes in, to be read as if it stood there.
+// A file that a Pascal source takes in, to be read as if it stood there; or that a class of C++
+// takes in, whose declarations are its members.
 struct gIncludeRequest {
   std::string name; // as written
   gSrcFile by;      // who includes it
