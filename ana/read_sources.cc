@@ -66,7 +66,7 @@ private:
   gTableTemplates const tables_ = gVLAttributes.tables();
   gModernReader reader_{input_, tables_};
   std::vector<gIncludeRequest> includes_;
-  std::vector<gIncludeRequest> members_; // what classes of C++ take in
+  std::vector<gIncludeRequest> members_;    // what classes of C++ take in
   std::vector<gSrcFile> fragments_;         // Pascal inputs that aren't units by themselves
   std::set<std::string> taken_;             // paths that are read
   std::map<std::string, gSrcFile> by_name_; // inputs by their name in lower case
