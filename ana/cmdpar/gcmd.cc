@@ -2,6 +2,7 @@
 #include "ana/cmdpar/gcmd.h"
 
 #include "ana/anadat/tables.h"
+#include "ana/cmdpar/units_by_files.h"
 #include "vlb/gexception.h"
 #include "vlb/gfilelist.h"
 #include "vlb/gfilesystem.h"
@@ -147,34 +148,10 @@ cRef<gDocUnit> headline_unit(gStrList const & text, gStrList const & toc_text, g
   return unit;
 }
 
-// Units by the files that declare them, in the order in which the files come first.
-struct gUnitsOfFile {
-  gPathstring path;
-  std::vector<cRef<gDocUnit>> units;
-};
-std::vector<gUnitsOfFile> by_files(std::vector<cRef<gDocUnit>> const & units) {
-  std::vector<gUnitsOfFile> files;
-  std::map<gPathstring, std::size_t> index;
-  for (cRef<gDocUnit> const & unit : units) {
-    gPathstring const & path = unit->code_loc().file().opath();
-    auto const [at, is_new] = index.try_emplace(path, files.size());
-    if (is_new)
-      files.push_back({path, {}});
-    files[at->second].units.push_back(unit);
-  }
-  return files;
-}
-
-// How much of the paths says nothing, since all begin with the same folders.
-std::size_t common_folders(std::vector<gUnitsOfFile> const & files) {
-  if (files.empty())
-    return 0;
-  std::string_view const first = files[0].path;
-  std::size_t common = first.rfind('/') + 1;
-  for (gUnitsOfFile const & file : files)
-    while (common > 0 && !std::string_view(file.path).starts_with(first.substr(0, common)))
-      common = first.substr(0, common - 1).rfind('/') + 1;
-  return common;
+// What a file or a source calls something is no mark-up.
+cRef<gDocUnit> plain_headline(std::string_view text, gLoc const & loc, cRef<gOutState> & state) {
+  gStrList const title(Vlb::escape_atc(text));
+  return headline_unit(title, title, loc, state);
 }
 
 // Runs the commands of a block inside the unit of its class.
@@ -212,19 +189,30 @@ void gOutUnitCmd::execute(cRef<gOutState> & state) {
 }
 
 void gOutFilterCmd::execute(cRef<gOutState> & state) {
-  std::vector<cRef<gDocUnit>> const units = selector_->select(*state);
-  if (!by_file_) {
-    for (cRef<gDocUnit> const & unit : units)
-      gDocManager.add_unit(placed_copy(*unit, state));
-    return;
-  }
-  std::vector<gUnitsOfFile> const files = by_files(units);
+  gUnitRefs const units = selector_->select(*state);
+  if (by_file_)
+    place_by_files(units, state);
+  else
+    place(units, state);
+}
+
+void gOutFilterCmd::place(std::span<cRef<gDocUnit> const> units, cRef<gOutState> & state) {
+  for (cRef<gDocUnit> const & unit : units)
+    gDocManager.add_unit(placed_copy(*unit, state));
+}
+
+void gOutFilterCmd::place_by_files(gUnitRefs const & units, cRef<gOutState> & state) {
+  std::vector<gUnitsOfFile> files = units_by_files(units);
   std::size_t const common = common_folders(files);
-  for (gUnitsOfFile const & file : files) {
-    gStrList const title(gString(file.path.substr(common)));
-    open_block(headline_unit(title, title, loc_, state), loc_);
-    for (cRef<gDocUnit> const & unit : file.units)
-      gDocManager.add_unit(placed_copy(*unit, state));
+  for (gUnitsOfFile & file : files) {
+    open_block(plain_headline(file.path.substr(common), loc_, state), loc_);
+    for (gFilePart const & part : parts_of_file(file.units)) {
+      if (!part.title.empty())
+        open_block(plain_headline(part.title, loc_, state), loc_);
+      place(part.units, state);
+      if (!part.title.empty())
+        gDocManager.pop_unit();
+    }
     gDocManager.pop_unit();
   }
 }

@@ -1,6 +1,7 @@
 // The output commands of a script.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "ana/anadat/gdocunit.h"
@@ -136,6 +137,9 @@ public:
   void execute(cRef<gOutState> & state) override;
 
 private:
+  void place(std::span<cRef<gDocUnit> const> units, cRef<gOutState> & state);
+  void place_by_files(std::vector<cRef<gDocUnit>> const & units, cRef<gOutState> & state);
+
   bool by_file_;
   gLoc loc_;
   cRef<gUnitSelector> selector_;

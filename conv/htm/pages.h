@@ -14,7 +14,7 @@ struct gPage {
 class gPages {
 public:
   // A page that would hold more units than this, below a unit without declaration, is split.
-  static constexpr int most_units = 400;
+  static constexpr int most_units = 250;
   // Nor does a page take in more of a set when it has so much text: HTML is ten times as long.
   static constexpr std::size_t most_bytes = 25000;
 

@@ -172,6 +172,36 @@ TEST(runs, read_inputs_of_any_kind) {
   }
 }
 
+// Headlines that a source or its name gives, and the number of units below each.
+TEST(runs, part_large_files_into_what_a_reader_can_survey) {
+  RunProject project;
+  std::string large = "#define TWO 2\n#define MAX(a, b) 3\n";
+  for (int i = 0; i < 300; ++i)
+    large += "void f" + std::to_string(i) + "();\n";
+  project.write("in/a}b@c{.h", "int one();\n#define ONE 1\n");
+  project.write("in/large.h", large);
+  write_all(project, "%% doc.vls\n@document\n@hdlevel<2>\n@filtersort<ce_loc>\n@outfiles\n"
+                     "%set ana/dialect=modern\n%set ana/alloc/gen_unit=511\n");
+  ASSERT_TRUE(project.run()) << project.log();
+  std::vector<std::pair<std::string, int>> parts;
+  bool is_headline = false;
+  std::istringstream atc(project.output()["doc.atc"]);
+  for (std::string line; std::getline(atc, line);) {
+    bool const is_unit = line.starts_with("@unit<");
+    if (is_unit)
+      is_headline = line.find("<text>") != std::string::npos;
+    if (is_headline && line.starts_with("@hdline{"))
+      parts.emplace_back(line.substr(8), 0);
+    else if (is_unit && !is_headline)
+      ++parts.back().second;
+  }
+  EXPECT_EQ(parts, (decltype(parts){{"a\\}b\\@c{.h}", 2},
+                                    {"large.h}", 0},
+                                    {"Functions from f0 to f149}", 150},
+                                    {"Functions from f150 to f299}", 150},
+                                    {"Macros}", 2}}));
+}
+
 TEST(runs, go_on_behind_a_file_that_cannot_be_read) {
   RunProject project;
   write_all(project, sources);
