@@ -72,6 +72,8 @@ void gCppReader::member() {
   gExtent const extent = cut_extent(source_, at_, scope().end, place());
   at_ = extent.last;
   declare(extent);
+  if (at_ == extent.last)
+    passed_ = source_[extent.last - 1].end;
 }
 
 namespace {
@@ -266,6 +268,8 @@ void gCppReader::directives_to(std::uint32_t position) {
       file.line = source_.lines.line(one.whole.begin);
       file.system = one.system;
       file.context.access = scope().access;
+      if (one.whole.begin >= passed_)
+        file.scope = scope().item;
       out_.includes.push_back(file);
     }
   }

@@ -46,6 +46,7 @@ private:
   std::vector<Scope> scopes_;
   std::uint32_t at_ = 0;
   std::size_t directive_ = 0;
+  std::uint32_t passed_ = 0;        // the end of the last extent that wasn't entered
   std::uint32_t angles_linked_ = 0; // of the enumeration that is read, up to this token
   std::unordered_map<std::size_t, std::int32_t> seen_; // declarations in branches, by hash
   std::map<std::pair<std::int32_t, std::int32_t>, std::int32_t> either_; // of conditions

@@ -221,7 +221,7 @@ struct gInclude {
   gRange name; // without quotes or angle brackets
   std::uint32_t line = 0;
   bool system = false;     // "<...>"
-  std::int32_t scope = -1; // of Pascal: the declaration whose contents it belongs to
+  std::int32_t scope = -1; // the declaration whose contents it belongs to
   gPascalContext context;  // of Pascal; of C++ the access alone, within a class
 };
 

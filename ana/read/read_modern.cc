@@ -80,7 +80,7 @@ private:
   std::int32_t scope_at(std::uint32_t place) const;
   void report_skipped();
   void add_includes(gStrList const & scope);
-  gCodeElem const * class_at(std::uint32_t place) const;
+  gCodeElem const * class_of(Decl::gInclude const & file) const;
   gStrList scope_names(std::int32_t scope) const;
   Decl::gDeclaration const & item(std::int32_t i) const {
     return found_.items[static_cast<std::size_t>(i)];
@@ -383,7 +383,7 @@ void gModernReader::File::add_includes(gStrList const & scope) {
     gStrList names = scope;
     if (pascal_)
       names.append(scope_names(one.scope));
-    else if (gCodeElem const * const outer = class_at(one.name.begin))
+    else if (gCodeElem const * const outer = class_of(one))
       names.append(outer->names);
     else
       continue;
@@ -393,11 +393,10 @@ void gModernReader::File::add_includes(gStrList const & scope) {
 }
 
 // Null where no class stands directly around.
-gCodeElem const * gModernReader::File::class_at(std::uint32_t place) const {
-  std::int32_t const scope = scope_at(place);
-  std::int32_t const element = scope < 0 ? -1 : elements_.of[static_cast<std::size_t>(scope)];
-  bool const found = element >= 0 && is_class_like(item(scope).kind);
-  return found ? elements_.elements[static_cast<std::size_t>(element)].get() : nullptr;
+gCodeElem const * gModernReader::File::class_of(Decl::gInclude const & file) const {
+  bool const in_class = file.scope >= 0 && is_class_like(item(file.scope).kind);
+  std::int32_t const element = in_class ? elements_.of[static_cast<std::size_t>(file.scope)] : -1;
+  return element < 0 ? nullptr : elements_.elements[static_cast<std::size_t>(element)].get();
 }
 
 gModernFile gModernReader::File::read(gStrList const & scope,
