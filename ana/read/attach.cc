@@ -239,7 +239,8 @@ bool Attaching::behind_the_name(gComment const & comment, gDeclaration const & o
   if (begin > code || code > one.text.end || code > begin + longest)
     return false;
   std::string_view const between = gRange{begin, code}.of(text_);
-  bool const trails = !one.trailing.empty() && one.trailing.begin <= code;
+  bool const opened = code > 0 && (text_[code - 1] == '(' || text_[code - 1] == ',');
+  bool const trails = !one.trailing.empty() && one.trailing.begin <= code && !opened;
   return trails || between.find_first_of(pascal_ ? "=(" : "({=,:") == between.npos;
 }
 
