@@ -3,6 +3,11 @@
 #include <chrono>
 #include <unistd.h>
 
+namespace {
+constexpr std::size_t length_of_names = 16;
+constexpr std::string_view digits = "0123456789abcdef";
+} // namespace
+
 namespace Vlb {
 
 std::string random_name() {
@@ -12,8 +17,8 @@ std::string random_name() {
     value = static_cast<unsigned long long>(
         std::chrono::steady_clock::now().time_since_epoch().count());
   std::string name;
-  for (int digit = 0; digit < 16; ++digit, value >>= 4)
-    name += "0123456789abcdef"[value & 15];
+  for (std::size_t digit = 0; digit < length_of_names; ++digit, value >>= 4)
+    name += digits[value & 15];
   return name;
 }
 
@@ -21,10 +26,15 @@ std::string work_ending() {
   return "." + random_name() + ".tmp";
 }
 
+bool is_random_name(std::string_view name, std::string_view prefix) {
+  return name.starts_with(prefix) && name.size() == prefix.size() + length_of_names &&
+         name.find_first_not_of(digits, prefix.size()) == name.npos;
+}
+
 bool is_work_name(std::string_view name, std::size_t length) {
   static std::size_t const ending = work_ending().size();
   return name.size() == length + ending && name[length] == '.' && name.ends_with(".tmp") &&
-         name.substr(length + 1).find_first_not_of("0123456789abcdef") == ending - 5;
+         is_random_name(name.substr(length + 1, length_of_names), "");
 }
 
 } // namespace Vlb

@@ -8,6 +8,8 @@ namespace Vlb {
 
 // 16 hexadecimal digits.
 std::string random_name();
+// True for a name that is this prefix with a random name behind it.
+bool is_random_name(std::string_view name, std::string_view prefix);
 
 // The ending of a file that is written beside its place, until it takes that place: a dot, a random
 // name and ".tmp".

@@ -20,6 +20,7 @@
 
 #include "vlb/gfilesystem.h"
 #include "vlb/random_name.h"
+#include "vlb/temp_folder.h"
 
 namespace {
 
@@ -56,7 +57,7 @@ struct Book {
   std::unordered_map<std::string, File> files; // by name
   std::vector<Slot *> unused;
   std::size_t reserved = 0; // bytes in memory, or about to be
-  bool folder_made = false;
+  int held_folder = -1; // while the folder is there
   bool exit_hook = false;
 };
 
@@ -79,7 +80,8 @@ void forget_all(Book & book) {
       book.unused.push_back(file.slot);
   book.files.clear();
   book.reserved = 0;
-  book.folder_made = false;
+  if (book.held_folder >= 0)
+    ::close(std::exchange(book.held_folder, -1));
 }
 
 bool name_folder(Book & book, gString const & prefix) {
@@ -87,6 +89,7 @@ bool name_folder(Book & book, gString const & prefix) {
     return true;
   forget_all(book);
   gPathstring path = gFileSystem::temp_dir();
+  Vlb::remove_killed_folders(path, prefix);
   path.append(prefix + Vlb::random_name());
   if (path.size() > max_folder)
     return false;
@@ -99,9 +102,10 @@ bool make_folder(Book & book) {
   if (!std::exchange(book.exit_hook, true))
     std::atexit(remove_at_exit);
   making_folder = true;
-  book.folder_made = !ended && (book.folder_made || ::mkdir(folder, 0700) == 0);
+  if (book.held_folder < 0 && !ended)
+    book.held_folder = Vlb::make_held_folder(folder);
   making_folder = false;
-  return book.folder_made;
+  return book.held_folder >= 0 && !ended;
 }
 
 Slot * free_slot(Book & book) {

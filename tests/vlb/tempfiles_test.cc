@@ -1,6 +1,8 @@
 #include <atomic>
 #include <csignal>
 #include <thread>
+
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -134,6 +136,48 @@ TEST_F(TempFiles, a_process_ends_without_its_own_but_leaves_those_of_its_parent)
     EXPECT_EXIT((std::signal(signal, clean_up_and_end), make(), std::raise(signal)),
                 testing::ExitedWithCode(7), "");
   EXPECT_EQ(left(), 0);
+}
+
+// Starts a process that puts a file on the disk and then waits; done when the file is there.
+pid_t wait_with_a_file() {
+  int done[2];
+  if (::pipe(done) != 0)
+    return -1;
+  pid_t const child = ::fork();
+  if (child == 0) {
+    char const good = file_on_disk() != "";
+    ::write(done[1], &good, 1) == 1 && ::pause();
+    ::_exit(1);
+  }
+  char good = 0;
+  EXPECT_TRUE(::read(done[0], &good, 1) == 1 && good);
+  ::close(done[0]);
+  ::close(done[1]);
+  return child;
+}
+
+void kill_and_wait(pid_t child) {
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
+}
+
+// Nobody else will; what a living process or the user has there must stay.
+TEST_F(TempFiles, of_a_killed_process_are_cleared_away_by_the_next) {
+  folder.write("~vl0123456789abcdef/mine", "");
+  folder.write("~vl0123456789abcde/~vl0123456789abcdef", "");
+  for (char const * made : {"~vl0123456789abcdef", "~vl0123456789abcde"})
+    fs::permissions(folder.path(made), fs::perms::owner_all);
+  std::ptrdiff_t const before = left();
+  for (int i = 0; i < 2; ++i)
+    kill_and_wait(wait_with_a_file());
+  EXPECT_EQ(left(), before + 2) << "of the second";
+  pid_t const living = wait_with_a_file();
+  EXPECT_NE(file_on_disk(), "");
+  EXPECT_EQ(left(), before + 4) << "its own, and of the living";
+  kill_and_wait(living);
+  gFileSystem::remove_temp_files();
+  EXPECT_NE(gFileSystem::get_temp_file_name("~vl"), "");
+  EXPECT_EQ(left(), before) << "also by one that needs no disk";
 }
 
 // The other thread is anywhere between the first name and the tenth file.

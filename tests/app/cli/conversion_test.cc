@@ -34,6 +34,26 @@ TEST(conversion, builds_what_the_next_run_may_empty) {
   EXPECT_TRUE(box.exists("other/htm/index.htm"));
 }
 
+// Pages without their style are no result; the folder counts from the project, wherever one stands.
+TEST(conversion, needs_the_auxiliary_files_that_it_is_told) {
+  Sandbox box;
+  box.make_project();
+  box.write("deep/helpers/own.css", "mine");
+  std::string const helpers = " --set htm/helpers_dir_default=false --set htm/helpers_dir=";
+  Answer answer = box.run("build p.vlp" + helpers + "deep/helpers");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  answer = box.run("--version && cd deep && " VELLUMAR_PROGRAM " build ../p.vlp" + helpers +
+                   "deep/helpers");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_EQ(box.read("out/htm/_files/own.css"), "mine");
+  answer = box.run("build p.vlp" + helpers + "nowhere");
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_NE(answer.err.find("ERROR 20: Cannot read from file: " + box.path("nowhere\n")),
+            std::string::npos)
+      << answer.err;
+  EXPECT_EQ(box.read("out/htm/_files/own.css"), "mine");
+}
+
 // What the user has put beside the pages goes on into the next result, unless a page needs its
 // place.
 TEST(conversion, keeps_files_of_the_user_among_the_pages) {
