@@ -56,6 +56,7 @@ void run_stage(benchmark::State & state, std::size_t number) {
   std::int64_t bytes = 0;
   for (auto _ : state) {
     state.PauseTiming();
+    files.clear(); // freeing the last round's is no part of this one
     Global::objects().reset_all();
     gInput.set(Vapp::run_input());
     gUEKeywords.build_keywords(*gInput);

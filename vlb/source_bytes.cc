@@ -19,7 +19,10 @@ enum class Order { none, little, big };
 
 // Sources are ASCII for the most part, so one byte of nearly each unit is zero; never both.
 Order order_by_zeros(std::string_view bytes) {
-  std::size_t const units = std::min(bytes.size(), sample) / 2;
+  bytes = bytes.substr(0, sample);
+  if (bytes.find('\0') == bytes.npos) // nearly all, and found out at once
+    return Order::none;
+  std::size_t const units = bytes.size() / 2;
   std::size_t first_zero = 0, second_zero = 0;
   for (std::size_t i = 0; i < units; ++i) {
     bool const first = bytes[2 * i] == '\0', second = bytes[2 * i + 1] == '\0';

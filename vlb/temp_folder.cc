@@ -1,6 +1,6 @@
-// A process that is killed can't clear up, so it must be seen from outside that it is gone: it holds
-// a lock of its folder, which the system gives back with its life. Between the making of a folder and
-// its lock another process may take it for a left one; then it is made once more.
+// A process that is killed can't clear up, so it must be seen from outside that it is gone: it
+// holds a lock of its folder, which the system gives back with its life. Between the making of a
+// folder and its lock another process may take it for a left one; then it is made once more.
 #include "vlb/temp_folder.h"
 
 #include <cerrno>
@@ -32,8 +32,7 @@ bool lock(int folder) {
 
 bool is_own(int folder) {
   struct stat held;
-  return ::fstat(folder, &held) == 0 && held.st_uid == ::geteuid() &&
-         (held.st_mode & 0777) == 0700;
+  return ::fstat(folder, &held) == 0 && held.st_uid == ::geteuid() && (held.st_mode & 0777) == 0700;
 }
 
 void remove_killed(gPathstring const & path, std::string_view prefix) {

@@ -13,8 +13,8 @@ namespace Vlb {
 int make_held_folder(char const * path);
 
 // Removes the folders that processes which were killed have left there: those of this user that
-// nobody holds, named like temporary ones with this prefix, with the files in them that are named so,
-// too. What else lies there stays.
+// nobody holds, named like temporary ones with this prefix, with the files in them that are named
+// so, too. What else lies there stays.
 void remove_killed_folders(gPathstring const & dir, std::string_view prefix);
 
 } // namespace Vlb

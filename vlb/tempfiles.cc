@@ -57,7 +57,7 @@ struct Book {
   std::unordered_map<std::string, File> files; // by name
   std::vector<Slot *> unused;
   std::size_t reserved = 0; // bytes in memory, or about to be
-  int held_folder = -1; // while the folder is there
+  int held_folder = -1;     // while the folder is there
   bool exit_hook = false;
 };
 

@@ -8,6 +8,7 @@ public:
   using gStrList::gStrList;
   gSubText() = default;
   gSubText(gStrList const & list) : gStrList(list) {}
+  gSubText(gStrList && list) noexcept : gStrList(std::move(list)) {}
 
   // Keeps the paragraph structure: a run of white-space elements becomes one element that holds
   // one blank, and there is none at the start. The pieces of a verbatim block stay untouched.
