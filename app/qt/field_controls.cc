@@ -250,7 +250,7 @@ public:
       : gFieldControl(field, std::move(taken)),
         note_(new QLabel) {
     note_->setWordWrap(true);
-    note_->setMinimumWidth(note_->fontMetrics().averageCharWidth() * 44);
+    note_->setMinimumWidth(note_->fontMetrics().averageCharWidth() * 50);
     note_->setTextFormat(Qt::PlainText);
     set_widget(note_);
   }

@@ -124,7 +124,7 @@ private:
     table_->setColumnCount(std::max<int>(1, static_cast<int>(titles.size())));
     table_->setHeaderLabels(titles.isEmpty() ? QStringList{QString()} : titles);
     table_->setHeaderHidden(titles.isEmpty());
-    int const letters = 20 + 10 * std::max(0, static_cast<int>(titles.size()) - 1);
+    int const letters = 20 + 15 * std::max(0, static_cast<int>(titles.size()) - 1);
     table_->setMinimumWidth(table_->fontMetrics().averageCharWidth() * letters);
     fit_columns();
     rows_.clear();

@@ -144,8 +144,9 @@ void gMainWindow::update_messages(bool cleared) {
   messages_->update_list(cleared);
   gMessageList const & list = frame_.messages();
   std::size_t const errors = list.count(gMessageKind::error) + list.count(gMessageKind::doc_error);
-  counts_->setText(
-      Gui::tr("%L1 errors, %L2 warnings").arg(errors).arg(list.count(gMessageKind::warning)));
+  std::size_t const warnings = list.count(gMessageKind::warning);
+  counts_->setText(Gui::tr(errors == 1 ? "%L1 error" : "%L1 errors").arg(errors) + ", " +
+                   Gui::tr(warnings == 1 ? "%L1 warning" : "%L1 warnings").arg(warnings));
   choose_page();
 }
 
