@@ -1,5 +1,5 @@
-// New lines are followed as long as the last one is in sight; a user who reads further up isn't
-// disturbed.
+// New lines are followed until the user goes elsewhere; one who reads further up isn't disturbed,
+// and one who comes back to the end is followed for again.
 
 #include "app/qt/message_view.h"
 
@@ -152,6 +152,12 @@ void gMessageView::make_table() {
   head.resizeSection(gMessageModel::number, letter * 9);
   head.resizeSection(gMessageModel::place, letter * 24);
   connect(table_, &QTreeView::doubleClicked, this, [this](QModelIndex const & row) { open(row); });
+  QScrollBar & bar = *table_->verticalScrollBar();
+  // Only what the user does with the bar counts: lines that come and a window that grows move it,
+  // too.
+  connect(&bar, &QScrollBar::actionTriggered, this,
+          [this, &bar] { follows_ = bar.sliderPosition() == bar.maximum(); });
+  connect(&bar, &QScrollBar::rangeChanged, this, [this] { follow(); });
 }
 
 void gMessageView::make_actions() {
@@ -171,16 +177,20 @@ void gMessageView::make_actions() {
 }
 
 void gMessageView::update_list(bool cleared) {
-  QScrollBar const & bar = *table_->verticalScrollBar();
-  bool const at_end = bar.value() == bar.maximum();
-  if (cleared)
+  if (cleared) {
+    follows_ = true;
     model_.reset();
-  else
+  } else {
     model_.appended();
-  if (at_end && !table_->currentIndex().isValid())
-    table_->scrollToBottom();
+  }
+  follow();
   update_counts();
   update_choices();
+}
+
+void gMessageView::follow() {
+  if (follows_ && !table_->currentIndex().isValid())
+    table_->verticalScrollBar()->setValue(table_->verticalScrollBar()->maximum());
 }
 
 void gMessageView::update_counts() {

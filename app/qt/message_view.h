@@ -31,6 +31,7 @@ private:
   void make_table();
   void make_actions();
   void set_filter();
+  void follow();
   void update_counts();
   void update_choices();
   void find(bool backward);
@@ -41,6 +42,7 @@ private:
   std::function<void(std::size_t)> open_;
   gMessageModel model_;
   QTreeView * table_;
+  bool follows_ = true; // new lines
   std::array<QToolButton *, gMessageFilter::kinds> kinds_ = {};
   QComboBox * numbers_ = nullptr;
   QLineEdit * file_ = nullptr;

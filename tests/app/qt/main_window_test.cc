@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QListView>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QToolBar>
 #include <QTreeView>
 #include <gtest/gtest.h>
@@ -341,6 +342,13 @@ TEST_F(MainWindow, a_hundred_thousand_reports_keep_the_window_alive) {
   }
   worker.join();
   EXPECT_LT(longest, 500);
+  QScrollBar & bar = *table.verticalScrollBar();
+  EXPECT_EQ(bar.value(), bar.maximum()) << "the last line is in sight";
+  bar.triggerAction(QAbstractSlider::SliderPageStepSub);
+  int const where = bar.value();
+  Msg::log.take({Msg::cannot_read, "one more", gReportPlace()});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return table.model()->rowCount() > reports; }));
+  EXPECT_EQ(bar.value(), where) << "who reads further up stays there";
   RecordProperty("longest", static_cast<int>(longest));
   Windows::picture(*window, "reports");
 }
