@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "ana/decl/readers.h"
+#include "ana/run_project.h"
 #include "support/case_file.h"
 
 namespace {
@@ -52,6 +53,25 @@ std::string words(std::string const & input) {
 TEST(attach, cases) {
   check_cases(CASE_DIR "/attach.cases", attached);
 }
+// Blanks at line ends, an unknown word in the heads of classes, and a branch around everything
+// leave each comment where it was.
+TEST(attach, layout_does_not_matter) {
+  for (Case const & one : read_cases(CASE_DIR "/attach.cases")) {
+    if (one.input.find('\\') != std::string::npos)
+      continue;
+    SCOPED_TRACE(one.name);
+    std::string const language = one.input.starts_with("pascal\n") ? "pascal\n" : "";
+    EXPECT_EQ(attached(language + replaced(one.input.substr(language.size()), "\n", " \t\n")),
+              one.expected);
+    if (!language.empty())
+      continue;
+    EXPECT_EQ(attached(replaced(one.input, "class ", "class MADE_UP_WORD ")), one.expected);
+    bool const branched = one.input.find("#if") != std::string::npos;
+    std::string const more = "\n#ifdef X\nint x;\n#else\nint y;\n#endif\n";
+    EXPECT_EQ(attached(one.input + (branched ? "" : more)), one.expected);
+  }
+}
+
 TEST(comment_text, cases) {
   check_cases(CASE_DIR "/comment_text.cases", words);
 }
