@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "ana/anadat/gfileobjtable.h"
-#include "ana/decl/declaration.h"
+#include "ana/decl/enum_values.h"
 #include "vlb/gsrcfile.h"
 #include "vlb/gstrlist.h"
 
@@ -58,6 +58,7 @@ struct gDeclParts {
   gSeclusion seclusion = gSeclusion::open;
   cRef<gString const> signature; // what tells overloads apart; null for none
   cRef<gString const> condition; // of the preprocessor; shared by all that it guards, null for none
+  std::vector<Decl::gEnumValue> values; // of an enumeration
 };
 
 // One thing that a source declares. Held by cRef; after the code analysis only `type` may still

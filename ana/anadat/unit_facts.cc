@@ -114,6 +114,28 @@ void put_code(std::ostream & stream, gDocUnit const & unit, gCodeElem const & co
   }
 }
 
+// What tells whether a method replaces one of a base. Templates never do.
+void put_signature(std::ostream & stream, gCodeElem const & code) {
+  bool const told = code.type == ut_method && code.parts->signature;
+  if (!told || code.parts->signature->find('\n') != gString::npos)
+    return;
+  Vlb::put(stream, "@_signature<");
+  Vlb::put_escaped(stream, *code.parts->signature);
+  Vlb::put(stream, ">\n");
+}
+
+void put_values(std::ostream & stream, gDeclParts const & parts) {
+  for (Decl::gEnumValue const & value : parts.values) {
+    Vlb::put(stream, "@_value<");
+    Vlb::put_escaped(stream, value.name);
+    Vlb::put(stream, "><");
+    Vlb::put_escaped(stream, value.written);
+    Vlb::put(stream, "><");
+    Vlb::put(stream, value.number);
+    Vlb::put(stream, ">\n");
+  }
+}
+
 } // namespace
 
 void gDocUnit::write_facts(std::ostream & stream) const {
@@ -130,4 +152,8 @@ void gDocUnit::write_facts(std::ostream & stream) const {
   else
     Vlb::put(stream, "><><><><><><");
   Vlb::put(stream, ">\n");
+  if (code_elem_ && code_elem_->parts) {
+    put_signature(stream, *code_elem_);
+    put_values(stream, *code_elem_->parts);
+  }
 }

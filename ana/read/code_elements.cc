@@ -36,6 +36,7 @@ private:
   bool is_left_out(std::size_t index) const;
   int type_of(std::size_t index) const;
   gDeclaration const * namer_of(std::size_t index) const;
+  void take_values(std::size_t index, gDeclParts & parts);
   bool repeats_its_tag(std::size_t index) const;
   bool is_version(gDeclaration const & one) const;
   void add_scope(gStrList & names, std::int32_t scope) const;
@@ -62,6 +63,7 @@ private:
   std::vector<Scope> scopes_; // by declaration: what stands around it
   // By declaration without a name: what gives it one, -1 for nothing.
   std::vector<std::int32_t> namers_;
+  std::int32_t valued_ = -1; // the last enumeration whose values something has taken
   gReadElements result_;
 };
 
@@ -238,6 +240,24 @@ bool Elements::is_left_out(std::size_t index) const {
          is_version(one) || static_cast<std::int32_t>(index) == found_.guard;
 }
 
+// Of "typedef enum {...} A, B" the first name has the values.
+void Elements::take_values(std::size_t index, gDeclParts & parts) {
+  gDeclaration const & one = found_.items[index];
+  auto const is_enumeration = [](gKind kind) {
+    return kind == gKind::enum_ || kind == gKind::enum_class || kind == gKind::enumeration;
+  };
+  bool const names_first = one.kind == gKind::typedef_ && one.statement >= 0 &&
+                           static_cast<std::size_t>(one.statement) < index &&
+                           is_enumeration(item(one.statement).kind);
+  std::int32_t const from = is_enumeration(one.kind) ? static_cast<std::int32_t>(index)
+                            : names_first            ? one.statement
+                                                     : -1;
+  if (from < 0 || from == valued_)
+    return;
+  valued_ = from;
+  parts.values = enum_values(text_, found_, static_cast<std::size_t>(from), syntax_);
+}
+
 void Elements::enter(std::size_t index) {
   gDeclaration const & one = found_.items[index];
   int const type = type_of(index);
@@ -250,6 +270,7 @@ void Elements::enter(std::size_t index) {
   parts->marks = one.marks;
   parts->condition = condition_of(one.condition);
   parts->seclusion = scopes_[index].seclusion;
+  take_values(index, *parts);
   if (std::string const what = signature(text_, found_, one, pascal_); !what.empty())
     parts->signature = make_ref<gString const>(what);
   auto element =

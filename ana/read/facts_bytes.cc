@@ -156,6 +156,11 @@ void parts(Archive & archive, Parts & parts, gCodeElem const & element) {
        {&parts.name, &parts.template_head, &parts.parameters, &parts.bases, &parts.result})
     range(archive, *one, element);
   archive.bits(parts.marks);
+  archive.many(parts.values, [&](auto & one) {
+    archive.text(one.name);
+    archive.text(one.written);
+    archive.text(one.number);
+  });
 }
 
 void shared(gWriter & archive, cRef<gString const> const & text) {

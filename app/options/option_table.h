@@ -263,6 +263,17 @@ inline constexpr gOptionRow option_table[] = {
     shipped("htm/helpers_dir", "htm_helpers", "Directory of HTML auxiliary files",
             "folder of auxiliary files"),
     use_default("htm/helpers_dir_default"),
+    from(gOptionOrigin::user, text("htm/start_text", "", "Text of the start page",
+                                   "a text file in Markdown, such as a README, that the start page "
+                                   "shows")),
+    from(gOptionOrigin::user,
+         text("htm/version", "", "Version", "version of what is documented, beside the title")),
+    from(gOptionOrigin::user, text("htm/description", "", "Description",
+                                   "one sentence about the whole, for search engines")),
+    from(gOptionOrigin::user,
+         text("htm/site_url", "", "Address of the site",
+              "address at which the pages will stand, such as `https://example.org/api/`. With it "
+              "they name their own address, and `sitemap.xml` and `404.html` are made")),
     from(gOptionOrigin::run, text("htm/out_dir", "", "", out_dir_help)),
     from(gOptionOrigin::run, text("htm/cur_vlt", "", "", script_in_use)),
     from(gOptionOrigin::run,

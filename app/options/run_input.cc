@@ -280,6 +280,11 @@ gConversionInput Vapp::conversion_input(std::string const & target) {
   } else {
     input.helpers = read.path("htm/cur_helpers_dir");
     input.split_level = read.number("htm/splitlevel");
+    if (!read.text("htm/start_text").empty())
+      input.start_text = read.path("htm/start_text");
+    input.version = read.text("htm/version");
+    input.description = read.text("htm/description");
+    input.address = read.text("htm/site_url");
   }
   return input;
 }

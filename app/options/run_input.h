@@ -112,6 +112,8 @@ struct gConversionInput {
   gString title;
   gString index_place_holder, index_separator;
   gString editor_scheme;
+  gPathstring start_text;                // empty for none
+  gString version, description, address; // of the site
   int split_level = 0;
   bool simple_index = false, hierarchies_apart = false;
   bool map_wanted = false;

@@ -67,6 +67,19 @@ cRef<cObj> group(std::string const & paths, std::string const & files, std::size
   return group;
 }
 
+// What the folder says about itself.
+gPathstring start_text(gPathstring const & folder) {
+  if (!gFileSystem::dir_exists(folder))
+    return {};
+  for (char const * name : {"README.md", "Readme.md", "readme.md", "README.markdown"}) {
+    gPathstring path = folder;
+    path.append(name);
+    if (gFileSystem::file_exists(path))
+      return path;
+  }
+  return {};
+}
+
 template <class List> std::string joined(List const & parts, std::string const & begin) {
   std::string text;
   for (std::string const & part : parts)
@@ -171,6 +184,8 @@ void gQuickProject::fill_project() const {
   gPathstring const & root = sources_.front().path;
   Vapp::options["inputcurdir"] =
       cat::make(gFileSystem::dir_exists(root) ? root : gPathstring(root.dir_name()));
+  if (gPathstring const text = start_text(root); !text.empty())
+    Vapp::options.submap("htm")["start_text"] = cat::make(text);
   Vapp::options["out_dir"] = cat::make(out_);
   Vapp::options["atc_title"] = cat::make(title());
 }

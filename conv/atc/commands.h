@@ -66,7 +66,9 @@ enum class gAtcCommand : unsigned char {
   e_secthead,
   unit,
   facts,
+  signature,
   skipped,
+  value,
 };
 
 struct gAtcCommandInfo {

@@ -17,17 +17,27 @@ struct gStretch {
   }
 };
 
+// A value of an enumeration.
+struct gValueFact {
+  std::string name;
+  std::string written; // as in the source; empty if nothing is
+  std::string number;  // decimal; empty if it isn't sure
+};
+
 struct gKnownFacts {
   bool known = false;           // the line was there
   std::uint32_t last_part = 0;  // bytes of the last part of the unit's name
   std::string kind;             // such as "class" or "enum class"; empty if no reader told it
   std::string access, marks;    // marks: words joined with ","
   std::string condition;        // of the preprocessor
+  std::string signature;        // of a method, spelled alike wherever it is declared; may be empty
   int column = 0, end_line = 0; // 0: not known
   // Of the declaration: its size where it was written, and its parts. Once the text is found, they
   // are stretches of gUnitRecord::declaration; the size is 0 if it wasn't.
   std::uint32_t size = 0;
   gStretch name, template_head, parameters, bases, result;
+
+  std::vector<gValueFact> values; // of an enumeration
 
   bool has_mark(std::string_view word) const;
 };

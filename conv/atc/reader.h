@@ -54,6 +54,7 @@ private:
   gUnitRecord unit_record(gAtcScanner & scanner);
   void read_unit_head(gAtcScanner & scanner, gUnitRecord & unit);
   void read_facts(gAtcScanner & scanner, gUnitRecord & unit);
+  bool take_further_fact(gAtcScanner & scanner, gKnownFacts & facts);
   void automatic_entry(gAtcScanner & scanner, gUnitRecord & unit);
   void read_content(gAtcScanner & scanner, gUnitRecord & unit);
   void enter_marks(gUnitText const & text, gUnitRecord const & unit);

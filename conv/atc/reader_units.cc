@@ -102,8 +102,27 @@ void gAtcReader::read_facts(gAtcScanner & scanner, gUnitRecord & unit) {
   if (!Atc::read_facts(scanner.params(), unit.facts))
     scanner.report(Msg::atc_parameters, "@_facts", scanner.line());
   unit.name = std::move(scanner.params()[1]);
-  while (scanner.skip_unknown_line())
-    ;
+  do
+    while (scanner.skip_unknown_line())
+      ;
+  while (take_further_fact(scanner, unit.facts));
+}
+
+// Lines behind that of the facts, in any order.
+bool gAtcReader::take_further_fact(gAtcScanner & scanner, gKnownFacts & facts) {
+  bool const is_known = scanner.next(false) == gAtcScanner::command;
+  gAtcCommand const command = is_known ? scanner.info().command : gAtcCommand::unit;
+  std::vector<std::string> & params = scanner.params();
+  if (command == gAtcCommand::signature) {
+    facts.signature = std::move(params[0]);
+    return true;
+  }
+  if (command == gAtcCommand::value) {
+    facts.values.push_back({std::move(params[0]), std::move(params[1]), std::move(params[2])});
+    return true;
+  }
+  scanner.back();
+  return false;
 }
 
 // What the reader of the source knew, the unit's own bookmark and its one or two automatic index

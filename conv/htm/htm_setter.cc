@@ -1,5 +1,5 @@
 // What HTML does in its own way: anchors that stay and are unique on their page, links between
-// pages, notes at the end of their unit, coloured program text, and hierarchies as lists in lists.
+// pages, notes at the end of their unit, and coloured program text.
 
 #include "conv/htm/htm_setter.h"
 
@@ -82,6 +82,7 @@ void gHtmSetter::begin_unit(int unit, int level) {
   headline_level_ = 0;
   notes_.clear();
   headlines_.clear();
+  made_.clear();
 }
 
 std::string gHtmSetter::take_notes() {
@@ -109,7 +110,10 @@ std::string gHtmSetter::claim(std::string const & id) {
 
 std::string gHtmSetter::anchor(std::string_view bookmark) {
   auto const entry = entries_.find(std::string(bookmark));
-  return claim(entry != entries_.end() ? entry->second : "b-" + Vlb::to_lower(Slug::of(bookmark)));
+  std::string id =
+      claim(entry != entries_.end() ? entry->second : "b-" + Vlb::to_lower(Slug::of(bookmark)));
+  made_.try_emplace(std::string(bookmark), id);
+  return id;
 }
 
 std::string gHtmSetter::headline_anchor(gNode const & node) {
@@ -255,24 +259,4 @@ void gHtmSetter::set_note(gNode const & node, std::string & out) {
   bool const foot = node.kind == gNodeKind::footnote;
   rules().apply(foot ? gVltRule::footnote : gVltRule::endnote, values, out);
   rules().apply(gVltRule::note, foot ? "footnote" : "endnote", values, notes_);
-}
-
-// The page is a file of its own beside those of sources, so its links lead one folder up.
-std::string gHtmSetter::hierarchy_place(gNode const & node) {
-  std::string const own = site_.addresses.href(unit());
-  std::string const page = own.substr(0, own.rfind(".htm")),
-                    number =
-                        hierarchies_.empty() ? "" : "-" + std::to_string(hierarchies_.size() + 1);
-  gHierarchyPage made;
-  made.file = "_hierarchy/" + page + (own.ends_with(".htm") ? "" : "-" + Slug::hash({own})) +
-              number + ".htm";
-  int const here = std::exchange(page_, -1);
-  root_ = "../";
-  made.items = set_steps(node.children, long_hierarchy);
-  root_ = {};
-  page_ = here;
-  made.all = node.children.size();
-  made.shown = std::min(made.all, long_hierarchy);
-  hierarchies_.push_back(std::move(made));
-  return hierarchies_.back().file;
 }

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "conv/htm/colours.h"
+#include "conv/htm/hierarchy_drawing.h"
 #include "conv/htm/site.h"
 #include "conv/set/setter.h"
 
@@ -40,6 +41,8 @@ public:
 
   // The anchor of an index entry: its bookmark is made anew in each run, its key stays.
   std::string const & entry_anchor(std::string const & label) const;
+  // Where a bookmark of the unit stands on the page; empty for one that wasn't set.
+  std::string const & made_anchor(std::string const & bookmark) { return made_[bookmark]; }
   // A link from the current page to a unit, or to an anchor on its page.
   gLinkEnd link_to(int unit, std::string_view place) const;
   std::string source_href(std::string_view path, std::string_view line) override;
@@ -54,11 +57,14 @@ protected:
   void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
   void set_note(gNode const & node, std::string & out) override;
   std::string hierarchy_place(gNode const & node) override;
+  std::string hierarchy_drawing(gNodeList const & steps) override;
 
 private:
   void name_entries();
   std::string claim(std::string const & id);
   void set_declaration(std::string_view text, std::string & out);
+  void draw_line(gDrawing const & drawing, gHierarchyEdge const & edge, std::string & out) const;
+  void draw_box(gDrawnBox const & box, gNode const & step, std::string & out);
   bool link_name(int from, std::string_view name, std::string & out);
 
   gSite & site_;
@@ -70,6 +76,7 @@ private:
   std::vector<gHierarchyPage> hierarchies_;
   // Anchors on the page that texts have made, and how often each was asked for.
   std::unordered_map<std::string, int> taken_;
+  std::unordered_map<std::string, std::string> made_; // anchors of the unit, by their bookmarks
   int unit_level_ = 1, headline_level_ = 0; // of headings; the latter counts in the unit
   int notes_done_ = 0;                      // on the page
   std::string notes_;

@@ -31,6 +31,11 @@ void write_site(gConversion & conversion) {
   gConversionInput const & input = conversion.input();
   gSite site(conversion.document(), conversion.rules(), conversion.title(), input.split_level);
   site.editor_scheme = input.editor_scheme;
+  site.version = input.version;
+  site.description = input.description;
+  site.address = input.address;
+  if (!site.address.empty() && !site.address.ends_with('/'))
+    site.address += '/';
   gColours const colours(conversion.rules());
   gContents const contents(site);
   gNavigation const navigation(site, contents);
@@ -39,7 +44,8 @@ void write_site(gConversion & conversion) {
 
   gUnitPages units(site, colours, navigation, contents);
   units.write(conversion, writer, search);
-  Pages::write_start(writer, site, navigation, contents);
+  Pages::write_start(writer, site, colours, input.start_text, navigation, contents);
+  Pages::write_for_servers(conversion, writer, site);
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);
   Pages::write_skipped(writer, site, navigation);

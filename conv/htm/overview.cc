@@ -3,9 +3,20 @@
 #include "conv/htm/overview.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
+
+// Members on the page of what they belong to.
+struct gMember {
+  gRow row;
+  std::string signature;
+};
+struct gMembers {
+  std::string name; // of the group
+  std::vector<gMember> rows;
+};
 
 namespace {
 
@@ -32,8 +43,13 @@ std::string common_start(gSite const & site, std::vector<gRow> const & rows) {
   }
 }
 
-// How the members of a class are grouped: by their kinds, but for some.
-std::string group_of(gUnitRecord const & unit, gKind const & kind) {
+// How the members of a class are grouped: by their kinds, but for some. What isn't meant for users
+// is one group, but on the page of such a thing.
+std::string group_of(gSite const & site, int number) {
+  gUnitRecord const & unit = site.unit(number);
+  gKind const & kind = site.kinds.of(number);
+  if (site.is_detail(number) && !site.is_detail(unit.parent < 0 ? number : unit.parent))
+    return "detail";
   if (kind.selector == "destructor")
     return "constructor";
   if (kind.selector == "method" && (unit.facts.has_mark("static") || unit.facts.has_mark("class")))
@@ -48,11 +64,24 @@ constexpr std::string_view group_order[] = {
     "alias",      "concept",     "var",    "constant", "macro"};
 
 std::size_t rank_of_group(std::string_view group) {
+  if (group == "detail")
+    return std::size(group_order) + 1;
   return static_cast<std::size_t>(std::ranges::find(group_order, group) - std::begin(group_order));
 }
 
 int rank_of_access(std::string const & access) {
   return access.ends_with("private") ? 2 : access.ends_with("protected") ? 1 : 0;
+}
+
+// Members of one access stand together, and overloads with the first of them.
+void sort_members(gSite const & site, gMembers & group) {
+  std::unordered_map<std::string_view, std::size_t> first;
+  for (gMember const & one : group.rows)
+    first.try_emplace(site.unit(one.row.unit).name, first.size());
+  std::ranges::stable_sort(group.rows, {}, [&](gMember const & one) {
+    gUnitRecord const & unit = site.unit(one.row.unit);
+    return std::pair(rank_of_access(unit.facts.access), first[unit.name]);
+  });
 }
 
 // The first letter of a title, behind the common start.
@@ -108,21 +137,12 @@ std::string gOverview::within(std::span<int const> units, int page, int level) c
 // Overloads have a row each, since their signatures tell them apart.
 std::string gOverview::members(std::vector<int> const & units, int level,
                                gSignatures const & signatures) const {
-  struct Row {
-    gRow row;
-    std::string signature;
-  };
-  struct Group {
-    std::string name;
-    std::vector<Row> rows;
-  };
-  std::vector<Group> groups;
+  std::vector<gMembers> groups;
   for (int const unit : units) {
     if (site_.pages.of(unit) < 0)
       continue;
-    gUnitRecord const & record = site_.unit(unit);
-    std::string const name = group_of(record, site_.kinds.of(unit));
-    auto group = std::ranges::find(groups, name, &Group::name);
+    std::string const name = group_of(site_, unit);
+    auto group = std::ranges::find(groups, name, &gMembers::name);
     if (group == groups.end())
       group = groups.insert(groups.end(), {name, {}});
     std::string signature = signatures(unit);
@@ -130,34 +150,80 @@ std::string gOverview::members(std::vector<int> const & units, int level,
         Site::joins(site_, group->rows.back().row, unit))
       ++group->rows.back().row.count;
     else
-      group->rows.push_back({{unit, 1, record.summary}, std::move(signature)});
+      group->rows.push_back({{unit, 1, site_.summary_of(unit)}, std::move(signature)});
   }
-  std::ranges::stable_sort(groups, {}, [](Group const & one) { return rank_of_group(one.name); });
+  std::ranges::stable_sort(groups, {},
+                           [](gMembers const & one) { return rank_of_group(one.name); });
   std::string out;
   std::set<std::string> former;
-  std::string const depth = std::to_string(level);
-  for (Group & group : groups) {
-    std::ranges::stable_sort(group.rows, {}, [&](Row const & one) {
-      return rank_of_access(site_.unit(one.row.unit).facts.access);
-    });
-    std::string items;
-    for (Row const & one : group.rows) {
+  for (gMembers & group : groups) {
+    sort_members(site_, group);
+    bool const mixed = groups.size() == 1 || group.name == "detail";
+    std::string items, last;
+    for (gMember const & one : group.rows) {
       std::string const id = site_.addresses.former_anchor(one.row.unit);
-      add_item(one.row, site_.pages.of(one.row.unit), groups.size() == 1,
-               former.insert(id).second ? id : std::string(), items, one.signature);
+      add_item(one.row, site_.pages.of(one.row.unit), mixed,
+               former.insert(id).second ? id : std::string(), items, one.signature,
+               site_.unit(one.row.unit).name == last);
+      last = site_.unit(one.row.unit).name;
     }
-    gKind const & kind = site_.kinds.of(group.rows.front().row.unit);
-    std::string const count = site_.number(group.rows.size());
-    gVltValues values;
-    values.set(V::items, items).set(V::level, depth).set(V::count, count);
-    values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::title, kind.word);
-    values.set(V::signature, "1");
-    site_.rules.apply(gVltRule::overview, group.name, values, out);
+    add_members(group, items, level, out);
   }
   return out;
 }
 
+void gOverview::add_members(gMembers const & group, std::string const & items, int level,
+                            std::string & out) const {
+  gKind const & kind = site_.kinds.of(group.rows.front().row.unit);
+  std::string const count = site_.number(group.rows.size()), depth = std::to_string(level);
+  gVltValues values;
+  values.set(V::items, items).set(V::level, depth).set(V::count, count);
+  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::title, kind.word);
+  values.set(V::signature, "1");
+  site_.rules.apply(gVltRule::overview, group.name, values, out);
+}
+
+std::string gOverview::group(std::string_view selector, std::span<int const> units, int page,
+                             int level) const {
+  std::vector<gRow> const rows = Site::rows_of(site_, units);
+  std::string out;
+  if (rows.empty())
+    return out;
+  std::string const inner = links(rows, page), depth = std::to_string(level);
+  std::string const count = site_.number(rows.size());
+  gVltValues values;
+  values.set(V::items, inner).set(V::level, depth).set(V::count, count).set(V::title, count);
+  site_.rules.apply(gVltRule::overview, selector, values, out);
+  return out;
+}
+
+// What isn't meant for users stands behind what is.
 std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level) const {
+  int const head = page >= 0 ? site_.pages[page].first : -1;
+  bool const in_detail = head >= 0 && site_.is_detail(head);
+  bool const in_aside = head >= 0 && site_.is_aside(head);
+  std::vector<gRow> open, detail, aside;
+  for (gRow const & row : rows)
+    (!in_detail && site_.is_detail(row.unit) ? detail
+     : !in_aside && site_.is_aside(row.unit) ? aside
+                                             : open)
+        .push_back(row);
+  return plain_lists(open, page, level) + folded("detail", detail, page) +
+         folded("aside", aside, page);
+}
+
+std::string gOverview::folded(std::string_view selector, std::vector<gRow> const & rows,
+                              int page) const {
+  std::string out;
+  if (rows.empty())
+    return out;
+  std::string const inner = items(rows, page), count = site_.number(rows.size());
+  site_.rules.apply(gVltRule::overview, selector,
+                    gVltValues().set(V::items, inner).set(V::count, count), out);
+  return out;
+}
+
+std::string gOverview::plain_lists(std::vector<gRow> const & rows, int page, int level) const {
   std::map<std::size_t, std::size_t> group_of;
   std::vector<std::vector<gRow>> groups;
   for (gRow const & row : rows) {
@@ -211,6 +277,13 @@ std::string gOverview::items(std::span<gRow const> rows, int page, bool kinds) c
   return out;
 }
 
+std::string gOverview::links(std::span<gRow const> rows, int page) const {
+  std::string out;
+  for (gRow const & row : rows)
+    add_item(row, page, true, {}, out);
+  return out;
+}
+
 std::string gOverview::list(std::vector<gRow> const & rows, int page, int level,
                             bool titled) const {
   std::string const inner = items(rows, page, !titled);
@@ -227,7 +300,7 @@ std::string gOverview::list(std::vector<gRow> const & rows, int page, int level,
 }
 
 void gOverview::add_item(gRow const & row, int page, bool kinds, std::string const & id,
-                         std::string & out, std::string const & signature) const {
+                         std::string & out, std::string const & signature, bool again) const {
   gUnitRecord const & record = site_.unit(row.unit);
   std::string const to = site_.addresses.href(row.unit, page);
   std::string const text = Html::escaped(Site::contents_title(record));
@@ -244,6 +317,8 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
     values.set(V::kind, what.word).set(V::kind_class, what.css);
   values.set(V::number, number).set(V::count, same).set(V::id, id);
   values.set(V::named, Site::is_named(record) ? "1" : "").set(V::signature, signature);
+  values.set(V::mark, again ? "1" : "");
+  values.set(V::deprecated, record.facts.has_mark("deprecated") ? "1" : "");
   if (!signature.empty() && record.facts.access != "public")
     values.set(V::access, record.facts.access);
   site_.rules.apply(gVltRule::overview_item, what.selector, values, out);

@@ -13,7 +13,14 @@ using V = gVltValue;
 void gPageWriter::write(gPageFrame const & frame) {
   std::string const whole = Html::escaped(site_.title), own = Html::escaped(frame.title);
   std::string const name = Html::escaped(site_.document.name);
-  std::string_view const root = frame.file.find('/') == std::string::npos ? "" : "../";
+  std::string const root = !frame.root.empty()                         ? Html::escaped(frame.root)
+                           : frame.file.find('/') == std::string::npos ? ""
+                                                                       : "../";
+  std::string const summary =
+      Html::escaped(frame.summary.empty() ? site_.description : frame.summary);
+  std::string const version = Html::escaped(site_.version);
+  std::string const address =
+      site_.address.empty() || !frame.root.empty() ? "" : Html::escaped(site_.address + frame.file);
   gVltValues values;
   values.set(V::doc_title, whole).set(V::page_title, own).set(V::root, root).set(V::name, name);
   values.set(V::crumbs, frame.crumbs).set(V::contents, frame.contents);
@@ -22,6 +29,7 @@ void gPageWriter::write(gPageFrame const & frame) {
   values.set(V::next, frame.next.href).set(V::next_title, frame.next.title);
   values.set(V::head_left, frame.head_left).set(V::head_right, frame.head_right);
   values.set(V::foot_left, frame.foot_left).set(V::foot_right, frame.foot_right);
+  values.set(V::summary, summary).set(V::version, version).set(V::address, address);
   values.set(V::style, frame.style).set(V::href, frame.file);
   values.set(V::kind, frame.kind).set(V::kind_class, frame.kind_class);
   text_.clear();

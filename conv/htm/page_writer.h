@@ -2,6 +2,7 @@
 #pragma once
 
 #include "conv/conversion.h"
+#include "conv/htm/colours.h"
 #include "conv/htm/navigation.h"
 
 // Finished texts, but for the title.
@@ -13,6 +14,8 @@ struct gPageFrame {
   gNeighbour previous, next;
   std::string head_left, head_right, foot_left, foot_right;
   std::string kind, kind_class;
+  std::string summary; // plain text
+  std::string root;    // the folder of the start page, if it isn't told by the file's own
 };
 
 class gPageWriter {
@@ -32,8 +35,13 @@ private:
 // What the converter makes beside the pages of units.
 namespace Pages {
 
-void write_start(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
+// `text`: a file in Markdown that belongs to the sources; empty for none.
+void write_start(gPageWriter & writer, gSite & site, gColours const & colours,
+                 gPathstring const & text, gNavigation const & navigation,
                  gContents const & contents);
+// What only a server needs: a map of the site and a page for addresses that aren't there. Nothing
+// if the address of the site isn't known.
+void write_for_servers(gConversion & conversion, gPageWriter & writer, gSite const & site);
 void write_contents(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
                     gContents const & contents);
 // Pages in the place of addresses that several pages could have.

@@ -14,8 +14,12 @@ public:
 
   // Numbers of units in the order of the document; none for a unit that is no scope of this kind.
   std::span<int const> of(int unit) const;
+  // Of a template: the classes and functions that it has for some arguments.
+  std::span<int const> specialisations(int unit) const;
 
 private:
   gSite const & site_;
-  std::unordered_map<std::string_view, std::vector<int>> within_; // by the names of the scopes
+  using gUnits = std::unordered_map<std::string_view, std::vector<int>>;
+  gUnits within_;          // by the names of the scopes
+  gUnits specialisations_; // by the names of the templates
 };

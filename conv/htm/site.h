@@ -4,6 +4,7 @@
 #include "conv/htm/addresses.h"
 #include "conv/htm/pages.h"
 #include "conv/htm/source_addresses.h"
+#include "conv/set/inheritance.h"
 #include "conv/set/kinds.h"
 
 struct gSite {
@@ -16,6 +17,12 @@ struct gSite {
   }
   // A number for readers, such as "12,345".
   std::string number(std::size_t value) const;
+  // It stands in a scope, or is one, whose name says that it isn't meant for users.
+  bool is_detail(int unit) const { return detail_[static_cast<std::size_t>(unit)] == 'd'; }
+  // Its source lies in a folder of tests, examples or other people's code.
+  bool is_aside(int unit) const { return detail_[static_cast<std::size_t>(unit)] == 'a'; }
+  // Its own or, if a method has none, that of what it replaces.
+  std::string_view summary_of(int unit) const;
   // The unit that a page begins with.
   gUnitRecord const & head(int page) const { return unit(pages[page].first); }
 
@@ -23,14 +30,21 @@ struct gSite {
   gVltRules const & rules;
   std::string title;         // of the whole; plain text
   std::string editor_scheme; // address by which a source opens in an editor; may be empty
+  std::string version, description;
+  std::string address; // where the pages will stand, with a "/" at its end; empty if not known
   gPages pages;
   gKinds kinds;
+  gInheritance inheritance;
   gSources sources;
   gSourceAddresses source_addresses;
   gAddresses addresses;
 
 private:
+  void note_details();
+  void note_asides();
+
   std::string thousands_;
+  std::string detail_; // by unit: 'd', 'a' or a blank
 };
 
 // Neighbours that a reader takes for one thing, such as overloads.

@@ -1,10 +1,17 @@
-// The start page: for each chapter how much there is, and the first things in it.
+// The start page: what its authors say, then for each chapter how much there is, and what matters
+// most in it.
 
 #include <algorithm>
 
+#include "conv/htm/htm_setter.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/overview.h"
 #include "conv/htm/page_writer.h"
+#include "conv/htm/scopes.h"
+#include "conv/set/markdown.h"
+#include "vlb/gfilesystem.h"
+#include "vlb/gmsghandler.h"
+#include "vlb/messages.h"
 
 namespace {
 
@@ -16,7 +23,8 @@ class gStartPage {
 public:
   gStartPage(gSite const & site, gContents const & contents)
       : site_(site),
-        overview_(site, contents) {}
+        overview_(site, contents),
+        scopes_(site) {}
 
   // Units with something below them are chapters; the others between them are listed.
   std::string items() const {
@@ -62,15 +70,30 @@ private:
     values.set(V::number, deeper).set(V::items, list).set(V::count, more);
     site_.rules.apply(gVltRule::chapter, values, out);
   }
-  // Those that something is said about come before the others, all in their order.
-  static std::vector<gRow> first_of(std::vector<gRow> const & rows) {
-    std::vector<gRow> first;
-    for (bool const described : {true, false})
-      for (gRow const & row : rows)
-        if (first.size() < samples && row.summary.empty() != described)
-          first.push_back(row);
-    std::ranges::sort(first, {}, &gRow::unit);
-    return first;
+  // How much there is to read about a thing, and how many build on it.
+  std::size_t weight_of(int unit) const {
+    if (site_.is_detail(unit) || site_.is_aside(unit))
+      return 0;
+    std::size_t weight = site_.unit(unit).summary.empty() ? 1 : 4;
+    weight += 2 * site_.inheritance.derived(unit).size();
+    auto const said = [&](int one) { return !site_.unit(one).summary.empty(); };
+    for (auto const units : {site_.pages.units().children(unit), scopes_.of(unit)})
+      weight += static_cast<std::size_t>(std::ranges::count_if(units, said));
+    return weight;
+  }
+  // What matters most, if not all of it is shown.
+  std::vector<gRow> first_of(std::vector<gRow> rows) const {
+    std::map<int, std::size_t> weights;
+    for (gRow const & row : rows)
+      weights[row.unit] = weight_of(row.unit);
+    if (std::ranges::any_of(weights, [](auto const & one) { return one.second > 0; }))
+      std::erase_if(rows, [&](gRow const & row) { return weights[row.unit] == 0; });
+    if (rows.size() <= samples)
+      return rows;
+    std::ranges::stable_sort(rows, std::ranges::greater(),
+                             [&](gRow const & row) { return weights[row.unit]; });
+    rows.resize(samples);
+    return rows;
   }
   // Such as "12 classes, 3 types".
   std::string counts_of(gCounts const & counts) const {
@@ -86,11 +109,39 @@ private:
 
   gSite const & site_;
   gOverview overview_;
+  gScopes scopes_;
 };
+
+// The text that belongs to the sources; empty without one.
+std::string text_of(gSite & site, gColours const & colours, gPathstring const & file) {
+  std::string text;
+  if (file.empty())
+    return text;
+  if (!gFileSystem::read_file(file, text)) {
+    Msg::log(Msg::cannot_read, file);
+    return {};
+  }
+  gHtmSetter setter(site, colours);
+  setter.begin_page(-1);
+  setter.begin_unit(-1, 1);
+  return setter.set(read_markdown(text).body);
+}
+
+// How much of what was found is explained, in percent.
+std::string share_of(gSite const & site) {
+  std::size_t all = 0, said = 0;
+  for (gUnitRecord const & unit : site.document.units) {
+    bool const counts = unit.facts.known && !unit.facts.kind.empty();
+    all += counts;
+    said += counts && !unit.summary.empty();
+  }
+  return all == 0 ? "" : std::to_string(said * 100 / all);
+}
 
 } // namespace
 
-void Pages::write_start(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
+void Pages::write_start(gPageWriter & writer, gSite & site, gColours const & colours,
+                        gPathstring const & text, gNavigation const & navigation,
                         gContents const & contents) {
   std::string const items = gStartPage(site, contents).items();
   std::string const tree = navigation.tree(-1);
@@ -101,12 +152,39 @@ void Pages::write_start(gPageWriter & writer, gSite const & site, gNavigation co
   values.set(V::title, title).set(V::items, items).set(V::contents, tree);
   values.set(V::count, units).set(V::number, pages);
   std::string const note = skipped_note(site, site.document.skipped.size());
-  values.set(V::text, note);
+  std::string const intro = text_of(site, colours, text), share = share_of(site);
+  values.set(V::text, note).set(V::body, intro).set(V::share, share);
   gPageFrame frame;
   frame.style = "start";
   frame.file = "index.htm";
   frame.contents = tree;
   frame.next = navigation.next(-1);
   site.rules.apply(gVltRule::start_page, values, frame.content);
+  writer.write(frame);
+}
+
+// Servers show it at any address, so its links name the whole way.
+void Pages::write_for_servers(gConversion & conversion, gPageWriter & writer, gSite const & site) {
+  if (site.address.empty())
+    return;
+  std::string items;
+  auto const add = [&](std::string const & file) {
+    std::string const href = Html::escaped(site.address + file);
+    site.rules.apply(gVltRule::sitemap_item, gVltValues().set(V::href, href), items);
+  };
+  add("index.htm");
+  for (int page = 0; page < site.pages.size(); ++page)
+    add(site.addresses.file(page));
+  std::string map;
+  site.rules.apply(gVltRule::sitemap, gVltValues().set(V::items, items), map);
+  conversion.write("sitemap.xml", map);
+  gPageFrame frame;
+  frame.style = "lost";
+  frame.file = "404.html";
+  frame.title = site.rules.setting("lost_title", "Page not found");
+  frame.root = site.address;
+  std::string const title = Html::escaped(frame.title), root = Html::escaped(site.address);
+  site.rules.apply(gVltRule::lost_page, gVltValues().set(V::title, title).set(V::root, root),
+                   frame.content);
   writer.write(frame);
 }

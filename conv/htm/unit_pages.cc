@@ -7,6 +7,8 @@
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
+#include "conv/htm/unit_head.h"
+#include "conv/set/enum_table.h"
 #include "conv/set/enumerators.h"
 
 namespace {
@@ -24,7 +26,7 @@ gNode const * find_source_link(gNodeList const & nodes) {
 
 // What a unit consists of, as finished texts.
 struct gUnitPages::gParts {
-  std::string title, subject, links, body, notes, source, editor;
+  std::string title, subject, links, body, relations, notes, source, editor;
 };
 
 gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const & navigation,
@@ -33,7 +35,9 @@ gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const
       setter_(site, colours),
       navigation_(navigation),
       overview_(site, contents),
+      relations_(site, setter_, overview_),
       scopes_(site),
+      includes_(site),
       places_(site) {
   for (gSkippedRecord const & one : site_.document.skipped)
     ++skipped_[one.scope];
@@ -56,6 +60,7 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.file = site_.addresses.file(page);
   frame.title = head.title;
   frame.kind = kind.word;
+  frame.summary = site_.summary_of(site_.pages[page].first);
   frame.kind_class = kind.css;
   for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit) {
     add_unit(unit, search, frame.content);
@@ -100,7 +105,7 @@ void gUnitPages::set_running_heads(gPageFrame & frame, int section) {
   setter_.set(record.foot_right, frame.foot_right);
 }
 
-void gUnitPages::set_parts(gUnitText const & text, gParts & parts) {
+void gUnitPages::set_parts(int number, gUnitText const & text, gParts & parts) {
   setter_.set(text.title, parts.title);
   setter_.set(text.subject, parts.subject);
   for (gNode const & node : text.body)
@@ -114,6 +119,8 @@ void gUnitPages::set_parts(gUnitText const & text, gParts & parts) {
         parts.editor = setter_.editor_href(source->param(0), source->param(1));
       }
     }
+  parts.body += relations_.borrowed(number, text.body);
+  parts.relations = relations_.of(number) + includes_.of(number);
   parts.notes = setter_.take_notes();
 }
 
@@ -133,7 +140,10 @@ std::string gUnitPages::overview_of(int unit, int level) {
   auto const within = scopes_.of(unit);
   if (!within.empty() && site_.pages.units().children(unit).empty())
     return overview_.within(within, site_.pages.of(unit), level);
-  return overview_.of(unit, level, [this](int member) { return setter_.signature_of(member); });
+  return overview_.of(unit, level, [this](int member) { return setter_.signature_of(member); }) +
+         relations_.inherited(unit, level) +
+         overview_.group("specialisation", scopes_.specialisations(unit), site_.pages.of(unit),
+                         level);
 }
 
 // The anchor of a unit, none of one that begins a page.
@@ -141,21 +151,34 @@ std::string gUnitPages::place_of(int unit) const {
   return site_.pages.begins(unit) ? std::string() : std::string(site_.addresses.anchor(unit));
 }
 
+// Each value of an enumeration is found by itself, where it stands in the table.
+void gUnitPages::add_values(int unit, gSearchIndex & search) {
+  gUnitRecord const & record = site_.unit(unit);
+  for (gValueFact const & value : record.facts.values)
+    search.add_value({unit, value.name, setter_.made_anchor(value.name), {}});
+  if (record.facts.values.empty())
+    for (gEnumerator & value : Declaration::enumerators_of(record))
+      search.add_value({unit, std::move(value.name), place_of(unit), {}});
+}
+
 void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
-  gUnitText const text = site_.document.text_of(unit);
+  gUnitText text = site_.document.text_of(unit);
   search.add(unit, text.body);
-  for (gEnumerator & value : Declaration::enumerators_of(record))
-    search.add_value({unit, std::move(value.name), place_of(unit), {}});
+  EnumTable::set_into(record, site_.rules, true, text.body);
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.
   int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);
   setter_.begin_unit(unit, level);
   gParts parts;
-  set_parts(text, parts);
+  set_parts(unit, text, parts);
+  add_values(unit, search);
   add_place(unit);
+  gUnitHead const head = UnitHead::of(site_, setter_, unit, text);
   if (parts.title.empty())
     Html::escape(record.title, parts.title);
+  if (!head.title.empty())
+    parts.title = head.title;
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
   std::string const overview = overview_of(unit, std::min(level + 1, 6));
   std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
@@ -172,7 +195,12 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::style, style);
   values.set(V::name, name).set(V::scope, scope).set(V::title, parts.title);
   values.set(V::subject, parts.subject).set(V::links, parts.links).set(V::body, parts.body);
-  values.set(V::notes, parts.notes).set(V::overview, overview).set(V::summary, summary);
+  values.set(V::notes, parts.notes)
+      .set(V::relations, parts.relations)
+      .set(V::overview, overview)
+      .set(V::summary, summary);
+  values.set(V::include, head.include).set(V::condition, head.condition);
+  values.set(V::deprecated, head.deprecated).set(V::since, head.since);
   values.set(V::source, parts.source).set(V::editor, parts.editor).set(V::wintype, wintype);
   values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
   values.set(V::named, Site::is_named(record) ? "1" : "").set(V::target, plain);

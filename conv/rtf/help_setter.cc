@@ -7,6 +7,8 @@
 
 #include "conv/atc/unit_facts.h"
 #include "conv/rtf/rtf_marks.h"
+#include "conv/set/enum_table.h"
+#include "conv/set/relation_text.h"
 
 using V = gVltValue;
 
@@ -14,6 +16,7 @@ gHelpSetter::gHelpSetter(gDocument const & document, gVltRules const & rules, gK
                          gHelpContexts & contexts, gHelpKeywords const & keywords,
                          gHelpLooks const & looks)
     : gRtfSetter(document, rules, kinds, looks.text_width, looks.font_size),
+      inheritance_(document),
       contexts_(contexts),
       keywords_(keywords),
       looks_(looks) {}
@@ -23,6 +26,8 @@ gUnitText gHelpSetter::begin(int unit) {
   entries_.clear();
   last_place_ = contexts_.of_unit(unit);
   gUnitText text = document().text_of(unit);
+  EnumTable::set_into(document().units[static_cast<std::size_t>(unit)], rules(), false, text.body);
+  RelationText::set_into(document(), inheritance_, rules(), unit, text.body);
   for (gNodeList * const nodes : {&text.toc_title, &text.title, &text.subject, &text.body})
     settle(*nodes);
   Rtf::sink_marks(text.body);

@@ -8,6 +8,8 @@
 
 #include "conv/rtf/rtf_marks.h"
 #include "conv/rtf/rtf_text.h"
+#include "conv/set/enum_table.h"
+#include "conv/set/relation_text.h"
 
 namespace {
 
@@ -36,6 +38,7 @@ gRtfDocument::gRtfDocument(gConversion & conversion, gRtfTemplate & style)
       style_(style),
       kinds_(document_, rules_),
       sources_(document_),
+      inheritance_(document_),
       setter_(document_, rules_, kinds_, style.text_width(), style.font_size(),
               conversion.input().index_separator, conversion.input().index_place_holder),
       heads_differ_(running_heads_differ()),
@@ -103,6 +106,8 @@ void gRtfDocument::add_unit(int unit, std::string & out) {
   conversion_.progress(static_cast<std::size_t>(unit), document_.units.size());
   gUnitRecord const & record = document_.units[static_cast<std::size_t>(unit)];
   gUnitText text = document_.text_of(unit);
+  EnumTable::set_into(record, rules_, false, text.body);
+  RelationText::set_into(document_, inheritance_, rules_, unit, text.body);
   bool const titled = !text.title.empty();
   mark_unit(unit, text);
   setter_.begin_unit(unit, titled ? record.level : record.level - 1);

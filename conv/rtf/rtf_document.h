@@ -8,6 +8,7 @@
 #include "conv/rtf/rtf_setter.h"
 #include "conv/rtf/rtf_template.h"
 #include "conv/set/index_lines.h"
+#include "conv/set/inheritance.h"
 #include "conv/set/sources.h"
 
 class gRtfDocument {
@@ -38,6 +39,7 @@ private:
   gRtfTemplate & style_;
   gKinds const kinds_;
   gSources const sources_;
+  gInheritance const inheritance_;
   gRtfSetter setter_;
   bool heads_differ_;
   int contents_levels_;

@@ -151,10 +151,15 @@ void gSetter::set_hierarchy(gNode const & node, std::string & out) {
   std::string const place = all > short_hierarchy ? hierarchy_place(node) : std::string();
   std::size_t const most = place.empty() ? long_hierarchy : short_hierarchy;
   std::string const steps = set_steps(node.children, most);
+  std::string const shapes =
+      hierarchy_drawing(all > most ? Hierarchy::nearest(node.children, most) : node.children);
   std::string const count = all > most ? std::to_string(all) : std::string();
   gVltValues values;
   values.set(gVltValue::items, steps).set(gVltValue::href, place);
-  values.set(gVltValue::number, count);
+  std::string const whole = std::to_string(all);
+  values.set(gVltValue::number, count).set(gVltValue::count, whole);
+  values.set(gVltValue::drawing, shapes);
+  values.set(gVltValue::mark, all >= folded_hierarchy ? "1" : "");
   rules_.apply(gVltRule::hierarchy, values, out);
 }
 
@@ -171,6 +176,10 @@ std::string gSetter::set_steps(gNodeList const & steps, std::size_t most) {
 }
 
 std::string gSetter::hierarchy_place(gNode const &) {
+  return {};
+}
+
+std::string gSetter::hierarchy_drawing(gNodeList const &) {
   return {};
 }
 

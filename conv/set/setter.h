@@ -68,6 +68,8 @@ protected:
   // The address of a page with more of a large hierarchy than fits among other things; empty if the
   // target has no such pages.
   virtual std::string hierarchy_place(gNode const & node);
+  // The same steps as a picture; empty if the target has none.
+  virtual std::string hierarchy_drawing(gNodeList const & steps);
   virtual void set_index_entry(gNode const & node, std::string & out);
   virtual void set_block(gNode const & node, std::string & out);
   // An item of a list: its text, and what has to stand below it. HTML has items with all in them.
@@ -82,6 +84,8 @@ protected:
   // Classes that a hierarchy shows among other things if it has a page of its own, and on that page
   // or without one.
   static constexpr std::size_t short_hierarchy = 60, long_hierarchy = 500;
+  // From so many on a reader asks for it.
+  static constexpr std::size_t folded_hierarchy = 12;
   // The tree of a hierarchy, or what is nearest to its class if there are more steps than `most`.
   std::string set_steps(gNodeList const & steps, std::size_t most);
   void set_node(gNode const & node, std::string & out);

@@ -11,18 +11,21 @@ using enum gVltValue;
 using Values = std::span<gVltValue const>;
 
 constexpr std::string_view value_names[] = {
-    "text",       "title",      "items",      "name",           "style",
-    "href",       "target",     "id",         "aliases",        "path",
-    "line",       "editor",     "level",      "number",         "count",
-    "width",      "columns",    "mark",       "current",        "open",
-    "member",     "named",      "virtual",    "access",         "label",
-    "kind",       "kind_class", "subject",    "links",          "body",
-    "notes",      "overview",   "summary",    "signature",      "scope",
-    "source",     "doc_title",  "page_title", "root",           "crumbs",
-    "contents",   "on_page",    "previous",   "previous_title", "next",
-    "next_title", "content",    "head_left",  "head_right",     "foot_left",
-    "foot_right", "key",        "second_key", "before",         "between",
-    "after",      "context",    "keywords",   "browse",         "wintype"};
+    "text",           "title",      "items",      "name",      "style",
+    "href",           "target",     "id",         "aliases",   "path",
+    "line",           "editor",     "level",      "number",    "count",
+    "width",          "columns",    "mark",       "current",   "open",
+    "member",         "named",      "virtual",    "access",    "label",
+    "kind",           "kind_class", "subject",    "links",     "body",
+    "notes",          "overview",   "summary",    "signature", "relations",
+    "scope",          "source",     "include",    "condition", "deprecated",
+    "since",          "x",          "y",          "height",    "to_x",
+    "to_y",           "middle",     "drawing",    "doc_title", "page_title",
+    "root",           "crumbs",     "contents",   "on_page",   "previous",
+    "previous_title", "next",       "next_title", "content",   "head_left",
+    "head_right",     "foot_left",  "foot_right", "version",   "address",
+    "share",          "key",        "second_key", "before",    "between",
+    "after",          "context",    "keywords",   "browse",    "wintype"};
 static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
@@ -42,19 +45,39 @@ constexpr gVltValue row_values[] = {items, mark, number, columns, count};
 constexpr gVltValue cell_values[] = {text, mark, width, number, count};
 constexpr gVltValue step_values[] = {
     text, href, level, access, gVltValue::is_virtual, label, target, context, number, items, width};
+constexpr gVltValue drawing_values[] = {x,
+                                        y,
+                                        width,
+                                        height,
+                                        to_x,
+                                        to_y,
+                                        middle,
+                                        id,
+                                        title,
+                                        links,
+                                        items,
+                                        count,
+                                        text,
+                                        name,
+                                        href,
+                                        access,
+                                        gVltValue::is_virtual};
+constexpr gVltValue hierarchy_values[] = {items, href, number, count, drawing, mark, text, context};
 constexpr gVltValue unit_values[] = {
-    id,     aliases, level,    kind,    kind_class, style,  name,    title, subject, links,
-    body,   notes,   overview, source,  member,     path,   line,    href,  scope,   summary,
-    editor, wintype, number,   context, keywords,   browse, content, named, target};
+    relations,  include, condition, deprecated, since,   id,    aliases, level,  kind,
+    kind_class, style,   name,      title,      subject, links, body,    notes,  overview,
+    source,     member,  path,      line,       href,    scope, summary, editor, wintype,
+    number,     context, keywords,  browse,     content, named, target};
 constexpr gVltValue page_values[] = {
-    doc_title, page_title, root,    crumbs,    contents,   on_page,   previous,   previous_title,
-    next,      next_title, content, head_left, head_right, foot_left, foot_right, title,
-    kind,      kind_class, id,      style,     number,     count,     text,       items,
-    name,      path,       href,    columns,   mark,       subject};
+    doc_title,      page_title, root,       crumbs,     contents,  on_page,    previous,
+    previous_title, next,       next_title, content,    head_left, head_right, foot_left,
+    foot_right,     title,      kind,       kind_class, id,        style,      number,
+    count,          text,       items,      name,       path,      href,       columns,
+    mark,           subject,    version,    address,    share,     summary,    body};
 constexpr gVltValue place_values[] = {
-    href,    title,   text,   items,  kind,  kind_class, level, current, open,
-    count,   summary, scope,  number, id,    path,       line,  name,    source,
-    context, target,  member, mark,   named, signature,  access};
+    href,    title,   text,   items,  kind,  kind_class, level,  current,   open,
+    count,   summary, scope,  number, id,    path,       line,   name,      source,
+    context, target,  member, mark,   named, signature,  access, deprecated};
 constexpr gVltValue index_values[] = {id,     title,   items, key,   second_key,
                                       before, between, after, href,  number,
                                       text,   target,  kind,  count, mark};
@@ -108,16 +131,24 @@ constexpr Row rows[] = {
     {"table", true, table_values},
     {"row", true, row_values},
     {"cell", true, cell_values},
-    {"hierarchy", false, step_values},
+    {"hierarchy", false, hierarchy_values},
     {"hierarchy_page", false, page_values},
+    {"drawing", false, drawing_values},
+    {"drawn_line", false, drawing_values},
+    {"drawn_box", true, drawing_values},
     {"step", true, step_values},
     {"notes", false, list_values},
     {"note", true, note_values},
     {"unit", true, unit_values},
+    {"include", true, place_values},
     {"kind", true, inline_values},
     {"kinds", true, place_values},
     {"overview", true, place_values},
     {"overview_item", true, place_values},
+    {"inherited", false, place_values},
+    {"relation", true, place_values},
+    {"relation_item", false, place_values},
+    {"borrowed", false, place_values},
     {"page", false, page_values},
     {"crumb", false, place_values},
     {"crumb_here", false, place_values},
@@ -141,6 +172,9 @@ constexpr Row rows[] = {
     {"colour", true, inline_values},
     {"name_link", false, reference_values},
     {"own_name", false, reference_values},
+    {"sitemap", false, page_values},
+    {"sitemap_item", false, place_values},
+    {"lost_page", false, page_values},
     {"similar_page", false, page_values},
     {"similar_item", false, place_values},
     {"skipped_page", false, page_values},

@@ -45,8 +45,21 @@ enum class gVltValue : unsigned char {
   overview,   // the list of the units below it
   summary,    // one line about a unit
   signature,  // its declaration in one line, with links
+  relations,  // what it replaces and what replaces it
   scope,      // what its name stands in, such as "boost::asio"
   source,     // a link to its source; empty if there is none
+  include,    // how the code of a user names what it has to take in for it
+  condition,  // of the preprocessor; empty if it is always there
+  deprecated, // "1" if it is
+  since,      // the version that has it first
+  // Drawings: places in pixels
+  x,
+  y,
+  height,
+  to_x, // where a line ends
+  to_y,
+  middle,  // halfway to the end of a line or of a box
+  drawing, // a hierarchy as a picture
   // Pages and documents
   doc_title,      // of the whole documentation
   page_title,     // of the page
@@ -63,6 +76,9 @@ enum class gVltValue : unsigned char {
   head_right,     //
   foot_left,      //
   foot_right,     //
+  version,        // of what is documented
+  address,        // of the page on its server; empty if that isn't known
+  share,          // how many percent have a text
   // The index
   key,        // the first key
   second_key, //
@@ -125,15 +141,23 @@ enum class gVltRule : unsigned char {
   cell,
   hierarchy,
   hierarchy_page,
+  drawing,
+  drawn_line,
+  drawn_box /* by role, as of a step */,
   step /* by role: base, this, child */,
   notes,
   note,
   // Units
-  unit,  // by style
-  kind,  // by style: the word for what such a unit is
-  kinds, // by style: several such units, with their number
+  unit,    // by style
+  include, // by language: how code takes in what a unit declares
+  kind,    // by style: the word for what such a unit is
+  kinds,   // by style: several such units, with their number
   overview,
   overview_item,
+  inherited,     // members of a base
+  relation,      // by what it is: overrides, implements, overridden, implemented
+  relation_item, // one of the methods
+  borrowed,      // the text of a base in the place of an own one
   // Pages
   page,
   crumb,
@@ -158,6 +182,9 @@ enum class gVltRule : unsigned char {
   colour,    // by what it is: keyword, comment, string, number, directive
   name_link, // a known name in a declaration
   own_name,  // in a signature: the name of what is declared
+  sitemap,
+  sitemap_item,
+  lost_page, // for addresses that aren't there
   similar_page,
   similar_item,
   skipped_page,

@@ -77,7 +77,7 @@
   const start_scrolling = () => {
     const observer = new ResizeObserver((entries) => {
       for (const { target } of entries)
-        if (target.scrollWidth > target.clientWidth) target.tabIndex = 0;
+        if (target.scrollWidth > target.clientWidth || target.scrollHeight > target.clientHeight) target.tabIndex = 0;
         else target.removeAttribute("tabindex");
     });
     for (const block of $$("pre, .scroll, .tree-lines")) observer.observe(block);
@@ -157,6 +157,28 @@
     }
   };
 
+  // ---- Only what has a text
+
+  const start_filter = () => {
+    const first = $("main .overview:not(details)");
+    const rows = $$("main .rows > li");
+    const bare = rows.filter((row) => row.classList.contains("bare"));
+    if (!first || bare.length < 4 || bare.length === rows.length) return;
+    const box = make("input", { type: "checkbox", checked: store.get("bare") === "hidden" });
+    const hide = () => {
+      root.dataset.bare = box.checked ? "hidden" : "";
+      for (const list of $$("main .overview:not(details)"))
+        list.hidden = box.checked && !$(".rows > li:not(.bare)", list);
+    };
+    box.addEventListener("change", () => {
+      store.set("bare", root.dataset.bare === "hidden" ? "" : "hidden");
+      hide();
+    });
+    first.before(make("label", { className: "filter" }, box,
+      `Documented only (hides ${bare.length} of ${rows.length})`));
+    hide();
+  };
+
   // ---- Where the reader is
 
   const start_places = () => {
@@ -234,6 +256,7 @@
     start_theme();
     start_copying();
     start_scrolling();
+    start_filter();
     addEventListener("resize", start_scrolling);
     start_drawers();
     start_places();

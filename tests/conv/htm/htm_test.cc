@@ -155,6 +155,8 @@ protected:
     htm["out_dir"] = cat::make(gString(folder_.path("out/htm")));
     htm["cur_vlt"] = cat::make(gString(script));
     htm["cur_helpers_dir"] = cat::make(gString(source + "htm_helpers"));
+    for (char const * key : {"start_text", "site_url", "version"})
+      htm[key] = cat::make(gString(htm_[key]));
     Htm::make_manual(Vapp::conversion_input("htm"));
   }
   std::string file(std::string const & name) const { return folder_.read("out/htm/" + name); }
@@ -165,12 +167,34 @@ protected:
            std::to_string(line) + "><" + label + ">\n@bkmk<" + label + ">\n@xe<" + label + "><><" +
            name + "><><><>\n@hdline{" + name + "}\n@text\n" + content + "\n@end\n";
   }
+  // The same with what its reader knew; `more` are further lines of that and, behind "\n\n", text.
+  std::string known(int level, std::string const & kind, std::string const & name,
+                    std::string const & last, std::string const & marks,
+                    std::string const & declaration, std::string const & more = {}) {
+    auto const range = [](std::size_t begin, std::size_t end) {
+      return std::to_string(begin) + "-" + std::to_string(end);
+    };
+    std::size_t const at = declaration.find(last), colon = declaration.find(" : ");
+    std::size_t const cut = std::min(more.find("\n\n"), more.size());
+    std::string text = unit(level, name, path_, ++line_,
+                            "@subentry<1> @b_verbatim\n" + declaration + "\n@e_verbatim\n" +
+                                (cut < more.size() ? more.substr(cut + 2) : ""));
+    return text.insert(text.find("@bkmk"),
+                       "@_facts<" + kind + "><" + name + "><" + last + "><public><" + marks +
+                           "><" + condition_ + "><1><9><" + std::to_string(declaration.size()) +
+                           "><" + range(at, at + last.size()) + ",,," +
+                           (colon == declaration.npos ? "" : range(colon + 3, declaration.size())) +
+                           ",>\n" + more.substr(0, cut) + (cut > 0 ? "\n" : ""));
+  }
   static std::string link(std::string const & path, int line) {
     return "@b_ll\n@macro<srclink><" + path + "><" + std::to_string(line) + ">{Source}\n@e_ll\n";
   }
 
   TempFolder folder_;
   TestOutside outside_;
+  std::string path_ = "/x/a.h", condition_; // of the units that are known
+  int line_ = 0;
+  std::map<std::string, std::string> htm_; // options of the target
 };
 
 } // namespace
@@ -219,19 +243,6 @@ TEST_F(HtmSite, OverloadsAreOneRowAndEmptyHeadingsNone) {
 // Signs that touch a name, such as those of operators and destructors, must neither be lost nor cut
 // the link; a class of another namespace must not appear in this one.
 TEST_F(HtmSite, MembersShowSignaturesAndNamespacesWhatTheyHold) {
-  int line = 0;
-  auto const known = [&](int level, std::string const & kind, std::string const & name,
-                         std::string const & last, std::string const & marks,
-                         std::string const & declaration) {
-    std::size_t const at = declaration.find(last);
-    std::string const range = std::to_string(at) + "-" + std::to_string(at + last.size());
-    std::string text = unit(level, name, "/x/a.h", ++line,
-                            "@subentry<1> @b_verbatim\n" + declaration + "\n@e_verbatim\n");
-    return text.insert(text.find("@bkmk"), "@_facts<" + kind + "><" + name + "><" + last +
-                                               "><public><" + marks + "><><1><9><" +
-                                               std::to_string(declaration.size()) + "><" + range +
-                                               ",,,,>\n");
-  };
   convert(known(2, "namespace", "n", "n", "", "namespace n") +
           known(2, "namespace", "m", "m", "", "namespace m") +
           known(2, "class", "m::Q", "Q", "", "class Q") +
@@ -253,6 +264,92 @@ TEST_F(HtmSite, MembersShowSignaturesAndNamespacesWhatTheyHold) {
   EXPECT_NE(file("n.htm").find("href=\"n.C.htm\""), std::string::npos) << file("n.htm");
   std::string const main = file("n.htm").substr(file("n.htm").find("<main"));
   EXPECT_EQ(main.substr(0, main.find("</main")).find("m.Q.htm"), std::string::npos) << main;
+}
+
+void expect_in_order(std::string const & page, std::vector<std::string> const & parts) {
+  std::size_t at = 0;
+  for (std::string const & part : parts) {
+    at = page.find(part, at);
+    ASSERT_NE(at, std::string::npos) << part << "\n" << page;
+  }
+}
+
+// Who opens an override without a text wants the text of its base, and to know that it is one; what
+// a class inherits must be found on its page, but a hidden member must not.
+TEST_F(HtmSite, ClassesTellWhatTheyHaveFromEachOther) {
+  std::string const steps = "@b_hierarchy\n@b_base\n@cref<main><L1><><0>{Base} "
+                            "@hieraprop<0><private><>{private}\n@e_base\n@thisclass\n"
+                            "@cref<main><L4><><1>{n::D}\n@e_hierarchy\n";
+  convert(known(2, "struct", "Base", "Base", "", "struct Base") +
+          known(3, "method", "Base::run", "run", "virtual", "virtual void run(int);",
+                "@_signature<(int)>\n\n@subentry<1> @subtitle{}\nRuns <fast>.\n") +
+          known(3, "method", "Base::stop", "stop", "", "void stop();", "@_signature<()>") +
+          known(2, "struct", "n::D", "D", "", "struct D : Base", "\n\n" + steps) +
+          known(3, "method", "n::D::run", "run", "override", "void run(int) override;",
+                "@_signature<(int)>"));
+  std::string const derived = file("n.D.htm"), base = file("Base.htm");
+  expect_in_order(derived, {"<svg", "class=\"private\"", "<a href=\"Base.htm\"><g", "Base</text>",
+                            "class=\"this\"", "Inherited from <code>Base</code>",
+                            "href=\"Base.htm#stop\"", "id=\"run\"", "Runs &lt;fast&gt;.",
+                            "Text of <a href=\"Base.htm#run\">", "Overrides <a href=\"Base.htm#run\">"});
+  EXPECT_EQ(derived.find("href=\"Base.htm#run\"><span"), std::string::npos) << "hidden";
+  expect_in_order(base, {"Runs &lt;fast&gt;", "Overridden in <a href=\"n.D.htm#run\">"});
+}
+
+// Values without a comment count, too; each can be linked to.
+TEST_F(HtmSite, EnumerationsAreTables) {
+  std::string const values = "@_value<red><><0>\n@_value<mask><red \\> 1><0>\n@_value<odd><f()><>";
+  convert(known(2, "enum class", "E", "E", "", "enum class E",
+                values + "\n\n@subentry<1> @subtitle{Values}\n@b_enum<>\n@enum @tt{red} Like "
+                         "blood.\n@e_enum\n") +
+          known(2, "enum", "F", "F", "", "enum F", "@_value<one><><1>"));
+  expect_in_order(file("E.htm"),
+                  {"<th scope=\"col\">Value", ">Number", ">Meaning", "id=\"b-red\"", "red</code>",
+                   "<td>0", "Like blood.", "id=\"b-mask\"", "red &gt; 1", "(0)", "id=\"b-odd\"",
+                   "f()"});
+  expect_in_order(file("F.htm"), {"Values", "id=\"b-one\"", "<td>1"});
+  EXPECT_EQ(file("F.htm").find("Meaning"), std::string::npos);
+}
+
+// Scopes, headers and warnings on the first screen; what isn't meant for users behind the rest.
+TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
+  path_ = "/x/include/lib/a.h";
+  condition_ = "defined(A\\>B)";
+  std::string units = known(2, "namespace", "n", "n", "", "namespace n") +
+                      known(2, "class", "n::T", "T", "deprecated", "class T",
+                            "\n\n@subentry<1> @subtitle{Since}\n2.1\n");
+  condition_.clear();
+  units += known(2, "class", "n::T<int>", "T<int>", "specialisation", "template<> class T<int>") +
+           known(2, "class", "n::detail::X", "X", "", "class X");
+  path_ = "/x/include/test/b.h";
+  units += known(2, "class", "n::Y", "Y", "", "class Y");
+  convert(units);
+  expect_in_order(file("n.T.htm"),
+                  {"<a href=\"n.htm\">n</a>::T</h1>", "deprecated</span>", "since 2.1</span>",
+                   "#include &lt;lib/a.h&gt;", "<code>defined(A&gt;B)</code>", "Specialisations",
+                   "href=\"n.T_int_.htm\""});
+  std::string const start = file("index.htm");
+  expect_in_order(start, {"n.T.htm", "Not meant for users", "n.detail.X.htm", "Tests, examples",
+                          "n.Y.htm"});
+}
+
+// What belongs to the sources is shown, but nothing of it may become a tag or a script of the page.
+TEST_F(HtmSite, StartPageShowsTheTextAndServersGetTheirFiles) {
+  htm_["start_text"] = folder_.write(
+      "README.md", "# Title\n\nA *good* `lib<T>` &amp; <script>bad()</script> [link](javascript:x)\n\n"
+                   "![badge](x.svg)\n\n## Use\n\n- one\n  - two\n\n```\nint a;\n```\n\n|a|b|\n|-|-|\n|1|2|\n");
+  htm_["site_url"] = "https://example.org/a\"b";
+  htm_["version"] = "<7>";
+  convert(unit(2, "A", "/x/a.h", 1, "About \"it\"."));
+  std::string const start = file("index.htm");
+  expect_in_order(start, {"&lt;7&gt;", "A <em>good</em>", "lib&lt;T&gt;", " &amp; ", "<h2", "Use",
+                          "<li>one", "<li>two", "a;", "<th", "<td>1"});
+  for (char const * none : {"bad()<", "javascript:", "badge", "<7>", "Title"})
+    EXPECT_EQ(start.find(none), std::string::npos) << none;
+  expect_in_order(file("A.htm"), {"content=\"About &quot;it&quot;.\"", "canonical",
+                                  "https://example.org/a&quot;b/A.htm"});
+  EXPECT_NE(file("sitemap.xml").find("a&quot;b/A.htm</loc>"), std::string::npos);
+  EXPECT_NE(file("404.html").find("a&quot;b/_files/style.css"), std::string::npos);
 }
 
 // A list of functions without end must not become one page; where it was one, its anchors stay.

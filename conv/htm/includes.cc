@@ -1,0 +1,150 @@
+// A name means the source whose path ends with it: the one in the folder of the source that says
+// so, else the only one. Of several none is sure.
+
+#include "conv/htm/includes.h"
+
+#include <algorithm>
+#include <span>
+
+#include "conv/htm/colours.h"
+#include "conv/htm/html_text.h"
+#include "vlb/gstring.h"
+#include "vlb/source_bytes.h"
+
+namespace {
+
+using V = gVltValue;
+
+constexpr std::size_t most = 40; // names of a list
+
+std::string_view trimmed_front(std::string_view text) {
+  std::size_t const first = text.find_first_not_of(" \t");
+  return first == text.npos ? std::string_view() : text.substr(first);
+}
+
+// "a/b/../c.h" as "a/c.h".
+std::string normal(std::string path) {
+  for (std::size_t at; (at = path.find("/../")) != path.npos && at > 0;) {
+    std::size_t const before = path.rfind('/', at - 1);
+    path.erase(before + 1, at + 4 - before - 1);
+  }
+  for (std::size_t at; (at = path.find("/./")) != path.npos;)
+    path.erase(at, 2);
+  return path;
+}
+
+} // namespace
+
+std::vector<std::string> Includes::names_in(std::string_view text) {
+  std::vector<std::string> names;
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t const end = std::min(text.find('\n', at), text.size());
+    std::string_view line = trimmed_front(text.substr(at, end - at));
+    at = end + 1;
+    if (!line.starts_with('#'))
+      continue;
+    line = trimmed_front(line.substr(1));
+    if (!line.starts_with("include"))
+      continue;
+    line = trimmed_front(line.substr(7));
+    char const close = line.starts_with('<') ? '>' : line.starts_with('"') ? '"' : '\0';
+    std::size_t const last = close == '\0' ? line.npos : line.find(close, 1);
+    if (last != line.npos && last > 1)
+      names.emplace_back(line.substr(1, last - 1));
+  }
+  return names;
+}
+
+gIncludes::gIncludes(gSite const & site) : site_(site) {
+  find_pages();
+  gPaths all;
+  for (auto const & [path, page] : pages_)
+    all.push_back(path);
+  std::ranges::sort(all);
+  for (std::string_view const path : all)
+    ends_[path.substr(path.rfind('/') + 1)].push_back(path);
+  for (std::string_view const path : all)
+    read(path);
+}
+
+// A heading is that of a source if all below it comes from there and it is its path.
+void gIncludes::find_pages() {
+  for (int i = 0; i < static_cast<int>(site_.document.units.size()); ++i) {
+    gUnitRecord const & unit = site_.unit(i);
+    if (unit.facts.known)
+      pages_.try_emplace(unit.path, -1);
+    if (unit.facts.known || site_.pages.of(i) < 0)
+      continue;
+    auto const below = site_.pages.units().children(i);
+    if (below.empty() || !site_.unit(below[0]).facts.known)
+      continue;
+    std::string_view const path = site_.unit(below[0]).path;
+    if (!unit.title.empty() && path.ends_with(unit.title)) {
+      pages_[path] = i;
+      paths_[i] = path;
+    }
+  }
+}
+
+void gIncludes::read(std::string_view path) {
+  std::string text;
+  if (gColours::language_of(path) == gLanguage::pascal ||
+      !Vlb::read_source(gPathstring(std::string(path)), text))
+    return;
+  for (std::string const & name : Includes::names_in(text)) {
+    std::string_view const other = meant(path, name);
+    gPaths & own = includes_[path];
+    if (other.empty() || other == path || std::ranges::find(own, other) != own.end())
+      continue;
+    own.push_back(other);
+    included_by_[other].push_back(path);
+  }
+}
+
+std::string_view gIncludes::meant(std::string_view from, std::string const & name) const {
+  auto const found = ends_.find(std::string_view(name).substr(name.rfind('/') + 1));
+  if (found == ends_.end())
+    return {};
+  std::string const beside = normal(std::string(from.substr(0, from.rfind('/') + 1)) + name);
+  std::string const end = normal('/' + name);
+  std::string_view only;
+  for (std::string_view const path : found->second) {
+    if (path == beside)
+      return path;
+    if (!path.ends_with(end))
+      continue;
+    if (!only.empty())
+      return {};
+    only = path;
+  }
+  return only;
+}
+
+void gIncludes::add(std::string_view what, gPaths const & paths, int page,
+                    std::string & out) const {
+  std::string items;
+  for (std::string_view const path : std::span(paths).first(std::min(most, paths.size()))) {
+    int const unit = pages_.at(path);
+    std::string const href = unit >= 0 ? site_.addresses.href(unit, page) : "";
+    std::string const title = Html::escaped(site_.sources.shown(path));
+    site_.rules.apply(gVltRule::relation_item, gVltValues().set(V::href, href).set(V::title, title),
+                      items);
+  }
+  std::string const more = paths.size() > most ? site_.number(paths.size() - most) : "";
+  site_.rules.apply(gVltRule::relation, what, gVltValues().set(V::items, items).set(V::count, more),
+                    out);
+}
+
+std::string gIncludes::of(int unit) const {
+  std::string out;
+  auto const path = paths_.find(unit);
+  if (path == paths_.end())
+    return out;
+  int const page = site_.pages.of(unit);
+  if (auto const found = includes_.find(path->second);
+      found != includes_.end() && !found->second.empty())
+    add("includes", found->second, page, out);
+  if (auto const found = included_by_.find(path->second); found != included_by_.end())
+    add("included", found->second, page, out);
+  return out;
+}

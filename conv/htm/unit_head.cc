@@ -1,0 +1,107 @@
+// Versions and warnings stand in subentries, which are known by the titles that the script tells.
+
+#include "conv/htm/unit_head.h"
+
+#include "conv/atc/qualified_name.h"
+#include "conv/htm/html_text.h"
+
+namespace {
+
+using V = gVltValue;
+
+bool is_scope(gUnitRecord const & unit) {
+  for (std::string_view const kind :
+       {"namespace", "module", "unit", "program", "library", "package"})
+    if (unit.facts.kind == kind)
+      return true;
+  return false;
+}
+
+// The plain text behind the title of a subentry; empty without one.
+std::string text_under(gNodeList const & body, std::string const & title) {
+  for (gNode const & node : body)
+    if (node.kind == gNodeKind::subentry && node.children.size() > 1 &&
+        node.children[0].kind == gNodeKind::title && plain_text(node.children[0].children) == title)
+      return plain_text({node.children.begin() + 1, node.children.end()});
+  return {};
+}
+
+// A name whose scopes have pages; empty if it has none of them.
+std::string linked_name(gSite const & site, gHtmSetter const & setter, int unit) {
+  gUnitRecord const & record = site.unit(unit);
+  std::string_view const name = record.name;
+  std::string_view const own = Atc::last_component(record);
+  if (record.title != record.name || own.size() == name.size() || !record.facts.known)
+    return {};
+  std::string out;
+  std::size_t begin = 0;
+  for (std::size_t at = 1; at <= name.size() - own.size(); ++at) {
+    std::size_t const separator = Atc::separator_before(name, at);
+    if (separator == 0)
+      continue;
+    std::string_view const scope = name.substr(0, at - separator);
+    int const found = site.document.find_word(unit, scope);
+    std::string const text = Html::escaped(name.substr(begin, at - separator - begin));
+    if (found >= 0 && site.unit(found).name == scope && site.pages.of(found) >= 0)
+      site.rules.apply(gVltRule::name_link,
+                       gVltValues().set(V::text, text).set(V::href, setter.link_to(found, {}).href),
+                       out);
+    else
+      out += text;
+    Html::escape(name.substr(at - separator, separator), out);
+    begin = at;
+  }
+  Html::escape(name.substr(begin), out);
+  return out;
+}
+
+std::string include_of(gSite const & site, gUnitRecord const & record) {
+  std::string out;
+  if (gColours::language_of(record.path) == gLanguage::pascal) {
+    std::string_view name = record.name;
+    std::string const unit = Html::escaped(name.substr(0, name.find('.')));
+    if (record.facts.kind != "unit" && name.find('.') != name.npos)
+      site.rules.apply(gVltRule::include, "pascal", gVltValues().set(V::name, unit), out);
+    return out;
+  }
+  std::string const path =
+      Html::escaped(UnitHead::include_path(record.path, site.sources.shown(record.path)));
+  if (!path.empty())
+    site.rules.apply(gVltRule::include, gVltValues().set(V::path, path).set(V::name, path), out);
+  return out;
+}
+
+} // namespace
+
+std::string_view UnitHead::include_path(std::string_view path, std::string_view shown) {
+  std::string const extension = Vlb::to_lower(path.substr(path.rfind('.') + 1));
+  bool const header =
+      extension.starts_with('h') || path.find('.', path.rfind('/') + 1) == path.npos;
+  if (!header)
+    return {};
+  constexpr std::string_view folder = "/include/";
+  std::size_t const at = path.rfind(folder);
+  return at == path.npos ? shown : path.substr(at + folder.size());
+}
+
+gUnitHead UnitHead::of(gSite const & site, gHtmSetter & setter, int unit, gUnitText const & text) {
+  gUnitRecord const & record = site.unit(unit);
+  gUnitHead head;
+  if (!record.facts.known || record.facts.kind.empty())
+    return head;
+  bool const begins = site.pages.begins(unit);
+  head.title = begins ? linked_name(site, setter, unit) : "";
+  if (begins && !is_scope(record))
+    head.include = include_of(site, record);
+  bool const said = !begins && record.parent >= 0 &&
+                    site.unit(record.parent).facts.condition == record.facts.condition;
+  if (!said)
+    head.condition = Html::escaped(record.facts.condition);
+  bool const told =
+      !text_under(text.body, site.rules.setting("deprecated_title", "Deprecated")).empty();
+  head.deprecated = told || record.facts.has_mark("deprecated") ? "1" : "";
+  std::string const since = text_under(text.body, site.rules.setting("since_title", "Since"));
+  constexpr std::size_t longest = 24; // more is a text, not a version
+  head.since = since.size() <= longest ? Html::escaped(since) : "";
+  return head;
+}
