@@ -202,20 +202,28 @@ void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
       out);
 }
 
-// Without what only a whole declaration has to say: the template head and the ";".
+// Without what only a whole declaration has to say: the template head and the ";", or "#define" and
+// a long value.
 std::string gHtmSetter::signature_of(int unit) {
   constexpr std::size_t longest = 320;
   gUnitRecord const & record = site_.unit(unit);
   gKnownFacts const & facts = record.facts;
   std::string_view text = record.declaration;
   if (facts.name.empty() || facts.size != text.size() || facts.name.end > text.size() ||
-      text.find('\n') != std::string_view::npos || text.starts_with('#'))
+      text.find('\n') != std::string_view::npos)
     return {};
   std::vector<std::string_view> const bound = Declaration::bound_names(text, facts);
   if (text.ends_with(';'))
     text.remove_suffix(1);
+  constexpr std::string_view define = "#define ";
+  constexpr std::size_t longest_value = 60;
+  bool const macro = text.starts_with(define);
+  std::size_t const end = std::max(facts.name.end, facts.parameters.end);
+  if (macro && text.size() - end > longest_value)
+    text = text.substr(0, end);
   std::size_t const head =
-      std::min(text.find_first_not_of(' ', facts.template_head.end), text.size());
+      macro ? define.size()
+            : std::min(text.find_first_not_of(' ', facts.template_head.end), text.size());
   if (text.size() - head > longest || head > facts.name.begin)
     return {};
   text.remove_prefix(head);

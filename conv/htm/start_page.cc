@@ -78,7 +78,7 @@ private:
     weight += 2 * site_.inheritance.derived(unit).size();
     auto const said = [&](int one) { return !site_.unit(one).summary.empty(); };
     for (auto const units : {site_.pages.units().children(unit), scopes_.of(unit)})
-      weight += static_cast<std::size_t>(std::ranges::count_if(units, said));
+      weight += static_cast<std::size_t>(std::ranges::count_if(units, said)) + units.size() / 4;
     return weight;
   }
   // What matters most, if not all of it is shown.
