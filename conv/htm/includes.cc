@@ -15,7 +15,8 @@ namespace {
 
 using V = gVltValue;
 
-constexpr std::size_t most = 40; // names of a list
+constexpr std::size_t most = 40;             // names of a list
+constexpr std::size_t most_looked_at = 1000; // sources that one includes
 
 std::string_view trimmed_front(std::string_view text) {
   std::size_t const first = text.find_first_not_of(" \t");
@@ -94,6 +95,8 @@ void gIncludes::read(std::string_view path) {
   for (std::string const & name : Includes::names_in(text)) {
     std::string_view const other = meant(path, name);
     gPaths & own = includes_[path];
+    if (own.size() > most_looked_at)
+      return;
     if (other.empty() || other == path || std::ranges::find(own, other) != own.end())
       continue;
     own.push_back(other);

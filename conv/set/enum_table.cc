@@ -11,6 +11,7 @@
 
 namespace {
 
+using gNames = std::unordered_map<std::string, std::string_view>;
 using gTexts = std::unordered_map<std::string_view, gNodeList>; // by the names of values
 
 gNode made(gNodeKind kind, gNodeList children = {}) {
@@ -46,10 +47,7 @@ gNodeList * begins_with_name(gNode & item, std::size_t & at) {
 }
 
 // Takes the texts out of a list; false, and nothing changes, if it is another one.
-bool take_texts(gNode & list, std::vector<gValueFact> const & values, gTexts & texts) {
-  std::unordered_map<std::string, std::string_view> names;
-  for (gValueFact const & value : values)
-    names.emplace(value.name, value.name);
+bool take_texts(gNode & list, gNames const & names, gTexts & texts) {
   std::size_t at = 0;
   for (gNode & item : list.children) {
     gNodeList const * const nodes = begins_with_name(item, at);
@@ -123,10 +121,13 @@ void EnumTable::set_into(gUnitRecord const & unit, gVltRules const & rules, bool
   if (values.empty())
     return;
   gTexts texts;
+  gNames names;
+  for (gValueFact const & value : values)
+    names.emplace(value.name, value.name);
   for (gNode & node : body)
     if (node.kind == gNodeKind::subentry)
       for (gNode & child : node.children)
-        if (child.kind == gNodeKind::enumeration && take_texts(child, values, texts)) {
+        if (child.kind == gNodeKind::enumeration && take_texts(child, names, texts)) {
           child = table_of(values, texts, rules, anchors);
           return;
         }

@@ -68,7 +68,7 @@ gInheritance::gInheritance(gDocument const & document) : document_(document) {
       add_bases(i, own->second);
     auto const around = classes_.find(unit(i).parent);
     if (around != classes_.end() && !unit(i).facts.signature.empty())
-      around->second.methods.emplace(key_of(i), i);
+      add_method(i, around->second);
   }
   for (int i = 0; i < static_cast<int>(document.units.size()); ++i)
     if (Class const * const one = find(i))
@@ -92,6 +92,11 @@ gInheritance::gInheritance(gDocument const & document) : document_(document) {
   }
   for (auto & [method, all] : overriders_)
     std::ranges::sort(all);
+}
+
+void gInheritance::add_method(int method, Class & one) {
+  one.methods.emplace(key_of(method), method);
+  one.namesakes.emplace(name_of(method), method);
 }
 
 gInheritance::Class const * gInheritance::find(int unit) const {
@@ -148,14 +153,17 @@ bool gInheritance::replaces(int method, int other) const {
 
 // The one virtual method of this name, -1 for none or several.
 int gInheritance::namesake_in(Class const & base, int method) const {
-  int found = -1;
-  std::string const name = name_of(method);
-  for (auto const & [key, other] : base.methods) {
-    if (!key.starts_with(name) || name_of(other) != name || !is_virtual(other))
+  constexpr int most_overloads = 64;
+  int found = -1, looked_at = 0;
+  auto const [first, last] = base.namesakes.equal_range(name_of(method));
+  for (auto at = first; at != last; ++at) {
+    if (++looked_at > most_overloads)
+      return -1;
+    if (!is_virtual(at->second))
       continue;
     if (found >= 0)
       return -1;
-    found = other;
+    found = at->second;
   }
   return found;
 }

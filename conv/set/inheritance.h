@@ -40,15 +40,16 @@ public:
 
 private:
   struct Class {
-    std::vector<int> bases, derived;                   // units
-    std::vector<int> shown_bases;                      // those whose members the class passes on
-    bool complete = true;                              // all of its bases are known
-    std::unordered_multimap<std::string, int> methods; // those with a signature, by name and it
+    std::vector<int> bases, derived; // units
+    std::vector<int> shown_bases;    // those whose members the class passes on
+    bool complete = true;            // all of its bases are known
+    // Methods with a signature, by their names with it and by their names alone.
+    std::unordered_multimap<std::string, int> methods, namesakes;
   };
   using Methods = std::unordered_map<int, std::vector<int>>;
 
   void add_bases(int unit, Class & one);
-  void add_methods(int unit, Class & one);
+  void add_method(int method, Class & one);
   void relate(Class const & one);
   bool replaces(int method, int other) const;
   int namesake_in(Class const & base, int method) const;
@@ -62,6 +63,5 @@ private:
 
   gDocument const & document_;
   std::unordered_map<int, Class> classes_;
-  std::vector<int> order_; // of classes_, bases in front of what is derived from them
   Methods overridden_, overriders_;
 };
