@@ -51,12 +51,12 @@ bool take_texts(gNode & list, gNames const & names, gTexts & texts) {
   std::size_t at = 0;
   for (gNode & item : list.children) {
     gNodeList const * const nodes = begins_with_name(item, at);
-    if (!nodes || !names.contains(plain_text({(*nodes)[at]})))
+    if (!nodes || !names.contains(plain_text(std::span(&(*nodes)[at], 1))))
       return false;
   }
   for (gNode & item : list.children) {
     gNodeList & nodes = *begins_with_name(item, at);
-    std::string_view const name = names.at(plain_text({nodes[at]}));
+    std::string_view const name = names.at(plain_text(std::span(&nodes[at], 1)));
     nodes.erase(nodes.begin(), nodes.begin() + static_cast<std::ptrdiff_t>(at) + 1);
     texts.try_emplace(name, std::move(item.children));
   }

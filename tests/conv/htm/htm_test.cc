@@ -288,7 +288,7 @@ TEST_F(HtmSite, ClassesTellWhatTheyHaveFromEachOther) {
           known(3, "method", "n::D::run", "run", "override", "void run(int) override;",
                 "@_signature<(int)>"));
   std::string const derived = file("n.D.htm"), base = file("Base.htm");
-  expect_in_order(derived, {"<svg", "class=\"private\"", "<a href=\"Base.htm\"><g", "Base</text>",
+  expect_in_order(derived, {"<svg", "class=\"private\"", "<a href=\"Base.htm\" aria-label=\"Base\"><g", "Base</text>",
                             "class=\"this\"", "Inherited from <code>Base</code>",
                             "href=\"Base.htm#stop\"", "id=\"run\"", "Runs &lt;fast&gt;.",
                             "Text of <a href=\"Base.htm#run\">", "Overrides <a href=\"Base.htm#run\">"});
