@@ -77,8 +77,8 @@ private:
   // Anchors on the page that texts have made, and how often each was asked for.
   std::unordered_map<std::string, int> taken_;
   std::unordered_map<std::string, std::string> made_; // anchors of the unit, by their bookmarks
-  int unit_level_ = 1, headline_level_ = 0; // of headings; the latter counts in the unit
-  int notes_done_ = 0;                      // on the page
+  int unit_level_ = 1, headline_level_ = 0;           // of headings; the latter counts in the unit
+  int notes_done_ = 0;                                // on the page
   std::string notes_;
   std::vector<gHeadline> headlines_;
 };

@@ -180,9 +180,9 @@ protected:
                             "@subentry<1> @b_verbatim\n" + declaration + "\n@e_verbatim\n" +
                                 (cut < more.size() ? more.substr(cut + 2) : ""));
     return text.insert(text.find("@bkmk"),
-                       "@_facts<" + kind + "><" + name + "><" + last + "><public><" + marks +
-                           "><" + condition_ + "><1><9><" + std::to_string(declaration.size()) +
-                           "><" + range(at, at + last.size()) + ",,," +
+                       "@_facts<" + kind + "><" + name + "><" + last + "><public><" + marks + "><" +
+                           condition_ + "><1><9><" + std::to_string(declaration.size()) + "><" +
+                           range(at, at + last.size()) + ",,," +
                            (colon == declaration.npos ? "" : range(colon + 3, declaration.size())) +
                            ",>\n" + more.substr(0, cut) + (cut > 0 ? "\n" : ""));
   }
@@ -288,10 +288,11 @@ TEST_F(HtmSite, ClassesTellWhatTheyHaveFromEachOther) {
           known(3, "method", "n::D::run", "run", "override", "void run(int) override;",
                 "@_signature<(int)>"));
   std::string const derived = file("n.D.htm"), base = file("Base.htm");
-  expect_in_order(derived, {"<svg", "class=\"private\"", "<a href=\"Base.htm\" aria-label=\"Base\"><g", "Base</text>",
-                            "class=\"this\"", "Inherited from <code>Base</code>",
-                            "href=\"Base.htm#stop\"", "id=\"run\"", "Runs &lt;fast&gt;.",
-                            "Text of <a href=\"Base.htm#run\">", "Overrides <a href=\"Base.htm#run\">"});
+  expect_in_order(derived,
+                  {"<svg", "class=\"private\"", "<a href=\"Base.htm\" aria-label=\"Base\"><g",
+                   "Base</text>", "class=\"this\"", "Inherited from <code>Base</code>",
+                   "href=\"Base.htm#stop\"", "id=\"run\"", "Runs &lt;fast&gt;.",
+                   "Text of <a href=\"Base.htm#run\">", "Overrides <a href=\"Base.htm#run\">"});
   EXPECT_EQ(derived.find("href=\"Base.htm#run\"><span"), std::string::npos) << "hidden";
   expect_in_order(base, {"Runs &lt;fast&gt;", "Overridden in <a href=\"n.D.htm#run\">"});
 }
@@ -303,10 +304,9 @@ TEST_F(HtmSite, EnumerationsAreTables) {
                 values + "\n\n@subentry<1> @subtitle{Values}\n@b_enum<>\n@enum @tt{red} Like "
                          "blood.\n@e_enum\n") +
           known(2, "enum", "F", "F", "", "enum F", "@_value<one><><1>"));
-  expect_in_order(file("E.htm"),
-                  {"<th scope=\"col\">Value", ">Number", ">Meaning", "id=\"b-red\"", "red</code>",
-                   "<td>0", "Like blood.", "id=\"b-mask\"", "red &gt; 1", "(0)", "id=\"b-odd\"",
-                   "f()"});
+  expect_in_order(file("E.htm"), {"<th scope=\"col\">Value", ">Number", ">Meaning", "id=\"b-red\"",
+                                  "red</code>", "<td>0", "Like blood.", "id=\"b-mask\"",
+                                  "red &gt; 1", "(0)", "id=\"b-odd\"", "f()"});
   expect_in_order(file("F.htm"), {"Values", "id=\"b-one\"", "<td>1"});
   EXPECT_EQ(file("F.htm").find("Meaning"), std::string::npos);
 }
@@ -329,15 +329,16 @@ TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
                    "#include &lt;lib/a.h&gt;", "<code>defined(A&gt;B)</code>", "Specialisations",
                    "href=\"n.T_int_.htm\""});
   std::string const start = file("index.htm");
-  expect_in_order(start, {"n.T.htm", "Not meant for users", "n.detail.X.htm", "Tests, examples",
-                          "n.Y.htm"});
+  expect_in_order(
+      start, {"n.T.htm", "Not meant for users", "n.detail.X.htm", "Tests, examples", "n.Y.htm"});
 }
 
 // What belongs to the sources is shown, but nothing of it may become a tag or a script of the page.
 TEST_F(HtmSite, StartPageShowsTheTextAndServersGetTheirFiles) {
   htm_["start_text"] = folder_.write(
-      "README.md", "# Title\n\nA *good* `lib<T>` &amp; <script>bad()</script> [link](javascript:x)\n\n"
-                   "![badge](x.svg)\n\n## Use\n\n- one\n  - two\n\n```\nint a;\n```\n\n|a|b|\n|-|-|\n|1|2|\n");
+      "README.md",
+      "# Title\n\nA *good* `lib<T>` &amp; <script>bad()</script> [link](javascript:x)\n\n"
+      "![badge](x.svg)\n\n## Use\n\n- one\n  - two\n\n```\nint a;\n```\n\n|a|b|\n|-|-|\n|1|2|\n");
   htm_["site_url"] = "https://example.org/a\"b";
   htm_["version"] = "<7>";
   convert(unit(2, "A", "/x/a.h", 1, "About \"it\"."));
