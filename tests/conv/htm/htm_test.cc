@@ -167,6 +167,9 @@ protected:
            std::to_string(line) + "><" + label + ">\n@bkmk<" + label + ">\n@xe<" + label + "><><" +
            name + "><><><>\n@hdline{" + name + "}\n@text\n" + content + "\n@end\n";
   }
+  static std::string protect(std::string const & text) {
+    return std::regex_replace(text, std::regex("[>,]"), "\\$&");
+  }
   // The same with what its reader knew; `more` are further lines of that and, behind "\n\n", text.
   std::string known(int level, std::string const & kind, std::string const & name,
                     std::string const & last, std::string const & marks,
@@ -180,9 +183,10 @@ protected:
                             "@subentry<1> @b_verbatim\n" + declaration + "\n@e_verbatim\n" +
                                 (cut < more.size() ? more.substr(cut + 2) : ""));
     return text.insert(text.find("@bkmk"),
-                       "@_facts<" + kind + "><" + name + "><" + last + "><public><" + marks + "><" +
-                           condition_ + "><1><9><" + std::to_string(declaration.size()) + "><" +
-                           range(at, at + last.size()) + ",,," +
+                       "@_facts<" + kind + "><" + protect(name) + "><" + protect(last) +
+                           "><public><" + marks + "><" + condition_ + "><1><9><" +
+                           std::to_string(declaration.size()) + "><" + range(at, at + last.size()) +
+                           ",,," +
                            (colon == declaration.npos ? "" : range(colon + 3, declaration.size())) +
                            ",>\n" + more.substr(0, cut) + (cut > 0 ? "\n" : ""));
   }
@@ -280,13 +284,14 @@ TEST_F(HtmSite, ClassesTellWhatTheyHaveFromEachOther) {
   std::string const steps = "@b_hierarchy\n@b_base\n@cref<main><L1><><0>{Base} "
                             "@hieraprop<0><private><>{private}\n@e_base\n@thisclass\n"
                             "@cref<main><L4><><1>{n::D}\n@e_hierarchy\n";
-  convert(known(2, "struct", "Base", "Base", "", "struct Base") +
-          known(3, "method", "Base::run", "run", "virtual", "virtual void run(int);",
-                "@_signature<(int)>\n\n@subentry<1> @subtitle{}\nRuns <fast>.\n") +
-          known(3, "method", "Base::stop", "stop", "", "void stop();", "@_signature<()>") +
-          known(2, "struct", "n::D", "D", "", "struct D : Base", "\n\n" + steps) +
-          known(3, "method", "n::D::run", "run", "override", "void run(int) override;",
-                "@_signature<(int)>"));
+  std::string units = known(2, "struct", "Base", "Base", "", "struct Base");
+  units += known(3, "method", "Base::run", "run", "virtual", "virtual void run(int);",
+                 "@_signature<(int)>\n\n@subentry<1> @subtitle{}\nRuns <fast>.\n");
+  units += known(3, "method", "Base::stop", "stop", "", "void stop();", "@_signature<()>");
+  units += known(2, "struct", "n::D", "D", "", "struct D : Base", "\n\n" + steps);
+  units += known(3, "method", "n::D::run", "run", "override", "void run(int) override;",
+                 "@_signature<(int)>");
+  convert(units);
   std::string const derived = file("n.D.htm"), base = file("Base.htm");
   expect_in_order(derived,
                   {"<svg", "class=\"private\"", "<a href=\"Base.htm\" aria-label=\"Base\"><g",
@@ -327,7 +332,7 @@ TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
   expect_in_order(file("n.T.htm"),
                   {"<a href=\"n.htm\">n</a>::T</h1>", "deprecated</span>", "since 2.1</span>",
                    "#include &lt;lib/a.h&gt;", "<code>defined(A&gt;B)</code>", "Specialisations",
-                   "href=\"n.T_int_.htm\""});
+                   "href=\"n.T-int.htm\""});
   std::string const start = file("index.htm");
   expect_in_order(
       start, {"n.T.htm", "Not meant for users", "n.detail.X.htm", "Tests, examples", "n.Y.htm"});
@@ -338,7 +343,8 @@ TEST_F(HtmSite, StartPageShowsTheTextAndServersGetTheirFiles) {
   htm_["start_text"] = folder_.write(
       "README.md",
       "# Title\n\nA *good* `lib<T>` &amp; <script>bad()</script> [link](javascript:x)\n\n"
-      "![badge](x.svg)\n\n## Use\n\n- one\n  - two\n\n```\nint a;\n```\n\n|a|b|\n|-|-|\n|1|2|\n");
+      "![badge](x.svg)\n\n## Use\n\n- one\n  - two\n\n```\nint "
+      "a;\n```\n\n|a|b|\n|---|---|\n|1|2|\n");
   htm_["site_url"] = "https://example.org/a\"b";
   htm_["version"] = "<7>";
   convert(unit(2, "A", "/x/a.h", 1, "About \"it\"."));
