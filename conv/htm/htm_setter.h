@@ -38,8 +38,6 @@ public:
   using gSetter::escape;
   void escape(std::string_view text, std::string & out) const override;
 
-  // The anchor of an index entry: its bookmark is made anew in each run, its key stays.
-  std::string const & entry_anchor(std::string const & label) const;
   // A link from the current page to a unit, or to an anchor on its page.
   gLinkEnd link_to(int unit, std::string_view place) const;
   std::string source_href(std::string_view path, std::string_view line) override;
@@ -56,7 +54,6 @@ protected:
   std::string hierarchy_place(gNode const & node) override;
 
 private:
-  void name_entries();
   std::string claim(std::string const & id);
   void set_declaration(std::string_view text, std::string & out);
   bool link_name(int from, std::string_view name, std::string & out);
@@ -64,7 +61,6 @@ private:
   gSite & site_;
   gColours const & colours_;
   std::string editor_;
-  std::unordered_map<std::string, std::string> entries_; // labels to anchors
   int page_ = -1;
   std::string_view root_; // from where links lead to the folder of the pages
   std::vector<gHierarchyPage> hierarchies_;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "conv/atc/qualified_name.h"
+#include "vlb/gmsghandler.h"
 
 namespace {
 
@@ -27,6 +28,8 @@ gSite::gSite(gDocument const & document, gVltRules const & rules, std::string ti
       sources(document),
       source_addresses(document, sources),
       addresses(document, pages, shown_paths(document, sources)),
+      entries(document, pages),
+      reports(Msg::log),
       thousands_(rules.setting("thousands", ",")) {}
 
 std::string gSite::number(std::size_t value) const {

@@ -27,27 +27,22 @@ struct gUnitPages::gParts {
   std::string title, subject, links, body, notes, source, editor;
 };
 
-gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const & navigation,
-                       gContents const & contents)
+gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & colours,
+                       gNavigation const & navigation, gContents const & contents,
+                       gScopes const & scopes)
     : site_(site),
+      writer_(conversion, site),
       setter_(site, colours),
       navigation_(navigation),
       overview_(site, contents),
-      scopes_(site),
+      scopes_(scopes),
       places_(site) {
+  setter_.report_to(made_.reports);
   for (gSkippedRecord const & one : site_.document.skipped)
     ++skipped_[one.scope];
 }
 
-void gUnitPages::write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search) {
-  auto const all = site_.document.units.size() + site_.source_addresses.sources();
-  for (int page = 0; page < site_.pages.size(); ++page) {
-    conversion.progress(static_cast<std::size_t>(site_.pages[page].first), all);
-    write_page(page, writer, search);
-  }
-}
-
-void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & search) {
+gMadePage gUnitPages::make(int page) {
   gUnitRecord const & head = site_.head(page);
   gKind const & kind = site_.kinds.of(site_.pages[page].first);
   setter_.begin_page(page);
@@ -58,8 +53,8 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.kind = kind.word;
   frame.kind_class = kind.css;
   for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit) {
-    add_unit(unit, search, frame.content);
-    write_hierarchies(unit, writer);
+    add_unit(unit, frame.content);
+    write_hierarchies(unit);
   }
   frame.crumbs =
       navigation_.crumbs(site_.pages.tree().parent(page), Site::contents_title(head), "");
@@ -68,10 +63,11 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.previous = navigation_.previous(page);
   frame.next = navigation_.next(page);
   set_running_heads(frame, head.section);
-  writer.write(frame);
+  writer_.write(frame);
+  return std::exchange(made_, gMadePage());
 }
 
-void gUnitPages::write_hierarchies(int unit, gPageWriter & writer) {
+void gUnitPages::write_hierarchies(int unit) {
   std::string const title = Html::escaped(site_.unit(unit).title);
   for (gHierarchyPage const & hierarchy : setter_.take_hierarchies()) {
     gPageFrame frame;
@@ -87,7 +83,7 @@ void gUnitPages::write_hierarchies(int unit, gPageWriter & writer) {
     values.set(V::title, title).set(V::items, hierarchy.items).set(V::href, href);
     values.set(V::count, shown).set(V::number, all);
     site_.rules.apply(gVltRule::hierarchy_page, values, frame.content);
-    writer.write(frame);
+    writer_.write(frame);
   }
 }
 
@@ -141,12 +137,15 @@ std::string gUnitPages::place_of(int unit) const {
   return site_.pages.begins(unit) ? std::string() : std::string(site_.addresses.anchor(unit));
 }
 
-void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
+void gUnitPages::enter_search(int unit, gNodeList body) {
+  gMadePage::Unit & found = made_.units.emplace_back(unit, std::move(body));
+  for (gEnumerator & value : Declaration::enumerators_of(site_.unit(unit)))
+    found.values.push_back({unit, std::move(value.name), place_of(unit), {}});
+}
+
+void gUnitPages::add_unit(int unit, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
-  gUnitText const text = site_.document.text_of(unit);
-  search.add(unit, text.body);
-  for (gEnumerator & value : Declaration::enumerators_of(record))
-    search.add_value({unit, std::move(value.name), place_of(unit), {}});
+  gUnitText text = site_.document.text_of(unit);
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.
   int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);
@@ -179,4 +178,5 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   site_.rules.apply(gVltRule::unit, record.style, values, out);
   if (auto const found = skipped_.find(record.name); begins_page && found != skipped_.end())
     out += Pages::skipped_note(site_, record.name.empty() ? 0 : found->second);
+  enter_search(unit, std::move(text.body));
 }
