@@ -67,6 +67,7 @@ void Vlb::gOrderedWork::State::run(unsigned worker) {
 Vlb::gOrderedWork::gOrderedWork(unsigned threads, std::size_t count, std::size_t window, Work work)
     : state_(std::make_unique<State>(count, window, std::move(work))) {
   State * const state = state_.get();
+  state->threads.reserve(threads);
   try {
     for (unsigned worker = 1; worker < threads && worker < count; ++worker)
       state->threads.emplace_back([state, worker] { state->run(worker); });
