@@ -9,6 +9,7 @@
 #include "vlb/gmsghandler.h"
 #include "vlb/gsrcfile.h"
 #include "vlb/messages.h"
+#include "vlb/ordered.h"
 
 // " (C/C++)", " (Pascal/Delphi)" or " (Text)", as the log shows it behind a path.
 char const * language_label(gLanguage language);
@@ -82,4 +83,25 @@ void file_loop(Files & files, gFileStage const & stage, Label label, Work work) 
     }
     progress.step();
   }
+}
+
+// Does `read` for each file on the run's threads, and `work` with what it gave on this one, in the
+// order of the files. `work` gets the item, a function that answers the result or raises what
+// `read` has raised, and the list of reports; all else is as in file_loop().
+template <class Result, class Files, class Label, class Read, class Work>
+void read_files(Files & files, gFileStage const & stage, Label label, Read read, Work work) {
+  using Item = std::remove_reference_t<decltype(*files.begin())>;
+  std::vector<Item *> wanted;
+  for (Item & item : files)
+    if (label(item))
+      wanted.push_back(&item);
+  Vlb::gOrdered<Result> results(Vlb::thread_count(gInput->jobs), wanted.size(),
+                                [&](unsigned worker, std::size_t i) {
+                                  Vapp::poll_break();
+                                  return read(worker, *wanted[i]);
+                                });
+  file_loop(files, stage, label, [&](Item & item, gReportSink & reports) {
+    return work(
+        item, [&results] { return results.next(); }, reports);
+  });
 }

@@ -3,6 +3,7 @@
 // what comes behind knows files by the user's path.
 
 #include <map>
+#include <optional>
 
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/keywords.h"
@@ -17,14 +18,6 @@
 namespace {
 
 constexpr int deepest_include = 8;
-
-// A source that can't be read costs itself alone.
-bool read_text(gSrcFile const & file, std::string & text, gReportSink & reports) {
-  if (Vlb::read_source(file.path(), text))
-    return true;
-  reports(Msg::cannot_read, file.opath(), file.opath());
-  return false;
-}
 
 gString unit_type_of(gPatternInput const & pattern) {
   for (auto const & [name, value] : pattern.attributes)
@@ -44,27 +37,42 @@ std::map<std::string, gString, std::less<>> unit_words() {
   return words;
 }
 
+// A source as it lies on the disk, and what it says.
+struct ReadSource {
+  bool readable = false;
+  bool fragment = false; // of Pascal, no unit by itself: not looked into yet
+  gModernFile file;
+};
+
 class SourceReading {
 public:
-  explicit SourceReading(std::list<gSrcFile> const & files) : files_(files) {}
+  explicit SourceReading(std::list<gSrcFile> const & files)
+      : files_(files),
+        readers_(threads_, [this] { return std::make_unique<gModernReader>(input_, tables_); }) {}
   void run();
 
 private:
   void collect_macros();
   void read_all();
-  int read(gSrcFile const & file, gReportSink & reports);
+  ReadSource read(gModernReader & reader, gSrcFile const & file) const;
+  int take(gSrcFile const & file, ReadSource source, gReportSink & reports);
   void enter(gModernFile & file, gReportSink & reports);
   void read_includes();
   void read_fragments();
   void adopt_all_members();
-  void read_include(gIncludeRequest const & request, gReportSink & reports);
+  struct Include {
+    gIncludeRequest const * request;
+    gPathstring path;
+  };
+  std::vector<Include> choose_includes(std::vector<gIncludeRequest> const & requests);
+  std::optional<gModernFile> read_include(gModernReader & reader, Include const & include) const;
   gPathstring find_include(gIncludeRequest const & request) const;
-  void take_text_file(gSrcFile const & file, std::string const & text, gReportSink & reports);
 
   std::list<gSrcFile> const & files_;
   gModernInput input_;
   gTableTemplates const tables_ = gVLAttributes.tables();
-  gModernReader reader_{input_, tables_};
+  unsigned const threads_ = Vlb::thread_count(gInput->jobs);
+  Vlb::gPerWorker<gModernReader> readers_;
   std::vector<gIncludeRequest> includes_;
   std::vector<gIncludeRequest> members_;    // what classes of C++ take in
   std::vector<gSrcFile> fragments_;         // Pascal inputs that aren't units by themselves
@@ -75,39 +83,48 @@ private:
 void SourceReading::collect_macros() {
   Msg::log(Msg::preprocessing);
   input_.unit_words = unit_words();
+  std::vector<gPathstring> sources;
   for (gSrcFile const & file : files_) {
     by_name_.emplace(Vlb::to_lower(file.opath().file_name()), file);
-    if (file.language() != gLanguage::cpp)
-      continue;
-    Vapp::poll_break();
-    std::string text;
-    if (Vlb::read_source(file.path(), text))
-      input_.macros.collect(text);
+    if (file.language() == gLanguage::cpp)
+      sources.push_back(file.path());
   }
+  Vlb::gOrdered<Decl::gMacroTable> tables(threads_, sources.size(), [&](unsigned, std::size_t i) {
+    Vapp::poll_break();
+    Decl::gMacroTable table;
+    if (std::string text; Vlb::read_source(sources[i], text))
+      table.collect(text);
+    return table;
+  });
+  for (std::size_t i = 0; i < sources.size(); ++i)
+    input_.macros.merge(tables.next());
 }
 
-// What stands in a file of text is one comment.
-void SourceReading::take_text_file(gSrcFile const & file, std::string const & text,
-                                   gReportSink & reports) {
-  gModernFile one = reader_.read_comment(file, text);
-  enter(one, reports);
-}
-
-int SourceReading::read(gSrcFile const & file, gReportSink & reports) {
+ReadSource SourceReading::read(gModernReader & reader, gSrcFile const & file) const {
+  ReadSource source;
   std::string text;
-  if (!read_text(file, text, reports))
+  source.readable = Vlb::read_source(file.path(), text);
+  source.fragment = file.language() == gLanguage::pascal && !Decl::has_pascal_head(text);
+  if (!source.readable || source.fragment)
+    return source;
+  // What stands in a file of text is one comment.
+  source.file = file.language() == gLanguage::text ? reader.read_comment(file, text)
+                                                   : reader.read(file, text);
+  return source;
+}
+
+// A source that can't be read costs itself alone.
+int SourceReading::take(gSrcFile const & file, ReadSource source, gReportSink & reports) {
+  if (!source.readable) {
+    reports(Msg::cannot_read, file.opath(), file.opath());
     return 1;
-  if (file.language() == gLanguage::pascal && !Decl::has_pascal_head(text)) {
+  }
+  if (source.fragment) {
     fragments_.push_back(file);
     return 0;
   }
   taken_.insert(file.path());
-  if (file.language() == gLanguage::text) {
-    take_text_file(file, text, reports);
-    return 0;
-  }
-  gModernFile one = reader_.read(file, text);
-  enter(one, reports);
+  enter(source.file, reports);
   return 0;
 }
 
@@ -129,10 +146,13 @@ void SourceReading::enter(gModernFile & file, gReportSink & reports) {
 void SourceReading::read_all() {
   Msg::log.stage(gRunStage::code);
   Msg::log(Msg::analyzing_code);
-  file_loop(
+  read_files<ReadSource>(
       files_, {Msg::analyzing_code, Msg::code_failed, gRunStage::code},
       [](gSrcFile const & file) { return language_label(file.language()); },
-      [&](gSrcFile const & file, gReportSink & reports) { return read(file, reports); });
+      [&](unsigned worker, gSrcFile const & file) { return read(readers_[worker], file); },
+      [&](gSrcFile const & file, auto const & source, gReportSink & reports) {
+        return take(file, source(), reports);
+      });
 }
 
 // Beside the file that names it, else among the inputs.
@@ -153,37 +173,54 @@ gPathstring SourceReading::find_include(gIncludeRequest const & request) const {
 }
 
 // The first one that takes a file in gives it its scope. What isn't there costs nothing.
-void SourceReading::read_include(gIncludeRequest const & request, gReportSink & reports) {
-  gPathstring const path = find_include(request);
-  bool const declares = request.context.section != Decl::gPascalContext::body;
-  if (!declares || path.empty() || !taken_.insert(path).second)
-    return;
+std::vector<SourceReading::Include>
+SourceReading::choose_includes(std::vector<gIncludeRequest> const & requests) {
+  std::vector<Include> chosen;
+  for (gIncludeRequest const & request : requests) {
+    gPathstring path = find_include(request);
+    bool const declares = request.context.section != Decl::gPascalContext::body;
+    if (declares && !path.empty() && taken_.insert(path).second)
+      chosen.push_back({&request, std::move(path)});
+  }
+  return chosen;
+}
+
+std::optional<gModernFile> SourceReading::read_include(gModernReader & reader,
+                                                       Include const & include) const {
+  Vapp::poll_break();
   std::string text;
-  if (!Vlb::read_source(path, text))
-    return;
-  gSrcFile const file(path, request.by);
-  gModernFile one = reader_.read(file, text, request.scope, request.context);
-  enter(one, reports);
+  if (!Vlb::read_source(include.path, text))
+    return {};
+  gIncludeRequest const & request = *include.request;
+  return reader.read(gSrcFile(include.path, request.by), text, request.scope, request.context);
 }
 
 void SourceReading::read_includes() {
   for (int depth = 0; depth < deepest_include && !includes_.empty(); ++depth) {
     std::vector<gIncludeRequest> const requests = std::exchange(includes_, {});
-    for (gIncludeRequest const & request : requests) {
-      Vapp::poll_break();
-      read_include(request, Msg::log);
-    }
+    std::vector<Include> const chosen = choose_includes(requests);
+    Vlb::gOrdered<std::optional<gModernFile>> files(
+        threads_, chosen.size(),
+        [&](unsigned worker, std::size_t i) { return read_include(readers_[worker], chosen[i]); });
+    for (std::size_t i = 0; i < chosen.size(); ++i)
+      if (std::optional<gModernFile> file = files.next())
+        enter(*file, Msg::log);
   }
 }
 
-// What no unit takes in stands for itself.
+// What no unit takes in stands for itself. Most are taken in by what comes before them in this
+// list, so they are read one by one.
 void SourceReading::read_fragments() {
   for (gSrcFile const & file : fragments_) {
     Vapp::poll_break();
-    std::string text;
-    if (!taken_.insert(file.path()).second || !read_text(file, text, Msg::log))
+    if (!taken_.insert(file.path()).second)
       continue;
-    gModernFile one = reader_.read(file, text);
+    std::string text;
+    if (!Vlb::read_source(file.path(), text)) {
+      Msg::log(Msg::cannot_read, file.opath(), file.opath());
+      continue;
+    }
+    gModernFile one = readers_[0].read(file, text);
     enter(one, Msg::log);
     read_includes();
   }

@@ -10,8 +10,7 @@ namespace {
 
 // A name that an earlier file has taken changes what the file says, and so does a list that was too
 // short for its reports. Both are rare, so the file is simply read again.
-void read_settled(gFileReader & reader, gFileFacts & facts, gReportSink & reports) {
-  reader.read_text(facts);
+void settle(gFileReader & reader, gFileFacts & facts, gReportSink & reports) {
   gTakenNames const taken = names_taken(facts.text);
   if (taken.empty() && facts.text.reports.left_out() == 0)
     return;
@@ -24,17 +23,23 @@ void read_settled(gFileReader & reader, gFileFacts & facts, gReportSink & report
 
 std::vector<gFileFacts> ana_text_units(std::list<gSrcFile> const & files) {
   gReadInput const input{gVLAttributes.tables()};
-  gFileReader reader(input);
+  Vlb::gPerWorker<gFileReader> readers(Vlb::thread_count(gInput->jobs),
+                                       [&] { return std::make_unique<gFileReader>(input); });
   std::vector<gFileFacts> all;
   all.reserve(files.size());
   Msg::log(Msg::analyzing_text_units);
-  file_loop(
+  read_files<gFileFacts>(
       files, {Msg::analyzing_text_units, Msg::text_units_failed, gRunStage::text_units},
       [](gSrcFile const &) { return ""; },
-      [&](gSrcFile const & file, gReportSink & reports) {
-        gFileFacts & facts = all.emplace_back();
+      [&](unsigned worker, gSrcFile const & file) {
+        gFileFacts facts;
         facts.file = file;
-        read_settled(reader, facts, reports);
+        readers[worker].read_text(facts);
+        return facts;
+      },
+      [&](gSrcFile const &, auto const & facts_of_file, gReportSink & reports) {
+        gFileFacts & facts = all.emplace_back(facts_of_file());
+        settle(readers[0], facts, reports);
         enter_text(facts);
         return finish_reading(facts.text.reports, facts.text.end, reports);
       });

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "app/options/run_flags.h"
@@ -33,8 +34,12 @@ char const * label_of(std::string const & target) {
   return target == "htm" ? "HTML" : target == "rtf" ? "RTF" : "WinHelp";
 }
 
+gReport unwritable(std::string const & path, int error) {
+  return {Msg::cannot_write, path, std::generic_category().message(error)};
+}
+
 bool report_unwritable(std::string const & path, int error) {
-  Msg::log(Msg::cannot_write, path, std::generic_category().message(error));
+  Msg::log.take(unwritable(path, error));
   return false;
 }
 
@@ -111,6 +116,25 @@ int write_file(std::string const & path, std::string_view text) {
   return done ? 0 : error != 0 ? error : EIO;
 }
 
+// True if the file, not what a link leads to, holds just these bytes.
+bool holds(std::string const & path, std::string_view text) {
+  int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+  if (file < 0)
+    return false;
+  struct stat about {};
+  bool equal = ::fstat(file, &about) == 0 && S_ISREG(about.st_mode) &&
+               static_cast<std::size_t>(about.st_size) == text.size();
+  char buffer[1 << 16];
+  while (equal && !text.empty()) {
+    ssize_t const size = ::read(file, buffer, std::min(sizeof buffer, text.size()));
+    equal = size > 0 && text.starts_with({buffer, static_cast<std::size_t>(size)});
+    if (equal)
+      text.remove_prefix(static_cast<std::size_t>(size));
+  }
+  ::close(file);
+  return equal;
+}
+
 // Files in folders of their own beginning with "_" help the pages.
 bool is_page(std::string const & name) {
   return (name.ends_with(".htm") || name.ends_with(".html")) && !name.starts_with('_');
@@ -136,7 +160,13 @@ void log_summary(std::string const & target) {
 
 gConversionResult convert(gConversionInput const & input, bool (*work)(gConversion &)) {
   gConversion conversion(input);
-  gConversionResult const result = work(conversion) ? conversion.result() : gConversionResult();
+  gConversionResult result;
+  try {
+    if (work(conversion))
+      result = conversion.result();
+  } catch (gExcConversion const & end) {
+    Msg::log.take(end.fault());
+  }
   log_summary(input.target);
   return result;
 }
@@ -145,8 +175,6 @@ gConversionResult convert(gConversionInput const & input, bool (*work)(gConversi
 gConversionResult convert_guarded(gConversionInput const & input, bool (*work)(gConversion &)) {
   try {
     return convert(input, work);
-  } catch (gExcConversion const &) {
-    log_summary(input.target);
   } catch (...) {
     Vlb::report_caught();
   }
@@ -179,7 +207,8 @@ bool gConversion::start() {
   Msg::log(Msg::status) << "  " << folder_ << std::endl;
   Vapp::poll_break();
   settle(folder_);
-  if (exists(folder_) && !gFileSystem::dir_exists(folder_))
+  replaces_ = exists(folder_);
+  if (replaces_ && !gFileSystem::dir_exists(folder_))
     return report_unwritable(folder_, ENOTDIR);
   gFileSystem::mk_dirs(folder_.dir_name());
   pending_.emplace(work_);
@@ -202,20 +231,28 @@ gPathstring gConversion::place_for(std::string const & name) {
   gPathstring path = work_;
   path.append(name);
   if (std::size_t const end = name.rfind('/'); end != std::string::npos) {
+    std::lock_guard const lock(mutex_);
     if (made_.insert(name.substr(0, end)).second)
       gFileSystem::mk_dirs(path.dir_name());
   }
   return path;
 }
 
+// Where the file system has no second names, the file is simply written.
+bool gConversion::keep_unchanged(std::string const & name, std::string_view text) const {
+  std::string const old = folder_ + "/" + name;
+  return holds(old, text) && ::link(old.c_str(), (work_ + "/" + name).c_str()) == 0;
+}
+
 void gConversion::write(std::string const & name, std::string_view text) {
   Vapp::poll_break();
   gPathstring const path = place_for(name);
-  if (int const error = write_file(path, text)) {
-    report_unwritable(path, error);
-    throw gExcConversion();
-  }
+  bool const kept = replaces_ && keep_unchanged(name, text);
+  if (int const error = kept ? 0 : write_file(path, text))
+    throw gExcConversion(unwritable(path, error));
+  std::lock_guard const lock(mutex_);
   ++result_.files;
+  result_.unchanged += kept ? 1 : 0;
   result_.bytes += text.size();
   result_.pages += is_page(name);
 }

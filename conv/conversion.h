@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -16,21 +17,29 @@
 // What a conversion counts for the user.
 struct gConversionResult {
   bool success = false;
-  gPathstring start;     // the file to open first
-  std::size_t files = 0; // written
+  gPathstring start; // the file to open first
+  std::size_t files = 0;
+  std::size_t unchanged = 0; // of these files: they are the same as in the result before
   std::size_t bytes = 0;
   std::size_t pages = 0;                    // HTML files among them, without those of sources
   std::map<std::string, std::size_t> units; // with a name, by their style
 };
 
-// Ends a conversion whose fault has been reported.
+// Ends a conversion. The frame reports the fault: it may have come up on any thread.
 class gExcConversion : public gException {
 public:
-  gExcConversion() : gException("Conversion failed") {}
+  explicit gExcConversion(gReport fault)
+      : gException("Conversion failed"),
+        fault_(std::move(fault)) {}
+  gReport const & fault() const { return fault_; }
+
+private:
+  gReport fault_;
 };
 
-// One conversion. Writes into a folder beside the
-// target's output folder; finish() swaps the two. Without finish() the old result stays as it was.
+// One conversion. Writes into a folder beside the target's output folder; finish() swaps the two.
+// Without finish() the old result stays as it was. A file that is equal to that of the old result
+// isn't written: it goes over as it is, so that whoever copies results by time sees what changed.
 class gConversion {
 public:
   explicit gConversion(gConversionInput const & input); // outlives this
@@ -45,7 +54,7 @@ public:
   gConversionInput const & input() const { return input_; }
   std::string title() const; // `atc_title`, else the document's name
   // Writes a file of the result; `name` is relative and may have folders. Throws gExcUserBreak if
-  // the user asked for a stop; gExcConversion, after a report, if the file can't be written.
+  // the user asked for a stop; gExcConversion if the file can't be written. From any thread.
   void write(std::string const & name, std::string_view text);
   // Copies a file; false, after a report, if it can't be read.
   bool copy(gPathstring const & from, std::string const & name);
@@ -60,12 +69,15 @@ public:
 private:
   gPathstring place_for(std::string const & name);
   bool keep_foreign_files();
+  bool keep_unchanged(std::string const & name, std::string_view text) const;
 
   gConversionInput const & input_;
   gPathstring folder_, work_; // of the result, and where it is written
+  bool replaces_ = false;     // there is an old result
   std::optional<Vlb::gPending> pending_;
   gDocument document_;
   gVltRules rules_;
+  std::mutex mutex_;           // of the folders made, and of what is counted
   std::set<std::string> made_; // folders in work_, so that not every file asks for its own
   gConversionResult result_;
   int shown_ = -1; // percent

@@ -1,13 +1,15 @@
 // Reference counting: everything that is shared derives from cShared and is held by cRef.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <functional>
 #include <type_traits>
 #include <utility>
 
 // Base of everything counted. A new object has the count 1, which the first cRef takes over.
-// The count is a plain integer: an object is never shared between threads while it changes.
+// Several threads may hold an object, and take and drop references to it; what it holds must not
+// change then.
 class cShared {
 public:
   cShared() = default;
@@ -15,13 +17,17 @@ public:
   cShared & operator=(cShared const &) noexcept { return *this; }
   virtual ~cShared() = default;
 
-  void incref() const { ++count_; }
-  // Drops a reference; true if it was the last one and the object has to be deleted.
-  bool decref() const { return --count_ == 0; }
-  unsigned refcount() const { return count_; }
+  void incref() const { count_.fetch_add(1, std::memory_order_relaxed); }
+  // Drops a reference; true if it was the last one and the object has to be deleted. Whoever holds
+  // the only one shares it with nobody, so that there is no need to lock the bus.
+  bool decref() const {
+    return count_.load(std::memory_order_acquire) == 1 ||
+           count_.fetch_sub(1, std::memory_order_acq_rel) == 1;
+  }
+  unsigned refcount() const { return count_.load(std::memory_order_acquire); }
 
 private:
-  mutable unsigned count_ = 1;
+  mutable std::atomic<unsigned> count_ = 1;
 };
 
 // Takes and drops a reference through an untyped pointer to a cShared.

@@ -4,8 +4,10 @@
 
 #include "app/cli/exit_status.h"
 #include "app/cli/run_options.h"
+#include "app/cli/watch.h"
 #include "app/options/options.h"
 #include "app/shell/quick_project.h"
+#include "vlb/gfilesystem.h"
 
 namespace {
 
@@ -13,19 +15,21 @@ struct Arguments {
   std::vector<std::string> sources;
   std::string title;
   gRunOptions run;
+  gWatchOptions watch;
 };
 
 constexpr char const * default_out = "site";
+
+gPathstring out_of(Arguments const & arguments) {
+  return gRunOptions::absolute(arguments.run.out.empty() ? default_out : arguments.run.out);
+}
 
 gQuickProject project_of(Arguments const & arguments, gCommandContext & context) {
   std::vector<gQuickProject::Source> sources;
   for (std::string const & name : arguments.sources)
     sources.push_back({gRunOptions::absolute(name), name});
   auto const tell = [&context](std::string const & text) { context.outside.tell(text); };
-  return {std::move(sources),
-          gRunOptions::absolute(arguments.run.out.empty() ? default_out : arguments.run.out),
-          arguments.title,
-          {tell, tell}};
+  return {std::move(sources), out_of(arguments), arguments.title, {tell, tell}};
 }
 
 bool load_built_in(gCommandContext & context) {
@@ -54,6 +58,35 @@ int run(Arguments const & arguments, gCommandContext & context) {
   return status;
 }
 
+// A file that is written anew may be another one in the same place, so that its folder counts.
+gWatchedPlaces places_of(Arguments const & arguments) {
+  gWatchedPlaces places;
+  for (std::string const & name : arguments.sources) {
+    gPathstring const path = gRunOptions::absolute(name);
+    if (gFileSystem::file_exists(path))
+      places.files.insert(path);
+    else
+      places.trees.push_back(path);
+  }
+  places.leave_out = out_of(arguments);
+  std::string const extensions =
+      Vapp::option_string("ana/cpp_ext") + "; " + Vapp::option_string("ana/pas_ext");
+  places.wanted = [extensions](std::string const & name) {
+    return has_extension(gPathstring(name), extensions);
+  };
+  return places;
+}
+
+int run_or_watch(Arguments const & arguments, gCommandContext & context) {
+  if (!arguments.watch.watch)
+    return run(arguments, context);
+  if (!load_built_in(context))
+    return exit_refused;
+  return watch(
+      arguments.watch, out_of(arguments).append("htm"), [&] { return places_of(arguments); },
+      context);
+}
+
 } // namespace
 
 void add_quick(CLI::App & app, gCommandContext & context) {
@@ -67,5 +100,6 @@ void add_quick(CLI::App & app, gCommandContext & context) {
       ->allow_extra_args(false);
   arguments->run.add_to(*command);
   command->get_option("--out")->description("The output folder, 'site' without it");
-  command->callback([arguments, &context] { context.status = run(*arguments, context); });
+  arguments->watch.add_to(*command, true);
+  command->callback([arguments, &context] { context.status = run_or_watch(*arguments, context); });
 }

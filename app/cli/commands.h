@@ -9,6 +9,7 @@
 struct gCommandContext {
   gCliOutside & outside;
   int status = 0;
+  std::vector<std::string> words; // of the command line, the command first
 };
 
 // Each enters its command with its arguments; when the command line names it, it runs and sets the
@@ -20,6 +21,7 @@ void add_check(CLI::App & app, gCommandContext & context);
 void add_analyze(CLI::App & app, gCommandContext & context);
 void add_build(CLI::App & app, gCommandContext & context);
 void add_quick(CLI::App & app, gCommandContext & context);
+void add_watch(CLI::App & app, gCommandContext & context);
 
 // Loads a project; false, and a line on standard error, if it can't be read.
 bool load_project(std::string const & path, gCommandContext & context);

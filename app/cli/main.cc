@@ -68,6 +68,7 @@ int run(CLI::App & app, int argc, char ** argv, gCommandContext & context) {
   std::vector<std::string> words = plain_arguments(argc, argv);
   if (!words.empty() && !is_command(app, words.front(), context))
     return exit_refused;
+  context.words = words;
   std::ranges::reverse(words); // the parser takes the first from the end
   try {
     app.parse(words);
@@ -89,7 +90,7 @@ int main(int argc, char ** argv) {
   ignore_write_signals();
   gInterrupts const interrupts;
   gCliOutside outside;
-  gCommandContext context{outside};
+  gCommandContext context{outside, 0, {}};
   CLI::App app("Documentation from C, C++ and Pascal sources", "vellumar");
   app.set_version_flag("--version", "vellumar " VELLUMAR_VERSION);
   app.require_subcommand(1);
@@ -101,5 +102,6 @@ int main(int argc, char ** argv) {
   add_analyze(app, context);
   add_build(app, context);
   add_quick(app, context);
+  add_watch(app, context);
   return run(app, argc, argv, context);
 }

@@ -34,6 +34,10 @@ void gRunOptions::add_to(CLI::App & command) {
       ->allow_extra_args(false);
   command.add_option("--reports", reports, "Write the reports of the run to a file, as JSON lines")
       ->type_name("FILE");
+  command.add_option("-j,--jobs", jobs, "Threads of the run; one for each core without it")
+      ->check(CLI::Range(1, 256))
+      ->type_name("N")
+      ->allow_extra_args(false);
   command.add_flag("-q,--quiet", quiet, "No reports on standard error");
 }
 
@@ -46,6 +50,8 @@ bool gRunOptions::apply(gCommandContext & context) const {
   for (int number : suppress)
     numbers += (numbers.empty() ? "" : ",") + std::to_string(number);
   Vapp::options["msg"]["suppress"] = cat::make(numbers);
+  if (jobs > 0)
+    Vapp::options_ini["jobs"] = cat::make(jobs);
   return true;
 }
 

@@ -18,6 +18,7 @@ struct gRunOptions {
   std::vector<int> suppress;
   std::string reports; // a file for them; empty for none
   bool quiet = false;
+  int jobs = 0; // threads; 0 for what the settings say
 
   void add_to(CLI::App & command);
   // Puts them into the loaded project; false, and a line on standard error, if one is refused.

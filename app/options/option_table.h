@@ -295,6 +295,8 @@ inline constexpr gOptionRow option_table[] = {
              text("srclink_editor_scheme", "", "Address of a source in the editor",
                   "address by which pages open a source in an editor, with `$file` and `$line`, "
                   "see [html.md](html.md)"))),
+    setting(from(gOptionOrigin::user,
+                 number("jobs", 0, {0, 256}, "", "threads of a run; 0: one for each core"))),
     setting(from(gOptionOrigin::run, number("wnd_left", -1, {INT_MIN, INT_MAX}, "", window_help))),
     setting(from(gOptionOrigin::run, number("wnd_top", -1, {INT_MIN, INT_MAX}, "", window_help))),
     setting(from(gOptionOrigin::run, number("wnd_right", -1, {INT_MIN, INT_MAX}, "", window_help))),

@@ -248,7 +248,9 @@ bool gRunInput::has_value(std::string_view attribute, std::string_view value) co
 }
 
 gRunInput Vapp::run_input() {
-  return run_input_of(options);
+  gRunInput input = run_input_of(options);
+  input.jobs = option_int("jobs");
+  return input;
 }
 
 gRunInput const & Vapp::standard_run_input() {
@@ -271,6 +273,7 @@ gConversionInput Vapp::conversion_input(std::string const & target) {
   input.title = read.text("atc_title");
   input.index_place_holder = read.text("indexsubst");
   input.editor_scheme = option_string("srclink_editor_scheme");
+  input.jobs = option_int("jobs");
   input.messages = message_input(read);
   if (target == "hlp") {
     read_help(read, input);

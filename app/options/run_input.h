@@ -84,6 +84,7 @@ struct gRunInput {
   bool modern = false;     // the dialect
   bool has_kinds = false;  // the attribute KIND is what the readers say
   bool facts_line = false; // facts about units stand in the intermediate code
+  int jobs = 0;            // threads; 0 for one a core. Changes nothing in the result
   gTextInput text;
   gCommentInput comments;
   gAssociationInput association;
@@ -115,6 +116,7 @@ struct gConversionInput {
   gPathstring start_text;                // empty for none
   gString version, description, address; // of the site
   int split_level = 0;
+  int jobs = 0; // threads; 0 for one a core
   bool simple_index = false, hierarchies_apart = false;
   bool map_wanted = false;
   gPathstring map_file;

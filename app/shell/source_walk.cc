@@ -172,3 +172,7 @@ bool take_source(gPathstring const & file, std::string const & extensions, gSour
   }
   return true;
 }
+
+bool has_extension(gPathstring const & name, std::string const & extensions) {
+  return split(extensions).contains(Vlb::to_lower(name.extension()));
+}

@@ -38,3 +38,5 @@ void walk_sources(gPathstring const & folder, gPathstring const & leave_out,
                   std::string const & extensions, gSourceWalk & found);
 // Takes a file that the user names. False if its extension isn't among those.
 bool take_source(gPathstring const & file, std::string const & extensions, gSourceWalk & found);
+// The name of a file has one of the extensions.
+bool has_extension(gPathstring const & name, std::string const & extensions);

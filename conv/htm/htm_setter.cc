@@ -48,26 +48,6 @@ gHtmSetter::gHtmSetter(gSite & site, gColours const & colours)
       site_(site),
       colours_(colours) {
   editor_ = site.editor_scheme;
-  name_entries();
-}
-
-void gHtmSetter::name_entries() {
-  std::map<std::pair<int, std::string>, int> known; // on each page
-  for (gIndexEntry const & entry : document().index_entries) {
-    if (entry.label.empty() || entry.unit < 0)
-      continue;
-    std::string anchor = "x-" + Vlb::to_lower(Slug::of(entry.fields[1]));
-    int const number = ++known[{site_.pages.of(entry.unit), anchor}];
-    if (number > 1)
-      anchor += '-' + std::to_string(number);
-    entries_.try_emplace(entry.label, std::move(anchor));
-  }
-}
-
-std::string const & gHtmSetter::entry_anchor(std::string const & label) const {
-  static std::string const none;
-  auto const found = entries_.find(label);
-  return found == entries_.end() ? none : found->second;
 }
 
 void gHtmSetter::begin_page(int page) {
@@ -109,9 +89,8 @@ std::string gHtmSetter::claim(std::string const & id) {
 }
 
 std::string gHtmSetter::anchor(std::string_view bookmark) {
-  auto const entry = entries_.find(std::string(bookmark));
-  std::string id =
-      claim(entry != entries_.end() ? entry->second : "b-" + Vlb::to_lower(Slug::of(bookmark)));
+  std::string const & entry = site_.entries.of(std::string(bookmark));
+  std::string id = claim(!entry.empty() ? entry : "b-" + Vlb::to_lower(Slug::of(bookmark)));
   made_.try_emplace(std::string(bookmark), id);
   return id;
 }
@@ -145,14 +124,13 @@ gLinkEnd gHtmSetter::link_to(int unit, std::string_view place) const {
 gLinkEnd gHtmSetter::link_end(gTarget const & target) {
   if (target.bookmark.empty())
     return link_to(target.unit, {});
-  auto const entry = entries_.find(target.bookmark);
-  return link_to(target.unit, entry != entries_.end()
-                                  ? entry->second
-                                  : "b-" + Vlb::to_lower(Slug::of(target.bookmark)));
+  std::string const & entry = site_.entries.of(target.bookmark);
+  return link_to(target.unit,
+                 !entry.empty() ? entry : "b-" + Vlb::to_lower(Slug::of(target.bookmark)));
 }
 
 std::string gHtmSetter::source_href(std::string_view path, std::string_view line) {
-  return site_.source_addresses.href(path, line);
+  return site_.source_addresses.href(path, line, reports());
 }
 
 std::string gHtmSetter::editor_href(std::string_view path, std::string_view line) {

@@ -39,8 +39,6 @@ public:
   using gSetter::escape;
   void escape(std::string_view text, std::string & out) const override;
 
-  // The anchor of an index entry: its bookmark is made anew in each run, its key stays.
-  std::string const & entry_anchor(std::string const & label) const;
   // Where a bookmark of the unit stands on the page; empty for one that wasn't set.
   std::string const & made_anchor(std::string const & bookmark) { return made_[bookmark]; }
   // A link from the current page to a unit, or to an anchor on its page.
@@ -60,7 +58,6 @@ protected:
   std::string hierarchy_drawing(gNodeList const & steps) override;
 
 private:
-  void name_entries();
   std::string claim(std::string const & id);
   void set_declaration(std::string_view text, std::string & out);
   void draw_line(gDrawing const & drawing, gHierarchyEdge const & edge, std::string & out) const;
@@ -70,7 +67,6 @@ private:
   gSite & site_;
   gColours const & colours_;
   std::string editor_;
-  std::unordered_map<std::string, std::string> entries_; // labels to anchors
   int page_ = -1;
   std::string_view root_; // from where links lead to the folder of the pages
   std::vector<gHierarchyPage> hierarchies_;

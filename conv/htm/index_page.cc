@@ -49,10 +49,7 @@ struct gPlaceTexts {
 
 class gIndexText {
 public:
-  gIndexText(gSite const & site, gHtmSetter const & setter, bool simple)
-      : site_(site),
-        setter_(setter),
-        simple_(simple) {}
+  gIndexText(gSite const & site, bool simple) : site_(site), simple_(simple) {}
 
   void add_key(gIndexKey const & key, std::string & out) const {
     std::string const text = Html::escaped(key.text);
@@ -70,7 +67,7 @@ private:
   std::string href(gIndexPlace const & place) const {
     if (simple_)
       return site_.addresses.file(site_.pages.of(place.unit));
-    std::string const & anchor = setter_.entry_anchor(place.label);
+    std::string const & anchor = site_.entries.of(place.label);
     return anchor.empty() ? site_.addresses.href(place.unit)
                           : site_.addresses.href(place.unit, anchor, -1);
   }
@@ -123,7 +120,6 @@ private:
   }
 
   gSite const & site_;
-  gHtmSetter const & setter_;
   bool simple_;
 };
 
@@ -131,12 +127,12 @@ private:
 class gIndexPages {
 public:
   gIndexPages(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-              gHtmSetter const & setter, std::vector<gLetter> const & letters, bool simple)
+              std::vector<gLetter> const & letters, bool simple)
       : writer_(writer),
         site_(site),
         navigation_(navigation),
         letters_(letters),
-        texts_(site, setter, simple),
+        texts_(site, simple),
         title_(site.rules.setting("index_title", "Index")) {}
 
   void write_one() {
@@ -233,9 +229,9 @@ private:
 } // namespace
 
 void Index::write(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-                  gHtmSetter const & setter, std::vector<gIndexKey> const & keys, bool simple) {
+                  std::vector<gIndexKey> const & keys, bool simple) {
   std::vector<gLetter> const letters = letters_of(keys);
-  gIndexPages pages(writer, site, navigation, setter, letters, simple);
+  gIndexPages pages(writer, site, navigation, letters, simple);
   std::size_t entries = 0;
   for (gIndexKey const & key : keys)
     entries += 1 + key.phrases.size();

@@ -1,8 +1,7 @@
 // The converter to HTML, from the plan of the site to its last file.
 
 #include "conv/htm/index_page.h"
-#include "conv/htm/source_pages.h"
-#include "conv/htm/unit_pages.h"
+#include "conv/htm/page_pool.h"
 #include "vlb/folder.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
@@ -42,17 +41,16 @@ void write_site(gConversion & conversion) {
   gPageWriter writer(conversion, site);
   gSearchIndex search(site);
 
-  gUnitPages units(site, colours, navigation, contents);
-  units.write(conversion, writer, search);
+  Pages::write_units(conversion, site, colours, navigation, contents, search);
   Pages::write_start(writer, site, colours, input.start_text, navigation, contents);
   Pages::write_for_servers(conversion, writer, site);
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);
   Pages::write_skipped(writer, site, navigation);
-  Index::write(writer, site, navigation, units.setter(),
-               Index::keys_of(site.document, input.index_place_holder), input.simple_index);
+  Index::write(writer, site, navigation, Index::keys_of(site.document, input.index_place_holder),
+               input.simple_index);
   search.write(conversion);
-  gSourcePages(site, colours, navigation).write(conversion, writer);
+  Pages::write_sources(conversion, site, colours, navigation);
 }
 
 bool make_html(gConversion & conversion) {

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "conv/atc/qualified_name.h"
+#include "vlb/gmsghandler.h"
 
 namespace {
 
@@ -41,6 +42,8 @@ gSite::gSite(gDocument const & document, gVltRules const & rules, std::string ti
       sources(document),
       source_addresses(document, sources),
       addresses(document, pages, shown_paths(document, sources)),
+      entries(document, pages),
+      reports(Msg::log),
       thousands_(rules.setting("thousands", ",")) {
   detail_.assign(document.units.size(), ' ');
   note_asides();

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "conv/htm/addresses.h"
+#include "conv/htm/entry_anchors.h"
+#include "conv/htm/once_reports.h"
 #include "conv/htm/pages.h"
 #include "conv/htm/source_addresses.h"
 #include "conv/set/inheritance.h"
@@ -38,6 +40,8 @@ struct gSite {
   gSources sources;
   gSourceAddresses source_addresses;
   gAddresses addresses;
+  gEntryAnchors entries;
+  gOnceReports reports; // of all pages, in their order
 
 private:
   void note_details();

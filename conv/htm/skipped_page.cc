@@ -17,7 +17,7 @@ constexpr std::size_t most_text = 2000;     // of a stretch, in bytes
 // A source, read once for all stretches that follow each other in it.
 class gLines {
 public:
-  explicit gLines(gSources const & sources) : sources_(sources) {}
+  gLines(gSources const & sources, gReportSink & reports) : sources_(sources), reports_(reports) {}
 
   // The first lines of a stretch; empty if the source can't be read any more.
   std::string_view of(gSkippedRecord const & one) {
@@ -43,7 +43,7 @@ private:
     line_ = 1;
     text_.clear();
     std::string bytes;
-    if (sources_.read(path, bytes))
+    if (sources_.read(path, bytes, reports_))
       Atc::append_utf8(bytes, text_);
   }
 
@@ -55,6 +55,7 @@ private:
   }
 
   gSources const & sources_;
+  gReportSink & reports_;
   std::string path_, text_;
   std::size_t at_ = 0;
   int line_ = 1; // that begins at `at_`
@@ -76,7 +77,7 @@ void add_item(gSite & site, gSkippedRecord const & one, gLines & lines, std::str
                     count = site.number(static_cast<std::size_t>(one.last - one.first + 1));
   std::string_view const text = lines.of(one);
   std::string const path = Html::escaped(site.sources.shown(one.path));
-  std::string const href = site.source_addresses.href(one.path, line);
+  std::string const href = site.source_addresses.href(one.path, line, site.reports);
   std::string const reason = Html::escaped(one.reason), scope = scope_link(site, one.scope);
   std::string const source = Html::escaped(text);
   gVltValues values;
@@ -100,7 +101,7 @@ void Pages::write_skipped(gPageWriter & writer, gSite & site, gNavigation const 
   auto const & skipped = site.document.skipped;
   if (skipped.empty())
     return;
-  gLines lines(site.sources);
+  gLines lines(site.sources, site.reports);
   std::string items;
   for (std::size_t i = 0; i < std::min(skipped.size(), most_stretches); ++i)
     add_item(site, skipped[i], lines, items);

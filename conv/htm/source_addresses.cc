@@ -49,16 +49,20 @@ gSourceAddresses::gEntry & gSourceAddresses::entry(std::string_view path) {
 
 void gSourceAddresses::examine(gEntry & entry) {
   std::string text;
-  bool const readable = sources_.read(entry.source.path, text);
+  bool const readable = sources_.read(entry.source.path, text, entry.faults);
   entry.state = readable ? gEntry::usable : gEntry::unusable;
   if (readable)
     entry.source.lines = count_lines(text);
 }
 
-std::string gSourceAddresses::href(std::string_view path, std::string_view line) {
+std::string gSourceAddresses::href(std::string_view path, std::string_view line,
+                                   gReportSink & reports) {
+  std::lock_guard const lock(mutex_);
   gEntry & source = entry(path);
   if (source.state == gEntry::unknown)
     examine(source);
+  for (gReport const & fault : source.faults.reports())
+    reports.take(fault);
   std::size_t number = 0;
   std::from_chars(line.data(), line.data() + line.size(), number);
   if (source.state != gEntry::usable || number < 1 || number > source.source.lines)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <mutex>
 
 #include "conv/set/sources.h"
 
@@ -22,8 +23,8 @@ public:
   gSourceAddresses(gDocument const & document, gSources const & sources);
 
   // The address of a line from the start page; empty if the source can't be shown or has no such
-  // line. The first such link to a source is reported.
-  std::string href(std::string_view path, std::string_view line);
+  // line; why it can't is reported. May be called from any thread.
+  std::string href(std::string_view path, std::string_view line, gReportSink & reports);
   static std::string page(gSource const & source, std::size_t part); // parts from 0
   static std::size_t parts(gSource const & source);
   // How many sources there are, as far as they are known.
@@ -35,12 +36,14 @@ private:
   struct gEntry {
     gSource source;
     enum State : unsigned char { unknown, usable, unusable } state = unknown;
+    gReportList faults; // why it is unusable
   };
 
   void examine(gEntry & entry);
   gEntry & entry(std::string_view path);
 
   gSources const & sources_;
+  std::mutex mutex_;
   std::map<std::string, gEntry, std::less<>> entries_;
   std::map<std::string, int> slugs_; // lower case, and how many have it
 };

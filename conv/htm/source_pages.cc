@@ -38,32 +38,29 @@ gNeighbour part_link(gSource const & source, std::size_t part, std::string const
 
 } // namespace
 
-gSourcePages::gSourcePages(gSite const & site, gColours const & colours,
-                           gNavigation const & navigation)
+gSourcePages::gUnits gSourcePages::units_of(gSite const & site) {
+  gUnits units;
+  for (int unit = 0; unit < static_cast<int>(site.document.units.size()); ++unit)
+    units[site.unit(unit).path].push_back(unit);
+  return units;
+}
+
+gSourcePages::gSourcePages(gConversion & conversion, gSite const & site, gColours const & colours,
+                           gNavigation const & navigation, gUnits const & units)
     : site_(site),
       colours_(colours),
-      navigation_(navigation) {
-  for (int unit = 0; unit < static_cast<int>(site.document.units.size()); ++unit)
-    units_[site.unit(unit).path].push_back(unit);
+      navigation_(navigation),
+      writer_(conversion, site),
+      units_(units) {}
+
+void gSourcePages::write(gSource const & source) {
+  std::string bytes, text;
+  if (Vlb::read_source(source.path, bytes))
+    Atc::append_utf8(bytes, text);
+  write_source(source, text);
 }
 
-void gSourcePages::write(gConversion & conversion, gPageWriter & writer) {
-  auto const linked = site_.source_addresses.linked();
-  // The pages of units are already done.
-  std::size_t done = site_.document.units.size();
-  std::size_t const all = done + linked.size();
-  for (gSource const * const source : linked) {
-    conversion.progress(done++, all);
-    // What has gone since the links were made still gets the page that they lead to.
-    std::string bytes, text;
-    if (Vlb::read_source(source->path, bytes))
-      Atc::append_utf8(bytes, text);
-    write_source(*source, text, writer);
-  }
-}
-
-void gSourcePages::write_source(gSource const & source, std::string_view text,
-                                gPageWriter & writer) {
+void gSourcePages::write_source(gSource const & source, std::string_view text) {
   gUnitLines units;
   if (auto const found = units_.find(source.path); found != units_.end())
     for (int const unit : found->second)
@@ -82,7 +79,7 @@ void gSourcePages::write_source(gSource const & source, std::string_view text,
       gColours::gState again = before;
       set_lines(part, units, false, again, items);
     }
-    write_part(source, number, items, writer);
+    write_part(source, number, items);
   }
 }
 
@@ -116,8 +113,7 @@ void gSourcePages::set_lines(gPart const & part, gUnitLines const & units, bool 
   }
 }
 
-void gSourcePages::write_part(gSource const & source, std::size_t part, std::string const & items,
-                              gPageWriter & writer) {
+void gSourcePages::write_part(gSource const & source, std::size_t part, std::string const & items) {
   gPageFrame frame;
   frame.style = "source";
   frame.file = gSourceAddresses::page(source, part);
@@ -135,5 +131,5 @@ void gSourcePages::write_part(gSource const & source, std::size_t part, std::str
   values.set(V::title, title).set(V::path, title).set(V::items, items).set(V::count, lines);
   values.set(V::columns, count).set(V::number, number);
   site_.rules.apply(gVltRule::source_page, values, frame.content);
-  writer.write(frame);
+  writer_.write(frame);
 }

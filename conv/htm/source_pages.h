@@ -4,12 +4,18 @@
 #include "conv/htm/colours.h"
 #include "conv/htm/page_writer.h"
 
+// Makes them one source after the other; a thread has a maker of its own.
 class gSourcePages {
 public:
-  gSourcePages(gSite const & site, gColours const & colours, gNavigation const & navigation);
+  using gUnits = std::map<std::string_view, std::vector<int>>; // by their source
+  static gUnits units_of(gSite const & site);
 
-  // Those that links lead to.
-  void write(gConversion & conversion, gPageWriter & writer);
+  // All have to outlive this.
+  gSourcePages(gConversion & conversion, gSite const & site, gColours const & colours,
+               gNavigation const & navigation, gUnits const & units);
+
+  // What has gone since the links were made still gets the page that they lead to.
+  void write(gSource const & source);
 
 private:
   using gUnitLines = std::map<std::size_t, int>; // the first unit on a line
@@ -19,16 +25,16 @@ private:
     std::vector<std::string_view> lines;
   };
 
-  void write_source(gSource const & source, std::string_view text, gPageWriter & writer);
+  void write_source(gSource const & source, std::string_view text);
   void set_lines(gPart const & part, gUnitLines const & units, bool coloured,
                  gColours::gState & state, std::string & items);
-  void write_part(gSource const & source, std::size_t part, std::string const & items,
-                  gPageWriter & writer);
+  void write_part(gSource const & source, std::size_t part, std::string const & items);
 
   gSite const & site_;
   gColours const & colours_;
   gNavigation const & navigation_;
-  gLanguage language_ = gLanguage::cpp;                // of the source at work
-  std::map<std::string_view, std::vector<int>> units_; // by their source
+  gPageWriter writer_;
+  gUnits const & units_;
+  gLanguage language_ = gLanguage::cpp; // of the source at work
   std::vector<gColoured> stretches_;
 };

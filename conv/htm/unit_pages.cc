@@ -29,29 +29,24 @@ struct gUnitPages::gParts {
   std::string title, subject, links, body, relations, notes, source, editor;
 };
 
-gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const & navigation,
-                       gContents const & contents)
+gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & colours,
+                       gNavigation const & navigation, gContents const & contents,
+                       gScopes const & scopes, gIncludes const & includes)
     : site_(site),
+      writer_(conversion, site),
       setter_(site, colours),
       navigation_(navigation),
       overview_(site, contents),
       relations_(site, setter_, overview_),
-      scopes_(site),
-      includes_(site),
+      scopes_(scopes),
+      includes_(includes),
       places_(site) {
+  setter_.report_to(made_.reports);
   for (gSkippedRecord const & one : site_.document.skipped)
     ++skipped_[one.scope];
 }
 
-void gUnitPages::write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search) {
-  auto const all = site_.document.units.size() + site_.source_addresses.sources();
-  for (int page = 0; page < site_.pages.size(); ++page) {
-    conversion.progress(static_cast<std::size_t>(site_.pages[page].first), all);
-    write_page(page, writer, search);
-  }
-}
-
-void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & search) {
+gMadePage gUnitPages::make(int page) {
   gUnitRecord const & head = site_.head(page);
   gKind const & kind = site_.kinds.of(site_.pages[page].first);
   setter_.begin_page(page);
@@ -63,8 +58,8 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.summary = site_.summary_of(site_.pages[page].first);
   frame.kind_class = kind.css;
   for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit) {
-    add_unit(unit, search, frame.content);
-    write_hierarchies(unit, writer);
+    add_unit(unit, frame.content);
+    write_hierarchies(unit);
   }
   frame.crumbs =
       navigation_.crumbs(site_.pages.tree().parent(page), Site::contents_title(head), "");
@@ -73,10 +68,11 @@ void gUnitPages::write_page(int page, gPageWriter & writer, gSearchIndex & searc
   frame.previous = navigation_.previous(page);
   frame.next = navigation_.next(page);
   set_running_heads(frame, head.section);
-  writer.write(frame);
+  writer_.write(frame);
+  return std::exchange(made_, gMadePage());
 }
 
-void gUnitPages::write_hierarchies(int unit, gPageWriter & writer) {
+void gUnitPages::write_hierarchies(int unit) {
   std::string const title = Html::escaped(site_.unit(unit).title);
   for (gHierarchyPage const & hierarchy : setter_.take_hierarchies()) {
     gPageFrame frame;
@@ -92,7 +88,7 @@ void gUnitPages::write_hierarchies(int unit, gPageWriter & writer) {
     values.set(V::title, title).set(V::items, hierarchy.items).set(V::href, href);
     values.set(V::count, shown).set(V::number, all);
     site_.rules.apply(gVltRule::hierarchy_page, values, frame.content);
-    writer.write(frame);
+    writer_.write(frame);
   }
 }
 
@@ -152,19 +148,20 @@ std::string gUnitPages::place_of(int unit) const {
 }
 
 // Each value of an enumeration is found by itself, where it stands in the table.
-void gUnitPages::add_values(int unit, gSearchIndex & search) {
+void gUnitPages::enter_search(int unit, gNodeList said) {
+  gMadePage::Unit & found = made_.units.emplace_back(unit, std::move(said));
   gUnitRecord const & record = site_.unit(unit);
   for (gValueFact const & value : record.facts.values)
-    search.add_value({unit, value.name, setter_.made_anchor(value.name), {}});
+    found.values.push_back({unit, value.name, setter_.made_anchor(value.name), {}});
   if (record.facts.values.empty())
     for (gEnumerator & value : Declaration::enumerators_of(record))
-      search.add_value({unit, std::move(value.name), place_of(unit), {}});
+      found.values.push_back({unit, std::move(value.name), place_of(unit), {}});
 }
 
-void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
+void gUnitPages::add_unit(int unit, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
   gUnitText text = site_.document.text_of(unit);
-  search.add(unit, text.body);
+  gNodeList said = text.body;
   EnumTable::set_into(record, site_.rules, true, text.body);
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.
@@ -172,7 +169,6 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   setter_.begin_unit(unit, level);
   gParts parts;
   set_parts(unit, text, parts);
-  add_values(unit, search);
   add_place(unit);
   gUnitHead const head = UnitHead::of(site_, setter_, unit, text);
   if (parts.title.empty())
@@ -207,4 +203,5 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   site_.rules.apply(gVltRule::unit, record.style, values, out);
   if (auto const found = skipped_.find(record.name); begins_page && found != skipped_.end())
     out += Pages::skipped_note(site_, record.name.empty() ? 0 : found->second);
+  enter_search(unit, std::move(said));
 }

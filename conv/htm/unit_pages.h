@@ -1,4 +1,4 @@
-// The pages of the units.
+// The pages of units.
 #pragma once
 
 #include "conv/htm/htm_setter.h"
@@ -9,36 +9,52 @@
 #include "conv/htm/scopes.h"
 #include "conv/htm/search_index.h"
 
+// What a page leaves beside its files.
+struct gMadePage {
+  // What can be searched for in a unit.
+  struct Unit {
+    Unit(int unit, gNodeList body) : unit(unit), body(std::move(body)) {}
+    int unit;
+    gNodeList body;
+    std::vector<gSearchValue> values;
+  };
+  gReportList reports;
+  std::vector<Unit> units;
+};
+
+// Makes pages one after the other; a thread has a maker of its own. A page depends on its number
+// and the plan of the site alone.
 class gUnitPages {
 public:
-  gUnitPages(gSite & site, gColours const & colours, gNavigation const & navigation,
-             gContents const & contents);
+  // All have to outlive this.
+  gUnitPages(gConversion & conversion, gSite & site, gColours const & colours,
+             gNavigation const & navigation, gContents const & contents, gScopes const & scopes,
+             gIncludes const & includes);
 
-  // Writes all pages; each unit is entered in the index of words.
-  void write(gConversion & conversion, gPageWriter & writer, gSearchIndex & search);
-  // Addresses of index entries.
-  gHtmSetter const & setter() const { return setter_; }
+  // Writes the page, and those of the hierarchies that it leads to.
+  gMadePage make(int page);
 
 private:
   struct gParts;
 
-  void write_page(int page, gPageWriter & writer, gSearchIndex & search);
-  void add_unit(int unit, gSearchIndex & search, std::string & out);
+  void add_unit(int unit, std::string & out);
   std::string place_of(int unit) const;
+  void enter_search(int unit, gNodeList said);
   std::string overview_of(int unit, int level);
-  void write_hierarchies(int unit, gPageWriter & writer);
+  void write_hierarchies(int unit);
   void set_parts(int number, gUnitText const & text, gParts & parts);
   void add_place(int unit);
-  void add_values(int unit, gSearchIndex & search);
   void set_running_heads(gPageFrame & frame, int section);
 
   gSite & site_;
+  gPageWriter writer_;
   gHtmSetter setter_;
   gNavigation const & navigation_;
   gOverview overview_;
   gRelations relations_;
-  gScopes scopes_;
-  gIncludes includes_;
+  gScopes const & scopes_;
+  gIncludes const & includes_;
   std::map<std::string_view, std::size_t> skipped_; // stretches by the scope that they stand in
   gPlaces places_;
+  gMadePage made_; // of the page at work
 };

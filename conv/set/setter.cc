@@ -131,7 +131,7 @@ void gSetter::set_name_ref(gNode const & node, std::string & out) {
       gUnitRecord const & record = document_.units[static_cast<std::size_t>(unit_)];
       place = {record.path, record.source_line};
     }
-    Msg::log(Msg::named_target_not_found, name, place);
+    reports()(Msg::named_target_not_found, name, place);
   }
   set_reference(node, target, out);
 }

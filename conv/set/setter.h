@@ -8,6 +8,7 @@
 
 #include "conv/atc/document.h"
 #include "conv/vlt/rules.h"
+#include "vlb/gmsghandler.h"
 
 struct gHierarchyItem;
 struct gTableShape;
@@ -29,6 +30,8 @@ public:
   gSetter(gSetter const &) = delete;
   gSetter & operator=(gSetter const &) = delete;
 
+  // Where faults are reported; the log without it. The sink has to outlive the setter.
+  void report_to(gReportSink & sink) { reports_ = &sink; }
   // Appends the nodes as target text.
   void set(gNodeList const & nodes, std::string & out);
   std::string set(gNodeList const & nodes);
@@ -45,6 +48,7 @@ protected:
   }
   gDocument const & document() const { return document_; }
   gVltRules const & rules() const { return rules_; }
+  gReportSink & reports() const { return *reports_; }
 
   // What a reference leads to, and the anchor of a bookmark or a headline.
   virtual gLinkEnd link_end(gTarget const & target) = 0;
@@ -115,6 +119,7 @@ private:
 
   gDocument const & document_;
   gVltRules const & rules_;
+  gReportSink * reports_ = &Msg::log;
   int unit_ = -1;
   int notes_ = 0;
   int list_level_ = 0;

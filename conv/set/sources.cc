@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
 #include "vlb/source_bytes.h"
 
@@ -53,13 +52,13 @@ std::string_view gSources::shown(std::string_view path) const {
   return path.substr(path.starts_with(common_) ? common_.size() : path.rfind('/') + 1);
 }
 
-bool gSources::read(std::string const & path, std::string & text) const {
+bool gSources::read(std::string const & path, std::string & text, gReportSink & reports) const {
   if (!Vlb::read_source(path, text)) {
-    Msg::log(Msg::source_unreadable, path);
+    reports(Msg::source_unreadable, path);
     return false;
   }
   if (is_newer(path, made_)) {
-    Msg::log(Msg::source_changed, path);
+    reports(Msg::source_changed, path);
     return false;
   }
   return true;

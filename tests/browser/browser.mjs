@@ -16,11 +16,11 @@ export const wide = { width: 1440, height: 900 };
 export const phone = { width: 390, height: 844 };
 let browser;
 
-// Calls `work` with a fresh page of its own; a script error or a request to the net is a fault.
+// Calls `work` with a fresh page of its own; a script error or a request to another machine is a fault.
 export const on_page = async (url, options, work) => {
   const context = await browser.newContext({ viewport: wide, ...options });
   const faults = [];
-  await context.route(/^(?!file:|data:)/, (route) => { faults.push(route.request().url()); route.abort(); });
+  await context.route(/^(?!file:|data:|http:\/\/127\.0\.0\.1:)/, (route) => { faults.push(route.request().url()); route.abort(); });
   const page = await context.newPage();
   page.setDefaultTimeout(10000);
   page.on("pageerror", (error) => faults.push(error.message));

@@ -85,6 +85,7 @@ TEST(conversion, tells_where_there_is_no_room) {
       "build p.vlp --set htm/helpers_dir_default=false --set htm/helpers_dir=" +
       box.path("helpers");
   EXPECT_EQ(box.run(build).status, 0);
+  box.write("helpers/large.bin", std::string(300'000, 'y')); // what is the same isn't written
   Answer const answer = box.run("--version && ulimit -f 200 && " VELLUMAR_PROGRAM " " + build);
   EXPECT_EQ(answer.status, 1);
   EXPECT_NE(answer.err.find("ERROR 21: Cannot write to file: " + box.path("out/htm.new/")),

@@ -38,7 +38,7 @@ int Sandbox::start(std::string const & arguments) const {
   int const child = fork();
   if (child == 0) {
     std::string const command = "cd '" + path() + "' && TMPDIR='" + path("tmp") +
-                                "' exec " VELLUMAR_PROGRAM " " + arguments + " 2>/dev/null";
+                                "' exec 2>/dev/null " VELLUMAR_PROGRAM " " + arguments;
     execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
     _exit(127);
   }

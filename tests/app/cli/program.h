@@ -21,7 +21,7 @@ public:
   void make_project() const;
   // Runs "vellumar ARGUMENTS" in the folder; the arguments go through the shell.
   Answer run(std::string const & arguments) const;
-  // Starts it without waiting; the process number.
+  // Starts it without waiting; the process number. What it tells is lost, if not sent elsewhere.
   int start(std::string const & arguments) const;
   // Waits until a file holds the text; a failure of the test if that never comes.
   void wait_for(std::string const & file, std::string const & text) const;

@@ -1,0 +1,17 @@
+// The pages of units and of sources, made on all threads of a conversion.
+#pragma once
+
+#include "conv/htm/source_pages.h"
+#include "conv/htm/unit_pages.h"
+
+namespace Pages {
+
+// Files and reports are the same with any number of threads. Each unit is entered in the index of
+// words, in the order of the document.
+void write_units(gConversion & conversion, gSite & site, gColours const & colours,
+                 gNavigation const & navigation, gContents const & contents, gSearchIndex & search);
+// Those that links lead to.
+void write_sources(gConversion & conversion, gSite const & site, gColours const & colours,
+                   gNavigation const & navigation);
+
+} // namespace Pages
