@@ -20,7 +20,8 @@ struct gConversionResult {
   std::size_t files = 0; // written
   std::size_t bytes = 0;
   std::size_t pages = 0;                    // HTML files among them, without those of sources
-  std::map<std::string, std::size_t> units; // with a name, by their style
+  std::map<std::string, std::size_t> units; // with a name and a text, by their style
+  std::size_t without_text = 0;             // with a name alone
 };
 
 // Ends a conversion whose fault has been reported.
@@ -47,6 +48,8 @@ public:
   // Writes a file of the result; `name` is relative and may have folders. Throws gExcUserBreak if
   // the user asked for a stop; gExcConversion, after a report, if the file can't be written.
   void write(std::string const & name, std::string_view text);
+  // Where a file of the result lies until finish().
+  gPathstring written(std::string const & name) const { return gPathstring(work_).append(name); }
   // Copies a file; false, after a report, if it can't be read.
   bool copy(gPathstring const & from, std::string const & name);
   // Shows how far the work is; polls the user's break (gExcUserBreak).

@@ -112,6 +112,11 @@ struct gConversionInput {
   gString title;
   gString index_place_holder, index_separator;
   gString editor_scheme;
+  gString repository, commit; // addresses of sources, see gRepository
+  gString external;           // lists of other documentation, see gExternals; files are absolute
+  gPathstring addresses;      // the map of addresses; empty for none
+  gString tagfile;            // a name in the result
+  bool inventory = false;
   int split_level = 0;
   bool simple_index = false, hierarchies_apart = false;
   bool map_wanted = false;

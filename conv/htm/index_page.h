@@ -10,6 +10,6 @@ namespace Index {
 // The setter knows the anchors of the entries. With `simple`, links lead to the beginnings of
 // pages.
 void write(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-           gHtmSetter const & setter, std::vector<gIndexKey> const & keys, bool simple);
+           gHtmSetter const & setter, std::vector<gIndexKey> keys, bool simple);
 
 } // namespace Index

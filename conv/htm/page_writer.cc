@@ -24,7 +24,9 @@ void gPageWriter::write(gPageFrame const & frame) {
   values.set(V::foot_left, frame.foot_left).set(V::foot_right, frame.foot_right);
   values.set(V::style, frame.style).set(V::href, frame.file);
   values.set(V::kind, frame.kind).set(V::kind_class, frame.kind_class);
+  values.set(V::path, frame.leads_to);
   text_.clear();
   site_.rules.apply(gVltRule::page, values, text_);
   conversion_.write(frame.file, text_);
+  links_.add_page(frame.file, text_);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "conv/conversion.h"
+#include "conv/htm/link_check.h"
 #include "conv/htm/navigation.h"
 
 // Finished texts, but for the title.
@@ -13,6 +14,7 @@ struct gPageFrame {
   gNeighbour previous, next;
   std::string head_left, head_right, foot_left, foot_right;
   std::string kind, kind_class;
+  std::string leads_to; // the page that has taken the place of this one; of style moved alone
 };
 
 class gPageWriter {
@@ -22,10 +24,13 @@ public:
         site_(site) {}
 
   void write(gPageFrame const & frame);
+  // Reports links of the pages that lead nowhere. All other files are written, too.
+  void check_links() const { links_.report(conversion_); }
 
 private:
   gConversion & conversion_;
   gSite const & site_;
+  gLinkCheck links_;
   std::string text_; // keeps its memory from page to page
 };
 
@@ -37,6 +42,7 @@ void write_start(gPageWriter & writer, gSite const & site, gNavigation const & n
 void write_contents(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
                     gContents const & contents);
 // Pages in the place of addresses that several pages could have.
+void add_similar(gSite const & site, int unit, std::string & out); // as an item of a list
 void write_similar(gPageWriter & writer, gSite const & site, gNavigation const & navigation);
 
 // What the analysis didn't understand, with its source. No page if there is nothing of the kind.

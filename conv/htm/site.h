@@ -4,7 +4,9 @@
 #include "conv/htm/addresses.h"
 #include "conv/htm/pages.h"
 #include "conv/htm/source_addresses.h"
+#include "conv/set/externals.h"
 #include "conv/set/kinds.h"
+#include "conv/set/repository.h"
 
 struct gSite {
   gSite(gDocument const & document, gVltRules const & rules, std::string title, int split_level);
@@ -23,6 +25,8 @@ struct gSite {
   gVltRules const & rules;
   std::string title;         // of the whole; plain text
   std::string editor_scheme; // address by which a source opens in an editor; may be empty
+  gExternals const * externals = nullptr;
+  gRepository * repository = nullptr;
   gPages pages;
   gKinds kinds;
   gSources sources;

@@ -24,7 +24,7 @@ gNode const * find_source_link(gNodeList const & nodes) {
 
 // What a unit consists of, as finished texts.
 struct gUnitPages::gParts {
-  std::string title, subject, links, body, notes, source, editor;
+  std::string title, subject, links, body, notes, source, editor, repository;
 };
 
 gUnitPages::gUnitPages(gSite & site, gColours const & colours, gNavigation const & navigation,
@@ -112,6 +112,7 @@ void gUnitPages::set_parts(gUnitText const & text, gParts & parts) {
       if (source && parts.source.empty()) {
         parts.source = setter_.source_href(source->param(0), source->param(1));
         parts.editor = setter_.editor_href(source->param(0), source->param(1));
+        parts.repository = setter_.repository_href(source->param(0), source->param(1));
       }
     }
   parts.notes = setter_.take_notes();
@@ -173,6 +174,7 @@ void gUnitPages::add_unit(int unit, gSearchIndex & search, std::string & out) {
   values.set(V::name, name).set(V::scope, scope).set(V::title, parts.title);
   values.set(V::subject, parts.subject).set(V::links, parts.links).set(V::body, parts.body);
   values.set(V::notes, parts.notes).set(V::overview, overview).set(V::summary, summary);
+  values.set(V::repository, parts.repository);
   values.set(V::source, parts.source).set(V::editor, parts.editor).set(V::wintype, wintype);
   values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
   values.set(V::named, Site::is_named(record) ? "1" : "").set(V::target, plain);

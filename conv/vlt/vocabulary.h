@@ -74,6 +74,8 @@ enum class gVltValue : unsigned char {
   keywords, //
   browse,   // the place in the browse sequence
   wintype,  // a window type
+  // Pages
+  repository, // a link to the source where its project keeps it; empty if that isn't known
   last_value
 };
 constexpr std::size_t vlt_value_count = static_cast<std::size_t>(gVltValue::last_value);
@@ -160,6 +162,7 @@ enum class gVltRule : unsigned char {
   own_name,  // in a signature: the name of what is declared
   similar_page,
   similar_item,
+  moved_page,
   skipped_page,
   skipped_item,
   skipped_note,
