@@ -313,8 +313,10 @@ bool gConversion::finish(std::string const & start_file) {
     return report_unwritable(folder_, error);
   remove_tree(work_); // the old result
   for (gUnitRecord const & unit : document_.units) {
-    if (!unit.name.empty())
+    if (!unit.name.empty() && !unit.summary.empty())
       ++result_.units[unit.style];
+    else if (!unit.name.empty())
+      ++result_.without_text;
   }
   result_.start = folder_;
   result_.start.append(start_file);

@@ -22,7 +22,8 @@ struct gConversionResult {
   std::size_t unchanged = 0; // of these files: they are the same as in the result before
   std::size_t bytes = 0;
   std::size_t pages = 0;                    // HTML files among them, without those of sources
-  std::map<std::string, std::size_t> units; // with a name, by their style
+  std::map<std::string, std::size_t> units; // with a name and a text, by their style
+  std::size_t without_text = 0;             // with a name alone
 };
 
 // Ends a conversion. The frame reports the fault: it may have come up on any thread.
@@ -56,6 +57,8 @@ public:
   // Writes a file of the result; `name` is relative and may have folders. Throws gExcUserBreak if
   // the user asked for a stop; gExcConversion if the file can't be written. From any thread.
   void write(std::string const & name, std::string_view text);
+  // Where a file of the result lies until finish().
+  gPathstring written(std::string const & name) const { return gPathstring(work_).append(name); }
   // Copies a file; false, after a report, if it can't be read.
   bool copy(gPathstring const & from, std::string const & name);
   // Shows how far the work is; polls the user's break (gExcUserBreak).

@@ -130,7 +130,22 @@ void gCliOutside::report(Msg::type, gString const & line) {
   // In the log an empty line stands in front of each stage.
   std::string_view text = line;
   text.remove_prefix(text.starts_with('\n'));
+  if (!limited_.empty() && text.starts_with(limited_) && ++counted_ > most_)
+    return;
   print_line(text);
+}
+
+void gCliOutside::set_limit(std::string beginning, std::size_t most) {
+  std::lock_guard const guard(mutex_);
+  limited_ = std::move(beginning);
+  most_ = most;
+  counted_ = 0;
+}
+
+void gCliOutside::tell_omitted() {
+  std::lock_guard const guard(mutex_);
+  if (counted_ > most_)
+    print_line(std::to_string(counted_ - most_) + " more like this; the log has them all.");
 }
 
 // Lines that only tell which file is read, and what belongs to no run, are for the log.

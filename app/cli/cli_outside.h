@@ -15,6 +15,9 @@ public:
 
   // No reports; refusals are still told.
   void set_quiet(bool quiet) { quiet_ = quiet; }
+  // Of reports that begin so, a run shows no more than this; tell_omitted() says how many it had.
+  void set_limit(std::string beginning, std::size_t most);
+  void tell_omitted();
   // True if a question can be asked.
   static bool interactive();
   // A line of the command itself, such as why it refuses.
@@ -43,4 +46,6 @@ private:
   gString status_;
   bool terminal_;
   bool quiet_ = false;
+  std::string limited_; // the beginning of reports that are counted
+  std::size_t most_ = 0, counted_ = 0;
 };

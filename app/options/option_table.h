@@ -274,6 +274,27 @@ inline constexpr gOptionRow option_table[] = {
          text("htm/site_url", "", "Address of the site",
               "address at which the pages will stand, such as `https://example.org/api/`. With it "
               "they name their own address, and `sitemap.xml` and `404.html` are made")),
+    from(
+        gOptionOrigin::user,
+        text("htm/repository", "", "",
+             "address of a source where the project keeps it, with `$file`, `$line` and `$commit`, "
+             "see [html.md](html.md)")),
+    from(gOptionOrigin::user,
+         text("htm/commit", "", "", "what `$commit` is; without it that of the working copy")),
+    from(
+        gOptionOrigin::user,
+        text("htm/external", "", "",
+             "documentation that links may lead to: `address, file`, with `;` between several, see "
+             "[html.md](html.md)")),
+    from(
+        gOptionOrigin::user,
+        text(
+            "htm/addresses", "", "",
+            "file that keeps where everything is, so that the next run leaves pages that lead on")),
+    from(gOptionOrigin::user,
+         text("htm/tagfile", "", "", "name of a tag file that the site gets, for Doxygen")),
+    from(gOptionOrigin::user,
+         flag("htm/inventory", false, "", "whether the site gets an `objects.inv`, for Sphinx")),
     from(gOptionOrigin::run, text("htm/out_dir", "", "", out_dir_help)),
     from(gOptionOrigin::run, text("htm/cur_vlt", "", "", script_in_use)),
     from(gOptionOrigin::run,

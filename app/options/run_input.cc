@@ -225,6 +225,33 @@ void read_help(Reader const & read, gConversionInput & input) {
   });
 }
 
+// The files of lists become absolute.
+gString absolute_lists(std::string const & lists) {
+  gString result;
+  for (std::size_t begin = 0; begin < lists.size();) {
+    std::size_t const end = std::min(lists.find(';', begin), lists.size());
+    std::string const one = lists.substr(begin, end - begin);
+    std::size_t const file = one.find_first_not_of(' ', one.find(',') + 1);
+    result += result.empty() ? "" : ";";
+    if (one.find(',') == one.npos || file == one.npos)
+      result += one;
+    else
+      result += one.substr(0, file) + Reader::absolute(one.substr(file)).normalize(true);
+    begin = end + 1;
+  }
+  return result;
+}
+
+void read_links(Reader const & read, gConversionInput & input) {
+  input.repository = read.text("htm/repository");
+  input.commit = read.text("htm/commit");
+  input.external = absolute_lists(read.text("htm/external"));
+  if (gString const name = read.text("htm/addresses"); !name.empty())
+    input.addresses = Reader::absolute(name).normalize(true);
+  input.tagfile = read.text("htm/tagfile");
+  input.inventory = read.flag("htm/inventory");
+}
+
 } // namespace
 
 void gUnitConfig::add(gString const & subentry, int digits) {
@@ -288,6 +315,7 @@ gConversionInput Vapp::conversion_input(std::string const & target) {
     input.version = read.text("htm/version");
     input.description = read.text("htm/description");
     input.address = read.text("htm/site_url");
+    read_links(read, input);
   }
   return input;
 }

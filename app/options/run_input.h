@@ -115,6 +115,11 @@ struct gConversionInput {
   gString editor_scheme;
   gPathstring start_text;                // empty for none
   gString version, description, address; // of the site
+  gString repository, commit;            // addresses of sources, see gRepository
+  gString external;      // lists of other documentation, see gExternals; files are absolute
+  gPathstring addresses; // the map of addresses; empty for none
+  gString tagfile;       // a name in the result
+  bool inventory = false;
   int split_level = 0;
   int jobs = 0; // threads; 0 for one a core
   bool simple_index = false, hierarchies_apart = false;

@@ -207,7 +207,9 @@ std::string gQuickProject::summary() const {
   if (cut > 0)
     text += ", " + std::to_string(cut) + " of them not read whole (the log tells why)";
   text += "\nRead:       " + gRun::last_result().read;
-  text += "\nDocumented: " + units(result) + "\nPages:      " + std::to_string(result.pages);
+  text += "\nDocumented: " + units(result) +
+          "\nOnly named: " + plural(result.without_text, "unit", "units") +
+          "\nPages:      " + std::to_string(result.pages);
   // Where the run has put it: a question may have led to another folder.
   return text + "\nLog:        " + shown(Vapp::option_path("out_dir").append("ana.log")) + "\n";
 }

@@ -98,6 +98,8 @@ public:
   gTarget find_name(int from, std::string_view name) const;
   // The unit that a word in a declaration means, seen from a unit: -1 if none or if it is itself.
   int find_word(int from, std::string_view word) const;
+  // The type or namespace with this whole name, the first of several; -1 if there is none.
+  int find_type(std::string_view name) const;
 
 private:
   friend class gAtcReader;
@@ -106,6 +108,7 @@ private:
   void make_tree();
   int nearest(int from, std::span<gHashIndex::Entry const> entries, std::string_view name) const;
   int type_in_scope(int from, std::string_view name) const;
+  bool is_in_sight(int unit) const;
   void enter_name(int unit);
   int common_depth(int a, int b) const;
 

@@ -236,12 +236,26 @@ int gDocument::type_in_scope(int from, std::string_view name) const {
   return found.empty() ? -1 : found.front().id;
 }
 
+int gDocument::find_type(std::string_view name) const {
+  Entries const found = types_.find(hash_of(name));
+  return found.empty() || units[found.front().id].name != name ? -1 : found.front().id;
+}
+
+// A type with a name that no other has may still not be the one that is meant, if it stands within
+// something. What a unit of Pascal declares is known to those that use the unit.
+bool gDocument::is_in_sight(int unit) const {
+  gUnitRecord const & record = units[unit];
+  int const around = find_type(Atc::scope_of(record));
+  return !record.facts.known || Atc::scope_of(record).empty() ||
+         (around >= 0 && units[around].facts.kind == "unit");
+}
+
 int gDocument::find_word(int from, std::string_view word) const {
   Entries const entries = type_tails_.find(hash_of(word));
   if (entries.empty() || from < 0)
     return -1;
   int found = type_in_scope(from, word);
-  if (found < 0 && entries.size() == 1)
+  if (found < 0 && entries.size() == 1 && is_in_sight(entries.front().id))
     found = entries.front().id;
   bool const fits = found >= 0 && is_tail(units[found].name, word);
   return fits && units[found].name != units[from].name ? found : -1;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "conv/atc/qualified_name.h"
 #include "conv/htm/declaration_text.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/slug.h"
@@ -171,12 +172,10 @@ void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
   static gKnownFacts const none;
   gKnownFacts const & facts =
       unit() < 0 || text != site_.unit(unit()).declaration ? none : site_.unit(unit()).facts;
-  std::vector<std::string_view> const bound = Declaration::bound_names(text, facts);
+  find_bound_names(unit(), text, facts);
   DeclarationText::set(
       Declaration::broken(text, facts), language, colours_,
-      [this, &bound](std::string_view name, std::string & link) {
-        return std::ranges::find(bound, name) == bound.end() && link_name(unit(), name, link);
-      },
+      [this](std::string_view name, std::string & link) { return link_name(unit(), name, link); },
       out);
 }
 
@@ -190,7 +189,7 @@ std::string gHtmSetter::signature_of(int unit) {
   if (facts.name.empty() || facts.size != text.size() || facts.name.end > text.size() ||
       text.find('\n') != std::string_view::npos)
     return {};
-  std::vector<std::string_view> const bound = Declaration::bound_names(text, facts);
+  find_bound_names(unit, text, facts);
   if (text.ends_with(';'))
     text.remove_suffix(1);
   constexpr std::string_view define = "#define ";
@@ -213,17 +212,36 @@ std::string gHtmSetter::signature_of(int unit) {
   std::string out;
   DeclarationText::set_with_name(
       text, gColours::language_of(record.path), colours_,
-      [&](std::string_view word, std::string & link) {
-        return std::ranges::find(bound, word) == bound.end() && link_name(unit, word, link);
-      },
-      own, out);
+      [&](std::string_view word, std::string & link) { return link_name(unit, word, link); }, own,
+      out);
   return out;
+}
+
+// The parameters of a template mean nothing outside, and within its members nothing else.
+void gHtmSetter::find_bound_names(int unit, std::string_view declaration,
+                                  gKnownFacts const & facts) {
+  bound_.clear();
+  for (std::string_view const name : Declaration::bound_names(declaration, facts))
+    bound_.emplace_back(name);
+  if (unit < 0)
+    return;
+  for (std::string_view scope = Atc::scope_of(site_.unit(unit)); !scope.empty();
+       scope = Atc::scope_of(scope))
+    if (int const type = document().find_type(scope); type >= 0) {
+      gUnitRecord const & record = site_.unit(type);
+      for (std::string_view const name : Declaration::bound_names(record.declaration, record.facts))
+        bound_.emplace_back(name);
+    }
 }
 
 // What stands right here needs no link.
 bool gHtmSetter::link_name(int from, std::string_view name, std::string & out) {
+  if (std::ranges::find(bound_, name.substr(0, name.find("::"))) != bound_.end())
+    return false;
   int const found = document().find_word(from, name);
-  if (found < 0 || found == from || found == unit())
+  if (found < 0)
+    return link_outside(from, name, out);
+  if (found == from || found == unit())
     return false;
   gLinkEnd const end = link_to(found, {});
   std::string const text = escaped(name);
@@ -232,6 +250,34 @@ bool gHtmSetter::link_name(int from, std::string_view name, std::string & out) {
   values.set(gVltValue::target, end.title).set(gVltValue::kind, end.kind);
   rules().apply(gVltRule::name_link, values, out);
   return true;
+}
+
+bool gHtmSetter::link_outside(int from, std::string_view name, std::string & out) {
+  if (!site_.externals || from < 0)
+    return false;
+  std::string const to = site_.externals->href_from(site_.unit(from).name, name, true);
+  if (to.empty())
+    return false;
+  std::string const text = escaped(name);
+  gVltValues values;
+  values.set(gVltValue::text, text).set(gVltValue::href, to).set(gVltValue::target, text);
+  rules().apply(gVltRule::name_link, values, out);
+  return true;
+}
+
+gLinkEnd gHtmSetter::outer_link_end(std::string_view name) {
+  gLinkEnd end;
+  if (!site_.externals)
+    return end;
+  std::string_view const scope = unit() < 0 ? std::string_view() : site_.unit(unit()).name;
+  name = name.substr(0, name.find('('));
+  end.href = site_.externals->href_from(scope, name, false);
+  end.title = escaped(name);
+  return end;
+}
+
+std::string gHtmSetter::repository_href(std::string const & path, std::string_view line) {
+  return site_.repository ? site_.repository->href(path, line) : std::string();
 }
 
 void gHtmSetter::set_note(gNode const & node, std::string & out) {

@@ -45,9 +45,12 @@ public:
   gLinkEnd link_to(int unit, std::string_view place) const;
   std::string source_href(std::string_view path, std::string_view line) override;
   std::string editor_href(std::string_view path, std::string_view line) override;
+  // Of a source where its project keeps it for all; empty if that isn't known.
+  std::string repository_href(std::string const & path, std::string_view line);
 
 protected:
   gLinkEnd link_end(gTarget const & target) override;
+  gLinkEnd outer_link_end(std::string_view name) override;
   std::string anchor(std::string_view bookmark) override;
   std::string headline_anchor(gNode const & node) override;
   std::string headline_level(gNode const & node) const override;
@@ -62,11 +65,15 @@ private:
   void set_declaration(std::string_view text, std::string & out);
   void draw_line(gDrawing const & drawing, gHierarchyEdge const & edge, std::string & out) const;
   void draw_box(gDrawnBox const & box, gNode const & step, std::string & out);
+  // Not of a name that the declaration or a template around it binds.
   bool link_name(int from, std::string_view name, std::string & out);
+  bool link_outside(int from, std::string_view name, std::string & out);
+  void find_bound_names(int unit, std::string_view declaration, gKnownFacts const & facts);
 
   gSite & site_;
   gColours const & colours_;
   std::string editor_;
+  std::vector<std::string> bound_; // by the declaration at work
   int page_ = -1;
   std::string_view root_; // from where links lead to the folder of the pages
   std::vector<gHierarchyPage> hierarchies_;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
 
 namespace {
@@ -40,10 +41,10 @@ std::vector<gLetter> letters_of(gKeys keys) {
 
 // The places of an entry: one makes the entry itself a link, several are listed.
 struct gPlaceTexts {
-  std::string href, target, kind, list;
+  std::string href, target, scope, kind, list;
 
   void give(gVltValues & values) const {
-    values.set(V::href, href).set(V::target, target).set(V::kind, kind);
+    values.set(V::title, scope).set(V::href, href).set(V::target, target).set(V::kind, kind);
   }
 };
 
@@ -53,7 +54,7 @@ public:
 
   void add_key(gIndexKey const & key, std::string & out) const {
     std::string const text = Html::escaped(key.text);
-    gPlaceTexts const places = places_of(key.places);
+    gPlaceTexts const places = places_of(key.places, key.text);
     std::string phrases;
     for (gIndexPhrase const & phrase : key.phrases)
       add_phrase(phrase, phrases);
@@ -78,23 +79,24 @@ private:
   }
   void add_phrase(gIndexPhrase const & phrase, std::string & out) const {
     std::string const text = Html::escaped(phrase.text);
-    gPlaceTexts const places = places_of(phrase.places);
+    gPlaceTexts const places = places_of(phrase.places, {});
     gVltValues values;
     places.give(values);
     values.set(V::text, text).set(V::items, places.list);
     site_.rules.apply(gVltRule::index_second, values, out);
   }
-  gPlaceTexts places_of(gPlaceList const & all) const {
+  gPlaceTexts places_of(gPlaceList const & all, std::string_view key) const {
     gPlaceTexts texts;
     gPlaceList const places = one_of_each(all);
     if (places.size() == 1) {
       texts.href = href(places[0]);
       texts.target = title_of(places[0]);
+      texts.scope = scope_beside(places[0], key);
       texts.kind = site_.kinds.of(places[0].unit).word;
       return texts;
     }
     for (std::size_t i = 0; i < std::min(places.size(), most_places); ++i)
-      add_place(places[i], i + 1, texts.list);
+      add_place(places[i], key, i + 1, texts.list);
     if (places.size() > most_places) {
       std::string const count = site_.number(places.size() - most_places);
       gVltValues more;
@@ -111,8 +113,25 @@ private:
         result.push_back(place);
     return result;
   }
-  void add_place(gIndexPlace const & place, std::size_t number, std::string & out) const {
-    std::string const to = href(place), index = std::to_string(number), title = title_of(place);
+  // What a name stands in, where the name itself is the key; else nothing.
+  std::string scope_beside(gIndexPlace const & place, std::string_view key) const {
+    gUnitRecord const & record = site_.unit(place.unit);
+    bool const told = record.facts.known && key == Atc::last_component(record);
+    return told ? Html::escaped(Atc::scope_of(record)) : std::string();
+  }
+  // Of names without a scope their sources tell them apart.
+  std::string title_beside(gIndexPlace const & place, std::string_view key) const {
+    gUnitRecord const & record = site_.unit(place.unit);
+    if (!record.facts.known || key != record.name)
+      return title_of(place);
+    return Html::escaped(site_.sources.shown(record.path));
+  }
+  void add_place(gIndexPlace const & place, std::string_view key, std::size_t number,
+                 std::string & out) const {
+    std::string const to = href(place), index = std::to_string(number);
+    std::string title = scope_beside(place, key);
+    if (title.empty())
+      title = title_beside(place, key);
     gVltValues values;
     values.set(V::href, to).set(V::title, title).set(V::number, index);
     values.set(V::kind, site_.kinds.of(place.unit).word);
@@ -226,10 +245,20 @@ private:
   std::string title_;
 };
 
+// "Box::add" beside "add" says nothing more.
+bool repeats_a_name(gSite const & site, gIndexKey const & key) {
+  return key.phrases.empty() && !key.places.empty() &&
+         std::ranges::all_of(key.places, [&](gIndexPlace const & place) {
+           gUnitRecord const & record = site.unit(place.unit);
+           return record.facts.known && key.text == record.name && !Atc::scope_of(record).empty();
+         });
+}
+
 } // namespace
 
 void Index::write(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-                  std::vector<gIndexKey> const & keys, bool simple) {
+                  std::vector<gIndexKey> keys, bool simple) {
+  std::erase_if(keys, [&](gIndexKey const & key) { return repeats_a_name(site, key); });
   std::vector<gLetter> const letters = letters_of(keys);
   gIndexPages pages(writer, site, navigation, letters, simple);
   std::size_t entries = 0;

@@ -9,6 +9,6 @@ namespace Index {
 // With `simple`, links lead to the beginnings of
 // pages.
 void write(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
-           std::vector<gIndexKey> const & keys, bool simple);
+           std::vector<gIndexKey> keys, bool simple);
 
 } // namespace Index

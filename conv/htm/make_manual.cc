@@ -1,6 +1,8 @@
 // The converter to HTML, from the plan of the site to its last file.
 
+#include "conv/htm/former_addresses.h"
 #include "conv/htm/index_page.h"
+#include "conv/htm/link_lists.h"
 #include "conv/htm/page_pool.h"
 #include "vlb/folder.h"
 #include "vlb/gfilesystem.h"
@@ -26,7 +28,18 @@ bool copy_helpers(gConversion & conversion) {
   return copied;
 }
 
-void write_site(gConversion & conversion) {
+void write_lists(gConversion & conversion, gSite const & site) {
+  gConversionInput const & input = conversion.input();
+  // A name alone: no list is written elsewhere.
+  if (std::string const name = input.tagfile; !name.empty() && name.find('/') == name.npos)
+    LinkLists::write_tags(conversion, site, name);
+  if (input.inventory)
+    LinkLists::write_inventory(conversion, site);
+}
+
+// False, after a report, if a file that belongs to all pages couldn't be copied, or the result
+// isn't in its place.
+bool write_site(gConversion & conversion) {
   gConversionInput const & input = conversion.input();
   gSite site(conversion.document(), conversion.rules(), conversion.title(), input.split_level);
   site.editor_scheme = input.editor_scheme;
@@ -35,6 +48,12 @@ void write_site(gConversion & conversion) {
   site.address = input.address;
   if (!site.address.empty() && !site.address.ends_with('/'))
     site.address += '/';
+  gExternals const externals(input.external);
+  site.externals = &externals;
+  gRepository repository(input.repository, input.commit);
+  site.repository = &repository;
+  gLinkCheck link_check;
+  site.link_check = &link_check;
   gColours const colours(conversion.rules());
   gContents const contents(site);
   gNavigation const navigation(site, contents);
@@ -51,13 +70,21 @@ void write_site(gConversion & conversion) {
                input.simple_index);
   search.write(conversion);
   Pages::write_sources(conversion, site, colours, navigation);
+  write_lists(conversion, site);
+  gFormerAddresses former(site);
+  if (!input.addresses.empty()) {
+    former.read(input.addresses);
+    former.write_pages(writer, navigation);
+  }
+  if (!copy_helpers(conversion))
+    return false;
+  link_check.report(conversion);
+  return conversion.finish("index.htm") &&
+         (input.addresses.empty() || former.write(input.addresses));
 }
 
 bool make_html(gConversion & conversion) {
-  if (!conversion.start())
-    return false;
-  write_site(conversion);
-  return copy_helpers(conversion) && conversion.finish("index.htm");
+  return conversion.start() && write_site(conversion);
 }
 
 } // namespace

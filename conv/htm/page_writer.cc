@@ -32,7 +32,10 @@ void gPageWriter::write(gPageFrame const & frame) {
   values.set(V::summary, summary).set(V::version, version).set(V::address, address);
   values.set(V::style, frame.style).set(V::href, frame.file);
   values.set(V::kind, frame.kind).set(V::kind_class, frame.kind_class);
+  values.set(V::path, frame.leads_to);
   text_.clear();
   site_.rules.apply(gVltRule::page, values, text_);
   conversion_.write(frame.file, text_);
+  if (site_.link_check)
+    site_.link_check->add_page(frame.file, text_);
 }

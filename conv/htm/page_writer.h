@@ -14,8 +14,9 @@ struct gPageFrame {
   gNeighbour previous, next;
   std::string head_left, head_right, foot_left, foot_right;
   std::string kind, kind_class;
-  std::string summary; // plain text
-  std::string root;    // the folder of the start page, if it isn't told by the file's own
+  std::string summary;  // plain text
+  std::string root;     // the folder of the start page, if it isn't told by the file's own
+  std::string leads_to; // the page that has taken the place of this one; of style moved alone
 };
 
 class gPageWriter {
@@ -45,6 +46,7 @@ void write_for_servers(gConversion & conversion, gPageWriter & writer, gSite con
 void write_contents(gPageWriter & writer, gSite const & site, gNavigation const & navigation,
                     gContents const & contents);
 // Pages in the place of addresses that several pages could have.
+void add_similar(gSite const & site, int unit, std::string & out); // as an item of a list
 void write_similar(gPageWriter & writer, gSite const & site, gNavigation const & navigation);
 
 // What the analysis didn't understand, with its source. No page if there is nothing of the kind.

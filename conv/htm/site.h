@@ -3,11 +3,14 @@
 
 #include "conv/htm/addresses.h"
 #include "conv/htm/entry_anchors.h"
+#include "conv/htm/link_check.h"
 #include "conv/htm/once_reports.h"
 #include "conv/htm/pages.h"
 #include "conv/htm/source_addresses.h"
+#include "conv/set/externals.h"
 #include "conv/set/inheritance.h"
 #include "conv/set/kinds.h"
+#include "conv/set/repository.h"
 
 struct gSite {
   gSite(gDocument const & document, gVltRules const & rules, std::string title, int split_level);
@@ -34,6 +37,9 @@ struct gSite {
   std::string editor_scheme; // address by which a source opens in an editor; may be empty
   std::string version, description;
   std::string address; // where the pages will stand, with a "/" at its end; empty if not known
+  gExternals const * externals = nullptr;
+  gRepository * repository = nullptr;
+  gLinkCheck * link_check = nullptr; // of all pages
   gPages pages;
   gKinds kinds;
   gInheritance inheritance;

@@ -9,23 +9,6 @@ namespace {
 
 using V = gVltValue;
 
-void add_similar(gSite const & site, int page, std::string & out) {
-  int const first = site.pages[page].first;
-  gUnitRecord const & record = site.unit(first);
-  gKind const & kind = site.kinds.of(first);
-  std::string const title = Html::escaped(record.title);
-  std::string const scope = Html::escaped(Atc::scope_of(record));
-  std::string const summary = Html::escaped(record.summary);
-  std::string const path = Html::escaped(site.sources.shown(record.path));
-  std::string const line = std::to_string(record.source_line);
-  gVltValues values;
-  values.set(V::href, site.addresses.file(page)).set(V::title, title).set(V::scope, scope);
-  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::summary, summary);
-  values.set(V::path, path).set(V::line, line);
-  values.set(V::named, Site::is_named(record) ? "1" : "");
-  site.rules.apply(gVltRule::similar_item, values, out);
-}
-
 std::string items_of(gSite const & site, gContents const & contents, gContentsPage const & page) {
   if (!contents.is_plain(page))
     return contents.list(page);
@@ -64,12 +47,29 @@ void Pages::write_contents(gPageWriter & writer, gSite const & site, gNavigation
   }
 }
 
+void Pages::add_similar(gSite const & site, int unit, std::string & out) {
+  gUnitRecord const & record = site.unit(unit);
+  gKind const & kind = site.kinds.of(unit);
+  std::string const title = Html::escaped(record.title);
+  std::string const scope = Html::escaped(Atc::scope_of(record));
+  std::string const summary = Html::escaped(record.summary);
+  std::string const path = Html::escaped(site.sources.shown(record.path));
+  std::string const line = std::to_string(record.source_line);
+  std::string const href = site.addresses.href(unit);
+  gVltValues values;
+  values.set(V::href, href).set(V::title, title).set(V::scope, scope);
+  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::summary, summary);
+  values.set(V::path, path).set(V::line, line);
+  values.set(V::named, Site::is_named(record) ? "1" : "");
+  site.rules.apply(gVltRule::similar_item, values, out);
+}
+
 void Pages::write_similar(gPageWriter & writer, gSite const & site,
                           gNavigation const & navigation) {
   for (gSimilarPages const & similar : site.addresses.similar()) {
     std::string items;
     for (int const page : similar.pages)
-      add_similar(site, page, items);
+      add_similar(site, site.pages[page].first, items);
     gPageFrame frame;
     frame.style = "similar";
     frame.file = similar.name;

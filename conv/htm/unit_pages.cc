@@ -26,7 +26,7 @@ gNode const * find_source_link(gNodeList const & nodes) {
 
 // What a unit consists of, as finished texts.
 struct gUnitPages::gParts {
-  std::string title, subject, links, body, relations, notes, source, editor;
+  std::string title, subject, links, body, relations, notes, source, editor, repository;
 };
 
 gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & colours,
@@ -113,6 +113,7 @@ void gUnitPages::set_parts(int number, gUnitText const & text, gParts & parts) {
       if (source && parts.source.empty()) {
         parts.source = setter_.source_href(source->param(0), source->param(1));
         parts.editor = setter_.editor_href(source->param(0), source->param(1));
+        parts.repository = setter_.repository_href(source->param(0), source->param(1));
       }
     }
   parts.body += relations_.borrowed(number, text.body);
@@ -197,6 +198,7 @@ void gUnitPages::add_unit(int unit, std::string & out) {
       .set(V::summary, summary);
   values.set(V::include, head.include).set(V::condition, head.condition);
   values.set(V::deprecated, head.deprecated).set(V::since, head.since);
+  values.set(V::repository, parts.repository);
   values.set(V::source, parts.source).set(V::editor, parts.editor).set(V::wintype, wintype);
   values.set(V::member, begins_page ? "" : "1").set(V::path, path).set(V::line, line);
   values.set(V::named, Site::is_named(record) ? "1" : "").set(V::target, plain);

@@ -125,6 +125,9 @@ void gSetter::set_tab(gVltRule rule, gNode const & node, std::string & out) {
 void gSetter::set_name_ref(gNode const & node, std::string & out) {
   std::string const & name = node.param(1);
   gTarget const target = document_.find_name(unit_, name);
+  if (!target)
+    if (gLinkEnd const end = outer_link_end(name); !end.href.empty())
+      return set_link(node, in_link_ ? gLinkEnd() : end, out);
   if (!target && missing_.emplace(unit_, name).second) {
     gReportPlace place(document_.name);
     if (unit_ >= 0) {
@@ -141,6 +144,10 @@ void gSetter::set_reference(gNode const & node, gTarget const & target, std::str
   gLinkEnd end;
   if (target && !in_link_)
     end = link_end(target);
+  set_link(node, end, out);
+}
+
+void gSetter::set_link(gNode const & node, gLinkEnd const & end, std::string & out) {
   bool const outer = std::exchange(in_link_, in_link_ || !end.href.empty());
   std::string const text = set(node.children);
   in_link_ = outer;

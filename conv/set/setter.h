@@ -52,6 +52,8 @@ protected:
 
   // What a reference leads to, and the anchor of a bookmark or a headline.
   virtual gLinkEnd link_end(gTarget const & target) = 0;
+  // Where a name leads that the document has not; nowhere if it isn't known either.
+  virtual gLinkEnd outer_link_end(std::string_view) { return {}; }
   virtual std::string anchor(std::string_view bookmark) = 0;
   // Anchor of a headline inside the text; empty if the target has none.
   virtual std::string headline_anchor(gNode const & node);
@@ -94,6 +96,8 @@ protected:
   std::string set_steps(gNodeList const & steps, std::size_t most);
   void set_node(gNode const & node, std::string & out);
   void set_reference(gNode const & node, gTarget const & target, std::string & out);
+  // The same to an end that is found already; it may lead nowhere.
+  void set_link(gNode const & node, gLinkEnd const & end, std::string & out);
   // The number of the next note of the unit, from 1.
   int next_note() { return ++notes_; }
   // How many lists are open.

@@ -25,7 +25,8 @@ constexpr std::string_view value_names[] = {
     "previous_title", "next",       "next_title", "content",   "head_left",
     "head_right",     "foot_left",  "foot_right", "version",   "address",
     "share",          "key",        "second_key", "before",    "between",
-    "after",          "context",    "keywords",   "browse",    "wintype"};
+    "after",          "context",    "keywords",   "browse",    "wintype",
+    "repository"};
 static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
@@ -64,10 +65,10 @@ constexpr gVltValue drawing_values[] = {x,
                                         gVltValue::is_virtual};
 constexpr gVltValue hierarchy_values[] = {items, href, number, count, drawing, mark, text, context};
 constexpr gVltValue unit_values[] = {
-    relations,  include, condition, deprecated, since,   id,    aliases, level,  kind,
-    kind_class, style,   name,      title,      subject, links, body,    notes,  overview,
-    source,     member,  path,      line,       href,    scope, summary, editor, wintype,
-    number,     context, keywords,  browse,     content, named, target};
+    relations,  include, condition, deprecated, since,   id,    aliases, level,     kind,
+    kind_class, style,   name,      title,      subject, links, body,    notes,     overview,
+    source,     member,  path,      line,       href,    scope, summary, editor,    wintype,
+    number,     context, keywords,  browse,     content, named, target,  repository};
 constexpr gVltValue page_values[] = {
     doc_title,      page_title, root,       crumbs,     contents,  on_page,    previous,
     previous_title, next,       next_title, content,    head_left, head_right, foot_left,
@@ -177,6 +178,7 @@ constexpr Row rows[] = {
     {"lost_page", false, page_values},
     {"similar_page", false, page_values},
     {"similar_item", false, place_values},
+    {"moved_page", false, page_values},
     {"skipped_page", false, page_values},
     {"skipped_item", false, place_values},
     {"skipped_note", false, place_values},

@@ -90,6 +90,8 @@ enum class gVltValue : unsigned char {
   keywords, //
   browse,   // the place in the browse sequence
   wintype,  // a window type
+  // Pages
+  repository, // a link to the source where its project keeps it; empty if that isn't known
   last_value
 };
 constexpr std::size_t vlt_value_count = static_cast<std::size_t>(gVltValue::last_value);
@@ -187,6 +189,7 @@ enum class gVltRule : unsigned char {
   lost_page, // for addresses that aren't there
   similar_page,
   similar_item,
+  moved_page,
   skipped_page,
   skipped_item,
   skipped_note,

@@ -538,6 +538,94 @@ TEST_F(HtmSite, LargeHierarchiesAreFoldedAndBounded) {
 }
 
 // Every link of a site with all sorts of places leads to a file and an anchor that are there.
+TEST_F(HtmSite, DeadLinksAreTold) {
+  convert(unit(1, "one", "/x/a.h", 1, "@b{x}"),
+          "@b = <a id=\"here\" href=\"#here\">$text</a><a href=\"idx.htm?x#main\"></a>"
+          "<a href=\"./one.htm\"></a><a href=\"#away\"></a><a href='gone.htm'></a>"
+          "<a href=\"mailto:a\"></a><img src=\"_files/style.css\">\n");
+  std::string const reports = outside_.report_text();
+  std::vector<std::string> told;
+  for (std::string const & line : lines_of(reports))
+    if (line.find("532") != std::string::npos)
+      told.push_back(line.substr(line.find(": ") + 2));
+  ASSERT_EQ(told.size(), 2U) << reports;
+  EXPECT_NE(told[0].find("#away"), std::string::npos) << reports;
+  EXPECT_NE(told[1].find("gone.htm"), std::string::npos) << reports;
+  EXPECT_NE(told[1].find("htm/one.htm"), std::string::npos) << reports;
+}
+
+// A class template with a member: bytes of facts are those of the declarations.
+TEST_F(HtmSite, OnlySureNamesAreLinks) {
+  auto const told = [](int level, std::string const & name, std::string const & last, int line,
+                       std::string const & facts, std::string const & text) {
+    std::string const label = "L" + std::to_string(line), number = std::to_string(line);
+    return "\n@unit<" + std::to_string(level) + "><main><class><pos></x/a.h><" + number + "><" +
+           label + ">\n@_facts<" + facts.substr(0, facts.find(' ')) + "><" + name + "><" + last +
+           "><public><><><1><1><" + facts.substr(facts.find(' ') + 1) + ">\n@bkmk<" + label +
+           ">\n@xe<" + label + "><><" + name + "><><><>\n@hdline{" + name +
+           "}\n@subentry<1> @subtitle{} @b_verbatim\n" + text + "\n@e_verbatim\n@end\n";
+  };
+  folder_.write("list", "<tagfile><compound kind=\"class\"><name>std::list</name>"
+                        "<filename>l.html</filename></compound></tagfile>");
+  Vapp::options.submap("htm")["external"] =
+      cat::make(gString("https://std.org/, " + folder_.path("list")));
+  Vapp::options.submap("htm")["tagfile"] = cat::make(gString("tags.xml"));
+  Vapp::options.submap("htm")["inventory"] = cat::make(true);
+  convert(told(1, "T", "T", 1, "struct 9><7-8,,,,", "struct T;") +
+          told(1, "Near", "Near", 2, "struct 12><7-11,,,,", "struct Near;") +
+          told(1, "far::Row", "Row", 3, "struct 11><7-10,,,,", "struct Row;") +
+          told(1, "Box", "Box", 4, "class 28><24-27,0-17,,,", "template\\<class T\\> class Box;") +
+          told(2, "Box::get", "get", 5, "method 37><2-5,,5-36,,0-1",
+               "T get(Near a\\, Row b\\, std::list\\<T\\> c);"));
+  std::string const page = file("Box.get.htm");
+  std::string const text = page.substr(std::min(page.find("<main"), page.size()));
+  EXPECT_NE(text.find("<a href=\"Near.htm\">Near</a>"), std::string::npos) << text;
+  EXPECT_NE(text.find("<a href=\"https://std.org/l.html\">std::list</a>"), std::string::npos)
+      << text;
+  EXPECT_EQ(text.find("<a href=\"far.Row.htm\">Row"), std::string::npos) << "may be another Row";
+  EXPECT_EQ(text.find("<a href=\"T.htm\">T</a>"), std::string::npos) << "bound by the template";
+
+  gExternals own("");
+  ASSERT_TRUE(Externals::read_tags(file("tags.xml"), "https://o/", own));
+  EXPECT_EQ(own.href("far::Row", true), "https://o/far.Row.htm");
+  EXPECT_EQ(own.href("Box::get", false), "https://o/Box.get.htm");
+  gExternals listed("");
+  ASSERT_TRUE(Externals::read_inventory(file("objects.inv"), "https://o/", listed));
+  EXPECT_EQ(listed.href("Box::get", false), "https://o/Box.get.htm");
+}
+
+// What was renamed or has moved leaves a page that leads on, also two runs later.
+TEST_F(HtmSite, FormerAddressesLeadOn) {
+  Vapp::options.submap("htm")["addresses"] = cat::make(gString(folder_.path("map.txt")));
+  auto const unit_of = [this](std::string const & name, std::string const & text) {
+    return unit(1, name, "/x/a.h", static_cast<int>(text.size()), text);
+  };
+  std::string const both = unit_of("Other", "Something else entirely.");
+  convert(unit_of("old::Box", "Keeps things in order.") + both);
+  convert(unit_of("fresh::Crate", "Keeps things in order.") + both);
+  EXPECT_NE(file("old.Box.htm").find("url=fresh.Crate.htm\""), std::string::npos);
+  EXPECT_NE(file("old.Box.htm").find("rel=\"canonical\" href=\"fresh.Crate.htm\""),
+            std::string::npos);
+  std::string const map = folder_.read("map.txt");
+  convert(unit_of("fresh::Crate", "Keeps things in better order.") + both);
+  EXPECT_NE(file("old.Box.htm").find("url=fresh.Crate.htm\""), std::string::npos);
+  EXPECT_EQ(folder_.read("map.txt").substr(0, 60), map.substr(0, 60));
+
+  // A map from somewhere else makes no pages but those of units, and other files stay what they
+  // are.
+  folder_.write("map.txt", map.substr(0, map.find('\n') + 1) +
+                               "../up.htm\tOther\t-\nindex.htm\tOther\t-\n_files/x.htm\tOther\t-\n"
+                               "a\"b.htm\tOther\t-\nfar.htm#x\tOther\t-\nbroken\n");
+  convert(both);
+  EXPECT_NE(file("far.htm").find("url=Other.htm\""), std::string::npos);
+  EXPECT_EQ(file("index.htm").find("url="), std::string::npos);
+  EXPECT_EQ(folder_.read("out/up.htm") + file("_files/x.htm") + file("a\"b.htm"),
+            "(missing)(missing)(missing)");
+  folder_.write("map.txt", "precious\n");
+  convert(both);
+  EXPECT_EQ(folder_.read("map.txt"), "precious\n");
+}
+
 TEST_F(HtmSite, LinksHoldTogether) {
   std::string const twice = "@bkmk<MARK> @bkmk<K1> @xe<K1><old ><entry>< of ~><><> ";
   convert(unit(1, "Reg", "/x/a.h", 1, twice + "See @cref<main><MARK>{mark} @footnote{Note.}") +
