@@ -118,7 +118,10 @@ bool Brackets::with_text(gCommand const & command, std::size_t inner) {
     std::size_t const level = !rest.empty() && Vlb::is_digit(rest[0]) ? 1 : 0;
     out_ +=
         command.kind == title ? "\n@par " : "\n@section" + std::string(rest.substr(0, level)) + " ";
-    out_ += trimmed(rest.substr(level));
+    std::string_view title = trimmed(rest.substr(level));
+    if (command.kind == heading && level > 0) // its identifier stands in front
+      title = trimmed(title.substr(std::min(title.find(' '), title.size())));
+    out_ += title;
     out_ += "\n";
     at_ = last + 1;
     return true;

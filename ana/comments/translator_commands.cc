@@ -209,9 +209,8 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
     break;
   case heading:
     // Those with a number in their names have no identifier.
-    take_heading(command.target, Vlb::is_digit(command.name.back())
-                                     ? "{" + std::string(rest) + "}"
-                                     : std::string(rest));
+    take_heading(command.target, Vlb::is_digit(command.name.back()) ? "{" + std::string(rest) + "}"
+                                                                    : std::string(rest));
     break;
   case item:
     if (lists_ > 0) {
