@@ -24,6 +24,11 @@ public:
   // the nearest unit under that name or name tail.
   bool resolve_reference(gOutline const & from, gString const & name, gString & target) const;
 
+  // The nearest unit under that name or name tail; null if there is none.
+  gDocUnit const * find_unit(gOutline const & from, std::string_view name) const {
+    return doc_table_.nearest(from, name);
+  }
+
   gDocNode & root() { return root_; }
   int unit_count() const { return unit_count_; }
   gOutline const & outline() const { return outline_; }

@@ -150,6 +150,8 @@ private:
   void expand_tables(gSubText & text) const;
   void expand_reference(gStrList & list, gStrList::iterator & it);
   void expand_alias(gStrList & list, gStrList::iterator & it);
+  void expand_guess(gStrList & list, gStrList::iterator & it);
+  gString label_in_scope(std::string_view name) const;
   void expand_attribute(gStrList & list, gStrList::iterator & it);
   void expand_citation(gStrList & list, gStrList::iterator & it);
   gString citation_text(gString const & name) const;

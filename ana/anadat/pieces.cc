@@ -19,7 +19,7 @@ constexpr Placeholder commands[] = {
     {"@_vlll", gPiece::link_line},   {"@_vlchier", gPiece::hierarchy},
     {"@_vlsub", gPiece::subentry},   {"@cite", gPiece::citation},
     {"@cref", gPiece::reference},    {"@hidalias", gPiece::alias},
-    {"@outattr", gPiece::attribute},
+    {"@outattr", gPiece::attribute}, {"@_vlguess", gPiece::guess},
 };
 
 constexpr Placeholder variables[] = {

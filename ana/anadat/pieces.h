@@ -19,6 +19,7 @@ enum class gPiece : unsigned char {
   variable,  // "$name", "$qname", "$cname"
   macro,     // "$curfile", "$curpage", "$curdate", "$curtime"
   reference, // "@cref", the window type, the target, "{", text, "} "
+  guess,     // "@_vlguess", a name, "{" text "} ": a reference if the name is surely one
   alias,     // "@hidalias", a name
   attribute, // "@outattr", an attribute
   headline,  // "@_vlhdl"

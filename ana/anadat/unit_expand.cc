@@ -79,6 +79,9 @@ void gDocUnit::expand_text(gStrList & list, gStrList::iterator & it, bool skip) 
   case gPiece::reference:
     expand_reference(list, it);
     return;
+  case gPiece::guess:
+    expand_guess(list, it);
+    return;
   case gPiece::alias:
     expand_alias(list, it);
     return;
@@ -115,6 +118,55 @@ void gDocUnit::expand_reference(gStrList & list, gStrList::iterator & it) {
   Msg::log(Msg::target_not_found, quoted(name), loc_);
   list.set(window, "<void>");
   list.set(place, "<>");
+}
+
+// The label of the unit that a name means here: looked up from the inside out. A part of a name
+// alone is none, so what merely looks alike isn't taken.
+gString gDocUnit::label_in_scope(std::string_view name) const {
+  std::vector<std::string_view> parts;
+  for (auto const & part : names())
+    parts.push_back(*part);
+  std::string_view const sep =
+      name_sep().empty() ? std::string_view("::") : std::string_view(name_sep());
+  for (std::size_t depth = std::min<std::size_t>(parts.size(), 16) + 1; depth-- > 0;) {
+    std::string full;
+    for (std::size_t i = 0; i < depth; ++i)
+      full += std::string(parts[i]) + std::string(sep);
+    full += name;
+    gDocUnit const * const found = gDocManager.find_unit(outline_, full);
+    bool const scoped = name.find(sep) != name.npos;
+    if (found && (scoped || found->name() == gString(full)))
+      return found == this ? gString() : found->label();
+  }
+  return gString();
+}
+
+// "@_vlguess", the name, "{@tt{" text "} } ".
+void gDocUnit::expand_guess(gStrList & list, gStrList::iterator & it) {
+  auto const command = it++;
+  if (it == list.end())
+    return;
+  auto const place = it++;
+  gString const label = label_in_scope(**place);
+  if (!label.empty()) {
+    list.set(command, "@cref<main>");
+    list.set(place, "<" + label + ">");
+    return;
+  }
+  list.erase(command);
+  list.erase(place);
+  constexpr std::string_view name = "{@code{"; // stays program text
+  if (it != list.end() && it->get()->starts_with(name)) {
+    list.set(it, gString((*it)->substr(1, (*it)->size() - 3)));
+    ++it;
+    return;
+  }
+  constexpr std::string_view open = "{@tt{", close = "} } ";
+  if (it == list.end() || !it->get()->starts_with(open) || !it->get()->ends_with(close))
+    return;
+  gString const text = (*it)->substr(open.size(), (*it)->size() - open.size() - close.size());
+  list.set(it, text);
+  ++it;
 }
 
 void gDocUnit::expand_alias(gStrList & list, gStrList::iterator & it) {

@@ -13,8 +13,6 @@
 class gForeignComment {
 public:
   gForeignComment(std::string_view comment, bool behind);
-  // The hints have to outlive this.
-  gForeignComment(std::string_view comment, gCommentHints const & hints);
   gForeignText translate();
 
 private:
@@ -34,9 +32,6 @@ private:
   bool read_fence(std::size_t & i);
   bool read_indented(std::size_t & i);
   bool read_tag(std::string_view text, std::size_t indent);
-  std::string_view described_name(std::string_view text) const;
-  bool read_described(std::string_view text, std::size_t indent);
-  bool read_label(std::string_view text, std::size_t indent);
   bool read_item(std::string_view text, std::size_t indent);
   std::string from_xml(std::string_view text) const;
 
@@ -51,14 +46,11 @@ private:
   void begin_item(std::size_t indent);
   void end_paragraph();
   void flush();
-  std::string with_parameter_tags(std::string_view text) const;
   void put_verbatim(std::vector<Line> const & lines);
 
   std::vector<Line> lines_;
   std::size_t line_feeds_ = 0; // that the result may have
-  gCommentHints const * hints_ = nullptr;
-  bool described_ = false; // the description has text
-  bool headed_ = false;    // by "name:", so that "Since:" is an entry
+  bool described_ = false;     // the description has text
   gForeignText result_;
   std::string out_, paragraph_;
   std::string entry_{"@description"};

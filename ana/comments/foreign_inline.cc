@@ -431,6 +431,20 @@ std::string InlineText::plain(bool break_words) {
 
 } // namespace
 
+std::string foreign_target(std::string_view word) {
+  while (!word.empty() && std::string_view("#:%").find(word.front()) != std::string_view::npos)
+    word.remove_prefix(1);
+  word = word.substr(0, word.find('('));
+  std::string target;
+  for (char c : word)
+    target += c == '#' ? std::string("::") : std::string(1, c);
+  bool const is_name =
+      !target.empty() && target.size() < 200 && (is_letter(target[0]) || target[0] == '_') &&
+      std::all_of(target.begin(), target.end(),
+                  [](char c) { return Vlb::is_word(c) || c == ':' || c == '.' || c == '~'; });
+  return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
+}
+
 std::string_view trimmed(std::string_view text) {
   while (!text.empty() && is_blank(text.front()))
     text.remove_prefix(1);
@@ -464,22 +478,8 @@ std::string formatted_text(std::string_view command, std::string_view text) {
   return "@" + std::string(command) + "{" + inner + "}";
 }
 
-std::string reference_target(std::string_view word) {
-  while (!word.empty() && std::string_view("#:%").find(word.front()) != std::string_view::npos)
-    word.remove_prefix(1);
-  word = word.substr(0, word.find('('));
-  std::string target;
-  for (char c : word)
-    target += c == '#' ? std::string("::") : std::string(1, c);
-  bool const is_name =
-      !target.empty() && target.size() < 200 && (is_letter(target[0]) || target[0] == '_') &&
-      std::all_of(target.begin(), target.end(),
-                  [](char c) { return Vlb::is_word(c) || c == ':' || c == '.' || c == '~'; });
-  return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
-}
-
 std::string reference_to(std::string_view target, std::string_view text) {
-  std::string const name = reference_target(target);
+  std::string const name = foreign_target(target);
   std::string const shown = target == text ? code_text(text) : translate_inline(text);
   if (name.empty() || shown.empty() || shown.size() > longest_format)
     return shown;

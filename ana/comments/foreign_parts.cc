@@ -14,31 +14,11 @@ constexpr std::string_view description = "@description";
 
 } // namespace
 
-// "@name" of a parameter as "@p name".
-std::string gForeignComment::with_parameter_tags(std::string_view text) const {
-  std::string result;
-  std::size_t done = 0;
-  for (std::size_t at = text.find('@'); at != text.npos; at = text.find('@', at + 1)) {
-    std::size_t end = at + 1;
-    while (end < text.size() && Vlb::is_word(text[end]))
-      ++end;
-    if ((at > 0 && (Vlb::is_word(text[at - 1]) || text[at - 1] == '\\')) ||
-        !hints_->parameters.contains(text.substr(at + 1, end - at - 1)))
-      continue;
-    result += std::string(text.substr(done, at - done)) + "@p ";
-    done = at + 1;
-  }
-  return result + std::string(text.substr(done));
-}
-
 // The paragraph so far. What it opens is written only now, so that nothing empty is.
 void gForeignComment::flush() {
   std::string_view const raw = trimmed(paragraph_);
   if (!raw.empty()) {
-    bool const tagged = hints_ && !hints_->parameters.empty() && raw.find('@') != raw.npos;
-    std::string const text = in_references_ ? std::string(raw)
-                             : tagged       ? translate_inline(with_parameter_tags(raw))
-                                            : translate_inline(raw);
+    std::string const text = in_references_ ? std::string(raw) : translate_inline(raw);
     if (!trimmed(text).empty()) {
       out_ += text;
       out_ += ' ';
@@ -70,7 +50,7 @@ void gForeignComment::open_entry(std::string_view entry, std::size_t indent) {
     out_ += entry == description ? "@endp " : "@endp @b{" + title + "} @endl ";
   } else {
     out_ += entry_ + " ";
-    bool const goes_on = entry == description && (described_ || !hints_);
+    bool const goes_on = entry == description;
     if (!used_.insert(entry_).second || goes_on)
       out_ += "@endp ";
   }
@@ -145,7 +125,7 @@ void gForeignComment::take_references(std::string_view rest) {
     std::string_view const word = trimmed(rest.substr(begin, end - begin));
     if (!list.empty() && !word.empty())
       list += ", ";
-    list += word.find(' ') == std::string_view::npos && !reference_target(word).empty()
+    list += word.find(' ') == std::string_view::npos && !foreign_target(word).empty()
                 ? reference_to(word, word)
                 : translate_inline(word);
     begin = end + 1;
@@ -179,7 +159,7 @@ void gForeignComment::take_about(std::string_view rest) {
                                     ? trimmed(head)
                                     : trimmed(trimmed(head).substr(space + 1));
   std::string const target =
-      reference_target(name.substr(std::min(name.find_first_not_of("*&"), name.size())));
+      foreign_target(name.substr(std::min(name.find_first_not_of("*&"), name.size())));
   if (target.empty() || result_.kind == gForeignText::topic)
     return;
   result_.kind = gForeignText::about;

@@ -44,11 +44,6 @@ gForeignComment::gForeignComment(std::string_view comment, bool behind) {
   measure();
 }
 
-gForeignComment::gForeignComment(std::string_view comment, gCommentHints const & hints)
-    : gForeignComment(comment, false) {
-  hints_ = &hints;
-}
-
 std::vector<gForeignComment::Line> gForeignComment::split(std::string_view comment) const {
   std::vector<Line> lines;
   for (std::size_t begin = 0; begin <= comment.size();) {
@@ -114,73 +109,6 @@ bool gForeignComment::read_tag(std::string_view text, std::size_t indent) {
   return true;
 }
 
-// The name in "@name: text", which describes what is declared or a part of it, or "" if it is a
-// tag of another meaning.
-std::string_view gForeignComment::described_name(std::string_view text) const {
-  if (!hints_ || text.size() < 2 || text[0] != '@')
-    return {};
-  std::size_t end = 1;
-  while (end < text.size() && Vlb::is_word(text[end]))
-    ++end;
-  std::string_view const name = text.substr(1, end - 1);
-  if (name.empty() || !text.substr(end).starts_with(':') || text.substr(end).starts_with("::"))
-    return {};
-  if (hints_->parameters.contains(name))
-    return name;
-  switch (find_foreign_tag(name).kind) {
-  case gTagKind::none:
-  case gTagKind::line:
-  case gTagKind::topic:
-  case gTagKind::about:
-    return name;
-  default:
-    return {};
-  }
-}
-
-bool gForeignComment::read_described(std::string_view text, std::size_t indent) {
-  std::string_view const name = described_name(text);
-  if (name.empty())
-    return false;
-  std::string_view const rest = trimmed(text.substr(name.size() + 2));
-  switch (hints_->declared) {
-  case gCommentHints::routine:
-    open_named("@parameter", text.substr(1), indent);
-    return true;
-  case gCommentHints::enumeration:
-    open_named("@values", text.substr(1), indent);
-    return true;
-  case gCommentHints::other:
-    break;
-  }
-  begin_item(indent);
-  out_ += code_text(name) + " ";
-  paragraph_ = rest;
-  return true;
-}
-
-// A comment that is headed by the name of what it describes has labels for tags.
-bool gForeignComment::read_label(std::string_view text, std::size_t indent) {
-  static constexpr std::pair<std::string_view, std::string_view> labels[] = {
-      {"Returns:", "@return"},
-      {"Return value:", "@return"},
-      {"Since:", "@since"},
-      {"Deprecated:", "@deprecated"}};
-  if (!hints_ || hints_->name.empty())
-    return false;
-  bool const first = !headed_ && trimmed(out_).empty() && paragraph_.empty();
-  if (first && text.size() == hints_->name.size() + 1 && text.starts_with(hints_->name) &&
-      text.ends_with(':'))
-    return headed_ = true;
-  for (auto const & [label, entry] : labels)
-    if (headed_ && text.starts_with(label)) {
-      open_entry(entry, indent);
-      paragraph_ = trimmed(text.substr(label.size()));
-      return true;
-    }
-  return false;
-}
-
 bool gForeignComment::read_item(std::string_view text, std::size_t indent) {
   std::size_t length = 0;
   if (text.starts_with("-# "))
@@ -216,8 +144,7 @@ bool gForeignComment::read_fence(std::size_t & i) {
     close = "</" + std::string(head.substr(1, head.find('>')));
   else if (gForeignTag const tag = tag_at(head, length); tag.kind == gTagKind::block)
     close = std::string(1, head[0]) + std::string(tag.target);
-  if (close.empty() || !described_name(head).empty() ||
-      head.find(close, 3) != std::string_view::npos || unclosed_.contains(close))
+  if (close.empty() || head.find(close, 3) != std::string_view::npos || unclosed_.contains(close))
     return false;
   std::vector<Line> block;
   std::size_t end = i + 1;
@@ -270,12 +197,10 @@ std::string gForeignComment::from_xml(std::string_view text) const {
 }
 
 void gForeignComment::read_part(std::string_view text, std::size_t indent) {
-  if (read_described(text, indent) || read_label(text, indent) || read_tag(text, indent) ||
-      read_item(text, indent))
+  if (read_tag(text, indent) || read_item(text, indent))
     return;
-  bool const titles = !hints_ || hints_->titles;
   if (std::size_t const level = text.find_first_not_of('#');
-      titles && level != std::string_view::npos && level > 0 && level < 5 && text[level] == ' ' &&
+      level != std::string_view::npos && level > 0 && level < 5 && text[level] == ' ' &&
       paragraph_.empty())
     return put_title(trimmed(text.substr(level)));
   add(text, indent);
@@ -325,48 +250,4 @@ gForeignText gForeignComment::translate() {
 
 gForeignText translate_comment(std::string_view comment, bool behind) {
   return gForeignComment(comment, behind).translate();
-}
-
-gForeignText translate_comment(std::string_view comment, gCommentHints const & hints) {
-  return gForeignComment(comment, hints).translate();
-}
-
-std::set<std::string, std::less<>> described_parameters(std::string_view comment) {
-  std::set<std::string, std::less<>> names;
-  for (std::size_t at = 0; (at = comment.find("param", at)) != std::string_view::npos;) {
-    bool const tag = at > 0 && (comment[at - 1] == '@' || comment[at - 1] == '\\');
-    at += std::string_view("param").size();
-    if (!tag)
-      continue;
-    std::string_view rest = comment.substr(at, comment.find('\n', at) - at);
-    if (rest.starts_with('['))
-      rest.remove_prefix(std::min(rest.find(']'), rest.size() - 1) + 1);
-    rest = trimmed(rest);
-    std::size_t end = 0;
-    while (end < rest.size() && Vlb::is_word(rest[end]))
-      ++end;
-    names.emplace(rest.substr(0, end));
-  }
-  return names;
-}
-
-// Few comments have such a tag, and only those are read twice.
-gForeignSubject foreign_subject(std::string_view comment) {
-  for (std::size_t at = comment.find_first_of("@\\"); at != std::string_view::npos;
-       at = comment.find_first_of("@\\", at + 1)) {
-    std::size_t length = 0;
-    gTagKind const kind = tag_at(comment.substr(at), length).kind;
-    if (kind != gTagKind::topic && kind != gTagKind::about)
-      continue;
-    std::string_view const front = comment.substr(0, at);
-    bool const at_head = trimmed(front.substr(front.find_last_of('\n') + 1)).empty();
-    // "@file: text" describes a parameter, unless the comment begins with it.
-    bool const parameter = comment.substr(at + length).starts_with(':') && !trimmed(front).empty();
-    if (!at_head || parameter)
-      continue;
-    gForeignText text = translate_comment(comment);
-    bool const names = text.kind == gForeignText::about || text.kind == gForeignText::topic;
-    return names ? gForeignSubject{text.kind, std::move(text.name)} : gForeignSubject();
-  }
-  return {};
 }

@@ -1,7 +1,6 @@
 // Comments written for other documentation systems, or for none, in the mark-up of text units.
 #pragma once
 
-#include <set>
 #include <string>
 #include <string_view>
 
@@ -20,28 +19,6 @@ struct gForeignText {
 // The inside of a comment, without its frame; `behind` says that its opener ended in "<".
 gForeignText translate_comment(std::string_view comment, bool behind = false);
 
-// What is known of the declaration that a comment describes.
-struct gCommentHints {
-  enum Declared { other, routine, enumeration };
-  Declared declared = other;
-  std::string name;                              // without scopes
-  std::set<std::string, std::less<>> parameters; // their names
-  bool titles = true;                            // "# Title" is one, and not a number
-};
-
-// The same, where "@name: text" describes a parameter, a value or a field.
-gForeignText translate_comment(std::string_view comment, gCommentHints const & hints);
-
-// The names behind "@param" and its kin.
-std::set<std::string, std::less<>> described_parameters(std::string_view comment);
-
-// What a comment is about, as translate_comment() tells it: `unit` unless a tag names something.
-struct gForeignSubject {
-  gForeignText::Kind kind = gForeignText::unit; // unit, about or topic
-  std::string name;
-};
-gForeignSubject foreign_subject(std::string_view comment);
-
 // Running text: words, formats, references.
 std::string translate_inline(std::string_view text);
 
@@ -52,7 +29,7 @@ std::string formatted_text(std::string_view command, std::string_view text);
 // A reference to a program element, with a text; plain text if the target is no name.
 std::string reference_to(std::string_view target, std::string_view text);
 // The name in "#name", "ns::name(int)" and the like; empty if it is none.
-std::string reference_target(std::string_view word);
+std::string foreign_target(std::string_view word);
 
 std::string_view trimmed(std::string_view text);
 // `limit`, or the begin of the character of UTF-8 that it would cut.

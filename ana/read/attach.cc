@@ -8,6 +8,7 @@
 #include <unordered_set>
 
 #include "ana/comments/foreign_text.h"
+#include "ana/comments/translate.h"
 #include "ana/read/attach_choice.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/comment_noise.h"
@@ -72,7 +73,7 @@ private:
   bool documented_between(std::size_t block, std::uint32_t code) const;
   bool names_it_alone(std::size_t block, std::int32_t declaration, gAttachRule rule) const;
   bool says_nothing_about(std::size_t block, std::int32_t declaration, gAttachRule rule) const;
-  bool is_about(gForeignSubject const & subject, std::int32_t declaration) const;
+  bool is_about(gCommentSubject const & subject, std::int32_t declaration) const;
 
   std::string_view text_;
   gFileDeclarations const & file_;
@@ -305,12 +306,12 @@ bool Attaching::says_nothing_about(std::size_t block, std::int32_t declaration,
 }
 
 // The name that the comment says, but for its scopes, is one that the statement declares.
-bool Attaching::is_about(gForeignSubject const & subject, std::int32_t declaration) const {
-  if (subject.kind == gForeignText::unit)
+bool Attaching::is_about(gCommentSubject const & subject, std::int32_t declaration) const {
+  if (subject.kind == gTranslated::unit)
     return true;
   std::string_view said = subject.name;
   bool const space = said.starts_with("Namespace "), macro = said.starts_with("Macro ");
-  if (subject.kind == gForeignText::topic) {
+  if (subject.kind == gTranslated::topic) {
     if (!space && !macro)
       return false;
     said = trimmed(said.substr(said.find(' ')));
@@ -320,7 +321,7 @@ bool Attaching::is_about(gForeignSubject const & subject, std::int32_t declarati
   for (std::int32_t i = declaration; i >= 0; i = places_.next_of_statement(i)) {
     gDeclaration const & one = places_.item(i);
     std::string_view const name = one.name.of(text_);
-    bool const fits = subject.kind == gForeignText::about ||
+    bool const fits = subject.kind == gTranslated::about ||
                       (space ? one.kind == gKind::name_space : gAttachPlaces::is_macro(one));
     if (fits && (pascal_ ? Vlb::to_lower(name) == Vlb::to_lower(said) : name == said))
       return true;
@@ -377,7 +378,7 @@ gAttachment Attaching::decide(std::size_t block) const {
     if (declaration < 0)
       continue;
     if (!says_nothing_about(block, declaration, rule) &&
-        is_about(foreign_subject(words(block)), declaration))
+        is_about(comment_subject(words(block)), declaration))
       found = {rule, gLeftOut::taken, declaration, -1};
     break;
   }

@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <map>
 
-#include "ana/comments/foreign_tags.h"
+#include "ana/comments/commands.h"
 #include "ana/comments/foreign_text.h"
+#include "ana/comments/translate.h"
 #include "ana/read/attach.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/code_elements.h"
+#include "ana/read/rich_pieces.h"
 #include "ana/read/unit_kinds.h"
 #include "vlb/gexception.h"
 #include "vlb/messages.h"
@@ -29,6 +31,28 @@ void add_paragraph(std::string & text, std::string_view words) {
   if (!text.empty())
     text += "\n\n";
   text += text.empty() ? words : words.substr(words.find_first_not_of(' '));
+}
+
+// Without the blanks that all of its lines have in front, so that more lines can be put behind.
+std::string without_indent(std::string_view text) {
+  std::size_t least = text.size();
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t const end = std::min(text.find('\n', at), text.size());
+    std::size_t const blanks = text.substr(at, end - at).find_first_not_of(" \t");
+    if (at > 0 && blanks != text.npos)
+      least = std::min(least, blanks);
+    at = end + 1;
+  }
+  std::string result;
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t const end = std::min(text.find('\n', at), text.size());
+    std::string_view const line = text.substr(at, end - at);
+    std::size_t const blanks = std::min(line.find_first_not_of(" \t"), line.size());
+    result += line.substr(std::min(blanks, least));
+    result += '\n';
+    at = end + 1;
+  }
+  return result;
 }
 
 } // namespace
@@ -72,7 +96,9 @@ private:
   void parse_own(gCommentBlock const & block, std::string const & words);
   void make_units();
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
-  void make_unit(std::int32_t declaration, std::string const & text, gLinePlace place);
+  void make_unit(std::int32_t declaration, gTranslated text, gLinePlace place);
+  void make_topic(gTranslated text, gLinePlace place);
+  void add_parts(int unit, gTranslated text);
   void bind(std::int32_t declaration, int unit);
   static void add_parameters(Words & words);
   gCommentHints hints_for(std::int32_t declaration, Words const & words) const;
@@ -93,6 +119,7 @@ private:
   gReadElements elements_;
   std::vector<std::int32_t> next_;      // by declaration: of the same statement
   std::map<std::int32_t, Words> words_; // by declaration
+  gCommentOptions options_;
   gModernFile result_;
 };
 
@@ -113,7 +140,7 @@ void gModernReader::File::read_declarations(Decl::gPascalContext const & context
 // in front of what is no property.
 bool gModernReader::File::is_foreign(std::string_view keyword, std::string_view rest,
                                      gString const & type, std::int32_t declaration) const {
-  if (!keyword.starts_with('@') || find_foreign_tag(keyword.substr(1)).kind == gTagKind::none)
+  if (!keyword.starts_with('@') || Commands::find(keyword.substr(1)).kind == gCommandKind::none)
     return false;
   std::int32_t const element =
       declaration < 0 ? -1 : elements_.of[static_cast<std::size_t>(declaration)];
@@ -174,19 +201,24 @@ gLinePlace gModernReader::File::place_of(gCommentBlock const & block) const {
   return {static_cast<int>(block.line), static_cast<int>(found_.comments[block.first].column)};
 }
 
+// The words of a value stand in the comment of its enumeration, as far as they are running text.
 void gModernReader::File::take_value(std::int32_t enumerator, std::string const & words) {
   std::int32_t const scope = item(enumerator).scope;
   if (scope < 0)
     return;
-  gCommentHints hints;
-  hints.titles = false;
-  gForeignText const text = translate_comment(words, hints);
-  // Items are running text: what follows the first other command stays with the value itself.
-  std::string_view run = text.text;
-  for (std::string_view end : {"@endp", "@b_verbatim", "@parameter", "@see", "@note", "@enum"})
-    run = run.substr(0, run.find(end));
-  words_[scope].values +=
-      "@enum " + code_text(item(enumerator).name.of(text_)) + " " + std::string(trimmed(run)) + " ";
+  std::string & values = words_[scope].values;
+  values += "@value " + std::string(item(enumerator).name.of(text_)) + " ";
+  for (std::size_t at = 0; at < words.size();) {
+    std::size_t const end = std::min(words.find('\n', at), words.size());
+    std::string_view const line = trimmed(std::string_view(words).substr(at, end - at));
+    std::string_view const word = line.substr(0, line.find_first_of(" \t["));
+    if (word.size() > 1 && (word[0] == '@' || word[0] == '\\') &&
+        Commands::begins_part(Commands::find(word.substr(1)).kind))
+      break;
+    values += (at > 0 ? "    " : "") + std::string(line) + "\n";
+    at = end + 1;
+  }
+  values += "\n";
 }
 
 void gModernReader::File::take_words(std::int32_t declaration, std::string const & words,
@@ -228,20 +260,43 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
       take_value(attachment.declaration, words);
     return take_words(attachment.declaration, words, block);
   }
-  if (hidden || !block.documenting || foreign_subject(words).kind == gForeignText::unit)
+  if (hidden || !block.documenting || comment_subject(words).kind == gTranslated::unit)
     return;
-  gForeignText const text = translate_comment(words);
-  if (text.kind == gForeignText::topic)
-    parse_unit(std::string(opening) + "@text vl_topic @noxe @hdline{" +
-                   translate_inline(text.name.substr(0, character_end(text.name, longest_title))) +
-                   "} " + text.text + std::string(closing),
-               place_of(block));
-  else if (text.kind == gForeignText::about)
-    parse_unit(std::string(opening) + "@about " + text.name + " | @description " + text.text +
-                   std::string(closing),
-               place_of(block));
+  gTranslated text = translate(words, nullptr, options_);
+  if (text.kind == gTranslated::topic)
+    make_topic(std::move(text), place_of(block));
+  else if (text.kind == gTranslated::about)
+    add_parts(
+        parse_unit(std::string(opening) + "@about " + text.name + " | " + std::string(closing),
+                   place_of(block)),
+        std::move(text));
   else
     leave_out(block, attachment.left_out);
+}
+
+void gModernReader::File::make_topic(gTranslated text, gLinePlace place) {
+  int const made = parse_unit(
+      std::string(opening) + "@text vl_topic @noxe @hdline{" +
+          translate_inline(text.name.substr(0, character_end(text.name, longest_title))) + "}" +
+          std::string(closing),
+      place);
+  if (made < 0)
+    return;
+  gTextFacts & facts = result_.facts.text;
+  gStrList pieces = topic_pieces(std::move(text), facts);
+  facts.units[static_cast<std::size_t>(made)].add_subentry("text", std::move(pieces));
+}
+
+void gModernReader::File::add_parts(int unit, gTranslated text) {
+  if (unit < 0)
+    return;
+  gTextFacts & facts = result_.facts.text;
+  for (gCommentPart & part : text.parts) {
+    gStrList pieces = text_pieces(std::move(part.text), facts);
+    if (!pieces.is_wsp())
+      facts.units[static_cast<std::size_t>(unit)].add_subentry(gString(part.entry),
+                                                               std::move(pieces));
+  }
 }
 
 void gModernReader::File::take_comments() {
@@ -269,15 +324,19 @@ std::vector<std::int32_t> gModernReader::File::sharing(std::int32_t declaration,
 }
 
 // What makes no element, such as a union without a name, can't have a text.
-void gModernReader::File::make_unit(std::int32_t declaration, std::string const & text,
-                                    gLinePlace place) {
+void gModernReader::File::make_unit(std::int32_t declaration, gTranslated text, gLinePlace place) {
   if (elements_.of[static_cast<std::size_t>(declaration)] < 0)
     return;
   Decl::gDeclaration const & one = item(declaration);
   if (place.line == 0)
     place = {static_cast<int>(one.line), static_cast<int>(one.column)};
-  if (int const made = parse_unit(text, place); made >= 0)
-    bind(declaration, made);
+  static std::string const empty =
+      std::string(opening) + std::string(special) + std::string(closing);
+  int const made = parse_unit(empty, place);
+  if (made < 0)
+    return;
+  add_parts(made, std::move(text));
+  bind(declaration, made);
 }
 
 void gModernReader::File::bind(std::int32_t declaration, int unit) {
@@ -306,6 +365,7 @@ gCommentHints gModernReader::File::hints_for(std::int32_t declaration, Words con
   using Decl::gKind;
   Decl::gDeclaration const & one = item(declaration);
   gCommentHints hints;
+  hints.pascal = pascal_;
   hints.name = shown_name(text_, found_, one);
   hints.titles = words.titles;
   for (std::uint32_t i = 0; i < one.params; ++i)
@@ -321,16 +381,14 @@ void gModernReader::File::make_units() {
   for (auto & [declaration, words] : words_) {
     add_parameters(words);
     gCommentHints const hints = hints_for(declaration, words);
-    gForeignText text = translate_comment(words.text, hints);
     if (!words.values.empty())
-      text.text += " @values " + words.values;
-    if (trimmed(text.text).empty())
+      words.text = without_indent(words.text) + "\n" + words.values;
+    gTranslated const text = translate(words.text, &hints, options_);
+    if (text.parts.empty())
       continue;
-    std::string const unit =
-        std::string(opening) + std::string(special) + text.text + std::string(closing);
-    std::vector<std::int32_t> const all = sharing(declaration, unit.size());
+    std::vector<std::int32_t> const all = sharing(declaration, words.text.size());
     for (std::int32_t one : all)
-      make_unit(one, unit, one == all.front() ? words.place : gLinePlace());
+      make_unit(one, text, one == all.front() ? words.place : gLinePlace());
   }
 }
 

@@ -14,14 +14,24 @@ struct Row {
 
 // In the order in which a unit shows them.
 constexpr Row rows[] = {
-    {"@deprecated", "Deprecated"}, {"@tparam", "Template Parameters"},
-    {"@throws", "Throws"},         {"@invariant", "Invariants"},
-    {"@pre", "Preconditions"},     {"@post", "Postconditions"},
-    {"@values", "Values"},         {"@note", "Notes"},
-    {"@warning", "Warnings"},      {"@example", "Example"},
-    {"@see", "See also"},          {"@since", "Since"},
-    {"@version", "Version"},       {"@author", "Author"},
-    {"@bug", "Known Bugs"},        {"@todo", "To do"},
+    {"@deprecated", "Deprecated"},
+    {"@tparam", "Template Parameters"},
+    {"@throws", "Throws"},
+    {"@invariant", "Invariants"},
+    {"@pre", "Preconditions"},
+    {"@post", "Postconditions"},
+    {"@values", "Values"},
+    {"@note", "Notes"},
+    {"@warning", "Warnings"},
+    {"@example", "Example"},
+    {"@see", "See also"},
+    {"@since", "Since"},
+    {"@version", "Version"},
+    {"@author", "Author"},
+    {"@copyright", "Copyright"},
+    {"@bug", "Known Bugs"},
+    {"@test", "Tests"},
+    {"@todo", "To do"},
 };
 
 // Those of a project's own set that comments are translated to, too.

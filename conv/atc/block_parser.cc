@@ -42,7 +42,7 @@ bool is_unit_part(gAtcCommand command) {
 bool is_list_part(gAtcCommand command) {
   return command == gAtcCommand::item || command == gAtcCommand::e_list ||
          command == gAtcCommand::row || command == gAtcCommand::cell ||
-         command == gAtcCommand::e_table;
+         command == gAtcCommand::e_table || command == gAtcCommand::e_quote;
 }
 
 void trim(gNodeList & run) {
@@ -162,6 +162,15 @@ bool gNodeParser::text_part(Flow & flow) {
   case gAtcCommand::b_table:
     table(flow.blocks);
     break;
+  case gAtcCommand::b_quote:
+    quote(flow.blocks);
+    break;
+  case gAtcCommand::rule:
+    flow.blocks.push_back(node(gNodeKind::rule));
+    break;
+  case gAtcCommand::exact:
+    exact_ = true;
+    break;
   default:
     misplaced();
     break;
@@ -208,6 +217,7 @@ void gNodeParser::headline(gNodeList & out) {
 
 void gNodeParser::verbatim(gNodeList & out) {
   gNode made = node(gNodeKind::verbatim);
+  made.params = std::move(scanner_.params());
   bool closed = false;
   made.text = scanner_.verbatim(closed);
   if (!closed)

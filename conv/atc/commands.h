@@ -15,6 +15,7 @@ enum class gAtcCommand : unsigned char {
   xe,
   macro,
   note,
+  formula,
   endl,
   // Text of a unit
   hdltoc,
@@ -34,6 +35,10 @@ enum class gAtcCommand : unsigned char {
   b_list,
   e_list,
   item,
+  b_quote,
+  e_quote,
+  rule,
+  exact,
   b_table,
   e_table,
   row,

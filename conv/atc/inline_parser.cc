@@ -17,7 +17,8 @@ bool is_reference(gNode const & node) {
 bool is_command_with_words(gNode const & node) {
   bool const is_format = node.kind > gNodeKind::text && node.kind <= gNodeKind::format;
   return is_format || is_reference(node) || node.kind == gNodeKind::macro ||
-         node.kind == gNodeKind::source_link;
+         node.kind == gNodeKind::source_link || node.kind == gNodeKind::web_link ||
+         node.kind == gNodeKind::formula;
 }
 
 gNode text_node(std::string text, int line) {
@@ -102,7 +103,8 @@ gNode gNodeParser::text_of_token() {
 
 void gNodeParser::add_text(gNodeList & run, bool part_words) {
   std::string & text = scanner_.text_value();
-  if (part_words && !run.empty() && run.back().kind != gNodeKind::text && !Atc::joins_last(text))
+  if (part_words && !exact_ && !run.empty() && run.back().kind != gNodeKind::text &&
+      !Atc::joins_last(text))
     add_blank(run, scanner_.line());
   drop_second_blank(run, text);
   if (text.empty())
@@ -119,7 +121,8 @@ void gNodeParser::add_inline(gNodeList & run, bool part_words) {
     return;
   }
   gNode next = inline_node();
-  part_from_command(run, next, part_words);
+  if (!exact_)
+    part_from_command(run, next, part_words);
   join_note(run, next);
   run.push_back(std::move(next));
 }

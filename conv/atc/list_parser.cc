@@ -46,6 +46,22 @@ void gNodeParser::list(gNodeList & out) {
     out.push_back(std::move(made));
 }
 
+void gNodeParser::quote(gNodeList & out) {
+  gNode made = node(gNodeKind::quote);
+  if (!enter())
+    return;
+  blocks(made.children, In::quote);
+  bool const closed = scanner_.next(false) == gAtcScanner::command &&
+                      scanner_.info().command == gAtcCommand::e_quote;
+  if (!closed) {
+    scanner_.back();
+    scanner_.report(Msg::atc_unclosed, "@b_quote", made.line);
+  }
+  --depth_;
+  if (!made.children.empty())
+    out.push_back(std::move(made));
+}
+
 // An item or a cell that is one paragraph holds its text directly.
 void gNodeParser::content_into(gNodeList & out, gNodeKind kind, In in) {
   gNode made = node(kind);

@@ -27,6 +27,9 @@ enum class gNodeKind : unsigned char {
   right_tab,   // width
   reference,   // window type, target, level or empty; children. No target: window type "void"
   name_ref,    // window type, name as its author wrote it; children
+  web_link,    // address outside of the document; children
+  image,       // its address; children: the text that stands for it
+  formula,     // "inline" or "display", its source in TeX
   bookmark,    // name, "hid" or empty
   hid_alias,   // name
   index_entry, // label, then the five fields: text, key, text, second key, text
@@ -43,9 +46,12 @@ enum class gNodeKind : unsigned char {
   title,       // inline children; empty if the subentry has none
   subtitle,    // children: a title inside a text
   link_line,   // children: references, name references, source links, texts between them
-  verbatim,    // `text`: lines with their line ends, without the one in front of the end command
+  verbatim,    // `text`: lines with their line ends, without the one in front of the end command;
+               // its language, if its author told one
   enumeration, // style; children: items
   numbering,   // style; children: items
+  quote,       // children: blocks
+  rule,        // a line across
   item,        // inline children if it is one paragraph, else blocks
   table,       // style, columns, marked columns, marked rows (lists with ","); children: rows
   row,         // children: cells

@@ -22,7 +22,7 @@ public:
 
 private:
   // What a list of blocks stands in, and so what ends it.
-  enum class In { unit, subentry, item, cell };
+  enum class In { unit, subentry, item, cell, quote };
   // One open list of blocks.
   struct Flow {
     gNodeList & blocks;
@@ -56,6 +56,7 @@ private:
 
   // Lists, tables and hierarchies
   void list(gNodeList & out);
+  void quote(gNodeList & out);
   void table(gNodeList & out);
   void content_into(gNodeList & out, gNodeKind kind, In in);
   bool next_part();
@@ -75,6 +76,7 @@ private:
   gNodeList toc_of_headline_;
   int depth_ = 0;
   bool too_deep_ = false;
+  bool exact_ = false; // the writer has kept all blanks
   bool ended_ = false;
   std::size_t end_ = 0;
 };

@@ -42,6 +42,12 @@ void gSetter::set_block(gNode const & node, std::string & out) {
   case enumeration:
   case numbering:
     return set_list(node, out);
+  case quote: {
+    std::string const inner = set(node.children);
+    return rules_.apply(gVltRule::quote, gVltValues().set(gVltValue::items, inner), out);
+  }
+  case rule:
+    return rules_.apply(gVltRule::rule, gVltValues(), out);
   case table:
     return set_table(node, out);
   case hierarchy:

@@ -81,6 +81,12 @@ void gSetter::set_inline(gNode const & node, std::string & out) {
     return set_reference(node, document_.find_label(node.param(1)), out);
   case name_ref:
     return set_name_ref(node, out);
+  case web_link:
+    return set_web_link(gVltRule::weblink, node, out);
+  case image:
+    return set_web_link(gVltRule::image, node, out);
+  case formula:
+    return set_formula(node, out);
   case bookmark:
     // A script without a rule for help identifiers has one for bookmarks.
     return set_bookmark(node.param(1) == "hid" && rules_.has(gVltRule::hid) ? gVltRule::hid
@@ -120,6 +126,34 @@ void gSetter::set_format(gVltRule rule, gNode const & node, std::string & out) {
 void gSetter::set_tab(gVltRule rule, gNode const & node, std::string & out) {
   std::string const width = measure(node);
   rules_.apply(rule, gVltValues().set(gVltValue::width, width), out);
+}
+
+// What other addresses do when they are followed is nobody's wish.
+bool gSetter::is_safe_address(std::string_view address) {
+  for (std::string_view const scheme : {"http://", "https://", "ftp://", "mailto:"})
+    if (Vlb::to_lower(address.substr(0, scheme.size())) == scheme)
+      return true;
+  return false;
+}
+
+void gSetter::set_web_link(gVltRule rule, gNode const & node, std::string & out) {
+  bool const links = !in_link_ && is_safe_address(node.param(0));
+  bool const outer = std::exchange(in_link_, in_link_ || links);
+  std::string const text = set(node.children);
+  in_link_ = outer;
+  if (!links) {
+    out += text;
+    return;
+  }
+  std::string const href = escaped(node.param(0));
+  rules_.apply(rule, gVltValues().set(gVltValue::text, text).set(gVltValue::href, href), out);
+}
+
+void gSetter::set_formula(gNode const & node, std::string & out) {
+  std::string const text = escaped(node.param(1));
+  gVltValues values;
+  values.set(gVltValue::text, text).set(gVltValue::name, text);
+  rules_.apply(gVltRule::formula, node.param(0), values, out);
 }
 
 void gSetter::set_name_ref(gNode const & node, std::string & out) {

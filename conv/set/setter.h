@@ -70,6 +70,7 @@ protected:
   virtual void set_verbatim(gNode const & node, bool declaration, std::string & out);
   virtual void set_note(gNode const & node, std::string & out);
   virtual void set_table(gNode const & node, std::string & out);
+  virtual void set_formula(gNode const & node, std::string & out);
   virtual void set_hierarchy(gNode const & node, std::string & out);
   // The address of a page with more of a large hierarchy than fits among other things; empty if the
   // target has no such pages.
@@ -104,11 +105,14 @@ protected:
   int list_level() const { return list_level_; }
   // A word for class names of style sheets: "See also" is "see-also".
   static std::string class_word(std::string_view text);
+  // Whether a link may lead there: none that runs a script.
+  static bool is_safe_address(std::string_view address);
 
 private:
   void set_inline(gNode const & node, std::string & out);
   void set_format(gVltRule rule, gNode const & node, std::string & out);
   void set_tab(gVltRule rule, gNode const & node, std::string & out);
+  void set_web_link(gVltRule rule, gNode const & node, std::string & out);
   void set_name_ref(gNode const & node, std::string & out);
   void set_bookmark(gVltRule rule, gNode const & node, std::string & out);
   void set_macro(gNode const & node, std::string & out);

@@ -125,6 +125,9 @@ enum class gVltRule : unsigned char {
   footnote,
   endnote,
   endl,
+  weblink,
+  image,
+  formula, // by style: inline, display
   // Blocks
   p, // by place: item for all but the first paragraph of a list item
   sub /* by level */,
@@ -133,6 +136,8 @@ enum class gVltRule : unsigned char {
   linkline,
   link,
   verbatim,
+  quote,
+  rule,
   declaration, // a verbatim block that a subentry consists of
   enumeration /* by style */,
   item,

@@ -1,0 +1,593 @@
+// One pass over the text. Each place is tried as what its character may begin; what it isn't stays
+// for Markdown. Closing words are searched a limited stretch ahead, so time is linear.
+#include "ana/comments/inline_commands.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "ana/comments/html_elements.h"
+#include "vlb/gstring.h"
+
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+constexpr std::size_t farthest = 4000; // a closing word is looked for
+
+bool is_letter(char c) {
+  return std::isalpha(static_cast<unsigned char>(c)) != 0;
+}
+
+bool is_blank(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\0';
+}
+
+bool is_one_of(char c, std::string_view set) {
+  return c != '\0' && set.find(c) != npos;
+}
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty() && is_blank(text.front()))
+    text.remove_prefix(1);
+  while (!text.empty() && is_blank(text.back()))
+    text.remove_suffix(1);
+  return text;
+}
+
+// A word of the preprocessor is no name.
+bool is_directive(std::string_view word) {
+  static constexpr std::string_view words[] = {"include", "define", "if",    "ifdef", "ifndef",
+                                               "else",    "elif",   "endif", "undef", "pragma",
+                                               "error",   "line",   "import"};
+  return std::ranges::find(words, word) != std::end(words);
+}
+
+// Whether a word by itself looks like a name of a program: it has humps, or both "_" and letters.
+bool has_humps(std::string_view word) {
+  bool lower = false, hump = false;
+  for (char c : word) {
+    auto const byte = static_cast<unsigned char>(c);
+    hump = hump || (lower && std::isupper(byte));
+    lower = std::islower(byte) != 0;
+  }
+  return hump && word.size() > 3;
+}
+
+} // namespace
+
+std::string reference_target(std::string_view word) {
+  while (!word.empty() && is_one_of(word.front(), "#:%"))
+    word.remove_prefix(1);
+  word = word.substr(0, word.find('('));
+  std::string target;
+  for (char c : word)
+    target += c == '#' ? std::string("::") : std::string(1, c);
+  bool const is_name = target.find("//") == npos && !target.empty() && target.size() < 300 &&
+                       (is_letter(target[0]) || target[0] == '_') &&
+                       std::all_of(target.begin(), target.end(),
+                                   [](char c) { return Vlb::is_word(c) || is_one_of(c, ":.~-/"); });
+  return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
+}
+
+bool gInlineCommands::behind_word() const {
+  return at_ > 0 && Vlb::is_word(text_[at_ - 1]);
+}
+
+bool gInlineCommands::behind_blank() const {
+  return at_ == 0 || is_blank(text_[at_ - 1]) || is_one_of(text_[at_ - 1], "([{\"'>,;/|*_-");
+}
+
+void gInlineCommands::put(gToken token, std::size_t from) {
+  token.raw = text_.substr(from, at_ - from);
+  out_ += tokens_.add(std::move(token));
+}
+
+// The word behind blanks of one line; punctuation at its end stays outside.
+std::string_view gInlineCommands::take_word() {
+  std::size_t begin = at_;
+  while (at(begin) == ' ' || at(begin) == '\t')
+    ++begin;
+  if (at(begin) == '\n' && !is_blank(at(begin + 1))) // the word may stand in the next line
+    while (is_blank(at(begin)) && begin < text_.size())
+      ++begin;
+  std::size_t end = begin;
+  while (!is_blank(at(end)))
+    ++end;
+  while (end > begin + 1 && is_one_of(text_[end - 1], ".,;:!?)'\"") &&
+         !text_.substr(begin, end - begin).ends_with("()") &&
+         !(text_[end - 1] == ')' && text_.substr(begin, end - begin).find('(') != npos))
+    --end;
+  at_ = end;
+  return text_.substr(begin, end - begin);
+}
+
+// "{text}" right here, without its braces; the text is empty if there is none.
+std::string_view gInlineCommands::braced() {
+  if (at(at_) != '{')
+    return {};
+  int depth = 0;
+  for (std::size_t i = at_; i < std::min(text_.size(), at_ + farthest); ++i) {
+    depth += text_[i] == '{' ? 1 : text_[i] == '}' ? -1 : 0;
+    if (depth == 0) {
+      std::string_view const inner = text_.substr(at_ + 1, i - at_ - 1);
+      at_ = i + 1;
+      return trimmed(inner);
+    }
+  }
+  return {};
+}
+
+bool gInlineCommands::word_format(gCommand const & command, std::size_t end) {
+  std::size_t const from = at_;
+  at_ = end;
+  std::string_view const word =
+      at(at_) == '{' && command.kind == gCommandKind::brace ? braced() : take_word();
+  if (word.empty()) {
+    at_ = from;
+    return false;
+  }
+  std::string const words(word);
+  switch (command.kind) {
+  case gCommandKind::code_word:
+    put({gToken::code, tokens_.plain(words), {}, {}}, from);
+    break;
+  case gCommandKind::em_word:
+    put({gToken::format, words, "em", {}}, from);
+    break;
+  case gCommandKind::bold_word:
+    put({gToken::format, words, "b", {}}, from);
+    break;
+  case gCommandKind::brace:
+    put({command.target.empty() ? gToken::text : gToken::format,
+         words,
+         std::string(command.target),
+         {}},
+        from);
+    break;
+  case gCommandKind::anchor:
+    put({gToken::anchor, words, {}, {}}, from);
+    break;
+  default:
+    put({gToken::text, words, {}, {}}, from);
+    break;
+  }
+  return true;
+}
+
+// Up to a closing command.
+bool gInlineCommands::closed(gCommand const & command, std::size_t end) {
+  std::size_t const from = at_;
+  std::string close = std::string(1, text_[at_]) + std::string(command.target);
+  std::size_t begin = end;
+  std::string language;
+  if (command.name != "f{" && at(begin) == '{') { // "@code{.cpp}"
+    std::size_t const brace = text_.find('}', begin);
+    if (brace != npos && brace < begin + 40) {
+      language = text_.substr(begin + 1, brace - begin - 1);
+      begin = brace + 1;
+    }
+  }
+  std::size_t const slot = command.kind == gCommandKind::formula ? 0
+                           : command.kind == gCommandKind::link  ? 1
+                                                                 : 2;
+  std::size_t const found =
+      no_close_[slot] > begin ? npos : text_.substr(0, begin + farthest).find(close, begin);
+  if (found == npos) {
+    no_close_[slot] = begin + farthest / 2;
+    return false;
+  }
+  std::string_view inner = text_.substr(begin, found - begin);
+  at_ = found + close.size();
+  if (command.kind == gCommandKind::formula) {
+    std::string source(inner);
+    if (command.name == "f{") // "\f{name}{ ... \f}"
+      source = "\\begin{" + source;
+    bool const display = command.name == "f[" || command.name == "f{";
+    put({display ? gToken::display : gToken::formula, tokens_.plain(source), {}, {}}, from);
+  } else if (command.kind == gCommandKind::link) {
+    inner = trimmed(inner);
+    std::size_t const space = std::min(inner.find_first_of(" \t\n"), inner.size());
+    std::string const name = reference_target(inner.substr(0, space));
+    std::string const shown(trimmed(inner.substr(space)));
+    put({name.empty() ? gToken::text : gToken::reference_text,
+         name.empty() ? shown : name,
+         shown.empty() ? name : shown,
+         {}},
+        from);
+  } else {
+    put({gToken::code, std::string(trimmed(inner)), {}, {}}, from);
+  }
+  return true;
+}
+
+// "\ref name "text"", "\l{target}{text}"
+bool gInlineCommands::reference(gCommand const & command, std::size_t end) {
+  std::size_t const from = at_;
+  at_ = end;
+  bool const in_braces = at(at_) == '{' || (at(at_) == ' ' && at(at_ + 1) == '{');
+  std::string_view target, shown;
+  if (in_braces && command.kind == gCommandKind::target) {
+    at_ += at(at_) == ' ';
+    target = braced();
+    if (at(at_) == '[') // the place of the target
+      at_ = std::min(text_.find(']', at_), text_.size() - 1) + 1;
+    shown = at(at_) == '{' ? braced() : std::string_view();
+  } else {
+    target = take_word();
+    std::size_t const quote = at_ + (at(at_) == ' ');
+    std::size_t const last =
+        at(quote) == '"' ? text_.substr(0, quote + farthest).find('"', quote + 1) : npos;
+    if (last != npos && command.kind == gCommandKind::ref) {
+      shown = text_.substr(quote + 1, last - quote - 1);
+      at_ = last + 1;
+    }
+  }
+  if (target.empty()) {
+    at_ = from;
+    return false;
+  }
+  std::string const name = reference_target(target);
+  std::string const words(shown.empty() ? target : shown);
+  if (is_web_address(target))
+    put({gToken::link, std::string(target), words, {}}, from);
+  else if (name.empty())
+    put({gToken::text, words, {}, {}}, from);
+  else if (shown.empty())
+    put({gToken::reference, name, words, {}}, from);
+  else
+    put({gToken::reference_text, name, words, {}}, from);
+  return true;
+}
+
+bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
+  using enum gCommandKind;
+  std::size_t const from = at_;
+  switch (command.kind) {
+  case code_word:
+  case em_word:
+  case bold_word:
+  case word:
+  case anchor:
+    return is_blank(at(behind)) && word_format(command, behind);
+  case brace:
+    return word_format(command, behind);
+  case ref:
+    return is_blank(at(behind)) && reference(command, behind);
+  case target:
+    return reference(command, behind);
+  case link:
+  case formula:
+  case block:
+  case dropped:
+    return closed(command, behind);
+  case line_end:
+    // A quoted "\n" is a character and ends no line.
+    if (!is_blank(at(behind)) || (at_ > 0 && is_one_of(text_[at_ - 1], "'\"(`")))
+      return false;
+    at_ = behind;
+    put({gToken::line_break, {}, {}, {}}, from);
+    return true;
+  case line:
+  case image:
+  case group:
+  case file:
+  case copy:
+    if (!is_blank(at(behind)))
+      return false;
+    at_ = behind;
+    take_word();
+    return true;
+  case none:
+  case about:
+  case topic:
+    return false;
+  default: // what begins a part stands in the middle of a line
+    if (!is_blank(at(behind)))
+      return false;
+    at_ = behind;
+    return true;
+  }
+}
+
+// "\@", "@{" and their kin.
+bool gInlineCommands::symbol() {
+  char const next = at(at_ + 1);
+  bool const backslash = text_[at_] == '\\';
+  if (next == '{' || next == '}') {
+    // Alone it brackets a group; within text it is meant as it stands.
+    bool const alone = (at_ == 0 || is_blank(text_[at_ - 1])) && is_blank(at(at_ + 2));
+    if (!alone && !backslash)
+      return false;
+    at_ += 2;
+    if (!alone)
+      put({gToken::text, std::string(1, next), {}, {}}, at_ - 2);
+    return true;
+  }
+  if (text_.substr(at_ + 1).starts_with("::")) {
+    at_ += 3;
+    out_ += "::";
+    return true;
+  }
+  // Two of them are one; of the others Markdown knows what a backslash does.
+  if (is_one_of(next, "@\\&$#<>%\".=|~") && (!backslash || next == '@' || next == '%') &&
+      !(next == '\\' && backslash) && !Vlb::is_word(at(at_ + 2))) {
+    at_ += 2;
+    put({gToken::text, std::string(1, next), {}, {}}, at_ - 2);
+    return true;
+  }
+  return false;
+}
+
+bool gInlineCommands::command() {
+  if (hints_ && hints_->pascal && text_[at_] == '\\')
+    return false;
+  if (symbol())
+    return true;
+  if (behind_word() || (at_ > 0 && text_[at_ - 1] == '\\'))
+    return false;
+  if (parameter())
+    return true;
+  std::size_t end = at_ + 1;
+  while (is_letter(at(end)))
+    ++end;
+  if (end == at_ + 2 && at(at_ + 1) == 'f' && is_one_of(at(end), "$[{("))
+    ++end;
+  while (end > at_ + 2 && std::isdigit(static_cast<unsigned char>(at(end)))) // "\section1"
+    ++end;
+  std::string_view const word = text_.substr(at_ + 1, end - at_ - 1);
+  if (word.empty())
+    return false;
+  gCommand const found = Commands::find(word);
+  if (found.kind != gCommandKind::none && known(found, end))
+    return true;
+  bool const is_word = word.size() > 1 && (is_blank(at(end)) || is_one_of(at(end), ".,:"));
+  if (found.kind == gCommandKind::none && is_word && behind_blank() && text_[at_] != '@')
+    ++unknown_[std::string(text_.substr(at_, end - at_))];
+  return false;
+}
+
+// "@name" of a parameter.
+bool gInlineCommands::parameter() {
+  if (!hints_ || text_[at_] != '@')
+    return false;
+  std::size_t end = at_ + 1;
+  while (Vlb::is_word(at(end)))
+    ++end;
+  std::string_view const name = text_.substr(at_ + 1, end - at_ - 1);
+  if (!hints_->parameters.contains(name))
+    return false;
+  std::size_t const from = at_;
+  at_ = end;
+  put({gToken::code, std::string(name), {}, {}}, from);
+  return true;
+}
+
+// {@link Name text}, {@code text}
+bool gInlineCommands::braced_command() {
+  if (at(at_ + 1) != '@')
+    return false;
+  std::size_t name_end = at_ + 2;
+  while (is_letter(at(name_end)))
+    ++name_end;
+  std::size_t const from = at_;
+  std::string_view const whole = braced();
+  if (at_ == from || name_end >= at_)
+    return false;
+  std::string_view const name = text_.substr(from + 2, name_end - from - 2);
+  std::string_view const inner = trimmed(whole.substr(std::min(name.size() + 1, whole.size())));
+  if (name == "link" || name == "linkplain") {
+    std::size_t const space = std::min(inner.find_first_of(" \t\n"), inner.size());
+    std::string const target = reference_target(inner.substr(0, space));
+    std::string const shown(trimmed(inner.substr(space)));
+    if (is_web_address(inner.substr(0, space)))
+      put({gToken::link,
+           std::string(inner.substr(0, space)),
+           shown.empty() ? std::string(inner) : shown,
+           {}},
+          from);
+    else if (target.empty())
+      put({gToken::text, std::string(inner), {}, {}}, from);
+    else if (shown.empty())
+      put({gToken::reference, target, std::string(inner), {}}, from);
+    else
+      put({gToken::reference_text, target, shown, {}}, from);
+  } else if (name == "code" || name == "literal" || name == "value") {
+    put({gToken::code, tokens_.plain(inner), {}, {}}, from);
+  } else if (name == "inheritDoc" || name == "docRoot" || name == "index") {
+    // says nothing by itself
+  } else {
+    put({gToken::text, std::string(inner), {}, {}}, from);
+  }
+  return true;
+}
+
+// A run of backticks up to one as long; as it stands.
+bool gInlineCommands::program_text() {
+  std::size_t const count = std::min(text_.find_first_not_of('`', at_), text_.size()) - at_;
+  std::string_view const mark = text_.substr(at_, count);
+  std::size_t end = at_ + count;
+  if (count > 2 || no_close_[3] > at_) {
+    out_ += mark;
+    at_ = end;
+    return true;
+  }
+  std::string_view const near = text_.substr(0, at_ + farthest);
+  while ((end = near.find(mark, end)) != npos && at(end + count) == '`')
+    end = std::min(near.find_first_not_of('`', end), near.size());
+  std::size_t const quote =
+      count == 1 ? near.substr(0, near.find_first_of(" \n", at_)).find('\'', at_) : npos;
+  std::size_t const from = at_;
+  if (quote != npos && quote < end && quote > at_ + 1) { // `name'
+    at_ = quote + 1;
+    put({gToken::code, std::string(text_.substr(from + 1, quote - from - 1)), {}, {}}, from);
+  } else if (end == npos || text_.substr(at_, end - at_).find("\n\n") != npos) {
+    no_close_[3] = end == npos ? at_ + farthest / 2 : 0;
+    out_ += mark;
+    at_ += count;
+  } else {
+    at_ = end + count;
+    out_ += text_.substr(from, at_ - from);
+  }
+  return true;
+}
+
+// What stands in an address is no command.
+bool gInlineCommands::address() {
+  std::string_view const rest = text_.substr(at_);
+  if (behind_word() || !(rest.starts_with("http://") || rest.starts_with("https://")))
+    return false;
+  std::size_t end = at_;
+  while (!is_blank(at(end)) && !is_one_of(at(end), "<>\"`") && at(end) != '\x01')
+    ++end;
+  int depth = 0;
+  std::size_t last = at_;
+  for (std::size_t i = at_; i < end; ++i) { // a bracket that was opened outside ends it
+    depth += text_[i] == '(' ? 1 : text_[i] == ')' ? -1 : 0;
+    if (depth < 0 || (text_[i] == ']' && i + 1 < end && text_[i + 1] == '('))
+      break;
+    last = i + 1;
+  }
+  while (last > at_ && is_one_of(text_[last - 1], ".,;:!?'}]*"))
+    --last;
+  std::size_t const from = at_;
+  std::string_view const whole = text_.substr(from, last - from);
+  at_ = last;
+  bool const in_link = from > 0 && is_one_of(text_[from - 1], "(<") &&
+                       (from < 2 || text_[from - 2] == ']' || text_[from - 1] == '<');
+  bool const defines = from > 2 && text_.substr(from - 3, 3) == "]: ";
+  if (in_link || defines || whole.size() < 9)
+    out_ += whole;
+  else
+    put({gToken::link, std::string(whole), {}, {}}, from);
+  return true;
+}
+
+bool gInlineCommands::element() {
+  if (text_.substr(at_, farthest).starts_with("<!--") == false && !is_letter(at(at_ + 1)) &&
+      at(at_ + 1) != '/')
+    return false;
+  gHtmlTag const tag = Html::tag_at(text_.substr(at_));
+  if (tag.length == 0 || (tag.name != "!--" && !Html::is_known(tag.name)) ||
+      (!tag.closing && behind_word() && tag.name.size() == 1) ||
+      (tag.name == "a" && !tag.closing && tag.attributes.empty()))
+    return false;
+  std::size_t const from = at_;
+  at_ += tag.length;
+  put({gToken::element, std::string(text_.substr(from, tag.length)), {}, {}}, from);
+  return true;
+}
+
+// "#name"
+bool gInlineCommands::hash_name() {
+  if (!behind_blank() || (!is_letter(at(at_ + 1)) && at(at_ + 1) != '_'))
+    return false;
+  std::size_t end = at_ + 1;
+  while (Vlb::is_word(at(end)) ||
+         (at(end) == ':' && at(end + 1) == ':' && is_letter(at(end + 2))) ||
+         (at(end) == ':' && at(end - 1) == ':'))
+    ++end;
+  std::string const word(text_.substr(at_ + 1, end - at_ - 1));
+  if (is_directive(word))
+    return false;
+  std::size_t const from = at_;
+  at_ = end + (at(end) == '(' && at(end + 1) == ')' ? 2 : 0);
+  put({gToken::guess, word, std::string(text_.substr(from + 1, at_ - from - 1)), {}}, from);
+  return true;
+}
+
+// "Klass::meth()", "f()", "Klass", "TFoo.Bar"; copies all other words as they are.
+bool gInlineCommands::name() {
+  std::size_t end = at_;
+  bool scoped = false;
+  bool const pascal = hints_ && hints_->pascal;
+  for (;;) {
+    while (Vlb::is_word(at(end)))
+      ++end;
+    bool const more =
+        (at(end) == ':' && at(end + 1) == ':' && (is_letter(at(end + 2)) || at(end + 2) == '_')) ||
+        (pascal && at(end) == '.' && is_letter(at(end + 1)));
+    if (!more)
+      break;
+    scoped = true;
+    end += at(end) == ':' ? 2 : 1;
+  }
+  std::size_t const from = at_;
+  std::string_view const word = text_.substr(from, end - from);
+  bool const call = at(end) == '(' && at(end + 1) == ')';
+  bool const between = from > 0 && is_one_of(text_[from - 1], "@\\.-/&$~\x02");
+  if (between || word.size() > 200 || (!scoped && !call && !has_humps(word)) ||
+      (at(end) == '<' || at(end) == '@' || at(end) == '/') ||
+      std::isdigit(static_cast<unsigned char>(word[0]))) {
+    out_ += word;
+    at_ = end;
+    return true;
+  }
+  at_ = end + (call ? 2 : 0);
+  put({gToken::guess, std::string(word), std::string(text_.substr(from, at_ - from)), {}}, from);
+  return true;
+}
+
+// Between words it is a product, or a pointer.
+bool gInlineCommands::star() const {
+  bool const before = at_ > 0 && (Vlb::is_word(text_[at_ - 1]) || text_[at_ - 1] == ')');
+  return before && (Vlb::is_word(at(at_ + 1)) || at(at_ + 1) == '(');
+}
+
+bool gInlineCommands::step() {
+  char const c = text_[at_];
+  if (Vlb::is_word(c) && !behind_word())
+    return address() || name();
+  switch (c) {
+  case '@':
+  case '\\':
+    return command();
+  case '{':
+    return braced_command();
+  case '`':
+    return program_text();
+  case '<':
+    return element();
+  case '#':
+    return hash_name();
+  case '*':
+    if (!star())
+      return false;
+    put({gToken::text, "*", {}, {}}, at_);
+    ++at_;
+    return true;
+  case '~': // a destructor strikes nothing through
+    if (at(at_ + 1) == '~' || (at_ > 0 && text_[at_ - 1] == '~'))
+      return false;
+    put({gToken::text, "~", {}, {}}, at_);
+    ++at_;
+    return true;
+  case '%': { // keeps a word from being a reference
+    std::size_t end = at_ + 1;
+    while (Vlb::is_word(at(end)))
+      ++end;
+    if (behind_word() || end < at_ + 5 || !is_letter(at(at_ + 1)))
+      return false;
+    out_ += text_.substr(at_ + 1, end - at_ - 1);
+    at_ = end;
+    return true;
+  }
+  default:
+    return false;
+  }
+}
+
+std::string gInlineCommands::read(std::string_view text) {
+  text_ = text;
+  at_ = 0;
+  std::fill(std::begin(no_close_), std::end(no_close_), 0);
+  out_.clear();
+  while (at_ < text_.size()) {
+    std::size_t const from = at_;
+    if (text_[at_] == '\x01') { // set aside before
+      at_ = std::min(text_.find('\x02', at_), text_.size() - 1) + 1;
+      out_ += text_.substr(from, at_ - from);
+    } else if (!step()) {
+      out_ += text_[at_++];
+    }
+  }
+  return std::move(out_);
+}

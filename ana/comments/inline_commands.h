@@ -1,0 +1,53 @@
+// Commands, references and elements in running text become tokens; what is left is Markdown.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "ana/comments/commands.h"
+#include "ana/comments/tokens.h"
+#include "ana/comments/translate.h"
+
+class gInlineCommands {
+public:
+  gInlineCommands(gTokens & tokens, gCommentHints const * hints,
+                  std::map<std::string, std::size_t> & unknown)
+      : tokens_(tokens),
+        hints_(hints),
+        unknown_(unknown) {}
+
+  // Markdown with tokens.
+  std::string read(std::string_view text);
+
+private:
+  char at(std::size_t i) const { return i < text_.size() ? text_[i] : '\0'; }
+  bool behind_word() const;
+  bool behind_blank() const;
+  std::string_view take_word();
+  std::string_view braced();
+  void put(gToken token, std::size_t from);
+  bool step();
+  bool program_text();
+  bool address();
+  bool command();
+  bool symbol();
+  bool known(gCommand const & command, std::size_t end);
+  bool word_format(gCommand const & command, std::size_t end);
+  bool closed(gCommand const & command, std::size_t end);
+  bool reference(gCommand const & command, std::size_t end);
+  bool parameter();
+  bool braced_command();
+  bool element();
+  bool hash_name();
+  bool name();
+  bool star() const;
+
+  gTokens & tokens_;
+  gCommentHints const * hints_;
+  std::map<std::string, std::size_t> & unknown_;
+  std::string_view text_;
+  std::size_t at_ = 0;
+  std::string out_;
+  std::size_t no_close_[4] = {}; // places behind which a closing command is missing
+};

@@ -1,0 +1,77 @@
+// Comments written for other documentation systems, or for none, as the texts of a unit.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ana/comments/rich_text.h"
+
+// What is known of the declaration that a comment describes.
+struct gCommentHints {
+  enum Declared { other, routine, enumeration };
+  Declared declared = other;
+  std::string name;                              // without scopes
+  std::set<std::string, std::less<>> parameters; // their names
+  bool titles = true;                            // "# Title" is one, and not a number
+  bool pascal = false;
+};
+
+// What the project says about comments.
+struct gCommentOptions {
+  std::set<std::string, std::less<>> sections;             // that are published: "\cond name"
+  bool internal = false;                                   // private text is published
+  std::map<std::string, std::string, std::less<>> aliases; // own commands and what they stand for
+  // The text of a file that a comment shows; empty where there is none or it may not be read.
+  std::string (*read_file)(std::string_view name, void const * project) = nullptr;
+  void const * project = nullptr;
+};
+
+struct gCommentPart {
+  std::string entry; // "@description", "@return"
+  gRichPieces text;
+};
+
+// A group that a comment begins, belongs to or names.
+struct gCommentGroup {
+  enum Kind { topic, joins, member, heading, open, close };
+  Kind kind = topic;
+  std::string id, title;
+};
+
+struct gTranslated {
+  enum Kind {
+    nothing, // decoration, switches of tools
+    unit,    // the description of the element beside it
+    about,   // the description of the element that it names
+    topic    // a text of its own
+  };
+  Kind kind = nothing;
+  std::string name; // of the element, or the title of the topic
+  std::string id;   // by which references find the topic
+  std::vector<gCommentPart> parts;
+  std::vector<gCommentGroup> groups;
+  std::map<std::string, std::size_t> unknown; // commands, with their numbers
+};
+
+// The inside of a comment, without its frame. Without hints it is about no declaration.
+gTranslated translate(std::string_view comment, gCommentHints const * hints,
+                      gCommentOptions const & options);
+
+// What a comment is about: `unit` unless a command names something.
+struct gCommentSubject {
+  gTranslated::Kind kind = gTranslated::unit; // unit, about or topic
+  std::string name;
+};
+gCommentSubject comment_subject(std::string_view comment);
+
+// The names behind "@param" and its kin.
+std::set<std::string, std::less<>> described_parameters(std::string_view comment);
+
+// The name in "#name", "ns::name(int)" and the like; empty if it is none.
+std::string reference_target(std::string_view word);
+
+// The comments of a file may hide what stands between two of them.
+int hidden_depth(std::string_view comment, gCommentOptions const & options, int depth);

@@ -1,0 +1,562 @@
+// A comment is read line by line. Commands at the head of a line open parts; all other lines gather
+// to the Markdown of the part. A paragraph that isn't indented, behind an empty line, is
+// description again.
+#include "ana/comments/translator.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "ana/comments/brackets.h"
+#include "ana/comments/html_elements.h"
+#include "ana/comments/markdown.h"
+#include "vlb/gstring.h"
+
+namespace {
+
+constexpr std::string_view description = "@description";
+constexpr auto npos = std::string_view::npos;
+
+bool is_letter(char c) {
+  return std::isalpha(static_cast<unsigned char>(c)) != 0;
+}
+
+std::string_view trimmed(std::string_view text) {
+  std::size_t const begin = std::min(text.find_first_not_of(" \t\r\n"), text.size());
+  return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
+}
+
+// "@name" or "\name" at the head of a text; its length in `length`.
+gCommand command_at(std::string_view text, std::size_t & length) {
+  length = 1;
+  if (text.size() < 2 || (text[0] != '@' && text[0] != '\\'))
+    return {};
+  while (length < text.size() && is_letter(text[length]))
+    ++length;
+  if (length == 2 && text[1] == 'f' && length < text.size() &&
+      std::string_view("[{(").find(text[2]) != npos)
+    ++length;
+  else
+    while (length > 1 && length < text.size() && Vlb::is_digit(text[length]))
+      ++length;
+  if (length < text.size() && Vlb::is_word(text[length]))
+    return {};
+  return Commands::find(text.substr(1, length - 1));
+}
+
+std::string without_marks(std::string_view comment) {
+  std::string text;
+  text.reserve(comment.size());
+  for (char c : comment)
+    if (c != '\x01' && c != '\x02' && c != '\r')
+      text += c;
+  return text;
+}
+
+bool is_rule(std::string_view line) {
+  return line.size() > 2 && line.find_first_not_of("=-~_*#/+. ") == npos;
+}
+
+// Marks of lists, titles, tables, quotes and fences mean something at the head of a line.
+bool is_item(std::string_view line) {
+  if (line.size() > 2 && std::string_view("-*+").find(line[0]) != npos && line[1] == ' ')
+    return true;
+  std::size_t digits = 0;
+  while (digits < line.size() && digits < 3 && Vlb::is_digit(line[digits]))
+    ++digits;
+  return digits > 0 && digits + 1 < line.size() && (line[digits] == '.' || line[digits] == ')') &&
+         line[digits + 1] == ' ';
+}
+
+} // namespace
+
+gCommentTranslator::gCommentTranslator(std::string_view comment, gCommentHints const * hints,
+                                       gCommentOptions const & options)
+    : comment_(without_marks(comment)),
+      hints_(hints),
+      options_(options),
+      inline_(tokens_, hints, result_.unknown) {
+  if (hints && hints->pascal)
+    comment_ = without_brackets(comment_, tokens_);
+  split();
+  measure();
+  parts_.push_back({std::string(description), gRichText(), false});
+}
+
+void gCommentTranslator::split() {
+  std::string_view const comment = comment_;
+  for (std::size_t begin = 0; begin <= comment.size();) {
+    std::size_t const end = std::min(comment.find('\n', begin), comment.size());
+    lines_.push_back({{}, comment.substr(begin, end - begin), 0});
+    begin = end + 1;
+  }
+}
+
+// Indentation counts from the leftmost line; the first one stands behind the opener.
+void gCommentTranslator::measure() {
+  std::size_t least = npos;
+  for (Line & line : lines_) {
+    line.text = trimmed(line.whole);
+    line.indent = std::min(line.whole.find_first_not_of(" \t"), line.whole.size());
+    if (!line.text.empty() && &line != &lines_[0])
+      least = std::min(least, line.indent);
+  }
+  for (Line & line : lines_)
+    line.indent = &line == &lines_[0] || line.indent < least ? 0 : line.indent - least;
+}
+
+void gCommentTranslator::set_running(std::string_view text, gRichText & out) {
+  std::string const inner = inline_.read(text);
+  tokens_.set(inner, out, [](std::string_view words, gRichText & to) { to.text(words); });
+}
+
+// The part so far becomes text.
+void gCommentTranslator::flush() {
+  if (!blank_body()) {
+    std::string const markdown = inline_.read(body_);
+    gMarkdownOptions options;
+    options.html = false;
+    options.plain = [this](std::string_view text) { return tokens_.plain(text); };
+    options.set_text = [this](std::string_view text, gRichText & out) {
+      tokens_.set(text, out,
+                  [this](std::string_view words, gRichText & to) { set_running(words, to); });
+    };
+    std::size_t const depth = part().text.depth();
+    set_markdown(markdown, options, part().text);
+    if (lists_ == 0)
+      part().text.close_to(depth);
+  }
+  body_.clear();
+  indent_known_ = false;
+  body_indent_ = 0;
+}
+
+void gCommentTranslator::open_part(std::string_view entry, std::size_t indent) {
+  flush();
+  in_item_ = break_pending_ = false;
+  part_indent_ = indent;
+  if (lists_ > 0)
+    part().text.close_to(0);
+  lists_ = 0;
+  auto const at = std::ranges::find(parts_, entry, &Part::entry);
+  part_ = static_cast<std::size_t>(at - parts_.begin());
+  if (at == parts_.end())
+    parts_.push_back({std::string(entry), gRichText(), false});
+  else
+    part().text.close_to(0);
+  part().listed = false;
+}
+
+// "[in,out] name - text". Items of one kind that follow each other are one list.
+void gCommentTranslator::open_named(std::string_view entry, std::string_view rest,
+                                    std::size_t indent) {
+  std::string direction;
+  if (rest.starts_with('[')) {
+    std::size_t const end = std::min(rest.find(']'), rest.size() - 1);
+    direction = trimmed(rest.substr(1, end - 1));
+    rest = trimmed(rest.substr(end + 1));
+  }
+  if (rest.starts_with('{')) // a type, as in scripts
+    rest = trimmed(rest.substr(std::min(rest.find('}'), rest.size() - 1) + 1));
+  std::size_t const name_end = std::min(rest.find_first_of(" \t"), rest.size());
+  std::string_view name = rest.substr(0, name_end);
+  rest = trimmed(rest.substr(name_end));
+  if (name.ends_with(':'))
+    name.remove_suffix(1);
+  if (name.empty())
+    return;
+  for (std::string_view mark : {"- ", ": ", "-- ", "\xE2\x80\x93 ", "\xE2\x80\x94 "})
+    if (rest.starts_with(mark))
+      rest = trimmed(rest.substr(mark.size()));
+  flush();
+  if (part().entry != entry || !part().listed)
+    open_part(entry, indent);
+  break_pending_ = false;
+  gRichText & text = part().text;
+  text.close_to(part().listed ? 1 : 0);
+  if (!part().listed)
+    text.open_list(false);
+  part().listed = true;
+  text.open_item();
+  if (entry == "@throws" && !reference_target(name).empty())
+    text.reference(reference_target(name), name, gRichText::Sure::name);
+  else
+    text.code(tokens_.plain(name));
+  text.text(" ");
+  if (!direction.empty())
+    text.text("(" + direction + ") ");
+  text.join();
+  in_item_ = true;
+  part_indent_ = item_indent_ = indent;
+  body_ = rest;
+}
+
+// A line of text. Behind an empty line it is another paragraph, or the part has ended.
+void gCommentTranslator::add(std::string_view text, std::size_t indent) {
+  if (break_pending_) {
+    bool const goes_on = indent > (in_item_ ? item_indent_ : part_indent_) || lists_ > 0;
+    if (part().entry != description && !goes_on)
+      open_part(description, indent);
+    else if (!body_.empty())
+      body_ += body_.back() == '\n' ? "\n" : "\n\n";
+    break_pending_ = false;
+  }
+  if (!body_.empty() && body_.back() != '\n')
+    body_ += '\n';
+  // What goes on behind a command stands under its text.
+  if (!indent_known_) {
+    body_indent_ = part().entry == description && !in_item_ ? 0 : indent;
+    indent_known_ = true;
+  }
+  std::size_t blanks = indent - std::min(indent, body_indent_);
+  bool const tag = text[0] == '<' && Html::is_block(Html::tag_at(text).name);
+  if (tag || lists_ > 0)
+    blanks = 0;
+  body_.append(blanks, ' ');
+  body_ += text;
+}
+
+void gCommentTranslator::add_token(gToken token, std::size_t indent) {
+  add(tokens_.add(std::move(token)), indent);
+}
+
+void gCommentTranslator::add_block(std::string lines, std::string_view language,
+                                   std::size_t indent) {
+  gToken token{gToken::block, std::move(lines), std::string(language), {}};
+  token.raw = token.a;
+  bool const pending = break_pending_;
+  break_pending_ = false;
+  if (pending && in_item_ && indent <= item_indent_)
+    break_pending_ = true;
+  // The text of a quotation would go on without a mark.
+  std::size_t const line = body_.rfind('\n', body_.empty() ? 0 : body_.size() - 1);
+  if (std::string_view(body_).substr(line == npos ? 0 : line + 1).starts_with('>'))
+    body_ += "\n\n";
+  add_token(std::move(token), indent);
+  body_ += '\n';
+}
+
+bool gCommentTranslator::is_set(std::string_view condition) const {
+  if (condition.empty())
+    return false;
+  bool any = false, all = true;
+  bool const both = condition.find("&&") != npos;
+  for (std::size_t at = 0; at < condition.size();) {
+    std::size_t const begin = condition.find_first_not_of(" \t()|&!", at);
+    if (begin == npos)
+      break;
+    std::size_t const end = std::min(condition.find_first_of(" \t()|&", begin), condition.size());
+    bool const negated = begin > 0 && condition[begin - 1] == '!';
+    bool const one = options_.sections.contains(condition.substr(begin, end - begin)) != negated;
+    any = any || one;
+    all = all && one;
+    at = end;
+  }
+  return both ? all : any;
+}
+
+void gCommentTranslator::condition(std::string_view word, std::string_view rest) {
+  bool const outer = conditions_.size() < 2 || conditions_[conditions_.size() - 2];
+  if (word == "if" || word == "ifnot") {
+    bool const shown = conditions_.empty() || conditions_.back();
+    conditions_.push_back(shown && is_set(rest) == (word == "if"));
+  } else if (conditions_.empty()) {
+    return;
+  } else if (word == "endif") {
+    conditions_.pop_back();
+  } else if (word == "else") {
+    conditions_.back() = outer && !conditions_.back();
+  } else {
+    conditions_.back() = outer && !conditions_.back() && is_set(rest);
+  }
+}
+
+// Lines that aren't for readers. Their end may be missing.
+bool gCommentTranslator::hide(std::size_t & i) {
+  std::string_view const text = lines_[i].text;
+  std::size_t length = 0;
+  gCommand const command = described_name(text).empty() ? command_at(text, length) : gCommand();
+  std::string_view const rest =
+      command.kind == gCommandKind::none ? "" : trimmed(text.substr(length));
+  if (command.kind == gCommandKind::branch) {
+    condition(command.name, rest);
+    return true;
+  }
+  if (!conditions_.empty() && !conditions_.back())
+    return true;
+  bool const hidden = command.kind == gCommandKind::hidden;
+  if (!hidden && command.kind != gCommandKind::dropped)
+    return false;
+  if (hidden && (options_.internal || (command.name == "cond" && is_set(rest)))) {
+    if (command.name != "cond" && !rest.empty())
+      add(rest, lines_[i].indent);
+    return true;
+  }
+  flush();
+  std::string const end = std::string(command.target);
+  std::size_t depth = 1;
+  for (; i < lines_.size(); ++i) {
+    std::string_view const line = lines_[i].text;
+    if (end.empty())
+      continue;
+    std::size_t const at = line.find(end);
+    if (at != npos && at > 0 && (line[at - 1] == '@' || line[at - 1] == '\\') && --depth == 0)
+      return true;
+    std::size_t other = 0;
+    if (depth > 0 && at == npos && command_at(line, other).name == command.name &&
+        &line != &lines_[i].text)
+      depth += hidden && i > 0 && &lines_[i] != &lines_[0] && line.data() != text.data();
+  }
+  return true;
+}
+
+// ``` or ~~~, @code ... @endcode, <pre> ... </pre>
+bool gCommentTranslator::read_block(std::size_t & i) {
+  std::string_view const head = lines_[i].text;
+  std::string close, language;
+  std::size_t length = 0;
+  if (head.starts_with("```") || head.starts_with("~~~")) {
+    close = head.substr(0, std::min(head.find_first_not_of(head[0]), head.size()));
+    language = trimmed(head.substr(close.size()));
+  } else if (head == "<pre>" || head == "<code>" || head == "<pre><code>" ||
+             head == "<pre>{@code") {
+    close = head == "<code>" ? "</code>" : "</pre>";
+  } else if (gCommand const command = command_at(head, length);
+             command.kind == gCommandKind::block || command.name == "f[" || command.name == "f{") {
+    close = head[0] + std::string(command.target);
+    std::string_view const rest = head.substr(length);
+    if (rest.starts_with('{'))
+      language = rest.substr(1, std::min(rest.find('}'), rest.size()) - 1);
+    if (command.name == "f{")
+      language = "\\begin{" + language + "}";
+  }
+  if (close.empty() || !described_name(head).empty() || head.find(close, 3) != npos ||
+      unclosed_.contains(close))
+    return false;
+  while (language.starts_with('.') || language.starts_with('{'))
+    language.erase(0, 1);
+  std::size_t end = i + 1, least = npos;
+  for (; end < lines_.size() && lines_[end].text.find(close) == npos; ++end)
+    if (!lines_[end].text.empty())
+      least = std::min(least, lines_[end].whole.find_first_not_of(" \t"));
+  if (end == lines_.size()) {
+    unclosed_.insert(close);
+    return false;
+  }
+  std::string block;
+  for (std::size_t at = i + 1; at < end; ++at)
+    (block += lines_[at].whole.substr(std::min(least, lines_[at].whole.size()))) += '\n';
+  if (close.substr(1) == "f]" || close.substr(1) == "f}")
+    add_token({gToken::display,
+               tokens_.plain(close.ends_with('}') ? language + block : block),
+               {},
+               block},
+              lines_[i].indent);
+  else
+    add_block(tokens_.plain(block), language.substr(0, language.find_first_of(" {,")),
+              lines_[i].indent);
+  std::string_view const behind =
+      trimmed(lines_[end].text.substr(lines_[end].text.find(close) + close.size()));
+  i = end;
+  if (!behind.empty() && behind != "</pre>" && behind.find_first_not_of(close[0]) != npos)
+    add(behind, lines_[end].indent);
+  return true;
+}
+
+// The name in "@name: text", which describes what is declared or a part of it, or "" if it is a
+// command.
+std::string_view gCommentTranslator::described_name(std::string_view text) const {
+  if (!hints_ || text.size() < 2 || text[0] != '@')
+    return {};
+  std::size_t end = 1;
+  while (end < text.size() && Vlb::is_word(text[end]))
+    ++end;
+  std::string_view const name = text.substr(1, end - 1);
+  if (name.empty() || !text.substr(end).starts_with(':') || text.substr(end).starts_with("::"))
+    return {};
+  if (hints_->parameters.contains(name))
+    return name;
+  switch (Commands::find(name).kind) {
+  case gCommandKind::none:
+  case gCommandKind::line:
+  case gCommandKind::topic:
+  case gCommandKind::about:
+  case gCommandKind::group:
+    return name;
+  default:
+    return {};
+  }
+}
+
+bool gCommentTranslator::read_described(std::string_view text, std::size_t indent) {
+  std::string_view const name = described_name(text);
+  if (name.empty())
+    return false;
+  switch (hints_->declared) {
+  case gCommentHints::routine:
+    open_named("@parameter", text.substr(1), indent);
+    return true;
+  case gCommentHints::enumeration:
+    open_named("@values", text.substr(1), indent);
+    return true;
+  case gCommentHints::other:
+    break;
+  }
+  add("- `" + std::string(name) + "` " + std::string(trimmed(text.substr(name.size() + 2))),
+      indent);
+  return true;
+}
+
+// A comment that is headed by the name of what it describes has labels for commands.
+bool gCommentTranslator::read_label(std::string_view text, std::size_t indent) {
+  static constexpr std::pair<std::string_view, std::string_view> labels[] = {
+      {"Returns:", "@return"},
+      {"Return value:", "@return"},
+      {"Since:", "@since"},
+      {"Deprecated:", "@deprecated"}};
+  if (!hints_ || hints_->name.empty())
+    return false;
+  bool const first = !headed_ && part_ == 0 && !has_text();
+  if (first && text.size() == hints_->name.size() + 1 && text.starts_with(hints_->name) &&
+      text.ends_with(':'))
+    return headed_ = true;
+  for (auto const & [label, entry] : labels)
+    if (headed_ && text.starts_with(label)) {
+      open_part(entry, indent);
+      body_ = trimmed(text.substr(label.size()));
+      return true;
+    }
+  return false;
+}
+
+// The elements that stand for parts of a comment, as commands.
+std::string gCommentTranslator::from_xml(std::string_view text) const {
+  static constexpr std::pair<std::string_view, std::string_view> parts[] = {
+      {"<param ", "@param "},    {"<typeparam ", "@tparam "}, {"<exception ", "@throws "},
+      {"<returns>", "@return "}, {"<remarks>", "@note "},     {"<value>", "@return "},
+      {"<example>", "@note "},   {"<seealso ", "@see "},      {"<permission ", "@note "}};
+  for (auto const & [element, command] : parts) {
+    if (!text.starts_with(element))
+      continue;
+    gHtmlTag const tag = Html::tag_at(text);
+    if (tag.length == 0)
+      break;
+    std::string name = Html::attribute(tag.attributes, "name");
+    if (name.empty())
+      name = Html::attribute(tag.attributes, "cref");
+    if (name.size() > 2 && name[1] == ':')
+      name.erase(0, 2);
+    std::string_view rest = text.substr(tag.length);
+    std::string const close = "</" + tag.name + ">";
+    if (rest.ends_with(close))
+      rest.remove_suffix(close.size());
+    return std::string(command) + name + " " + std::string(rest);
+  }
+  for (std::string_view const close :
+       {"</param>", "</typeparam>", "</exception>", "</returns>", "</remarks>", "</value>",
+        "</example>", "</seealso>", "</permission>"})
+    if (text.ends_with(close))
+      return std::string(text.substr(0, text.size() - close.size()));
+  return std::string(text);
+}
+
+bool gCommentTranslator::read_command(std::string_view text, std::size_t indent) {
+  std::size_t length = 0;
+  gCommand const command = command_at(text, length);
+  switch (command.kind) {
+  case gCommandKind::none:
+  case gCommandKind::block:
+  case gCommandKind::dropped:
+  case gCommandKind::code_word:
+  case gCommandKind::em_word:
+  case gCommandKind::bold_word:
+  case gCommandKind::word:
+  case gCommandKind::brace:
+  case gCommandKind::bracket:
+  case gCommandKind::ref:
+  case gCommandKind::target:
+  case gCommandKind::link:
+  case gCommandKind::anchor:
+  case gCommandKind::formula:
+  case gCommandKind::line_end:
+    return false;
+  default:
+    break;
+  }
+  if (hints_ && hints_->pascal && text[0] == '\\')
+    return false;
+  std::string_view rest = text.substr(length);
+  if (!rest.empty() && rest[0] == ':')
+    rest.remove_prefix(1);
+  if (rest.starts_with('{') && command.kind == gCommandKind::file) // options of the command
+    rest.remove_prefix(std::min(rest.find('}'), rest.size() - 1) + 1);
+  take_command(command, trimmed(rest), indent);
+  return true;
+}
+
+void gCommentTranslator::read_piece(std::string_view text, std::size_t indent) {
+  if (text.empty() || read_described(text, indent) || read_label(text, indent) ||
+      read_command(text, indent))
+    return;
+  if (text.starts_with("-# ")) // a numbered item
+    return add("1. " + std::string(trimmed(text.substr(3))), indent);
+  bool const title = text[0] == '#' && hints_ && !hints_->titles;
+  std::string const shown = (title ? "\\" : "") + std::string(text);
+  if (is_item(text) && break_pending_ && part().entry != description && !in_item_ &&
+      indent <= part_indent_)
+    open_part(description, indent);
+  add(shown, indent);
+}
+
+// Commands that open a part do so in the middle of a line, too: "@brief Text. @return text".
+void gCommentTranslator::read_pieces(Line const & line) {
+  std::string_view text = line.text;
+  for (std::size_t at = 1; at < text.size(); ++at) {
+    std::size_t length = 0;
+    if ((text[at] != '@' && text[at] != '\\') || text[at - 1] != ' ' ||
+        !Commands::begins_part(command_at(text.substr(at), length).kind) ||
+        at + length >= text.size() || (text[at + length] != ' ' && text[at + length] != '['))
+      continue;
+    read_piece(trimmed(text.substr(0, at)), line.indent);
+    text = text.substr(at);
+    at = 0;
+  }
+  read_piece(text, line.indent);
+}
+
+void gCommentTranslator::read_line(std::size_t & i) {
+  if (hide(i))
+    return;
+  Line const & line = lines_[i];
+  if (line.text.empty()) {
+    break_pending_ = true;
+    return;
+  }
+  if (read_block(i))
+    return;
+  if (is_rule(line.text)) {
+    // Under a line of text it makes a title of it, and a table needs it.
+    bool const below =
+        !break_pending_ && !blank_body() && line.text.find_first_not_of("=-") == npos;
+    if (below && hints_ && hints_->titles && part().entry == description)
+      add(line.text.substr(0, 3), line.indent);
+    else
+      break_pending_ = true;
+    return;
+  }
+  std::string const text = from_xml(line.text);
+  if (trimmed(text).empty())
+    return;
+  read_pieces({trimmed(text), line.whole, line.indent});
+}
+
+gTranslated gCommentTranslator::read() {
+  for (std::size_t i = 0; i < lines_.size(); ++i)
+    read_line(i);
+  flush();
+  for (Part & one : parts_)
+    if (gRichPieces text = one.text.take(); !text.empty())
+      result_.parts.push_back({one.entry, std::move(text)});
+  if (result_.kind == gTranslated::nothing && !result_.parts.empty())
+    result_.kind = gTranslated::unit;
+  return std::move(result_);
+}

@@ -1,0 +1,89 @@
+// A comment of another documentation system while it is read: its lines are parts, blocks and text;
+// the text of each part is Markdown with tokens when the part ends.
+#pragma once
+
+#include "ana/comments/inline_commands.h"
+
+class gCommentTranslator {
+public:
+  gCommentTranslator(std::string_view comment, gCommentHints const * hints,
+                     gCommentOptions const & options);
+  gTranslated read();
+
+private:
+  struct Line {
+    std::string_view text; // without the blanks at both ends
+    std::string_view whole;
+    std::size_t indent = 0;
+  };
+  struct Part {
+    std::string entry;
+    gRichText text;
+    bool listed = false; // a list of named items is open
+  };
+
+  void split();
+  void measure();
+
+  // Lines
+  void read_line(std::size_t & i);
+  bool hide(std::size_t & i);
+  bool skip_to(std::string_view close, std::size_t & i, std::size_t from);
+  bool read_block(std::size_t & i);
+  void read_pieces(Line const & line);
+  void read_piece(std::string_view text, std::size_t indent);
+  bool read_command(std::string_view text, std::size_t indent);
+  bool read_described(std::string_view text, std::size_t indent);
+  std::string_view described_name(std::string_view text) const;
+  bool read_label(std::string_view text, std::size_t indent);
+  std::string from_xml(std::string_view text) const;
+  void condition(std::string_view word, std::string_view rest);
+
+  // Commands
+  void take_command(gCommand const & command, std::string_view rest, std::size_t indent);
+  void take_topic(gCommand const & command, std::string_view rest);
+  void take_group(gCommand const & command, std::string_view rest);
+  void take_about(std::string_view rest);
+  void take_references(std::string_view rest);
+  void take_file(gCommand const & command, std::string_view rest, std::size_t indent);
+  void take_image(std::string_view rest, std::size_t indent);
+  void take_heading(std::string_view level, std::string_view rest);
+  void begin_or_end(gCommand const & command, std::string_view rest, std::size_t indent);
+
+  // Text
+  void open_part(std::string_view entry, std::size_t indent);
+  void open_named(std::string_view entry, std::string_view rest, std::size_t indent);
+  void add(std::string_view text, std::size_t indent);
+  void add_token(gToken token, std::size_t indent);
+  void add_block(std::string lines, std::string_view language, std::size_t indent);
+  void flush();
+  void set_running(std::string_view text, gRichText & out);
+  Part & part() { return parts_[part_]; }
+  bool has_text() const { return !parts_[part_].text.empty() || !blank_body(); }
+  bool blank_body() const { return body_.find_first_not_of(" \n") == body_.npos; }
+  bool is_set(std::string_view condition) const;
+
+  std::string comment_;
+  gCommentHints const * hints_;
+  gCommentOptions const & options_;
+  gTranslated result_;
+  gTokens tokens_;
+  gInlineCommands inline_;
+  std::vector<Line> lines_;
+  std::vector<Part> parts_;
+  std::size_t part_ = 0;
+  std::string body_;                            // Markdown of the part so far
+  std::size_t body_indent_ = 0;                 // that its lines lose
+  bool indent_known_ = false;                   // by the first line that goes on
+  std::set<std::string, std::less<>> unclosed_; // ends of blocks that don't come any more
+  std::vector<bool> conditions_;                // open ones: whether what stands there is shown
+  bool headed_ = false;                         // by "name:", so that "Since:" is an entry
+  bool break_pending_ = false;                  // an empty line came
+  bool in_item_ = false;
+  std::size_t part_indent_ = 0, item_indent_ = 0;
+  std::size_t lists_ = 0; // open by commands
+  bool sections_ = false;
+  // The file that "\dontinclude" opened, and how far it was shown.
+  std::string file_;
+  std::size_t file_at_ = 0;
+};
