@@ -72,6 +72,3 @@ std::set<std::string, std::less<>> described_parameters(std::string_view comment
 
 // The name in "#name", "ns::name(int)" and the like; empty if it is none.
 std::string reference_target(std::string_view word);
-
-// The comments of a file may hide what stands between two of them.
-int hidden_depth(std::string_view comment, gCommentOptions const & options, int depth);
