@@ -8,16 +8,16 @@ import { address, axe, folder, odd, on_page, phone, sites, wide } from "./browse
 import { check_site, files_of } from "./check_site.mjs";
 
 const pages_of = (site) => files_of(site).filter((name) => name.endsWith(".htm"));
+const page_of_kind = (site, kind) => pages_of(site).find((name) =>
+  readFileSync(join(site, name), "utf8").includes(`<span class="kind ${kind}">${kind}</span><h1`));
 // One page of each sort, and the heaviest of all.
 const samples_of = (site) => {
   const pages = pages_of(site);
   const size = (name) => readFileSync(join(site, name)).length;
   const heaviest = pages.reduce((a, b) => (size(b) > size(a) ? b : a));
   const longest_name = pages.reduce((a, b) => (b.length > a.length ? b : a));
-  const of_kind = (kind) => pages.find((name) =>
-    readFileSync(join(site, name), "utf8").includes(`<span class="kind ${kind}">${kind}</span><h1`));
-  return [...new Set(["index.htm", "contents.htm", "idx.htm", heaviest, longest_name, of_kind("class"),
-    of_kind("function"), pages.find((name) => name.startsWith("_source"))].filter(Boolean))];
+  return [...new Set(["index.htm", "contents.htm", "idx.htm", heaviest, longest_name, page_of_kind(site, "class"),
+    page_of_kind(site, "function"), pages.find((name) => name.startsWith("_source"))].filter(Boolean))];
 };
 
 for (const site of sites) {
@@ -93,7 +93,7 @@ test("the theme follows the system until it is chosen, and is kept", () =>
   }));
 
 test("drawers hold the focus and close on Escape", () =>
-  on_page(address(folder, samples_of(folder).at(5)), { viewport: phone }, async (page) => {
+  on_page(address(folder, page_of_kind(folder, "class")), { viewport: phone }, async (page) => {
     const button = page.locator(".menu");
     assert.equal(await page.locator("#contents").isVisible(), false);
     await button.click();
@@ -109,7 +109,7 @@ test("drawers hold the focus and close on Escape", () =>
   }));
 
 test("text is there without scripts, and nothing moves while a page loads", async () => {
-  const class_page = address(folder, samples_of(folder).at(5));
+  const class_page = address(folder, page_of_kind(folder, "class"));
   await on_page(class_page, { javaScriptEnabled: false }, async (page) => {
     assert.equal(await page.locator(".search").isVisible(), false);
     assert.ok((await page.locator("main").innerText()).length > 100);
@@ -128,7 +128,7 @@ test("text is there without scripts, and nothing moves while a page loads", asyn
 });
 
 test("code is copied as it stands", () =>
-  on_page(address(folder, samples_of(folder).at(5)), { permissions: ["clipboard-read", "clipboard-write"] }, async (page) => {
+  on_page(address(folder, page_of_kind(folder, "class")), { permissions: ["clipboard-read", "clipboard-write"] }, async (page) => {
     const block = page.locator(".code").first();
     await block.hover();
     await block.locator(".copy").click();
