@@ -159,7 +159,9 @@ void gLinkCheck::report(gConversion const & conversion) const {
     auto operator<=>(gDead const &) const = default;
   };
   std::vector<gDead> dead;
-  for (auto const & [hash, way] : links_) {
+  for (auto const & link : links_) {
+    gHash const hash = link.first;
+    gWay const way = link.second;
     if (places_.contains(hash))
       continue;
     std::string html;
@@ -176,8 +178,7 @@ void gLinkCheck::report(gConversion const & conversion) const {
     });
   }
   std::ranges::sort(dead);
-  auto const [first, last] = std::ranges::unique(dead);
-  dead.erase(first, last);
+  dead.erase(std::unique(dead.begin(), dead.end()), dead.end());
   for (std::size_t i = 0; i < std::min(dead.size(), most_reports); ++i)
     Msg::log(Msg::dead_link, dead[i].href,
              {gPathstring(conversion.input().folder).append(dead[i].page),
