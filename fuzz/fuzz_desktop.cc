@@ -19,7 +19,7 @@ void expect(bool good) {
 }
 
 void check_command(std::string const & line) {
-  std::vector<std::string> const command = Shell::browser_command(line, "ADDRESS");
+  std::vector<std::string> const command = Shell::filled_command(line, "ADDRESS");
   expect(command.size() <= 11);
   std::size_t places = 0;
   for (std::string const & argument : command)
