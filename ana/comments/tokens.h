@@ -2,9 +2,9 @@
 // word that Markdown leaves alone, and is done when the word comes out again.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "ana/comments/rich_text.h"
 
@@ -98,5 +98,6 @@ private:
   static void play_alone(gToken const & token, gRichText & out);
 
   static constexpr char begin_mark = '\x01', end_mark = '\x02';
-  std::vector<gToken> tokens_;
+  // Running text within a token makes others while it is played, so tokens mustn't move.
+  std::deque<gToken> tokens_;
 };
