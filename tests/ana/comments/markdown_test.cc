@@ -1,4 +1,4 @@
-// Markdown by the examples of its specification, whose results are read by our own reader of HTML.
+// Markdown by the examples of CommonMark, whose results are read by our own reader of HTML.
 
 #include <gtest/gtest.h>
 
@@ -37,10 +37,10 @@ std::string normal(std::string const & text) {
 
 // The text holds blocks of thirty-two backticks: "example", Markdown, a line with a dot, HTML. What
 // may differ are tags that aren't in our list, and program text over several blocks of HTML.
-TEST(markdown, examples_of_the_specification) {
+TEST(markdown, examples_of_commonmark) {
   char const * const path = std::getenv("VELLUMAR_COMMONMARK");
   if (!path)
-    GTEST_SKIP() << "scripts/test_browser fetches them and calls this test";
+    GTEST_SKIP() << "scripts/test_browser fetches the examples and calls this test";
   std::ifstream file(path);
   std::string const fence(32, '`');
   int number = 0, passed = 0;
