@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ana/comments/foreign_text.h"
+#include "ana/comments/words.h"
 #include "ana/foreign_code.h"
 #include "ana/foreign_pascal.h"
 #include "vlb/gstring.h"

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "ana/comments/foreign_text.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {

@@ -7,16 +7,12 @@
 #include <vector>
 
 #include "ana/comments/commands.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 constexpr auto npos = std::string_view::npos;
-
-std::string_view trimmed(std::string_view text) {
-  std::size_t const begin = std::min(text.find_first_not_of(" \t\n"), text.size());
-  return text.substr(begin, text.find_last_not_of(" \t\n") + 1 - begin);
-}
 
 class Brackets {
 public:

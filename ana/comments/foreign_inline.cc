@@ -6,6 +6,7 @@
 
 #include "ana/comments/foreign_tags.h"
 #include "ana/comments/foreign_text.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -19,10 +20,6 @@ constexpr std::size_t longest_mark = 10; // of backticks
 
 bool is_blank(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-bool is_letter(char c) {
-  return std::isalpha(static_cast<unsigned char>(c)) != 0;
 }
 
 class InlineText {
@@ -443,14 +440,6 @@ std::string foreign_target(std::string_view word) {
       std::all_of(target.begin(), target.end(),
                   [](char c) { return Vlb::is_word(c) || c == ':' || c == '.' || c == '~'; });
   return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && is_blank(text.front()))
-    text.remove_prefix(1);
-  while (!text.empty() && is_blank(text.back()))
-    text.remove_suffix(1);
-  return text;
 }
 
 std::size_t character_end(std::string_view text, std::size_t limit) {

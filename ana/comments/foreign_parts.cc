@@ -1,6 +1,7 @@
 // What is read of a comment is written as mark-up of text units. The result is one line but for
 // blocks of code, so that it never has more lines than the comment.
 #include "ana/comments/foreign_comment.h"
+#include "ana/comments/words.h"
 
 #include <algorithm>
 #include <cctype>
@@ -61,24 +62,9 @@ void gForeignComment::open_entry(std::string_view entry, std::size_t indent) {
 void gForeignComment::open_named(std::string_view entry, std::string_view rest,
                                  std::size_t indent) {
   flush();
-  std::string direction;
-  if (rest.starts_with('[')) {
-    std::size_t const end = std::min(rest.find(']'), rest.size() - 1);
-    direction = trimmed(rest.substr(1, end - 1));
-    rest = trimmed(rest.substr(end + 1));
-  }
-  if (rest.starts_with('{')) // a type, as in scripts
-    rest = trimmed(rest.substr(std::min(rest.find('}'), rest.size() - 1) + 1));
-  std::size_t const name_end = std::min(rest.find_first_of(" \t"), rest.size());
-  std::string_view name = rest.substr(0, name_end);
-  rest = trimmed(rest.substr(name_end));
-  if (name.ends_with(':'))
-    name.remove_suffix(1);
+  auto const [direction, name, words] = named_item(rest);
   if (name.empty())
     return;
-  for (std::string_view mark : {"- ", ": ", "-- ", "\xE2\x80\x93 ", "\xE2\x80\x94 "})
-    if (rest.starts_with(mark))
-      rest = trimmed(rest.substr(mark.size()));
   if (entry != entry_)
     open_entry(entry, indent);
   in_references_ = break_pending_ = false;
@@ -88,7 +74,7 @@ void gForeignComment::open_named(std::string_view entry, std::string_view rest,
   if (!direction.empty())
     out_ += "(" + translate_inline(direction) + ") ";
   has_text_ = true;
-  paragraph_ = rest;
+  paragraph_ = words;
 }
 
 void gForeignComment::begin_item(std::size_t indent) {

@@ -6,6 +6,7 @@
 #include <cctype>
 
 #include "ana/comments/foreign_comment.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {

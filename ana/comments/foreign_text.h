@@ -31,6 +31,5 @@ std::string reference_to(std::string_view target, std::string_view text);
 // The name in "#name", "ns::name(int)" and the like; empty if it is none.
 std::string foreign_target(std::string_view word);
 
-std::string_view trimmed(std::string_view text);
 // `limit`, or the begin of the character of UTF-8 that it would cut.
 std::size_t character_end(std::string_view text, std::size_t limit);

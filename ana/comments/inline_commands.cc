@@ -6,6 +6,7 @@
 #include <cctype>
 
 #include "ana/comments/html_elements.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -13,67 +14,14 @@ namespace {
 constexpr std::size_t npos = std::string_view::npos;
 constexpr std::size_t farthest = 4000; // a closing word is looked for
 
-bool is_letter(char c) {
-  return std::isalpha(static_cast<unsigned char>(c)) != 0;
-}
-
-bool is_blank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\0';
-}
-
-bool is_one_of(char c, std::string_view set) {
-  return c != '\0' && set.find(c) != npos;
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && is_blank(text.front()))
-    text.remove_prefix(1);
-  while (!text.empty() && is_blank(text.back()))
-    text.remove_suffix(1);
-  return text;
-}
-
-// A word of the preprocessor is no name.
-bool is_directive(std::string_view word) {
-  static constexpr std::string_view words[] = {"include", "define", "if",    "ifdef", "ifndef",
-                                               "else",    "elif",   "endif", "undef", "pragma",
-                                               "error",   "line",   "import"};
-  return std::ranges::find(words, word) != std::end(words);
-}
-
-// Whether a word by itself looks like a name of a program: it has humps, or both "_" and letters.
-bool has_humps(std::string_view word) {
-  bool lower = false, hump = false;
-  for (char c : word) {
-    auto const byte = static_cast<unsigned char>(c);
-    hump = hump || (lower && std::isupper(byte));
-    lower = std::islower(byte) != 0;
-  }
-  return hump && word.size() > 3;
-}
-
 } // namespace
-
-std::string reference_target(std::string_view word) {
-  while (!word.empty() && is_one_of(word.front(), "#:%"))
-    word.remove_prefix(1);
-  word = word.substr(0, word.find('('));
-  std::string target;
-  for (char c : word)
-    target += c == '#' ? std::string("::") : std::string(1, c);
-  bool const is_name = target.find("//") == npos && !target.empty() && target.size() < 300 &&
-                       (is_letter(target[0]) || target[0] == '_') &&
-                       std::all_of(target.begin(), target.end(),
-                                   [](char c) { return Vlb::is_word(c) || is_one_of(c, ":.~-/"); });
-  return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
-}
 
 bool gInlineCommands::behind_word() const {
   return at_ > 0 && Vlb::is_word(text_[at_ - 1]);
 }
 
 bool gInlineCommands::behind_blank() const {
-  return at_ == 0 || is_blank(text_[at_ - 1]) || is_one_of(text_[at_ - 1], "([{\"'>,;/|*_-");
+  return at_ == 0 || ends_word(text_[at_ - 1]) || is_one_of(text_[at_ - 1], "([{\"'>,;/|*_-");
 }
 
 void gInlineCommands::put(gToken token, std::size_t from) {
@@ -86,11 +34,11 @@ std::string_view gInlineCommands::take_word() {
   std::size_t begin = at_;
   while (at(begin) == ' ' || at(begin) == '\t')
     ++begin;
-  if (at(begin) == '\n' && !is_blank(at(begin + 1))) // the word may stand in the next line
-    while (is_blank(at(begin)) && begin < text_.size())
+  if (at(begin) == '\n' && !ends_word(at(begin + 1))) // the word may stand in the next line
+    while (ends_word(at(begin)) && begin < text_.size())
       ++begin;
   std::size_t end = begin;
-  while (!is_blank(at(end)))
+  while (!ends_word(at(end)))
     ++end;
   while (end > begin + 1 && is_one_of(text_[end - 1], ".,;:!?)'\"") &&
          !text_.substr(begin, end - begin).ends_with("()") &&
@@ -247,11 +195,11 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
   case bold_word:
   case word:
   case anchor:
-    return is_blank(at(behind)) && word_format(command, behind);
+    return ends_word(at(behind)) && word_format(command, behind);
   case brace:
     return word_format(command, behind);
   case ref:
-    return is_blank(at(behind)) && reference(command, behind);
+    return ends_word(at(behind)) && reference(command, behind);
   case target:
     return reference(command, behind);
   case link:
@@ -261,7 +209,7 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
     return closed(command, behind);
   case line_end:
     // A quoted "\n" is a character and ends no line.
-    if (!is_blank(at(behind)) || (at_ > 0 && is_one_of(text_[at_ - 1], "'\"(`")))
+    if (!ends_word(at(behind)) || (at_ > 0 && is_one_of(text_[at_ - 1], "'\"(`")))
       return false;
     at_ = behind;
     put({gToken::line_break, {}, {}, {}}, from);
@@ -271,7 +219,7 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
   case group:
   case file:
   case copy:
-    if (!is_blank(at(behind)))
+    if (!ends_word(at(behind)))
       return false;
     at_ = behind;
     take_word();
@@ -281,7 +229,7 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
   case topic:
     return false;
   default: // what begins a part stands in the middle of a line
-    if (!is_blank(at(behind)))
+    if (!ends_word(at(behind)))
       return false;
     at_ = behind;
     return true;
@@ -294,7 +242,7 @@ bool gInlineCommands::symbol() {
   bool const backslash = text_[at_] == '\\';
   if (next == '{' || next == '}') {
     // Alone it brackets a group; within text it is meant as it stands.
-    bool const alone = (at_ == 0 || is_blank(text_[at_ - 1])) && is_blank(at(at_ + 2));
+    bool const alone = (at_ == 0 || ends_word(text_[at_ - 1])) && ends_word(at(at_ + 2));
     if (!alone && !backslash)
       return false;
     at_ += 2;
@@ -339,26 +287,10 @@ bool gInlineCommands::command() {
   gCommand const found = Commands::find(word);
   if (found.kind != gCommandKind::none && known(found, end))
     return true;
-  bool const is_word = word.size() > 1 && (is_blank(at(end)) || is_one_of(at(end), ".,:"));
+  bool const is_word = word.size() > 1 && (ends_word(at(end)) || is_one_of(at(end), ".,:"));
   if (found.kind == gCommandKind::none && is_word && behind_blank() && text_[at_] != '@')
     ++unknown_[std::string(text_.substr(at_, end - at_))];
   return false;
-}
-
-// "@name" of a parameter.
-bool gInlineCommands::parameter() {
-  if (!hints_ || text_[at_] != '@')
-    return false;
-  std::size_t end = at_ + 1;
-  while (Vlb::is_word(at(end)))
-    ++end;
-  std::string_view const name = text_.substr(at_ + 1, end - at_ - 1);
-  if (!hints_->parameters.contains(name))
-    return false;
-  std::size_t const from = at_;
-  at_ = end;
-  put({gToken::code, std::string(name), {}, {}}, from);
-  return true;
 }
 
 // {@link Name text}, {@code text}
@@ -430,37 +362,6 @@ bool gInlineCommands::program_text() {
   return true;
 }
 
-// What stands in an address is no command.
-bool gInlineCommands::address() {
-  std::string_view const rest = text_.substr(at_);
-  if (behind_word() || !(rest.starts_with("http://") || rest.starts_with("https://")))
-    return false;
-  std::size_t end = at_;
-  while (!is_blank(at(end)) && !is_one_of(at(end), "<>\"`") && at(end) != '\x01')
-    ++end;
-  int depth = 0;
-  std::size_t last = at_;
-  for (std::size_t i = at_; i < end; ++i) { // a bracket that was opened outside ends it
-    depth += text_[i] == '(' ? 1 : text_[i] == ')' ? -1 : 0;
-    if (depth < 0 || (text_[i] == ']' && i + 1 < end && text_[i + 1] == '('))
-      break;
-    last = i + 1;
-  }
-  while (last > at_ && is_one_of(text_[last - 1], ".,;:!?'}]*"))
-    --last;
-  std::size_t const from = at_;
-  std::string_view const whole = text_.substr(from, last - from);
-  at_ = last;
-  bool const in_link = from > 0 && is_one_of(text_[from - 1], "(<") &&
-                       (from < 2 || text_[from - 2] == ']' || text_[from - 1] == '<');
-  bool const defines = from > 2 && text_.substr(from - 3, 3) == "]: ";
-  if (in_link || defines || whole.size() < 9)
-    out_ += whole;
-  else
-    put({gToken::link, std::string(whole), {}, {}}, from);
-  return true;
-}
-
 bool gInlineCommands::element() {
   if (text_.substr(at_, farthest).starts_with("<!--") == false && !is_letter(at(at_ + 1)) &&
       at(at_ + 1) != '/')
@@ -473,56 +374,6 @@ bool gInlineCommands::element() {
   std::size_t const from = at_;
   at_ += tag.length;
   put({gToken::element, std::string(text_.substr(from, tag.length)), {}, {}}, from);
-  return true;
-}
-
-// "#name"
-bool gInlineCommands::hash_name() {
-  if (!behind_blank() || (!is_letter(at(at_ + 1)) && at(at_ + 1) != '_'))
-    return false;
-  std::size_t end = at_ + 1;
-  while (Vlb::is_word(at(end)) ||
-         (at(end) == ':' && at(end + 1) == ':' && is_letter(at(end + 2))) ||
-         (at(end) == ':' && at(end - 1) == ':'))
-    ++end;
-  std::string const word(text_.substr(at_ + 1, end - at_ - 1));
-  if (is_directive(word))
-    return false;
-  std::size_t const from = at_;
-  at_ = end + (at(end) == '(' && at(end + 1) == ')' ? 2 : 0);
-  put({gToken::guess, word, std::string(text_.substr(from + 1, at_ - from - 1)), {}}, from);
-  return true;
-}
-
-// "Klass::meth()", "f()", "Klass", "TFoo.Bar"; copies all other words as they are.
-bool gInlineCommands::name() {
-  std::size_t end = at_;
-  bool scoped = false;
-  bool const pascal = hints_ && hints_->pascal;
-  for (;;) {
-    while (Vlb::is_word(at(end)))
-      ++end;
-    bool const more =
-        (at(end) == ':' && at(end + 1) == ':' && (is_letter(at(end + 2)) || at(end + 2) == '_')) ||
-        (pascal && at(end) == '.' && is_letter(at(end + 1)));
-    if (!more)
-      break;
-    scoped = true;
-    end += at(end) == ':' ? 2 : 1;
-  }
-  std::size_t const from = at_;
-  std::string_view const word = text_.substr(from, end - from);
-  bool const call = at(end) == '(' && at(end + 1) == ')';
-  bool const between = from > 0 && is_one_of(text_[from - 1], "@\\.-/&$~\x02");
-  if (between || word.size() > 200 || (!scoped && !call && !has_humps(word)) ||
-      (at(end) == '<' || at(end) == '@' || at(end) == '/') ||
-      std::isdigit(static_cast<unsigned char>(word[0]))) {
-    out_ += word;
-    at_ = end;
-    return true;
-  }
-  at_ = end + (call ? 2 : 0);
-  put({gToken::guess, std::string(word), std::string(text_.substr(from, at_ - from)), {}}, from);
   return true;
 }
 

@@ -4,26 +4,17 @@
 #include "ana/comments/translator.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "ana/comments/brackets.h"
 #include "ana/comments/html_elements.h"
 #include "ana/comments/markdown.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 constexpr std::string_view description = "@description";
 constexpr auto npos = std::string_view::npos;
-
-bool is_letter(char c) {
-  return std::isalpha(static_cast<unsigned char>(c)) != 0;
-}
-
-std::string_view trimmed(std::string_view text) {
-  std::size_t const begin = std::min(text.find_first_not_of(" \t\r\n"), text.size());
-  return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
-}
 
 // "@name" or "\name" at the head of a text; its length in `length`.
 gCommand command_at(std::string_view text, std::size_t & length) {
@@ -102,137 +93,6 @@ void gCommentTranslator::measure() {
   }
   for (Line & line : lines_)
     line.indent = &line == &lines_[0] || line.indent < least ? 0 : line.indent - least;
-}
-
-void gCommentTranslator::set_running(std::string_view text, gRichText & out) {
-  std::string const inner = inline_.read(text);
-  tokens_.set(inner, out, [](std::string_view words, gRichText & to) { to.text(words); });
-}
-
-// The part so far becomes text.
-void gCommentTranslator::flush() {
-  if (!blank_body()) {
-    std::string const markdown = inline_.read(body_);
-    gMarkdownOptions options;
-    options.html = false;
-    options.plain = [this](std::string_view text) { return tokens_.plain(text); };
-    options.set_text = [this](std::string_view text, gRichText & out) {
-      tokens_.set(text, out,
-                  [this](std::string_view words, gRichText & to) { set_running(words, to); });
-    };
-    std::size_t const depth = part().text.depth();
-    set_markdown(markdown, options, part().text);
-    if (lists_ == 0)
-      part().text.close_to(depth);
-  }
-  body_.clear();
-  indent_known_ = false;
-  body_indent_ = 0;
-}
-
-void gCommentTranslator::open_part(std::string_view entry, std::size_t indent) {
-  flush();
-  in_item_ = break_pending_ = false;
-  part_indent_ = indent;
-  if (lists_ > 0)
-    part().text.close_to(0);
-  lists_ = 0;
-  auto const at = std::ranges::find(parts_, entry, &Part::entry);
-  part_ = static_cast<std::size_t>(at - parts_.begin());
-  if (at == parts_.end())
-    parts_.push_back({std::string(entry), gRichText(), false});
-  else
-    part().text.close_to(0);
-  part().listed = false;
-}
-
-// "[in,out] name - text". Items of one kind that follow each other are one list.
-void gCommentTranslator::open_named(std::string_view entry, std::string_view rest,
-                                    std::size_t indent) {
-  std::string direction;
-  if (rest.starts_with('[')) {
-    std::size_t const end = std::min(rest.find(']'), rest.size() - 1);
-    direction = trimmed(rest.substr(1, end - 1));
-    rest = trimmed(rest.substr(end + 1));
-  }
-  if (rest.starts_with('{')) // a type, as in scripts
-    rest = trimmed(rest.substr(std::min(rest.find('}'), rest.size() - 1) + 1));
-  std::size_t const name_end = std::min(rest.find_first_of(" \t"), rest.size());
-  std::string_view name = rest.substr(0, name_end);
-  rest = trimmed(rest.substr(name_end));
-  if (name.ends_with(':'))
-    name.remove_suffix(1);
-  if (name.empty())
-    return;
-  for (std::string_view mark : {"- ", ": ", "-- ", "\xE2\x80\x93 ", "\xE2\x80\x94 "})
-    if (rest.starts_with(mark))
-      rest = trimmed(rest.substr(mark.size()));
-  flush();
-  if (part().entry != entry || !part().listed)
-    open_part(entry, indent);
-  break_pending_ = false;
-  gRichText & text = part().text;
-  text.close_to(part().listed ? 1 : 0);
-  if (!part().listed)
-    text.open_list(false);
-  part().listed = true;
-  text.open_item();
-  if (entry == "@throws" && !reference_target(name).empty())
-    text.reference(reference_target(name), name, gRichText::Sure::name);
-  else
-    text.code(tokens_.plain(name));
-  text.text(" ");
-  if (!direction.empty())
-    text.text("(" + direction + ") ");
-  text.join();
-  in_item_ = true;
-  part_indent_ = item_indent_ = indent;
-  body_ = rest;
-}
-
-// A line of text. Behind an empty line it is another paragraph, or the part has ended.
-void gCommentTranslator::add(std::string_view text, std::size_t indent) {
-  if (break_pending_) {
-    bool const goes_on = indent > (in_item_ ? item_indent_ : part_indent_) || lists_ > 0;
-    if (part().entry != description && !goes_on)
-      open_part(description, indent);
-    else if (!body_.empty())
-      body_ += body_.back() == '\n' ? "\n" : "\n\n";
-    break_pending_ = false;
-  }
-  if (!body_.empty() && body_.back() != '\n')
-    body_ += '\n';
-  // What goes on behind a command stands under its text.
-  if (!indent_known_) {
-    body_indent_ = part().entry == description && !in_item_ ? 0 : indent;
-    indent_known_ = true;
-  }
-  std::size_t blanks = indent - std::min(indent, body_indent_);
-  bool const tag = text[0] == '<' && Html::is_block(Html::tag_at(text).name);
-  if (tag || lists_ > 0)
-    blanks = 0;
-  body_.append(blanks, ' ');
-  body_ += text;
-}
-
-void gCommentTranslator::add_token(gToken token, std::size_t indent) {
-  add(tokens_.add(std::move(token)), indent);
-}
-
-void gCommentTranslator::add_block(std::string lines, std::string_view language,
-                                   std::size_t indent) {
-  gToken token{gToken::block, std::move(lines), std::string(language), {}};
-  token.raw = token.a;
-  bool const pending = break_pending_;
-  break_pending_ = false;
-  if (pending && in_item_ && indent <= item_indent_)
-    break_pending_ = true;
-  // The text of a quotation would go on without a mark.
-  std::size_t const line = body_.rfind('\n', body_.empty() ? 0 : body_.size() - 1);
-  if (std::string_view(body_).substr(line == npos ? 0 : line + 1).starts_with('>'))
-    body_ += "\n\n";
-  add_token(std::move(token), indent);
-  body_ += '\n';
 }
 
 bool gCommentTranslator::is_set(std::string_view condition) const {

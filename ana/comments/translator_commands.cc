@@ -3,16 +3,12 @@
 #include <cctype>
 
 #include "ana/comments/translator.h"
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 constexpr auto npos = std::string_view::npos;
-
-std::string_view trimmed(std::string_view text) {
-  std::size_t const begin = std::min(text.find_first_not_of(" \t\r\n"), text.size());
-  return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
-}
 
 // Takes the first word off.
 std::string_view take_word(std::string_view & text) {

@@ -7,8 +7,8 @@
 #include <array>
 #include <unordered_set>
 
-#include "ana/comments/foreign_text.h"
 #include "ana/comments/translate.h"
+#include "ana/comments/words.h"
 #include "ana/read/attach_choice.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/comment_noise.h"

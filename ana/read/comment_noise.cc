@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -14,11 +15,6 @@ constexpr auto npos = std::string_view::npos;
 bool contains_any(std::string_view text, std::initializer_list<std::string_view> words) {
   return std::any_of(words.begin(), words.end(),
                      [&](std::string_view word) { return text.find(word) != npos; });
-}
-
-std::string_view trimmed(std::string_view text) {
-  std::size_t const begin = std::min(text.find_first_not_of(" \t\n\r"), text.size());
-  return text.substr(begin, text.find_last_not_of(" \t\n\r") + 1 - begin);
 }
 
 std::string_view first_word(std::string_view text) {

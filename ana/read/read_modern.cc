@@ -8,6 +8,7 @@
 #include "ana/comments/commands.h"
 #include "ana/comments/foreign_text.h"
 #include "ana/comments/translate.h"
+#include "ana/comments/words.h"
 #include "ana/read/attach.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/code_elements.h"

@@ -1,0 +1,143 @@
+// Which words of running text name something of the program, or a place of the web.
+#include <algorithm>
+#include <cctype>
+
+#include "ana/comments/inline_commands.h"
+#include "ana/comments/words.h"
+#include "vlb/gstring.h"
+
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+
+// A word of the preprocessor is no name.
+bool is_directive(std::string_view word) {
+  static constexpr std::string_view words[] = {"include", "define", "if",    "ifdef", "ifndef",
+                                               "else",    "elif",   "endif", "undef", "pragma",
+                                               "error",   "line",   "import"};
+  return std::ranges::find(words, word) != std::end(words);
+}
+
+// Whether a word by itself looks like a name of a program: it has humps, or both "_" and letters.
+bool has_humps(std::string_view word) {
+  bool lower = false, hump = false;
+  for (char c : word) {
+    auto const byte = static_cast<unsigned char>(c);
+    hump = hump || (lower && std::isupper(byte));
+    lower = std::islower(byte) != 0;
+  }
+  return hump && word.size() > 3;
+}
+
+} // namespace
+
+std::string reference_target(std::string_view word) {
+  while (!word.empty() && is_one_of(word.front(), "#:%"))
+    word.remove_prefix(1);
+  word = word.substr(0, word.find('('));
+  std::string target;
+  for (char c : word)
+    target += c == '#' ? std::string("::") : std::string(1, c);
+  bool const is_name = target.find("//") == npos && !target.empty() && target.size() < 300 &&
+                       (is_letter(target[0]) || target[0] == '_') &&
+                       std::all_of(target.begin(), target.end(),
+                                   [](char c) { return Vlb::is_word(c) || is_one_of(c, ":.~-/"); });
+  return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
+}
+
+// "#name"
+bool gInlineCommands::hash_name() {
+  if (!behind_blank() || (!is_letter(at(at_ + 1)) && at(at_ + 1) != '_'))
+    return false;
+  std::size_t end = at_ + 1;
+  while (Vlb::is_word(at(end)) ||
+         (at(end) == ':' && at(end + 1) == ':' && is_letter(at(end + 2))) ||
+         (at(end) == ':' && at(end - 1) == ':'))
+    ++end;
+  std::string const word(text_.substr(at_ + 1, end - at_ - 1));
+  if (is_directive(word))
+    return false;
+  std::size_t const from = at_;
+  at_ = end + (at(end) == '(' && at(end + 1) == ')' ? 2 : 0);
+  put({gToken::guess, word, std::string(text_.substr(from + 1, at_ - from - 1)), {}}, from);
+  return true;
+}
+
+// "Klass::meth()", "f()", "Klass", "TFoo.Bar"; copies all other words as they are.
+bool gInlineCommands::name() {
+  std::size_t end = at_;
+  bool scoped = false;
+  bool const pascal = hints_ && hints_->pascal;
+  for (;;) {
+    while (Vlb::is_word(at(end)))
+      ++end;
+    bool const more =
+        (at(end) == ':' && at(end + 1) == ':' && (is_letter(at(end + 2)) || at(end + 2) == '_')) ||
+        (pascal && at(end) == '.' && is_letter(at(end + 1)));
+    if (!more)
+      break;
+    scoped = true;
+    end += at(end) == ':' ? 2 : 1;
+  }
+  std::size_t const from = at_;
+  std::string_view const word = text_.substr(from, end - from);
+  bool const call = at(end) == '(' && at(end + 1) == ')';
+  bool const between = from > 0 && is_one_of(text_[from - 1], "@\\.-/&$~\x02");
+  if (between || word.size() > 200 || (!scoped && !call && !has_humps(word)) ||
+      (at(end) == '<' || at(end) == '@' || at(end) == '/') ||
+      std::isdigit(static_cast<unsigned char>(word[0]))) {
+    out_ += word;
+    at_ = end;
+    return true;
+  }
+  at_ = end + (call ? 2 : 0);
+  put({gToken::guess, std::string(word), std::string(text_.substr(from, at_ - from)), {}}, from);
+  return true;
+}
+
+// "@name" of a parameter.
+bool gInlineCommands::parameter() {
+  if (!hints_ || text_[at_] != '@')
+    return false;
+  std::size_t end = at_ + 1;
+  while (Vlb::is_word(at(end)))
+    ++end;
+  std::string_view const name = text_.substr(at_ + 1, end - at_ - 1);
+  if (!hints_->parameters.contains(name))
+    return false;
+  std::size_t const from = at_;
+  at_ = end;
+  put({gToken::code, std::string(name), {}, {}}, from);
+  return true;
+}
+
+// What stands in an address is no command.
+bool gInlineCommands::address() {
+  std::string_view const rest = text_.substr(at_);
+  if (behind_word() || !(rest.starts_with("http://") || rest.starts_with("https://")))
+    return false;
+  std::size_t end = at_;
+  while (!ends_word(at(end)) && !is_one_of(at(end), "<>\"`") && at(end) != '\x01')
+    ++end;
+  int depth = 0;
+  std::size_t last = at_;
+  for (std::size_t i = at_; i < end; ++i) { // a bracket that was opened outside ends it
+    depth += text_[i] == '(' ? 1 : text_[i] == ')' ? -1 : 0;
+    if (depth < 0 || (text_[i] == ']' && i + 1 < end && text_[i + 1] == '('))
+      break;
+    last = i + 1;
+  }
+  while (last > at_ && is_one_of(text_[last - 1], ".,;:!?'}]*"))
+    --last;
+  std::size_t const from = at_;
+  std::string_view const whole = text_.substr(from, last - from);
+  at_ = last;
+  bool const in_link = from > 0 && is_one_of(text_[from - 1], "(<") &&
+                       (from < 2 || text_[from - 2] == ']' || text_[from - 1] == '<');
+  bool const defines = from > 2 && text_.substr(from - 3, 3) == "]: ";
+  if (in_link || defines || whole.size() < 9)
+    out_ += whole;
+  else
+    put({gToken::link, std::string(whole), {}, {}}, from);
+  return true;
+}
