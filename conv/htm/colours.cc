@@ -13,8 +13,8 @@ namespace {
 // What a line may begin in.
 enum : gColours::gState { plain, block_comment, brace_comment, directive };
 
-constexpr std::string_view names[] = {"",       "",       "keyword",  "comment",
-                                      "string", "number", "directive"};
+constexpr std::string_view names[] = {"",       "",          "keyword",   "comment", "string",
+                                      "number", "directive", "differing", "arrow"};
 
 bool is_word_start(char c) {
   return Vlb::is_letter(c) || c == '_' || static_cast<unsigned char>(c) >= 128;
@@ -149,7 +149,7 @@ gColours::gColours(gVltRules const & rules) {
       at = end + 1;
     }
   // A rule that is one frame around its text is used once here instead of for each word.
-  for (std::size_t i = static_cast<std::size_t>(gColour::keyword); i < 7; ++i) {
+  for (std::size_t i = static_cast<std::size_t>(gColour::keyword); i < colour_count; ++i) {
     std::string text;
     gVltValues values;
     values.set(gVltValue::text, "\1").set(gVltValue::name, names[i]);
@@ -199,10 +199,9 @@ void gColours::split(gLanguage language, std::string_view line, gState & state,
 }
 
 void gColours::set(gColoured const & stretch, std::string & out) const {
-  gFrame const & frame = frames_[static_cast<std::size_t>(stretch.colour)];
-  out += frame.before;
+  out += before(stretch.colour);
   Html::escape(stretch.text, out);
-  out += frame.behind;
+  out += behind(stretch.colour);
 }
 
 void gColours::set(gLanguage language, std::string_view text, std::string & out) const {

@@ -9,7 +9,19 @@
 
 #include "conv/vlt/rules.h"
 
-enum class gColour : unsigned char { none, word, keyword, comment, string, number, directive };
+enum class gColour : unsigned char {
+  none,
+  word,
+  keyword,
+  comment,
+  string,
+  number,
+  directive,
+  // Stretches with colours in them
+  differing, // what tells overloads apart
+  arrow,     // "->", which no line may part
+  last
+};
 
 struct gColoured {
   gColour colour;
@@ -34,6 +46,9 @@ public:
              std::vector<gColoured> & out) const;
   // Appends a stretch as finished text.
   void set(gColoured const & stretch, std::string & out) const;
+  // What stands around a stretch of this colour.
+  std::string_view before(gColour colour) const { return frame(colour).before; }
+  std::string_view behind(gColour colour) const { return frame(colour).behind; }
   // A whole text.
   void set(gLanguage language, std::string_view text, std::string & out) const;
 
@@ -43,9 +58,12 @@ private:
   };
   using gWords = std::unordered_set<std::string_view>;
 
+  static constexpr auto colour_count = static_cast<std::size_t>(gColour::last);
+
+  gFrame const & frame(gColour colour) const { return frames_[static_cast<std::size_t>(colour)]; }
   bool is_keyword(gLanguage language, std::string_view word) const;
 
   std::string words_[2]; // the lists, by language; the sets look into them
   gWords keywords_[2];
-  gFrame frames_[7];
+  gFrame frames_[colour_count];
 };

@@ -37,6 +37,11 @@ char sign_at(std::string_view text, std::size_t pos) {
   return pos == std::string_view::npos ? '\0' : text[pos];
 }
 
+struct gSetOff {
+  gStretch place;
+  gColour colour;
+};
+
 // One pass over the stretches of a declaration.
 class gWriter {
 public:
@@ -47,10 +52,14 @@ public:
         link_(link),
         out_(out) {}
 
+  // Stretches of the text that are set off, in their order.
+  void set_off(std::vector<gSetOff> stretches) { set_off_ = std::move(stretches); }
+
   // True if the own name, should there be one, was found.
   bool write(std::vector<gColoured> const & stretches, DeclarationText::gOwnName const * own = {}) {
     bool found = own == nullptr;
     for (std::size_t i = 0; i < stretches.size();) {
+      bound(offset_of(stretches[i]));
       if (!found && offset_of(stretches[i]) == own->place.begin) {
         found = true;
         out_ += own->shown;
@@ -70,10 +79,23 @@ public:
       remember(stretches[end - 1]);
       i = end;
     }
+    bound(text_.size());
     return found;
   }
 
 private:
+  // Ends what is set off up to here, and begins what is from here on.
+  void bound(std::size_t offset) {
+    if (open_ && set_off_[next_].place.end <= offset) {
+      out_ += colours_.behind(set_off_[next_++].colour);
+      open_ = false;
+    }
+    if (!open_ && next_ < set_off_.size() && set_off_[next_].place.begin <= offset &&
+        offset < text_.size()) {
+      out_ += colours_.before(set_off_[next_].colour);
+      open_ = true;
+    }
+  }
   std::size_t offset_of(gColoured const & stretch) const {
     return static_cast<std::size_t>(stretch.text.data() - text_.data());
   }
@@ -107,7 +129,30 @@ private:
   DeclarationText::gLinker const & link_;
   std::string & out_;
   gNeighbours before_;
+  std::vector<gSetOff> set_off_;
+  std::size_t next_ = 0; // of set_off_
+  bool open_ = false;
 };
+
+// Those that are asked for, and each "->" between them.
+std::vector<gSetOff> all_set_off(std::string_view text, std::span<gStretch const> differing) {
+  std::vector<gSetOff> all;
+  std::size_t at = 0;
+  auto const add_arrows = [&](std::size_t end) {
+    while ((at = text.find("->", at)) < end) {
+      auto const begin = static_cast<std::uint32_t>(at);
+      all.push_back({{begin, begin + 2}, gColour::arrow});
+      at += 2;
+    }
+  };
+  for (gStretch const & one : differing) {
+    add_arrows(one.begin);
+    all.push_back({one, gColour::differing});
+    at = one.end;
+  }
+  add_arrows(text.size());
+  return all;
+}
 
 // Signs in a row are one stretch, but names such as "operator=" and "~X" have their own borders.
 void split_at(std::size_t offset, std::string_view text, std::vector<gColoured> & stretches) {
@@ -144,14 +189,22 @@ void DeclarationText::set(std::string_view text, gLanguage language, gColours co
 
 bool DeclarationText::set_with_name(std::string_view text, gLanguage language,
                                     gColours const & colours, gLinker const & link,
-                                    gOwnName const & own, std::string & out) {
+                                    gOwnName const & own, std::span<gStretch const> differing,
+                                    std::string & out) {
   std::size_t const before = out.size();
   std::vector<gColoured> stretches;
   gColours::gState state = 0;
   colours.split(language, text, state, stretches);
   split_at(own.place.begin, text, stretches);
   split_at(own.place.end, text, stretches);
-  if (gWriter(text, colours, link, out).write(stretches, &own))
+  gWriter writer(text, colours, link, out);
+  std::vector<gSetOff> set_off = all_set_off(text, differing);
+  for (gSetOff const & one : set_off) {
+    split_at(one.place.begin, text, stretches);
+    split_at(one.place.end, text, stretches);
+  }
+  writer.set_off(std::move(set_off));
+  if (writer.write(stretches, &own))
     return true;
   out.resize(before);
   return false;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 
 #include "conv/atc/facts_line.h"
 #include "conv/htm/colours.h"
@@ -20,9 +21,10 @@ struct gOwnName {
   gStretch place;
   std::string shown;
 };
-// The same for a declaration of one line. False, and nothing is appended, if the name isn't found
-// as words and signs of their own.
+// The same for a declaration of one line, in which the stretches in `differing` are set off. False,
+// and nothing is appended, if the name isn't found as words and signs of their own.
 bool set_with_name(std::string_view text, gLanguage language, gColours const & colours,
-                   gLinker const & link, gOwnName const & own, std::string & out);
+                   gLinker const & link, gOwnName const & own, std::span<gStretch const> differing,
+                   std::string & out);
 
 } // namespace DeclarationText

@@ -7,7 +7,6 @@
 #include <charconv>
 
 #include "conv/atc/qualified_name.h"
-#include "conv/htm/declaration_text.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/slug.h"
 #include "conv/set/block_text.h"
@@ -179,44 +178,6 @@ void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
       out);
 }
 
-// Without what only a whole declaration has to say: the template head and the ";", or "#define" and
-// a long value.
-std::string gHtmSetter::signature_of(int unit) {
-  constexpr std::size_t longest = 320;
-  gUnitRecord const & record = site_.unit(unit);
-  gKnownFacts const & facts = record.facts;
-  std::string_view text = record.declaration;
-  if (facts.name.empty() || facts.size != text.size() || facts.name.end > text.size() ||
-      text.find('\n') != std::string_view::npos)
-    return {};
-  find_bound_names(unit, text, facts);
-  if (text.ends_with(';'))
-    text.remove_suffix(1);
-  constexpr std::string_view define = "#define ";
-  constexpr std::size_t longest_value = 60;
-  bool const macro = text.starts_with(define);
-  std::size_t const end = std::max(facts.name.end, facts.parameters.end);
-  if (macro && text.size() - end > longest_value)
-    text = text.substr(0, end);
-  std::size_t const head =
-      macro ? define.size()
-            : std::min(text.find_first_not_of(' ', facts.template_head.end), text.size());
-  if (text.size() - head > longest || head > facts.name.begin)
-    return {};
-  text.remove_prefix(head);
-  auto const cut = static_cast<std::uint32_t>(head);
-  DeclarationText::gOwnName own{{facts.name.begin - cut, facts.name.end - cut}, {}};
-  std::string const name = escaped(own.place.of(text)), to = link_to(unit, {}).href;
-  rules().apply(gVltRule::own_name,
-                gVltValues().set(gVltValue::text, name).set(gVltValue::href, to), own.shown);
-  std::string out;
-  DeclarationText::set_with_name(
-      text, gColours::language_of(record.path), colours_,
-      [&](std::string_view word, std::string & link) { return link_name(unit, word, link); }, own,
-      out);
-  return out;
-}
-
 // The parameters of a template mean nothing outside, and within its members nothing else.
 void gHtmSetter::find_bound_names(int unit, std::string_view declaration,
                                   gKnownFacts const & facts) {
@@ -241,7 +202,7 @@ bool gHtmSetter::link_name(int from, std::string_view name, std::string & out) {
   int const found = document().find_word(from, name);
   if (found < 0)
     return link_outside(from, name, out);
-  if (found == from || found == unit())
+  if (found == from || found == unit() || (page_ >= 0 && found == site_.pages[page_].first))
     return false;
   gLinkEnd const end = link_to(found, {});
   std::string const text = escaped(name);

@@ -4,8 +4,9 @@
 #include <unordered_map>
 
 #include "conv/htm/colours.h"
+#include "conv/htm/declaration_text.h"
 #include "conv/htm/hierarchy_drawing.h"
-#include "conv/htm/site.h"
+#include "conv/htm/overview.h"
 #include "conv/set/setter.h"
 
 // A headline inside the text of a unit, for the list of places on the page.
@@ -34,8 +35,8 @@ public:
   std::vector<gHeadline> take_headlines() { return std::move(headlines_); }
   std::vector<gHierarchyPage> take_hierarchies() { return std::exchange(hierarchies_, {}); }
   // The declaration of a unit in one line, its name as a link to it; empty if it isn't known or too
-  // long. Links lead from the current unit's page.
-  std::string signature_of(int unit);
+  // long. Links lead from the current unit's page. `is_all` tells that nothing was left out.
+  gMemberRow row_of(int unit, gRowPlace const & place);
   using gSetter::escape;
   void escape(std::string_view text, std::string & out) const override;
 
@@ -67,6 +68,10 @@ private:
   void draw_box(gDrawnBox const & box, gNode const & step, std::string & out);
   // Not of a name that the declaration or a template around it binds.
   bool link_name(int from, std::string_view name, std::string & out);
+  std::string linked_signature(int unit, std::string_view text,
+                               DeclarationText::gOwnName const & own,
+                               std::span<gStretch const> differing);
+  std::string linked_head(int unit, std::string_view head);
   bool link_outside(int from, std::string_view name, std::string & out);
   void find_bound_names(int unit, std::string_view declaration, gKnownFacts const & facts);
 

@@ -56,11 +56,12 @@ bool write_site(gConversion & conversion) {
   site.link_check = &link_check;
   gColours const colours(conversion.rules());
   gContents const contents(site);
-  gNavigation const navigation(site, contents);
+  gScopes const scopes(site);
+  gNavigation const navigation(site, contents, scopes);
   gPageWriter writer(conversion, site);
   gSearchIndex search(site);
 
-  Pages::write_units(conversion, site, colours, navigation, contents, search);
+  Pages::write_units(conversion, site, colours, navigation, contents, scopes, search);
   Pages::write_start(writer, site, colours, input.start_text, navigation, contents);
   Pages::write_for_servers(conversion, writer, site);
   Pages::write_contents(writer, site, navigation, contents);

@@ -7,16 +7,7 @@
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
-
-// Members on the page of what they belong to.
-struct gMember {
-  gRow row;
-  std::string signature;
-};
-struct gMembers {
-  std::string name; // of the group
-  std::vector<gMember> rows;
-};
+#include "conv/htm/member_groups.h"
 
 namespace {
 
@@ -25,6 +16,11 @@ using V = gVltValue;
 constexpr std::size_t few = 2;     // rows for units on the same page that need no list
 constexpr std::size_t most = 700;  // rows for units on other pages; of more, there are ranges
 constexpr std::size_t plenty = 60; // rows that are found more easily under headings
+constexpr std::size_t most_signatures = 150; // of what a namespace holds
+
+bool is_routine(std::string_view kind) {
+  return kind == "function" || kind == "operator" || kind == "friend" || kind == "method";
+}
 
 // What most of the titles begin with, such as the name of a library.
 std::string common_start(gSite const & site, std::vector<gRow> const & rows) {
@@ -43,47 +39,6 @@ std::string common_start(gSite const & site, std::vector<gRow> const & rows) {
   }
 }
 
-// How the members of a class are grouped: by their kinds, but for some. What isn't meant for users
-// is one group, but on the page of such a thing.
-std::string group_of(gSite const & site, int number) {
-  gUnitRecord const & unit = site.unit(number);
-  gKind const & kind = site.kinds.of(number);
-  if (site.is_detail(number) && !site.is_detail(unit.parent < 0 ? number : unit.parent))
-    return "detail";
-  if (kind.selector == "destructor")
-    return "constructor";
-  if (kind.selector == "method" && (unit.facts.has_mark("static") || unit.facts.has_mark("class")))
-    return "static";
-  return kind.selector;
-}
-
-// The groups as readers look for them; others stand behind these.
-constexpr std::string_view group_order[] = {
-    "enumerator", "constructor", "method", "static",   "function", "operator", "friend",
-    "property",   "event",       "signal", "slot",     "member",   "enum",     "type",
-    "alias",      "concept",     "var",    "constant", "macro"};
-
-std::size_t rank_of_group(std::string_view group) {
-  if (group == "detail")
-    return std::size(group_order) + 1;
-  return static_cast<std::size_t>(std::ranges::find(group_order, group) - std::begin(group_order));
-}
-
-int rank_of_access(std::string const & access) {
-  return access.ends_with("private") ? 2 : access.ends_with("protected") ? 1 : 0;
-}
-
-// Members of one access stand together, and overloads with the first of them.
-void sort_members(gSite const & site, gMembers & group) {
-  std::unordered_map<std::string_view, std::size_t> first;
-  for (gMember const & one : group.rows)
-    first.try_emplace(site.unit(one.row.unit).name, first.size());
-  std::ranges::stable_sort(group.rows, {}, [&](gMember const & one) {
-    gUnitRecord const & unit = site.unit(one.row.unit);
-    return std::pair(rank_of_access(unit.facts.access), first[unit.name]);
-  });
-}
-
 // The first letter of a title, behind the common start.
 std::string initial_of(std::string_view title, std::string_view start) {
   std::string initial;
@@ -98,7 +53,7 @@ std::string initial_of(std::string_view title, std::string_view start) {
 
 } // namespace
 
-std::string gOverview::of(int unit, int level, gSignatures const & signatures) const {
+gListed gOverview::of(int unit, int level, gMemberRows const & signatures) const {
   auto const children = site_.pages.units().children(unit);
   int const page = site_.pages.of(unit);
   bool const elsewhere =
@@ -107,18 +62,32 @@ std::string gOverview::of(int unit, int level, gSignatures const & signatures) c
   if (rows.empty() || (!elsewhere && rows.size() <= few))
     return {};
   if (!elsewhere && page >= 0)
-    return members({children.begin(), children.end()}, level, signatures);
+    return members(children, level, signatures);
+  gListed out;
   if (elsewhere && rows.size() > most)
     if (std::string const ranges = contents_.ranges(page); !ranges.empty()) {
-      std::string out;
-      site_.rules.apply(gVltRule::overview, "part", gVltValues().set(V::items, ranges), out);
+      site_.rules.apply(gVltRule::overview, "part", gVltValues().set(V::items, ranges), out.text);
       return out;
     }
-  return lists(rows, page, level);
+  out.text = lists(rows, page, level);
+  return out;
 }
 
-std::string gOverview::within(std::span<int const> units, int page, int level) const {
-  std::vector<gRow> rows = Site::rows_of(site_, units);
+// Routines that aren't too many have a row each, since their signatures tell them apart.
+gListed gOverview::within(std::span<int const> units, int page, int level,
+                          gMemberRows const & signatures) const {
+  gListed out;
+  bool const in_detail = page >= 0 && site_.is_detail(site_.pages[page].first);
+  std::vector<int> others, routines;
+  for (int const unit : units) {
+    bool const aside = !in_detail && (site_.is_detail(unit) || site_.is_aside(unit));
+    (is_routine(site_.kinds.of(unit).selector) && !aside ? routines : others).push_back(unit);
+  }
+  if (routines.size() > most_signatures) {
+    others.assign(units.begin(), units.end());
+    routines.clear();
+  }
+  std::vector<gRow> rows = Site::rows_of(site_, others);
   std::size_t const all = rows.size();
   if (all > most) {
     std::stable_partition(rows.begin(), rows.end(),
@@ -126,61 +95,100 @@ std::string gOverview::within(std::span<int const> units, int page, int level) c
     rows.resize(most);
     std::ranges::sort(rows, {}, &gRow::unit);
   }
-  std::string out = lists(rows, page, level);
+  out.text = lists(rows, page, level, !routines.empty());
+  for (gMemberGroup const & group : Members::groups_of(site_, routines))
+    add_heading(group, level, false, member_items(group, {}, false, signatures), out);
   if (all > rows.size()) {
     std::string const left = site_.number(all - rows.size());
-    site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, left), out);
+    site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, left), out.text);
   }
   return out;
 }
 
-// Overloads have a row each, since their signatures tell them apart.
-std::string gOverview::members(std::vector<int> const & units, int level,
-                               gSignatures const & signatures) const {
-  std::vector<gMembers> groups;
-  for (int const unit : units) {
-    if (site_.pages.of(unit) < 0)
-      continue;
-    std::string const name = group_of(site_, unit);
-    auto group = std::ranges::find(groups, name, &gMembers::name);
-    if (group == groups.end())
-      group = groups.insert(groups.end(), {name, {}});
-    std::string signature = signatures(unit);
-    if (signature.empty() && !group->rows.empty() &&
-        Site::joins(site_, group->rows.back().row, unit))
-      ++group->rows.back().row.count;
-    else
-      group->rows.push_back({{unit, 1, site_.summary_of(unit)}, std::move(signature)});
-  }
-  std::ranges::stable_sort(groups, {},
-                           [](gMembers const & one) { return rank_of_group(one.name); });
-  std::string out;
-  std::set<std::string> former;
-  for (gMembers & group : groups) {
-    sort_members(site_, group);
+gListed gOverview::members(std::span<int const> units, int level,
+                           gMemberRows const & signatures) const {
+  std::vector<gMemberGroup> const groups = Members::groups_of(site_, units);
+  std::string_view const scope = Members::common_scope(site_, units);
+  gListed out;
+  for (gMemberGroup const & group : groups) {
     bool const mixed = groups.size() == 1 || group.name == "detail";
-    std::string items, last;
-    for (gMember const & one : group.rows) {
-      std::string const id = site_.addresses.former_anchor(one.row.unit);
-      add_item(one.row, site_.pages.of(one.row.unit), mixed,
-               former.insert(id).second ? id : std::string(), items, one.signature,
-               site_.unit(one.row.unit).name == last);
-      last = site_.unit(one.row.unit).name;
-    }
-    add_members(group, items, level, out);
+    add_heading(group, level, true, member_items(group, scope, mixed, signatures), out);
   }
   return out;
 }
 
-void gOverview::add_members(gMembers const & group, std::string const & items, int level,
-                            std::string & out) const {
-  gKind const & kind = site_.kinds.of(group.rows.front().row.unit);
-  std::string const count = site_.number(group.rows.size()), depth = std::to_string(level);
+// Overloads have a row each; what has no signature is told from its namesakes by nothing.
+std::string gOverview::member_items(gMemberGroup const & group, std::string_view scope, bool mixed,
+                                    gMemberRows const & signatures) const {
+  std::string out;
+  auto const & units = group.units;
+  for (std::size_t begin = 0, end = 0; begin < units.size(); begin = end) {
+    std::string const & name = site_.unit(units[begin]).name;
+    for (end = begin + 1; end < units.size() && site_.unit(units[end]).name == name;)
+      ++end;
+    auto const namesakes = std::span(units).subspan(begin, end - begin);
+    auto const differing = Members::differences(site_, namesakes);
+    gRow row;
+    for (std::size_t i = 0; i < namesakes.size(); ++i) {
+      int const unit = namesakes[i];
+      bool const elsewhere = !scope.empty() && Atc::scope_of(site_.unit(unit)) != scope;
+      gMemberRow const shown = signatures(unit, {elsewhere, differing[i]});
+      if (!shown.signature.empty()) {
+        add_member(unit, shown, mixed, i > 0, out);
+      } else {
+        row = {row.unit < 0 ? unit : row.unit, row.unit < 0 ? 1 : row.count + 1, row.summary};
+        if (row.summary.empty())
+          row.summary = site_.summary_of(unit);
+      }
+    }
+    if (row.unit >= 0)
+      add_item(row, site_.pages.of(row.unit), mixed, {}, out);
+  }
+  return out;
+}
+
+void gOverview::add_heading(gMemberGroup const & group, int level, bool on_page,
+                            std::string const & items, gListed & out) const {
+  int const first = group.units.front();
+  gKind const & kind = site_.kinds.of(first);
+  gListed::Group heading{"", Members::title_of(site_, group.name, first), {}};
+  // Other lists on the page may have groups of the same kind.
+  if (!on_page || site_.pages.begins(site_.pages.units().parent(first)))
+    heading.anchor = "g-" + (kind.css.empty() ? "text" : group.name);
+  std::string const count = site_.number(group.units.size()), depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, items).set(V::level, depth).set(V::count, count);
-  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::title, kind.word);
-  values.set(V::signature, "1");
-  site_.rules.apply(gVltRule::overview, group.name, values, out);
+  values.set(V::kind, kind.word).set(V::kind_class, kind.css).set(V::title, heading.title);
+  values.set(V::id, heading.anchor).set(V::signature, "1");
+  site_.rules.apply(gVltRule::overview, group.name, values, out.text);
+  if (on_page)
+    heading.units = group.units;
+  out.groups.push_back(std::move(heading));
+}
+
+void gOverview::add_member(int unit, gMemberRow const & row, bool kinds, bool again,
+                           std::string & out) const {
+  gUnitRecord const & record = site_.unit(unit);
+  gKind const & what = site_.kinds.of(unit);
+  std::string id(row.is_all ? site_.addresses.anchor(unit) : std::string_view());
+  std::string aliases;
+  if (std::string_view const alias = site_.addresses.alias(unit); row.is_all && !alias.empty())
+    site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, alias), aliases);
+  std::string const text = Html::escaped(site_.summary_of(unit));
+  std::string const path = Html::escaped(record.path.substr(record.path.rfind('/') + 1));
+  std::string const line = std::to_string(record.source_line);
+  gVltValues values;
+  values.set(V::id, id).set(V::aliases, aliases).set(V::summary, text);
+  values.set(V::signature, row.signature).set(V::template_head, row.template_head);
+  if (row.is_all)
+    values.set(V::source, row.source).set(V::path, path).set(V::line, line);
+  if (kinds)
+    values.set(V::kind, what.word).set(V::kind_class, what.css);
+  values.set(V::mark, again ? "1" : "");
+  values.set(V::deprecated, record.facts.has_mark("deprecated") ? "1" : "");
+  if (record.facts.access != "public")
+    values.set(V::access, record.facts.access);
+  site_.rules.apply(gVltRule::overview_item, what.selector, values, out);
 }
 
 std::string gOverview::group(std::string_view selector, std::span<int const> units, int page,
@@ -198,7 +206,8 @@ std::string gOverview::group(std::string_view selector, std::span<int const> uni
 }
 
 // What isn't meant for users stands behind what is.
-std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level) const {
+std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level,
+                             bool titled) const {
   int const head = page >= 0 ? site_.pages[page].first : -1;
   bool const in_detail = head >= 0 && site_.is_detail(head);
   bool const in_aside = head >= 0 && site_.is_aside(head);
@@ -208,7 +217,7 @@ std::string gOverview::lists(std::vector<gRow> const & rows, int page, int level
      : !in_aside && site_.is_aside(row.unit) ? aside
                                              : open)
         .push_back(row);
-  return plain_lists(open, page, level) + folded("detail", detail, page) +
+  return plain_lists(open, page, level, titled) + folded("detail", detail, page) +
          folded("aside", aside, page);
 }
 
@@ -223,7 +232,8 @@ std::string gOverview::folded(std::string_view selector, std::vector<gRow> const
   return out;
 }
 
-std::string gOverview::plain_lists(std::vector<gRow> const & rows, int page, int level) const {
+std::string gOverview::plain_lists(std::vector<gRow> const & rows, int page, int level,
+                                   bool titled) const {
   std::map<std::size_t, std::size_t> group_of;
   std::vector<std::vector<gRow>> groups;
   for (gRow const & row : rows) {
@@ -236,7 +246,7 @@ std::string gOverview::plain_lists(std::vector<gRow> const & rows, int page, int
   bool const elsewhere = page < 0 || (!rows.empty() && site_.pages.of(rows[0].unit) != page);
   if (groups.size() > 1 || rows.size() <= plenty || !elsewhere) {
     for (auto const & group : groups)
-      out += list(group, page, level, groups.size() > 1);
+      out += list(group, page, level, titled || groups.size() > 1);
     return out;
   }
   std::string const depth = std::to_string(level);
@@ -292,15 +302,16 @@ std::string gOverview::list(std::vector<gRow> const & rows, int page, int level,
   gVltValues values;
   values.set(V::items, inner).set(V::level, depth).set(V::count, count);
   values.set(V::kind, kind.word).set(V::kind_class, kind.css);
-  if (titled)
-    values.set(V::title, kind.word);
+  std::string const title =
+      titled ? Members::title_of(site_, kind.selector, rows.front().unit) : std::string();
+  values.set(V::title, title);
   std::string out;
   site_.rules.apply(gVltRule::overview, kind.selector, values, out);
   return out;
 }
 
 void gOverview::add_item(gRow const & row, int page, bool kinds, std::string const & id,
-                         std::string & out, std::string const & signature, bool again) const {
+                         std::string & out) const {
   gUnitRecord const & record = site_.unit(row.unit);
   std::string const to = site_.addresses.href(row.unit, page);
   std::string const text = Html::escaped(Site::contents_title(record));
@@ -316,10 +327,7 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   if (kinds)
     values.set(V::kind, what.word).set(V::kind_class, what.css);
   values.set(V::number, number).set(V::count, same).set(V::id, id);
-  values.set(V::named, Site::is_named(record) ? "1" : "").set(V::signature, signature);
-  values.set(V::mark, again ? "1" : "");
+  values.set(V::named, Site::is_named(record) ? "1" : "");
   values.set(V::deprecated, record.facts.has_mark("deprecated") ? "1" : "");
-  if (!signature.empty() && record.facts.access != "public")
-    values.set(V::access, record.facts.access);
   site_.rules.apply(gVltRule::overview_item, what.selector, values, out);
 }

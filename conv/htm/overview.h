@@ -5,27 +5,49 @@
 
 #include "conv/htm/contents.h"
 
-struct gMembers;
+struct gMemberGroup;
+
+// A member as a row of a list, as finished text.
+struct gMemberRow {
+  std::string signature; // empty where there is none to show
+  std::string template_head;
+  bool is_all = false; // there is nothing more to say about it
+  std::string source;  // link to its source
+};
+// What a row depends on beside its member.
+struct gRowPlace {
+  bool names_scope = false;        // most of the others stand elsewhere
+  std::vector<gStretch> differing; // parameters that tell it from its overloads
+};
+
+// Lists with the headings above them.
+struct gListed {
+  struct Group {
+    std::string anchor, title;
+    std::vector<int> units; // if they stand on the same page
+  };
+  std::string text;
+  std::vector<Group> groups;
+};
 
 class gOverview {
 public:
-  // Answers the signature of a unit as finished text, empty where there is none to show.
-  using gSignatures = std::function<std::string(int unit)>;
+  using gMemberRows = std::function<gMemberRow(int unit, gRowPlace const & place)>;
 
   gOverview(gSite const & site, gContents const & contents) : site_(site), contents_(contents) {}
 
   // For the page of the unit. `level` is that of its headings. Units on the same page are shown
   // with their signatures, in groups as readers look for them. Empty if there is too little below
   // the unit to need a list.
-  std::string of(int unit, int level, gSignatures const & signatures) const;
+  gListed of(int unit, int level, gMemberRows const & rows) const;
   // For the page of a namespace: what it holds. Of very many those with a text come first, and how
   // many are left out is told.
-  std::string within(std::span<int const> units, int page, int level) const;
+  gListed within(std::span<int const> units, int page, int level, gMemberRows const & rows) const;
   // One list under the rule for `selector`; empty without units.
   std::string group(std::string_view selector, std::span<int const> units, int page,
                     int level) const;
   // The rows as lists, one for each kind, as they stand on a page; -1 for the start page.
-  std::string lists(std::vector<gRow> const & rows, int page, int level) const;
+  std::string lists(std::vector<gRow> const & rows, int page, int level, bool titled = false) const;
   // The rows one behind the other; without `kinds` they say only what things are called.
   std::string items(std::span<gRow const> rows, int page, bool kinds = true) const;
   // The same for things that have their rows elsewhere.
@@ -35,15 +57,18 @@ private:
   using gParts = std::map<std::string, std::vector<gRow>>; // by their titles
 
   std::string folded(std::string_view selector, std::vector<gRow> const & rows, int page) const;
-  std::string plain_lists(std::vector<gRow> const & rows, int page, int level) const;
-  std::string members(std::vector<int> const & units, int level,
-                      gSignatures const & signatures) const;
-  void add_members(gMembers const & group, std::string const & items, int level,
-                   std::string & out) const;
+  std::string plain_lists(std::vector<gRow> const & rows, int page, int level, bool titled) const;
+  gListed members(std::span<int const> units, int level, gMemberRows const & rows) const;
+  std::string member_items(gMemberGroup const & group, std::string_view scope, bool mixed,
+                           gMemberRows const & rows) const;
+  void add_member(int unit, gMemberRow const & row, bool kinds, bool again,
+                  std::string & out) const;
+  void add_heading(gMemberGroup const & group, int level, bool on_page, std::string const & items,
+                   gListed & out) const;
   gParts parts_of(std::vector<gRow> const & rows) const;
   std::string list(std::vector<gRow> const & rows, int page, int level, bool titled) const;
-  void add_item(gRow const & row, int page, bool kinds, std::string const & id, std::string & out,
-                std::string const & signature = {}, bool again = false) const;
+  void add_item(gRow const & row, int page, bool kinds, std::string const & id,
+                std::string & out) const;
 
   gSite const & site_;
   gContents const & contents_;

@@ -8,8 +8,7 @@
 
 void Pages::write_units(gConversion & conversion, gSite & site, gColours const & colours,
                         gNavigation const & navigation, gContents const & contents,
-                        gSearchIndex & search) {
-  gScopes const scopes(site);
+                        gScopes const & scopes, gSearchIndex & search) {
   gIncludes const includes(site);
   unsigned const threads = Vlb::thread_count(conversion.input().jobs);
   Vlb::gPerWorker<gUnitPages> makers(threads, [&] {

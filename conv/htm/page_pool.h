@@ -9,7 +9,8 @@ namespace Pages {
 // Files and reports are the same with any number of threads. Each unit is entered in the index of
 // words, in the order of the document.
 void write_units(gConversion & conversion, gSite & site, gColours const & colours,
-                 gNavigation const & navigation, gContents const & contents, gSearchIndex & search);
+                 gNavigation const & navigation, gContents const & contents, gScopes const & scopes,
+                 gSearchIndex & search);
 // Those that links lead to.
 void write_sources(gConversion & conversion, gSite const & site, gColours const & colours,
                    gNavigation const & navigation);

@@ -3,14 +3,23 @@
 #include "conv/htm/scopes.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "conv/atc/qualified_name.h"
 
 namespace {
 
-bool is_scope(gUnitRecord const & unit) {
+bool is_name_space(gUnitRecord const & unit) {
   for (std::string_view const kind :
        {"namespace", "module", "unit", "program", "library", "package"})
+    if (unit.facts.kind == kind)
+      return true;
+  return false;
+}
+
+bool is_class(gUnitRecord const & unit) {
+  for (std::string_view const kind : {"class", "struct", "union", "interface", "record", "object",
+                                      "dispinterface", "class helper", "record helper"})
     if (unit.facts.kind == kind)
       return true;
   return false;
@@ -29,22 +38,60 @@ std::string_view template_of(gUnitRecord const & unit) {
 
 gScopes::gScopes(gSite const & site) : site_(site) {
   for (gUnitRecord const & unit : site.document.units)
-    if (is_scope(unit))
+    if (is_name_space(unit))
       within_.try_emplace(unit.name);
+  std::unordered_set<std::string_view> names;
   for (int i = 0; i < static_cast<int>(site.document.units.size()); ++i) {
     gUnitRecord const & unit = site.unit(i);
     if (!unit.facts.known || site.pages.of(i) < 0)
       continue;
     if (std::string_view const name = template_of(unit); !name.empty())
       specialisations_[name].push_back(i);
+    names.insert(unit.name);
+    if (site.pages.begins(i) && !unit.name.empty() && (is_name_space(unit) || is_class(unit)))
+      heads_.try_emplace(unit.name, i);
+  }
+  for (int i = 0; i < static_cast<int>(site.document.units.size()); ++i) {
+    gUnitRecord const & unit = site.unit(i);
+    if (!unit.facts.known || unit.name.empty() || site.pages.of(i) < 0)
+      continue;
     auto const scope = within_.find(Atc::scope_of(unit));
-    if (scope != within_.end() && !unit.name.empty())
+    if (scope != within_.end() && !names.contains(template_of(unit)))
       scope->second.push_back(i);
   }
+  for (int page = 0; page < site.pages.size(); ++page)
+    enter_page(site.pages[page].first);
+  for (auto & [scope, units] : pages_)
+    std::stable_partition(units.begin(), units.end(), [&](int one) { return is_scope(one); });
+}
+
+void gScopes::enter_page(int unit) {
+  int const scope = around(unit);
+  if (scope < 0 || !template_of(site_.unit(unit)).empty() ||
+      (site_.is_detail(unit) && !site_.is_detail(scope)))
+    return;
+  pages_[scope].push_back(unit);
+}
+
+bool gScopes::is_scope(int unit) const {
+  return site_.unit(unit).facts.known && is_name_space(site_.unit(unit));
+}
+
+int gScopes::around(int unit) const {
+  gUnitRecord const & record = site_.unit(unit);
+  if (!record.facts.known || record.name.empty())
+    return -1;
+  auto const found = heads_.find(Atc::scope_of(record));
+  return found == heads_.end() || found->second == unit ? -1 : found->second;
+}
+
+std::span<int const> gScopes::pages_in(int scope) const {
+  auto const found = pages_.find(scope);
+  return found == pages_.end() ? std::span<int const>() : std::span<int const>(found->second);
 }
 
 std::span<int const> gScopes::of(int unit) const {
-  if (!is_scope(site_.unit(unit)))
+  if (!is_name_space(site_.unit(unit)))
     return {};
   return within_.at(site_.unit(unit).name);
 }

@@ -1,4 +1,4 @@
-// What stands right in each namespace or Pascal unit, wherever in the document it has its text.
+// What stands in each namespace, Pascal unit and class, wherever in the document it has its text.
 #pragma once
 
 #include <span>
@@ -12,14 +12,29 @@ class gScopes {
 public:
   explicit gScopes(gSite const & site);
 
-  // Numbers of units in the order of the document; none for a unit that is no scope of this kind.
+  // Numbers of units in the order of the document, but for specialisations of a template that is
+  // there; none for a unit that is no scope of this kind.
   std::span<int const> of(int unit) const;
+  // The namespace, Pascal unit or class that a unit which begins a page stands in, as a unit that
+  // begins one, too; -1 for none.
+  int around(int unit) const;
+  // The unit is such a scope, or stands in one: readers find their way by names.
+  bool is_in_order(int unit) const { return is_scope(unit) || around(unit) >= 0; }
+  // The units that begin pages right in a scope: scopes first, then the others in the order of the
+  // document. Specialisations are found on the page of their template, and what isn't meant for
+  // users from within.
+  std::span<int const> pages_in(int scope) const;
   // Of a template: the classes and functions that it has for some arguments.
   std::span<int const> specialisations(int unit) const;
 
 private:
+  bool is_scope(int unit) const;
+  void enter_page(int unit);
+
   gSite const & site_;
   using gUnits = std::unordered_map<std::string_view, std::vector<int>>;
-  gUnits within_;          // by the names of the scopes
-  gUnits specialisations_; // by the names of the templates
+  gUnits within_;                                   // by the names of the scopes
+  gUnits specialisations_;                          // by the names of the templates
+  std::unordered_map<std::string_view, int> heads_; // scopes and classes that begin pages
+  std::unordered_map<int, std::vector<int>> pages_; // by the scopes
 };

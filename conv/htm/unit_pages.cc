@@ -7,9 +7,11 @@
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
+#include "conv/htm/member_groups.h"
 #include "conv/htm/unit_head.h"
 #include "conv/set/enum_table.h"
 #include "conv/set/enumerators.h"
+#include "conv/set/relation_text.h"
 
 namespace {
 
@@ -50,6 +52,7 @@ gMadePage gUnitPages::make(int page) {
   gUnitRecord const & head = site_.head(page);
   gKind const & kind = site_.kinds.of(site_.pages[page].first);
   setter_.begin_page(page);
+  page_ = page;
   gPageFrame frame;
   frame.style = "unit";
   frame.file = site_.addresses.file(page);
@@ -57,12 +60,19 @@ gMadePage gUnitPages::make(int page) {
   frame.kind = kind.word;
   frame.summary = site_.summary_of(site_.pages[page].first);
   frame.kind_class = kind.css;
-  for (int unit = site_.pages[page].first; unit < site_.pages[page].end; ++unit) {
-    add_unit(unit, frame.content);
-    write_hierarchies(unit);
-  }
-  frame.crumbs =
-      navigation_.crumbs(site_.pages.tree().parent(page), Site::contents_title(head), "");
+  told_.clear();
+  listed_ = {};
+  deeper_ = 0;
+  int const first = site_.pages[page].first, end = site_.pages[page].end;
+  add_unit(first, frame.content);
+  bool const has_members = first + 1 + site_.pages.units().below(first) == end;
+  if (has_members && !listed_.groups.empty() && !listed_.groups[0].units.empty())
+    add_members(frame.content);
+  else
+    for (int unit = first + 1; unit < end; ++unit)
+      add_unit(unit, frame.content);
+  std::ranges::sort(made_.units, {}, &gMadePage::Unit::unit);
+  frame.crumbs = navigation_.crumbs(page);
   frame.contents = navigation_.tree(page);
   frame.on_page = places_.take();
   frame.previous = navigation_.previous(page);
@@ -70,6 +80,23 @@ gMadePage gUnitPages::make(int page) {
   set_running_heads(frame, head.section);
   writer_.write(frame);
   return std::exchange(made_, gMadePage());
+}
+
+// In the order of the list above them.
+void gUnitPages::add_members(std::string & out) {
+  std::string texts;
+  deeper_ = 1;
+  for (gListed::Group const & group : listed_.groups)
+    for (int const member : group.units)
+      for (int unit = member; unit <= member + site_.pages.units().below(member); ++unit)
+        add_unit(unit, texts);
+  if (texts.empty())
+    return;
+  std::string const title = Members::title_of(site_, "details", site_.pages[page_].first);
+  gVltValues values;
+  values.set(V::title, title).set(V::id, "g-details").set(V::level, "2");
+  site_.rules.apply(gVltRule::overview, "details", values, out);
+  out += texts;
 }
 
 void gUnitPages::write_hierarchies(int unit) {
@@ -121,7 +148,12 @@ void gUnitPages::set_parts(int number, gUnitText const & text, gParts & parts) {
   parts.notes = setter_.take_notes();
 }
 
+// The places of members are listed in their groups.
 void gUnitPages::add_place(int unit) {
+  if (deeper_ > 0) {
+    setter_.take_headlines();
+    return;
+  }
   bool const begins_page = site_.pages.begins(unit);
   // A list of overloads that all have the name of the page says nothing.
   if (!site_.pages.heads(unit) || (!begins_page && !site_.pages.units().children(unit).empty()))
@@ -133,14 +165,40 @@ void gUnitPages::add_place(int unit) {
 }
 
 // What stands below the unit on its page, or what its namespace holds.
-std::string gUnitPages::overview_of(int unit, int level) {
+gListed gUnitPages::overview_of(int unit, int level) {
   auto const within = scopes_.of(unit);
+  auto const rows = [this](int member, gRowPlace const & place) { return row_of(member, place); };
   if (!within.empty() && site_.pages.units().children(unit).empty())
-    return overview_.within(within, site_.pages.of(unit), level);
-  return overview_.of(unit, level, [this](int member) { return setter_.signature_of(member); }) +
-         relations_.inherited(unit, level) +
-         overview_.group("specialisation", scopes_.specialisations(unit), site_.pages.of(unit),
-                         level);
+    return overview_.within(within, site_.pages.of(unit), level, rows);
+  gListed listed = overview_.of(unit, level, rows);
+  listed.text +=
+      relations_.inherited(unit, level) +
+      overview_.group("specialisation", scopes_.specialisations(unit), site_.pages.of(unit), level);
+  return listed;
+}
+
+// Nothing is known of it that its row doesn't show.
+bool gUnitPages::is_told(int unit) const {
+  gUnitRecord const & record = site_.unit(unit);
+  gInheritance const & all = site_.inheritance;
+  if (!record.facts.known || !record.summary.empty() || !record.facts.values.empty() ||
+      site_.pages.units().below(unit) > 0 || site_.pages.of(unit) != page_ ||
+      all.explained_by(unit) >= 0 || !all.overridden(unit).empty() || !all.overriders(unit).empty())
+    return false;
+  bool const same_condition =
+      record.parent >= 0 && site_.unit(record.parent).facts.condition == record.facts.condition;
+  gNodeList const body = site_.document.text_of(unit).body;
+  return (same_condition || record.facts.condition.empty()) &&
+         !RelationText::says_something(body) && std::ranges::none_of(body, is_mark) &&
+         Declaration::enumerators_of(record).empty() && scopes_.specialisations(unit).empty();
+}
+
+gMemberRow gUnitPages::row_of(int unit, gRowPlace const & place) {
+  gMemberRow row = setter_.row_of(unit, place);
+  row.is_all = row.is_all && is_told(unit);
+  if (row.is_all)
+    told_.insert(unit);
+  return row;
 }
 
 // The anchor of a unit, none of one that begins a page.
@@ -159,14 +217,31 @@ void gUnitPages::enter_search(int unit, gNodeList said) {
       found.values.push_back({unit, std::move(value.name), place_of(unit), {}});
 }
 
+// After the unit that the page begins with, which may have more to show than members.
+void gUnitPages::add_groups(gListed listed) {
+  constexpr std::size_t most_places = 150; // of more, the groups alone
+  listed_ = std::move(listed);
+  std::size_t all = 0;
+  for (gListed::Group const & group : listed_.groups)
+    all += group.units.size();
+  for (gListed::Group const & group : listed_.groups) {
+    if (!group.anchor.empty())
+      places_.add_headline(group.anchor, group.title, 1);
+    for (std::size_t i = 0; i < group.units.size() && all <= most_places; ++i)
+      places_.add_unit(group.units[i], 1);
+  }
+}
+
 void gUnitPages::add_unit(int unit, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
   gUnitText text = site_.document.text_of(unit);
   gNodeList said = text.body;
+  if (told_.contains(unit))
+    return enter_search(unit, std::move(said));
   EnumTable::set_into(record, site_.rules, true, text.body);
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.
-  int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1, 2, 6);
+  int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1 + deeper_, 2, 6);
   setter_.begin_unit(unit, level);
   gParts parts;
   set_parts(unit, text, parts);
@@ -177,7 +252,10 @@ void gUnitPages::add_unit(int unit, std::string & out) {
   if (!head.title.empty())
     parts.title = head.title;
   std::string const depth = std::to_string(level), line = std::to_string(record.source_line);
-  std::string const overview = overview_of(unit, std::min(level + 1, 6));
+  gListed listed = overview_of(unit, std::min(level + 1, 6));
+  std::string const overview = std::move(listed.text);
+  if (begins_page)
+    add_groups(std::move(listed));
   std::string const name = Html::escaped(record.name), plain = Html::escaped(record.title);
   std::string const scope = Html::escaped(Atc::scope_of(record));
   std::string const summary = Html::escaped(record.summary);
@@ -206,4 +284,5 @@ void gUnitPages::add_unit(int unit, std::string & out) {
   if (auto const found = skipped_.find(record.name); begins_page && found != skipped_.end())
     out += Pages::skipped_note(site_, record.name.empty() ? 0 : found->second);
   enter_search(unit, std::move(said));
+  write_hierarchies(unit);
 }

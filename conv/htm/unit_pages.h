@@ -40,7 +40,11 @@ private:
   void add_unit(int unit, std::string & out);
   std::string place_of(int unit) const;
   void enter_search(int unit, gNodeList said);
-  std::string overview_of(int unit, int level);
+  void add_groups(gListed listed);
+  void add_members(std::string & out);
+  gMemberRow row_of(int unit, gRowPlace const & place);
+  bool is_told(int unit) const;
+  gListed overview_of(int unit, int level);
   void write_hierarchies(int unit);
   void set_parts(int number, gUnitText const & text, gParts & parts);
   void add_place(int unit);
@@ -54,6 +58,10 @@ private:
   gRelations relations_;
   gScopes const & scopes_;
   gIncludes const & includes_;
+  gListed listed_;     // below the unit that the page begins with
+  std::set<int> told_; // units of which their rows say all
+  int page_ = -1;
+  int deeper_ = 0; // by how much headings stand deeper than their units do
   std::map<std::string_view, std::size_t> skipped_; // stretches by the scope that they stand in
   gPlaces places_;
   gMadePage made_; // of the page at work

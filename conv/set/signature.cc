@@ -178,3 +178,27 @@ gSignature Declaration::signature_of(gUnitRecord const & unit) {
       signature.parameters.push_back(type_of_parameter(parameter));
   return signature;
 }
+
+std::vector<gParameter> Declaration::parameters_of(gUnitRecord const & unit) {
+  std::vector<gParameter> parameters;
+  std::string_view const text = unit.declaration;
+  if (unit.facts.size == 0 || unit.facts.size != text.size())
+    return parameters;
+  std::string_view list = unit.facts.parameters.of(text);
+  if (list.size() < 2)
+    return parameters;
+  list = trimmed(list.substr(1, list.size() - 2));
+  if (list.empty() || list == "void")
+    return parameters;
+  bool const pascal = is_pascal(list);
+  for (std::string_view part : parts_of(list, pascal ? ';' : ',')) {
+    part = trimmed(part);
+    auto const begin = static_cast<std::uint32_t>(part.data() - text.data());
+    std::size_t const colon = pascal ? part.find(':') : part.npos;
+    std::string type = !pascal              ? type_of_parameter(part)
+                       : colon == part.npos ? std::string()
+                                            : tidy(parts_of(part.substr(colon + 1), '=')[0]);
+    parameters.push_back({{begin, begin + static_cast<std::uint32_t>(part.size())}, type});
+  }
+  return parameters;
+}

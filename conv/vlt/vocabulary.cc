@@ -11,22 +11,26 @@ using enum gVltValue;
 using Values = std::span<gVltValue const>;
 
 constexpr std::string_view value_names[] = {
-    "text",           "title",      "items",      "name",      "style",
-    "href",           "target",     "id",         "aliases",   "path",
-    "line",           "editor",     "level",      "number",    "count",
-    "width",          "columns",    "mark",       "current",   "open",
-    "member",         "named",      "virtual",    "access",    "label",
-    "kind",           "kind_class", "subject",    "links",     "body",
-    "notes",          "overview",   "summary",    "signature", "relations",
-    "scope",          "source",     "include",    "condition", "deprecated",
-    "since",          "x",          "y",          "height",    "to_x",
-    "to_y",           "middle",     "drawing",    "doc_title", "page_title",
-    "root",           "crumbs",     "contents",   "on_page",   "previous",
-    "previous_title", "next",       "next_title", "content",   "head_left",
-    "head_right",     "foot_left",  "foot_right", "version",   "address",
-    "share",          "key",        "second_key", "before",    "between",
-    "after",          "context",    "keywords",   "browse",    "wintype",
-    "repository"};
+    "text",         "title",      "items",      "name",
+    "style",        "href",       "target",     "id",
+    "aliases",      "path",       "line",       "editor",
+    "level",        "number",     "count",      "width",
+    "columns",      "mark",       "current",    "open",
+    "member",       "named",      "virtual",    "access",
+    "label",        "kind",       "kind_class", "subject",
+    "links",        "body",       "notes",      "overview",
+    "summary",      "signature",  "relations",  "scope",
+    "source",       "include",    "condition",  "deprecated",
+    "since",        "x",          "y",          "height",
+    "to_x",         "to_y",       "middle",     "drawing",
+    "doc_title",    "page_title", "root",       "crumbs",
+    "contents",     "on_page",    "previous",   "previous_title",
+    "next",         "next_title", "content",    "head_left",
+    "head_right",   "foot_left",  "foot_right", "version",
+    "address",      "share",      "key",        "second_key",
+    "before",       "between",    "after",      "context",
+    "keywords",     "browse",     "wintype",    "repository",
+    "template_head"};
 static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
@@ -76,9 +80,9 @@ constexpr gVltValue page_values[] = {
     count,          text,       items,      name,       path,      href,       columns,
     mark,           subject,    version,    address,    share,     summary,    body};
 constexpr gVltValue place_values[] = {
-    href,    title,   text,   items,  kind,  kind_class, level,  current,   open,
-    count,   summary, scope,  number, id,    path,       line,   name,      source,
-    context, target,  member, mark,   named, signature,  access, deprecated};
+    href,    title, text,   items,     kind,   kind_class, level,   current,      open,    count,
+    summary, scope, number, id,        path,   line,       name,    source,       context, target,
+    member,  mark,  named,  signature, access, deprecated, aliases, template_head};
 constexpr gVltValue index_values[] = {id,     title,   items, key,   second_key,
                                       before, between, after, href,  number,
                                       text,   target,  kind,  count, mark};
@@ -149,6 +153,7 @@ constexpr Row rows[] = {
     {"include", true, place_values},
     {"kind", true, inline_values},
     {"kinds", true, place_values},
+    {"group", true, place_values},
     {"overview", true, place_values},
     {"overview_item", true, place_values},
     {"inherited", false, place_values},
@@ -177,7 +182,7 @@ constexpr Row rows[] = {
     {"source_line", false, place_values},
     {"colour", true, inline_values},
     {"name_link", false, reference_values},
-    {"own_name", false, reference_values},
+    {"own_name", false, place_values},
     {"sitemap", false, page_values},
     {"sitemap_item", false, place_values},
     {"lost_page", false, page_values},

@@ -92,6 +92,8 @@ enum class gVltValue : unsigned char {
   wintype,  // a window type
   // Pages
   repository, // a link to the source where its project keeps it; empty if that isn't known
+  // Rows of lists
+  template_head, // of a declaration, with links
   last_value
 };
 constexpr std::size_t vlt_value_count = static_cast<std::size_t>(gVltValue::last_value);
@@ -159,6 +161,7 @@ enum class gVltRule : unsigned char {
   include, // by language: how code takes in what a unit declares
   kind,    // by style: the word for what such a unit is
   kinds,   // by style: several such units, with their number
+  group,   // by kind: what stands above a list of them
   overview,
   overview_item,
   inherited,     // members of a base

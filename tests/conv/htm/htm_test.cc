@@ -178,6 +178,9 @@ protected:
       return std::to_string(begin) + "-" + std::to_string(end);
     };
     std::size_t const at = declaration.find(last), colon = declaration.find(" : ");
+    std::size_t const head = declaration.starts_with("template") ? declaration.find('>') + 1 : 0;
+    std::size_t const open = at + last.size(), close = declaration.find(')', open);
+    bool const routine = open < declaration.size() && declaration[open] == '(';
     std::size_t const cut = std::min(more.find("\n\n"), more.size());
     std::string text = unit(level, name, path_, ++line_,
                             "@subentry<1> @b_verbatim\n" + declaration + "\n@e_verbatim\n" +
@@ -186,7 +189,8 @@ protected:
                        "@_facts<" + kind + "><" + protect(name) + "><" + protect(last) +
                            "><public><" + marks + "><" + condition_ + "><1><9><" +
                            std::to_string(declaration.size()) + "><" + range(at, at + last.size()) +
-                           ",,," +
+                           "," + range(0, head) + "," + (routine ? range(open, close + 1) : "") +
+                           "," +
                            (colon == declaration.npos ? "" : range(colon + 3, declaration.size())) +
                            ",>\n" + more.substr(0, cut) + (cut > 0 ? "\n" : ""));
   }
@@ -200,6 +204,14 @@ protected:
   int line_ = 0;
   std::map<std::string, std::string> htm_; // options of the target
 };
+
+void expect_in_order(std::string const & page, std::vector<std::string> const & parts) {
+  std::size_t at = 0;
+  for (std::string const & part : parts) {
+    at = page.find(part, at);
+    ASSERT_NE(at, std::string::npos) << part << "\n" << page;
+  }
+}
 
 } // namespace
 
@@ -270,12 +282,61 @@ TEST_F(HtmSite, MembersShowSignaturesAndNamespacesWhatTheyHold) {
   EXPECT_EQ(main.substr(0, main.find("</main")).find("m.Q.htm"), std::string::npos) << main;
 }
 
-void expect_in_order(std::string const & page, std::vector<std::string> const & parts) {
-  std::size_t at = 0;
-  for (std::string const & part : parts) {
-    at = page.find(part, at);
-    ASSERT_NE(at, std::string::npos) << part << "\n" << page;
+// A list of members is read for what it tells at one glance, so what others say already must not be
+// said again; but no address may get lost with it.
+TEST_F(HtmSite, RowsOfMembersSayWhatDetailsNeedNot) {
+  std::string units = known(2, "class", "n::C", "C", "", "class C");
+  units += known(3, "method", "n::C::bare", "bare", "", "auto bare(int x) -> long;");
+  units += known(3, "method", "n::C::put", "put", "", "void put(int a);", "\n\nPuts it.\n");
+  units += known(3, "method", "n::C::put", "put", "", "void put(int a, char* b);");
+  units += known(3, "method", "n::C::all", "all", "", "template <class T> void all(T t);");
+  units += known(3, "enum", "n::C::E", "E", "", "enum E { one, two };", "@_value<one><><0>");
+  units +=
+      known(3, "member", "n::C::data", "data", "", "int data[] = {" + std::string(200, '1') + "};");
+  convert(units);
+  std::string const page = file("n.C.htm");
+  expect_in_order(page, {"On this page", "#g-method", "#bare", "#g-enum", "#E"});
+  expect_in_order(page, {"id=\"g-method\">Methods", "<li id=\"bare\"", "class=\"arrow\">-&gt;<",
+                         ", <span class=\"differs\"><b>char</b>* b</span>)",
+                         "class=\"template\"><b>template</b> &lt;<b>class</b> T&gt;<", ">all</a>(T",
+                         "<a class=\"own\" href=\"#data\">data</a>[]</code>",
+                         "<a class=\"own\" href=\"#E\">E</a></code>", "id=\"g-details\"",
+                         "<h3 class=\"code-name\">n::C::put", "Puts it."});
+  EXPECT_EQ(page.find("<h3 class=\"code-name\">n::C::bare"), std::string::npos);
+  EXPECT_EQ(page.find("id=\"bare\""), page.rfind("id=\"bare\""));
+  EXPECT_NE(file("_search/n-0.js").find("bare"), std::string::npos);
+}
+
+// In a library of thousands of classes the way and the neighbours are what stands together, not
+// what happens to have the next name.
+TEST_F(HtmSite, WaysFollowScopes) {
+  std::string units =
+      "\n@unit<1><main><text><pos></x/m.vls><1><H1>\n@bkmk<H1>\n@hdline{All}\n@end\n" +
+      known(2, "namespace", "n", "n", "", "namespace n") +
+      known(2, "namespace", "n::in", "in", "", "namespace n::in");
+  for (char const * name : {"Alone", "n::A", "n::A<int>", "n::B", "n::B::Nested", "n::in::Deep"}) {
+    std::string const whole = name, last = whole.substr(whole.rfind(':') + 1);
+    bool const special = last.ends_with('>');
+    units += known(2, "class", whole, last, special ? "specialisation" : "",
+                   (special ? "template<> class " : "class ") + last);
   }
+  convert(units);
+  auto const part = [this](std::string const & page, std::string const & begin) {
+    std::string const text = file(page);
+    std::size_t const at = text.find(begin);
+    return text.substr(at, text.find("</nav>", at) - at);
+  };
+  expect_in_order(part("n.B.Nested.htm", "class=\"crumbs\""),
+                  {"index.htm", ">n</a>", "<a href=\"n.B.htm\">B</a>", "page\">Nested<"});
+  EXPECT_EQ(part("n.B.Nested.htm", "class=\"crumbs\"").find(">All<"), std::string::npos);
+  EXPECT_NE(part("Alone.htm", "class=\"crumbs\"").find(">All<"), std::string::npos);
+  std::string const tree = part("n.B.htm", "<nav id=\"contents\"");
+  expect_in_order(
+      tree, {">All<", ">n<", "n.in.htm", "n.A.htm", "n.B.htm\" aria-current", "n.B.Nested.htm"});
+  for (char const * none : {"Alone.htm", "n.A-int.htm", "n.in.Deep.htm"})
+    EXPECT_EQ(tree.find(none), std::string::npos) << none;
+  EXPECT_NE(part("n.A-int.htm", "<nav id=\"contents\"").find("n.A-int.htm\" aria-current"),
+            std::string::npos);
 }
 
 // Who opens an override without a text wants the text of its base, and to know that it is one; what
