@@ -13,6 +13,7 @@
 #include "vlb/pending.h"
 #include "vlb/random_name.h"
 #include "vlb/tempfiles.h"
+#include "vlb/witness.h"
 
 namespace {
 
@@ -81,7 +82,7 @@ void clear_left_behind(gPathstring const & path) {
   if (folder.empty())
     folder = ".";
   gString const name = path.file_name();
-  for (Vlb::FolderEntry const & entry : Vlb::read_folder(folder)) {
+  for (Vlb::FolderEntry const & entry : Vlb::list_folder(folder)) {
     if (entry.kind == Vlb::EntryKind::file && entry.name.starts_with(name) &&
         Vlb::is_work_name(entry.name, name.size()))
       remove_left_behind(gPathstring(folder).append(entry.name));
@@ -139,19 +140,14 @@ bool replace_file(std::string const & path, std::string_view text, struct stat c
   return false;
 }
 
-} // namespace
-
-bool gFileSystem::read_file(gPathstring const & path, std::string & text) {
+bool read_from_disk(std::string const & path, std::string & text, gFileState & state) {
   text.clear();
-  if (auto const in_memory = gTempFiles::text(path)) {
-    text = *in_memory;
-    return true;
-  }
   Descriptor const file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
   struct stat info;
   if (!file || ::fstat(file.number(), &info) != 0 || !S_ISREG(info.st_mode) ||
       info.st_size > largest_file)
     return false;
+  state = gFileState::of(info);
   try {
     // One byte more than the file has tells its end without another growth.
     text.resize(static_cast<std::size_t>(info.st_size) + 1);
@@ -161,6 +157,22 @@ bool gFileSystem::read_file(gPathstring const & path, std::string & text) {
     text.clear();
     return false;
   }
+}
+
+} // namespace
+
+bool gFileSystem::read_file(gPathstring const & path, std::string & text) {
+  if (auto const in_memory = gTempFiles::text(path)) {
+    text = *in_memory;
+    return true;
+  }
+  gFileState state;
+  bool const read = read_from_disk(path, text, state);
+  if (read)
+    Vlb::note_bytes(path, state, text);
+  else
+    Vlb::note_unreadable(path);
+  return read;
 }
 
 bool gFileSystem::write_file_atomic(gPathstring const & path, std::string_view text) {
@@ -179,5 +191,6 @@ bool gFileSystem::write_file_atomic(gPathstring const & path, std::string_view t
   if (!replace_file(target, text, exists ? &old : nullptr))
     return false;
   sync_folder(target);
+  Vlb::note_bytes(path, gFileState::of(target), text);
   return true;
 }

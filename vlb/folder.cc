@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 
 #include "vlb/gfilesystem.h"
+#include "vlb/witness.h"
 
 namespace {
 
@@ -131,6 +132,12 @@ Folders below(Folders const & parents, gString const & name) {
 namespace Vlb {
 
 std::vector<FolderEntry> read_folder(gPathstring const & folder) {
+  std::vector<FolderEntry> entries = list_folder(folder);
+  note_entries(folder, entries);
+  return entries;
+}
+
+std::vector<FolderEntry> list_folder(gPathstring const & folder) {
   std::vector<FolderEntry> entries;
   DIR * const stream = ::opendir(folder.c_str());
   if (!stream)

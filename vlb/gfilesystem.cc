@@ -7,14 +7,16 @@
 #include <unistd.h>
 
 #include "vlb/folder.h"
+#include "vlb/witness.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-bool has_kind(std::string const & path, mode_t kind) {
-  struct stat info;
-  return ::stat(path.c_str(), &info) == 0 && (info.st_mode & S_IFMT) == kind;
+bool has_kind(std::string const & path, unsigned kind) {
+  unsigned const found = gFileState::of(path).kind();
+  Vlb::note_kind(path, found);
+  return found == kind;
 }
 
 } // namespace

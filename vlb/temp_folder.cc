@@ -40,7 +40,7 @@ void remove_killed(gPathstring const & path, std::string_view prefix) {
   if (folder < 0)
     return;
   if (is_own(folder) && lock(folder) && same_place(folder, path.c_str())) {
-    for (Vlb::FolderEntry const & entry : Vlb::read_folder(path))
+    for (Vlb::FolderEntry const & entry : Vlb::list_folder(path))
       if (Vlb::is_random_name(entry.name, prefix))
         ::unlinkat(folder, entry.name.c_str(), 0);
     ::rmdir(path.c_str());
@@ -70,7 +70,7 @@ int Vlb::make_held_folder(char const * path) {
 }
 
 void Vlb::remove_killed_folders(gPathstring const & dir, std::string_view prefix) {
-  for (FolderEntry const & entry : read_folder(dir))
+  for (FolderEntry const & entry : list_folder(dir))
     if (entry.kind == EntryKind::folder && is_random_name(entry.name, prefix))
       remove_killed(gPathstring(dir).append(entry.name), prefix);
 }

@@ -254,6 +254,10 @@ void gFileSystem::end_temp_files() noexcept {
   errno = saved;
 }
 
+bool gTempFiles::holds(std::string_view path) {
+  return is_temp_path(path);
+}
+
 std::shared_ptr<std::string const> gTempFiles::text(gPathstring const & path) {
   if (!is_temp_path(path))
     return {};

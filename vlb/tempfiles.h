@@ -17,6 +17,8 @@ public:
 
   // The text of a file in memory; null for any other file.
   static std::shared_ptr<std::string const> text(gPathstring const & path);
+  // True for a path in the folder of this process, whether the file is there or not.
+  static bool holds(std::string_view path);
   // Takes bytes for a text that is being written; false if the budget doesn't have them.
   static bool reserve(std::size_t bytes);
   static void release(std::size_t bytes);

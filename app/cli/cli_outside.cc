@@ -124,15 +124,24 @@ void gCliOutside::status(gString const & text) {
 }
 
 void gCliOutside::report(Msg::type, gString const & line) {
+  // In the log an empty line stands in front of each stage.
+  show({true, line.starts_with('\n') ? gString(line.substr(1)) : line});
+}
+
+void gCliOutside::keep_lines(std::vector<gShownLine> * lines) {
   std::lock_guard const guard(mutex_);
+  kept_ = lines;
+}
+
+void gCliOutside::show(gShownLine const & line) {
+  std::lock_guard const guard(mutex_);
+  if (kept_)
+    kept_->push_back(line);
   if (quiet_)
     return;
-  // In the log an empty line stands in front of each stage.
-  std::string_view text = line;
-  text.remove_prefix(text.starts_with('\n'));
-  if (!limited_.empty() && text.starts_with(limited_) && ++counted_ > most_)
-    return;
-  print_line(text);
+  bool const limited = line.is_report && !limited_.empty() && line.text.starts_with(limited_);
+  if (!limited || ++counted_ <= most_)
+    print_line(line.text);
 }
 
 void gCliOutside::set_limit(std::string beginning, std::size_t most) {
@@ -150,10 +159,9 @@ void gCliOutside::tell_omitted() {
 
 // Lines that only tell which file is read, and what belongs to no run, are for the log.
 void gCliOutside::log_line(Msg::type type, gString const & line) {
-  std::lock_guard const guard(mutex_);
   bool const working = Vapp::ana_active || Vapp::output_active;
-  if (!quiet_ && working && type != Msg::status && !line.empty())
-    print_line(line);
+  if (working && type != Msg::status && !line.empty())
+    show({false, line});
 }
 
 void gCliOutside::show_msgwindow(bool) {}

@@ -5,6 +5,12 @@
 
 #include "vlb/outside.h"
 
+// A line of a run as it is shown to who isn't quiet.
+struct gShownLine {
+  bool is_report;
+  gString text;
+};
+
 // Reports go to standard error, one a line. Where that is a terminal, the status line is redrawn
 // in place and gone at the end; elsewhere no control characters are written. Questions are only
 // asked where someone can answer; otherwise the answer is the one that changes nothing.
@@ -18,6 +24,10 @@ public:
   // Of reports that begin so, a run shows no more than this; tell_omitted() says how many it had.
   void set_limit(std::string beginning, std::size_t most);
   void tell_omitted();
+  // Notes the lines of a run from now on; null ends that. Not owned.
+  void keep_lines(std::vector<gShownLine> * lines);
+  // A line that a run has shown.
+  void show(gShownLine const & line);
   // True if a question can be asked.
   static bool interactive();
   // A line of the command itself, such as why it refuses.
@@ -46,6 +56,7 @@ private:
   gString status_;
   bool terminal_;
   bool quiet_ = false;
+  std::vector<gShownLine> * kept_ = nullptr;
   std::string limited_; // the beginning of reports that are counted
   std::size_t most_ = 0, counted_ = 0;
 };

@@ -38,6 +38,8 @@ void gRunOptions::add_to(CLI::App & command) {
       ->check(CLI::Range(1, 256))
       ->type_name("N")
       ->allow_extra_args(false);
+  command.add_flag("--no-cache", no_cache,
+                   "Make all again, also where nothing has changed since the last run");
   command.add_flag("-q,--quiet", quiet, "No reports on standard error");
 }
 

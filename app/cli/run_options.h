@@ -18,6 +18,7 @@ struct gRunOptions {
   std::vector<int> suppress;
   std::string reports; // a file for them; empty for none
   bool quiet = false;
+  bool no_cache = false;
   int jobs = 0; // threads; 0 for what the settings say
 
   void add_to(CLI::App & command);

@@ -8,6 +8,7 @@
 #include "app/cli/exit_status.h"
 #include "app/cli/interrupts.h"
 #include "app/cli/run_options.h"
+#include "app/cli/run_stamp.h"
 #include "app/options/options.h"
 #include "app/shell/run.h"
 #include "app/shell/run_handlers.h"
@@ -23,7 +24,10 @@ char const * driver_of(std::string const & target) {
 
 class Run {
 public:
-  explicit Run(gRunOptions const & options) : options_(options) {
+  // `recorder`: null for none.
+  Run(gRunOptions const & options, gRunRecorder * recorder)
+      : options_(options),
+        recorder_(recorder) {
     start_.set_overwrite(options.overwrite_policy());
     start_.set_keep_folder(true);
     start_.set_facts(false);
@@ -33,6 +37,8 @@ public:
     if (!start_.OnUpdateCommand() || !start_.OnCommand() || !start_.folder())
       return exit_refused;
     wait();
+    if (recorder_)
+      recorder_->settle();
     return status_of(Vapp::ana_success);
   }
 
@@ -47,9 +53,15 @@ public:
     return status;
   }
 
+  // Notes for later runs how this one went.
+  void keep() {
+    if (recorder_)
+      recorder_->keep(worst_);
+  }
+
   // Why it failed, in one line; empty if only refusals were told.
   std::string reason() const { return reason_; }
-  bool reached_limit() const { return options_.fails_on(worst_); }
+  Msg::type worst() const { return worst_; }
 
 private:
   int convert(std::string const & target) {
@@ -58,6 +70,8 @@ private:
       return exit_failed;
     wait();
     start_.folder()->record_contents();
+    if (recorder_)
+      recorder_->settle(target);
     return status_of(gConversionRun::last_result().success);
   }
 
@@ -75,32 +89,28 @@ private:
   }
 
   gRunOptions const & options_;
+  gRunRecorder * const recorder_;
   gInterrupts interrupts_;
   gAnaStart start_;
   Msg::type worst_ = Msg::all;
   std::string reason_; // of the part that ran last
 };
 
-// The file of --reports, which takes a copy of all reports as long as it lives.
+// The file of --reports.
 class ReportCopy {
 public:
   ReportCopy(std::string const & path, gCommandContext & context) : path_(path), context_(context) {
-    if (path.empty())
-      return;
-    good_ = file_.open(path) ||
-            refuse(errno == EEXIST ? "It exists, and holds other things" : system_text(errno));
-    if (good_)
-      Msg::log.copy_to(&file_);
+    if (!path.empty())
+      good_ = file_.open(path) ||
+              refuse(errno == EEXIST ? "It exists, and holds other things" : system_text(errno));
   }
   ReportCopy(ReportCopy const &) = delete;
   ReportCopy & operator=(ReportCopy const &) = delete;
-  ~ReportCopy() { Msg::log.copy_to(nullptr); }
 
   bool good() const { return good_; }
-  bool close() {
-    Msg::log.copy_to(nullptr);
-    return path_.empty() || file_.close() || refuse(system_text(errno));
-  }
+  // Who takes the reports; null if nobody asked for them.
+  gReportSink * sink() { return path_.empty() ? nullptr : &file_; }
+  bool close() { return path_.empty() || file_.close() || refuse(system_text(errno)); }
 
 private:
   static std::string system_text(int error) { return std::generic_category().message(error); }
@@ -115,6 +125,43 @@ private:
   bool good_ = true;
 };
 
+// Nothing has changed since an earlier run: its answer is given again.
+int repeat(gKeptRun const & kept, ReportCopy & copy, gCommandContext & context, Msg::type & worst) {
+  gRun::repeat(kept.analysis);
+  gConversionRun::repeat(kept.last);
+  for (gShownLine const & line : kept.lines)
+    context.outside.show(line);
+  if (copy.sink())
+    for (gReport const & report : kept.reports)
+      copy.sink()->take(report);
+  worst = kept.worst;
+  context.outside.show({false, "Nothing has changed since the last run."});
+  return exit_ok;
+}
+
+int run_all(gRunOptions const & options, std::vector<std::string> const & targets,
+            gRunStamp const & stamp, ReportCopy & copy, gCommandContext & context,
+            Msg::type & worst) {
+  std::optional<gRunRecorder> recorder;
+  if (!options.no_cache)
+    recorder.emplace(stamp, context.outside, copy.sink());
+  else
+    Msg::log.copy_to(copy.sink());
+  Run run(options, recorder ? &*recorder : nullptr);
+  int status = run.analyze();
+  if (status == exit_ok)
+    status = run.convert(targets);
+  if (status == exit_ok)
+    run.keep();
+  recorder.reset();
+  Msg::log.copy_to(nullptr);
+  worst = run.worst();
+  // Without the reports the reason would be nowhere on the screen.
+  if (status == exit_failed && options.quiet && !run.reason().empty())
+    context.outside.tell(run.reason());
+  return status;
+}
+
 } // namespace
 
 int run_project(gRunOptions const & options, std::vector<std::string> const & targets,
@@ -125,21 +172,19 @@ int run_project(gRunOptions const & options, std::vector<std::string> const & ta
     context.outside.tell("'vellumar set' or --set changes inputfiles, vls_file and out_dir.");
     return exit_refused;
   }
-  ReportCopy copy(options.reports, context);
-  if (!copy.good())
-    return exit_refused;
   context.outside.set_quiet(options.quiet);
   // The converters are told what a run of the analysis alone keeps to itself.
   if (!targets.empty() && !Vapp::option({"ana", "facts_line"}))
     Vapp::options.submap("ana").set("facts_line", cat::make(true));
-  Run run(options);
-  int status = run.analyze();
-  if (status == exit_ok)
-    status = run.convert(targets);
+  gRunStamp const stamp(targets);
+  std::optional<gKeptRun> const kept = options.no_cache ? std::nullopt : stamp.find();
+  ReportCopy copy(options.reports, context);
+  if (!copy.good())
+    return exit_refused;
+  Msg::type worst = Msg::all;
+  int status = kept ? repeat(*kept, copy, context, worst)
+                    : run_all(options, targets, stamp, copy, context, worst);
   if (!copy.close())
     status = std::max<int>(status, exit_failed);
-  // Without the reports the reason would be nowhere on the screen.
-  if (status == exit_failed && options.quiet && !run.reason().empty())
-    context.outside.tell(run.reason());
-  return status == exit_ok && run.reached_limit() ? exit_reports : status;
+  return status == exit_ok && options.fails_on(worst) ? exit_reports : status;
 }

@@ -52,6 +52,10 @@ void gRun::start(gRunInput input, std::function<void()> behind, Finished finishe
            }});
 }
 
+void gRun::repeat(gRunResult const & result) {
+  store(result);
+}
+
 gRunResult const & gRun::last_result() {
   return last_run();
 }
@@ -71,6 +75,10 @@ void gConversionRun::start(gConversionInput input, Converter converter, Finished
              if (finished)
                finished(*result);
            }});
+}
+
+void gConversionRun::repeat(gConversionResult const & result) {
+  last_conversion() = result;
 }
 
 gConversionResult const & gConversionRun::last_result() {

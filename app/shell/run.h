@@ -18,6 +18,8 @@ public:
   static void start(gRunInput input, std::function<void()> behind = {}, Finished finished = {});
   // Of the last run that has ended.
   static gRunResult const & last_result();
+  // For a run that needn't be done: as if it had ended now.
+  static void repeat(gRunResult const & result);
 };
 
 class gConversionRun {
@@ -27,4 +29,5 @@ public:
   static void start(gConversionInput input, Converter converter, Finished finished = {});
   // Of the last conversion that has ended.
   static gConversionResult const & last_result();
+  static void repeat(gConversionResult const & result);
 };

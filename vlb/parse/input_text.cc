@@ -13,6 +13,7 @@
 
 #include "vlb/source_bytes.h"
 #include "vlb/tempfiles.h"
+#include "vlb/witness.h"
 
 namespace {
 
@@ -83,14 +84,21 @@ bool gInputText::read(gPathstring const & path) {
   }
   clear();
   int const file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-  if (file < 0)
+  if (file < 0) {
+    Vlb::note_unreadable(path);
     return false;
+  }
+  struct stat info;
+  gFileState const state = ::fstat(file, &info) == 0 ? gFileState::of(info) : gFileState();
   bool const good = read_from(file);
   ::close(file);
-  if (good)
+  if (good) {
+    Vlb::note_bytes(path, state, {begin(), size_});
     normalize();
-  else
+  } else {
+    Vlb::note_unreadable(path);
     clear();
+  }
   return good;
 }
 

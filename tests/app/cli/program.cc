@@ -25,10 +25,14 @@ void Sandbox::make_project() const {
   run("set p.vlp ana/dialect=classic ana/alloc/gen_unit=11");
 }
 
+// All that the program writes lies in the folder; the last quote is left open.
+std::string Sandbox::place() const {
+  return "cd '" + path() + "' && TMPDIR='" + path("tmp") + "' XDG_CACHE_HOME='" + path("tmp/cache");
+}
+
 Answer Sandbox::run(std::string const & arguments) const {
-  std::string const command = "cd '" + path() + "' && TMPDIR='" + path("tmp") +
-                              "' " VELLUMAR_PROGRAM " " + arguments + " >'" + path("tmp/1") +
-                              "' 2>'" + path("tmp/2") + "' </dev/null";
+  std::string const command = place() + "' " VELLUMAR_PROGRAM " " + arguments + " >'" +
+                              path("tmp/1") + "' 2>'" + path("tmp/2") + "' </dev/null";
   int const status = std::system(command.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), read("tmp/1"),
           read("tmp/2")};
@@ -37,8 +41,7 @@ Answer Sandbox::run(std::string const & arguments) const {
 int Sandbox::start(std::string const & arguments) const {
   int const child = fork();
   if (child == 0) {
-    std::string const command = "cd '" + path() + "' && TMPDIR='" + path("tmp") +
-                                "' exec 2>/dev/null " VELLUMAR_PROGRAM " " + arguments;
+    std::string const command = place() + "' exec 2>/dev/null " VELLUMAR_PROGRAM " " + arguments;
     execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
     _exit(127);
   }

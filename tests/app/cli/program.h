@@ -27,4 +27,7 @@ public:
   void wait_for(std::string const & file, std::string const & text) const;
   // The status of a process that was started, the negative signal if one ended it.
   static int end_of(int child);
+
+private:
+  std::string place() const;
 };
