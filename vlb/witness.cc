@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <new>
 
 #include "vlb/gfilesystem.h"
 #include "vlb/tempfiles.h"
@@ -66,6 +67,18 @@ bool bytes_hold(std::string const & path, gWitness::gSight const & sight) {
   return state.written <= Vlb::now_in_nanoseconds() && Vlb::content_hash(bytes) == sight.hash;
 }
 
+template <class Sight> void note(std::string const & path, gWitness::Kind kind, Sight sight) {
+  gWitness * const witness = witness_in_use;
+  if (!witness)
+    return;
+  try {
+    if (!witness->leaves_out(path) && !gTempFiles::holds(path))
+      witness->saw(kind, path, sight(*witness));
+  } catch (std::bad_alloc const &) {
+    witness->give_up();
+  }
+}
+
 } // namespace
 
 void gWitness::saw(Kind kind, std::string const & what, gSight sight) {
@@ -74,6 +87,11 @@ void gWitness::saw(Kind kind, std::string const & what, gSight sight) {
   bool const from_future = sight.state.written > Vlb::now_in_nanoseconds();
   contradicted_ = contradicted_ || from_future || at->second.hash != sight.hash;
   at->second = sight;
+}
+
+void gWitness::give_up() {
+  std::lock_guard const guard(mutex_);
+  contradicted_ = true;
 }
 
 bool gWitness::leaves_out(std::string const & path) const {
@@ -108,31 +126,27 @@ void Vlb::set_witness(gWitness * witness) {
 }
 
 void Vlb::note_bytes(std::string const & path, gFileState const & state, std::string_view bytes) {
-  gWitness * const witness = witness_in_use;
-  if (!witness || witness->leaves_out(path) || gTempFiles::holds(path))
-    return;
-  std::int64_t const now = now_in_nanoseconds();
-  witness->saw(gWitness::Kind::bytes, path,
-               {state, is_young(state, now, margin), content_hash(bytes)});
+  note(path, gWitness::Kind::bytes, [&](gWitness const &) -> gWitness::gSight {
+    return {state, is_young(state, now_in_nanoseconds(), margin), content_hash(bytes)};
+  });
 }
 
 void Vlb::note_unreadable(std::string const & path) {
-  gWitness * const witness = witness_in_use;
-  if (witness && !witness->leaves_out(path) && !gTempFiles::holds(path))
-    witness->saw(gWitness::Kind::bytes, path, {{}, true, unreadable});
+  note(path, gWitness::Kind::bytes, [](gWitness const &) -> gWitness::gSight {
+    return {{}, true, unreadable};
+  });
 }
 
 void Vlb::note_kind(std::string const & path, unsigned kind) {
-  gWitness * const witness = witness_in_use;
-  if (witness && !witness->leaves_out(path) && !gTempFiles::holds(path))
-    witness->saw(gWitness::Kind::kind, path, {{}, false, hash_of_kind(kind)});
+  note(path, gWitness::Kind::kind, [&](gWitness const &) -> gWitness::gSight {
+    return {{}, false, hash_of_kind(kind)};
+  });
 }
 
 void Vlb::note_entries(gPathstring const & folder, std::vector<FolderEntry> const & entries) {
-  gWitness * const witness = witness_in_use;
-  if (witness && !witness->leaves_out(folder))
-    witness->saw(gWitness::Kind::entries, folder,
-                 {{}, false, hash_of_entries(folder, entries, *witness)});
+  note(folder, gWitness::Kind::entries, [&](gWitness const & witness) -> gWitness::gSight {
+    return {{}, false, hash_of_entries(folder, entries, witness)};
+  });
 }
 
 std::string Vlb::moment_text(std::string const & form) {

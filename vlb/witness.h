@@ -34,6 +34,8 @@ public:
 
   // From any thread.
   void saw(Kind kind, std::string const & what, gSight sight);
+  // It missed something.
+  void give_up();
   bool leaves_out(std::string const & path) const;
   // Nothing if it saw one thing in two ways, so that nobody can tell what the run went by.
   std::optional<gSights> sights() const;
@@ -52,7 +54,8 @@ namespace Vlb {
 // Null for none. Not owned; set while no other thread reads.
 void set_witness(gWitness * witness);
 
-// For what reads. Nothing happens without a witness.
+// For what reads. Nothing happens without a witness. None of these throws: a witness for whom there
+// is no memory has seen nothing that could be trusted.
 void note_bytes(std::string const & path, gFileState const & state, std::string_view bytes);
 void note_unreadable(std::string const & path);
 void note_kind(std::string const & path, unsigned kind);

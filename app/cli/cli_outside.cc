@@ -5,6 +5,8 @@
 
 #include <cstdio>
 #include <iostream>
+#include <new>
+#include <utility>
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -128,15 +130,20 @@ void gCliOutside::report(Msg::type, gString const & line) {
   show({true, line.starts_with('\n') ? gString(line.substr(1)) : line});
 }
 
-void gCliOutside::keep_lines(std::vector<gShownLine> * lines) {
+bool gCliOutside::keep_lines(std::vector<gShownLine> * lines) {
   std::lock_guard const guard(mutex_);
   kept_ = lines;
+  return std::exchange(kept_all_, true);
 }
 
 void gCliOutside::show(gShownLine const & line) {
   std::lock_guard const guard(mutex_);
-  if (kept_)
-    kept_->push_back(line);
+  try {
+    if (kept_)
+      kept_->push_back(line);
+  } catch (std::bad_alloc const &) {
+    kept_all_ = false;
+  }
   if (quiet_)
     return;
   bool const limited = line.is_report && !limited_.empty() && line.text.starts_with(limited_);

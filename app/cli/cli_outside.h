@@ -24,8 +24,9 @@ public:
   // Of reports that begin so, a run shows no more than this; tell_omitted() says how many it had.
   void set_limit(std::string beginning, std::size_t most);
   void tell_omitted();
-  // Notes the lines of a run from now on; null ends that. Not owned.
-  void keep_lines(std::vector<gShownLine> * lines);
+  // Notes the lines of a run from now on; null ends that. Not owned. False at the end if there was
+  // no memory for all of them.
+  bool keep_lines(std::vector<gShownLine> * lines);
   // A line that a run has shown.
   void show(gShownLine const & line);
   // True if a question can be asked.
@@ -57,6 +58,7 @@ private:
   bool terminal_;
   bool quiet_ = false;
   std::vector<gShownLine> * kept_ = nullptr;
+  bool kept_all_ = true;
   std::string limited_; // the beginning of reports that are counted
   std::size_t most_ = 0, counted_ = 0;
 };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 #include "ana/output_folder.h"
 #include "app/options/options.h"
@@ -63,7 +64,7 @@ gRunStamp::gRunStamp(std::vector<std::string> const & targets)
       key_(key_of(targets)),
       cache_("runs", version_of_program()) {}
 
-std::optional<gKeptRun> gRunStamp::find() const {
+std::optional<gKeptRun> gRunStamp::find() const try {
   std::optional<std::string> const bytes = cache_.read(Vlb::content_hash(out_dir_).text());
   std::optional<gKeptRun> run = bytes ? run_of_bytes(*bytes) : std::nullopt;
   if (!run || run->key != key_)
@@ -76,6 +77,8 @@ std::optional<gKeptRun> gRunStamp::find() const {
     if (!witness.holds(place, sight))
       return {};
   return run;
+} catch (std::bad_alloc const &) {
+  return {};
 }
 
 void gRunStamp::keep(gKeptRun run) const {
@@ -99,14 +102,19 @@ gRunRecorder::~gRunRecorder() {
   Vlb::set_witness(nullptr);
 }
 
+// Whoever reports must not be hit by what is only kept for later.
 void gRunRecorder::take(gReport report) {
-  if (++reports_ <= most_reports)
-    run_.reports.push_back(report);
+  try {
+    if (++reports_ <= most_reports)
+      run_.reports.push_back(report);
+  } catch (std::bad_alloc const &) {
+    witness_.give_up();
+  }
   if (next_)
     next_->take(std::move(report));
 }
 
-void gRunRecorder::settle(std::string const & target) {
+void gRunRecorder::settle(std::string const & target) try {
   std::set<std::string> left_out = {gFolderRecord::file_name};
   if (target.empty()) {
     left_out.merge(names_of_targets());
@@ -118,6 +126,8 @@ void gRunRecorder::settle(std::string const & target) {
   gFolderSnapshot part = gFolderSnapshot::take(stamp_.out_dir(), left_out);
   settled_.tops.merge(part.tops);
   settled_.young.merge(part.young);
+} catch (std::bad_alloc const &) {
+  witness_.give_up();
 }
 
 bool gRunRecorder::untouched() const {
@@ -128,9 +138,10 @@ bool gRunRecorder::untouched() const {
          });
 }
 
-void gRunRecorder::keep(Msg::type worst) {
+void gRunRecorder::keep(Msg::type worst) try {
+  bool const all_lines = outside_.keep_lines(nullptr);
   std::optional<gWitness::gSights> sights = witness_.sights();
-  if (!sights || reports_ > most_reports || output_folder() != stamp_.out_dir())
+  if (!all_lines || !sights || reports_ > most_reports || output_folder() != stamp_.out_dir())
     return;
   run_.sights = std::move(*sights);
   run_.left = gFolderSnapshot::take(stamp_.out_dir());
@@ -140,4 +151,6 @@ void gRunRecorder::keep(Msg::type worst) {
   run_.last = gConversionRun::last_result();
   run_.worst = worst;
   stamp_.keep(run_);
+} catch (std::bad_alloc const &) {
+  // The run went well all the same.
 }

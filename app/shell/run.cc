@@ -7,6 +7,7 @@
 
 #include "app/options/options.h"
 #include "app/shell/worker.h"
+#include "vlb/caught.h"
 
 namespace {
 
@@ -18,6 +19,16 @@ gConversionResult & last_conversion() {
 gRunResult & last_run() {
   static gRunResult result;
   return result;
+}
+
+// Nothing stands above a worker's work that could take a fault.
+void call_guarded(std::function<void()> const & behind, gRunResult & result) {
+  try {
+    behind();
+  } catch (...) {
+    result.success = false;
+    Vlb::report_caught();
+  }
 }
 
 void store(gRunResult const & result) {
@@ -42,7 +53,7 @@ void gRun::start(gRunInput input, std::function<void()> behind, Finished finishe
            [input = std::move(input), behind = std::move(behind), result]() mutable {
              *result = ana_thread(std::move(input));
              if (behind)
-               behind();
+               call_guarded(behind, *result);
            },
        .finished =
            [finished = std::move(finished), result] {
