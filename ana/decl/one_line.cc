@@ -3,6 +3,7 @@
 #include "ana/decl/declaration.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace Decl {
@@ -18,9 +19,27 @@ bool is_word(char c) {
          static_cast<unsigned char>(c) >= 0x80;
 }
 
+// What a line doesn't show as it is begins with one of these.
+constexpr std::array<bool, 256> table_of(std::string_view signs) {
+  std::array<bool, 256> table{};
+  for (char const c : signs)
+    table[static_cast<unsigned char>(c)] = true;
+  return table;
+}
+
+constexpr std::array<bool, 256> special_cpp = table_of(" \t\n\v\f\r/\\#");
+constexpr std::array<bool, 256> special_pascal = table_of(" \t\n\v\f\r/{(");
+
+std::array<bool, 256> const & special_of(gSyntax syntax) {
+  return syntax == gSyntax::cpp ? special_cpp : special_pascal;
+}
+
 class Line {
 public:
-  Line(std::string_view text, gSyntax syntax) : text_(text), cpp_(syntax == gSyntax::cpp) {}
+  Line(std::string_view text, gSyntax syntax)
+      : text_(text),
+        cpp_(syntax == gSyntax::cpp),
+        special_(special_of(syntax)) {}
 
   // A place in the text that is to become the one in the line. An end belongs to the token in front
   // of it, a begin to the one behind.
@@ -47,6 +66,7 @@ public:
 private:
   std::string_view text_;
   bool cpp_;
+  std::array<bool, 256> const & special_;
   std::size_t at_ = 0;
   bool line_head_ = false; // a range begins within its line, so a "#" there is no directive
   bool gap_ = false;
@@ -55,7 +75,7 @@ private:
 
   // The marks of one sort up to a place of the text stand at the end of the line.
   void settle(bool ends, std::size_t up_to) {
-    if (marks_.empty())
+    if (marks_.empty() || *marks_.front().place > up_to)
       return;
     auto const end = std::find_if(marks_.begin(), marks_.end(),
                                   [&](Mark const & mark) { return *mark.place > up_to; });
@@ -81,6 +101,8 @@ private:
 
   bool blanks_or_comment() {
     char const c = text_[at_];
+    if (!special_[static_cast<unsigned char>(c)])
+      return false;
     if (is_blank(c)) {
       line_head_ = line_head_ || c == '\n';
       skip_to(at_ + 1);
@@ -169,8 +191,14 @@ private:
       line_ += ' ';
     settle(false, at_);
     gap_ = line_head_ = false;
-    for (; at_ < end; ++at_) // a literal over several lines
-      line_ += text_[at_] == '\n' || text_[at_] == '\r' ? ' ' : text_[at_];
+    std::size_t const begin = line_.size();
+    line_ += text_.substr(at_, end - at_);
+    bool const word = is_word(text_[at_]) && is_word(text_[end - 1]);
+    if (!word && end - at_ > 1) // a literal, perhaps over several lines
+      std::replace_if(
+          line_.begin() + static_cast<std::ptrdiff_t>(begin), line_.end(),
+          [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    at_ = end;
   }
 
   std::size_t token_end() const {
@@ -208,6 +236,11 @@ private:
 } // namespace
 
 std::string one_line(std::string_view text, gRange range, gSyntax syntax) {
+  std::string_view const part = range.of(text);
+  auto const & special = special_of(syntax);
+  if (std::none_of(part.begin(), part.end(),
+                   [&](char c) { return special[static_cast<unsigned char>(c)]; }))
+    return std::string(part); // most names
   return Line(range.of(text), syntax).made();
 }
 

@@ -3,6 +3,7 @@
 #include "ana/read/code_elements.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "ana/read/declaration_text.h"
 #include "ana/read/signature.h"
@@ -39,10 +40,11 @@ private:
   void take_values(std::size_t index, gDeclParts & parts);
   bool repeats_its_tag(std::size_t index) const;
   bool is_version(gDeclaration const & one) const;
+  gStrList const & scope_names(std::int32_t scope);
   void add_scope(gStrList & names, std::int32_t scope) const;
   void add_qualifier(gStrList & names, std::string_view qualifier, bool arguments) const;
   gString own_name(gDeclaration const & one) const;
-  gStrList names_of(std::size_t index) const;
+  gStrList names_of(std::size_t index);
   cRef<gString const> condition_of(std::int32_t condition);
   void measure_scopes();
   void note_namer(std::size_t index);
@@ -61,6 +63,7 @@ private:
     gSeclusion seclusion = gSeclusion::open;
   };
   std::vector<Scope> scopes_; // by declaration: what stands around it
+  std::unordered_map<std::int32_t, gStrList> scope_names_; // by scope: the names around its members
   // By declaration without a name: what gives it one, -1 for nothing.
   std::vector<std::int32_t> namers_;
   std::int32_t valued_ = -1; // the last enumeration whose values something has taken
@@ -85,19 +88,27 @@ bool Elements::is_version(gDeclaration const & one) const {
 
 // Scopes without a name, such as unnamed namespaces, aren't part of names.
 void Elements::add_scope(gStrList & names, std::int32_t scope) const {
-  std::vector<std::int32_t> around;
-  for (; scope >= 0; scope = item(scope).scope)
-    around.push_back(scope);
-  for (auto one = around.rbegin(); one != around.rend(); ++one) {
-    gDeclaration const & outer = item(*one);
-    if (!outer.qualifier.empty())
-      add_qualifier(names, outer.qualifier.of(text_), false);
-    gDeclaration const * namer = namer_of(static_cast<std::size_t>(*one));
-    if (!outer.name.empty() && outer.kind != gKind::module && !is_version(outer))
-      names.append(own_name(outer));
-    else if (namer && is_class_like(outer.kind))
-      names.append(own_name(*namer));
+  gDeclaration const & outer = item(scope);
+  if (!outer.qualifier.empty())
+    add_qualifier(names, outer.qualifier.of(text_), false);
+  gDeclaration const * namer = namer_of(static_cast<std::size_t>(scope));
+  if (!outer.name.empty() && outer.kind != gKind::module && !is_version(outer))
+    names.append(own_name(outer));
+  else if (namer && is_class_like(outer.kind))
+    names.append(own_name(*namer));
+}
+
+// All members of a scope share the texts.
+gStrList const & Elements::scope_names(std::int32_t scope) {
+  std::vector<std::int32_t> unknown;
+  for (; scope >= 0 && !scope_names_.contains(scope); scope = item(scope).scope)
+    unknown.push_back(scope);
+  for (auto one = unknown.rbegin(); one != unknown.rend(); scope = *one++) {
+    gStrList names = scope_names_[scope];
+    add_scope(names, *one);
+    scope_names_[*one] = std::move(names);
   }
+  return scope_names_[scope];
 }
 
 // "A<T>::B" as "A" and "B" or, with the arguments, as "A<T>" and "B".
@@ -122,14 +133,13 @@ void Elements::add_qualifier(gStrList & names, std::string_view qualifier, bool 
 }
 
 // A function that is declared as a friend belongs to the scope around the class.
-gStrList Elements::names_of(std::size_t index) const {
+gStrList Elements::names_of(std::size_t index) {
   gDeclaration const & one = found_.items[index];
   std::int32_t scope = one.scope;
   if (is_guest(one.kind))
     while (scope >= 0 && (is_class_like(item(scope).kind) || one.kind != gKind::friend_))
       scope = item(scope).scope;
-  gStrList names;
-  add_scope(names, scope);
+  gStrList names = scope_names(scope);
   if (!one.qualifier.empty())
     add_qualifier(names, one_line(text_, one.qualifier, syntax_), true);
   gDeclaration const * namer = one.name.empty() ? namer_of(index) : nullptr;

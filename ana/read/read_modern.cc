@@ -104,6 +104,8 @@ private:
   static void add_parameters(Words & words);
   gCommentHints hints_for(std::int32_t declaration, Words const & words) const;
   int parse_unit(std::string const & text, gLinePlace place, bool own = false);
+  int add_plain_unit(gLinePlace place);
+  int parse_plain_unit(gLinePlace place);
   std::int32_t scope_at(std::uint32_t place) const;
   void report_skipped();
   void add_includes(gStrList const & scope);
@@ -192,6 +194,36 @@ int gModernReader::File::parse_unit(std::string const & text, gLinePlace place, 
   for (std::size_t i = before; i < facts.units.size(); ++i)
     facts.units[i].place = {std::max(place.line, facts.units[i].place.line), place.column};
   return static_cast<int>(before);
+}
+
+// Parses a unit without text, and keeps it for those that follow.
+int gModernReader::File::parse_plain_unit(gLinePlace place) {
+  gTextFacts & facts = result_.facts.text;
+  std::size_t const reports = facts.reports.reports().size();
+  int const units = facts.units_made, labels = facts.labels_made;
+  int const made =
+      parse_unit(std::string(opening) + std::string(special) + std::string(closing), place);
+  if (made < 0 || facts.reports.reports().size() > reports)
+    return made;
+  gUnitFacts unit = facts.units.back();
+  unit.number -= units;
+  unit.label -= labels;
+  reader_.plain_unit_ = {std::move(unit), facts.units_made - units, facts.labels_made - labels};
+  return made;
+}
+
+// All of them are alike but for place and numbers, and nearly every declaration with a comment has
+// one. The index of the unit, -1 if there is none.
+int gModernReader::File::add_plain_unit(gLinePlace place) {
+  if (!reader_.plain_unit_)
+    return parse_plain_unit(place);
+  gTextFacts & facts = result_.facts.text;
+  auto const & [plain, units, labels] = *reader_.plain_unit_;
+  gUnitFacts & unit = facts.units.emplace_back(plain);
+  unit.place = place;
+  unit.number += std::exchange(facts.units_made, facts.units_made + units);
+  unit.label += std::exchange(facts.labels_made, facts.labels_made + labels);
+  return static_cast<int>(facts.units.size()) - 1;
 }
 
 void gModernReader::File::parse_own(gCommentBlock const & block, std::string const & words) {
@@ -331,9 +363,7 @@ void gModernReader::File::make_unit(std::int32_t declaration, gTranslated text, 
   Decl::gDeclaration const & one = item(declaration);
   if (place.line == 0)
     place = {static_cast<int>(one.line), static_cast<int>(one.column)};
-  static std::string const empty =
-      std::string(opening) + std::string(special) + std::string(closing);
-  int const made = parse_unit(empty, place);
+  int const made = add_plain_unit(place);
   if (made < 0)
     return;
   add_parts(made, std::move(text));

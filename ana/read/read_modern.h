@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "ana/anadat/gfilefacts.h"
@@ -50,7 +51,13 @@ public:
 
 private:
   class File;
+  // A unit without text, with numbers counted from its own, and how many of each it takes.
+  struct PlainUnit {
+    gUnitFacts unit;
+    int units = 0, labels = 0;
+  };
   gModernInput const & input_;
   gTableTemplates const & tables_;
   doc_parse doc_{gParseBase::standard_stack_size};
+  std::optional<PlainUnit> plain_unit_; // made at first need
 };
