@@ -5,9 +5,11 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "ana/anadat/tables.h"
 #include "ana/base_clauses.h"
+#include "ana/join_keys.h"
 #include "ana/join_scopes.h"
 #include "ana/read/type_words.h"
 #include "ana/stages.h"
@@ -19,56 +21,9 @@ using Decl::gKind;
 struct Item {
   cRef<gCodeElem> element;
   cRef<gDocUnit> unit; // bound to it; null for none
+  std::size_t name;    // the hash of its whole name
   bool dropped = false;
 };
-
-bool has_mark(gCodeElem const & element, std::uint32_t mark) {
-  return element.parts && (element.parts->marks & mark) != 0;
-}
-
-bool is_unnamed(gCodeElem const & element) {
-  return has_mark(element, Decl::mark_unnamed);
-}
-
-// What kinds of things can be one. 0: nothing else is ever the same thing.
-char family_of(gCodeElem const & element) {
-  switch (element.kind) {
-  case gKind::name_space:
-    return 'n';
-  case gKind::macro:
-  case gKind::function_macro:
-    return 'm';
-  case gKind::typedef_: // "typedef struct T T;"
-  case gKind::enum_:
-  case gKind::enum_class:
-    return is_unnamed(element) ? 0 : 'c';
-  case gKind::enumerator:
-  case gKind::none:
-    return 0;
-  default:
-    break;
-  }
-  switch (element.type) {
-  case ut_class:
-    return 'c';
-  case ut_function:
-  case ut_method:
-    return 'f';
-  case ut_var:
-  case ut_member:
-    return 'v';
-  default:
-    return 0;
-  }
-}
-
-bool is_local(gCodeElem const & element) {
-  bool const linked_inside = element.type == ut_function || element.type == ut_var ||
-                             (element.type == ut_class && is_unnamed(element));
-  return element.kind == gKind::macro || element.kind == gKind::function_macro ||
-         (element.parts && element.parts->seclusion == gSeclusion::unnamed) ||
-         (linked_inside && has_mark(element, Decl::mark_static));
-}
 
 // Declared between the brackets of its class. Two of those are never one thing: their classes are
 // two that happen to have the same name.
@@ -100,12 +55,12 @@ public:
 private:
   void collect();
   void group();
-  std::string key_of(gCodeElem const & element) const;
+  void join_namesakes(gJoinKeys::const_iterator first, gJoinKeys::const_iterator end);
   void join(Group const & group);
   void join_all(Group const & group);
   void join_classes(Group const & group);
   void join_declarations(Group const & group);
-  void join_alike(std::vector<Group const *> const & namesakes);
+  void join_alike(std::vector<Group> const & namesakes);
   bool is_alike(gCodeElem const & definition, gCodeElem const & declaration) const;
   void merge(std::size_t into, std::size_t from);
   bool are_two(std::size_t a, std::size_t b) const;
@@ -123,65 +78,65 @@ private:
 // Everything is looked up by address once: a unit knows its element, not the other way round.
 void Joining::collect() {
   std::unordered_map<gCodeElem const *, cRef<gDocUnit>> units;
+  units.reserve(gNamedUnits.total() + gUnnamedUnits.total());
   for (auto const * table : {&gNamedUnits, &gUnnamedUnits})
     for (auto const & file : *table)
       for (auto const & [place, unit] : *file.value)
         if (unit->code_elem())
           units.emplace(unit->code_elem().get(), unit);
+  items_.reserve(gCodeElems.total());
+  std::string name;
   for (auto const & file : gCodeElems)
     for (auto const & [place, element] : *file.value) {
       if (element->kind == gKind::none)
         continue;
       auto const unit = units.find(element.get());
-      items_.push_back({element, unit == units.end() ? cRef<gDocUnit>() : unit->second});
+      items_.push_back({element, unit == units.end() ? cRef<gDocUnit>() : unit->second,
+                        name_hash(*element, name)});
+      scopes_.add(*element, name);
     }
-  for (Item const & item : items_)
-    scopes_.add(*item.element);
   for (Item & item : items_)
-    if (has_mark(*item.element, Decl::mark_out_of_class) && item.element->names.size() > 1)
+    if (has_mark(*item.element, Decl::mark_out_of_class) && item.element->names.size() > 1) {
       scopes_.resolve(*item.element);
-}
-
-// Family and language, the name, then what tells overloads and sources apart.
-std::string Joining::key_of(gCodeElem const & element) const {
-  bool const pascal = element.loc.file().language() == gLanguage::pascal;
-  std::string const name = element.name();
-  std::string key = {family_of(element), pascal ? 'p' : 'c'};
-  key += pascal ? Vlb::to_lower(name) : name;
-  key += '\n';
-  if (is_local(element))
-    key += element.loc.file().opath();
-  key += '\n';
-  if (family_of(element) == 'f' && element.parts && element.parts->signature)
-    key += *element.parts->signature;
-  return key;
+      item.name = name_hash(*item.element, name);
+    }
 }
 
 void Joining::group() {
-  std::unordered_map<std::string, Group> groups;
-  std::vector<std::pair<std::string_view, Group *>> order;
-  for (std::size_t i = 0; i < items_.size(); ++i) {
-    if (family_of(element(i)) == 0)
-      continue;
-    auto const [found, added] = groups.try_emplace(key_of(element(i)));
-    found->second.push_back(i);
-    if (added)
-      order.emplace_back(found->first, &found->second);
+  gJoinKeys keys;
+  keys.reserve(items_.size());
+  for (std::size_t i = 0; i < items_.size(); ++i)
+    if (family_of(element(i)) != 0)
+      keys.push_back(key_of(element(i), items_[i].name, i));
+  std::sort(keys.begin(), keys.end());
+  for (auto first = keys.cbegin(); first != keys.cend();) {
+    auto end = std::next(first);
+    while (end != keys.cend() && end->name == first->name &&
+           has_same_name(element(first->item), element(end->item)))
+      ++end;
+    if (end - first > 1)
+      join_namesakes(first, end);
+    first = end;
   }
-  std::unordered_map<std::string_view, std::vector<Group const *>> namesakes;
-  std::vector<std::vector<Group const *> *> overloaded;
-  for (auto const & [key, members] : order) {
-    if (members->size() > 1)
-      join(*members);
-    if (key[0] != 'f')
-      continue;
-    auto & all = namesakes[key.substr(0, key.find('\n', key.find('\n') + 1))];
-    all.push_back(members);
-    if (all.size() == 2)
-      overloaded.push_back(&all);
+}
+
+void Joining::join_namesakes(gJoinKeys::const_iterator first, gJoinKeys::const_iterator end) {
+  std::vector<Group> groups;
+  for (auto key = first; key != end; ++key) {
+    bool const same =
+        key != first && key->signature == std::prev(key)->signature &&
+        signature_of(element(key->item)) == signature_of(element(std::prev(key)->item));
+    if (!same)
+      groups.emplace_back();
+    groups.back().push_back(key->item);
   }
-  for (auto const * all : overloaded)
-    join_alike(*all);
+  for (Group const & group : groups)
+    if (group.size() > 1)
+      join(group);
+  // In the order of the sources.
+  std::sort(groups.begin(), groups.end());
+  if (groups.size() > 1 && family_of(element(first->item)) == 'f')
+    join_alike(groups);
 }
 
 // Of functions and variables the declaration that users include; of classes the definition.
@@ -306,25 +261,25 @@ bool Joining::is_alike(gCodeElem const & definition, gCodeElem const & declarati
 
 // A definition whose declaration is spelled in another way joins it if there is no choice. Many
 // overloads leave one too seldom to pay for comparing each with each.
-void Joining::join_alike(std::vector<Group const *> const & namesakes) {
+void Joining::join_alike(std::vector<Group> const & namesakes) {
   constexpr std::size_t most_overloads = 64;
   if (namesakes.size() > most_overloads)
     return;
-  for (Group const * const group : namesakes) {
-    std::size_t const definition = group->front();
-    bool const lonely = std::none_of(group->begin(), group->end(), [&](std::size_t i) {
+  for (Group const & group : namesakes) {
+    std::size_t const definition = group.front();
+    bool const lonely = std::none_of(group.begin(), group.end(), [&](std::size_t i) {
       return items_[i].dropped || announces(element(i)) || is_inside_class(element(i));
     });
     if (!lonely)
       continue;
     Group fitting;
-    for (Group const * const other : namesakes)
-      for (std::size_t const i : *other)
-        if (other != group && !items_[i].dropped && announces(element(i)) &&
+    for (Group const & other : namesakes)
+      for (std::size_t const i : other)
+        if (&other != &group && !items_[i].dropped && announces(element(i)) &&
             is_alike(element(definition), element(i)))
           fitting.push_back(i);
     if (fitting.size() == 1)
-      for (std::size_t const i : *group)
+      for (std::size_t const i : group)
         merge(fitting.front(), i);
   }
 }
@@ -344,21 +299,19 @@ void Joining::leave_out_local() {
   }
 }
 
-template <class Table, class Gone> void remove_from(Table & table, Gone const & gone) {
-  for (auto const & file : table)
-    file.value->erase_if(gone);
-}
-
+// The table has its elements in the order of the items, which are those that tell their kind.
 void Joining::drop() {
-  std::unordered_map<void const *, bool> elements, units;
+  std::unordered_set<gDocUnit const *> units;
   for (Item const & item : items_)
-    if (item.dropped) {
-      elements.emplace(item.element.get(), true);
-      if (item.unit)
-        units.emplace(item.unit.get(), true);
-    }
-  remove_from(gCodeElems, [&](auto const & element) { return elements.contains(element.get()); });
-  remove_from(gUnnamedUnits, [&](auto const & unit) { return units.contains(unit.get()); });
+    if (item.dropped && item.unit)
+      units.insert(item.unit.get());
+  std::size_t next = 0;
+  for (auto const & file : gCodeElems)
+    file.value->erase_if([&](cRef<gCodeElem> const & element) {
+      return element->kind != gKind::none && items_[next++].dropped;
+    });
+  for (auto const & file : gUnnamedUnits)
+    file.value->erase_if([&](cRef<gDocUnit> const & unit) { return units.contains(unit.get()); });
 }
 
 void Joining::enter_classes() {

@@ -4,13 +4,11 @@
 
 #include <algorithm>
 
+#include "ana/join_keys.h"
+
 namespace {
 
 using Decl::gKind;
-
-bool has_mark(gCodeElem const & element, std::uint32_t mark) {
-  return element.parts && (element.parts->marks & mark) != 0;
-}
 
 // A C source keeps its types to itself, and no definition of C++ can mean them.
 bool is_c_source(gSrcFile const & file) {
@@ -59,11 +57,10 @@ std::string known_scope(gScopeNames const & names, std::string_view written,
 
 } // namespace
 
-void gJoinScopes::add(gCodeElem const & element) {
+void gJoinScopes::add(gCodeElem const & element, std::string const & name) {
   Language & all = of(element.loc.file());
   if (has_mark(element, Decl::mark_out_of_class) || is_c_source(element.loc.file()))
     return;
-  std::string const name = element.name();
   if (!is_type(element)) {
     if (element.type == ut_method || element.type == ut_member)
       all.members.add(name);

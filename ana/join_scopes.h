@@ -11,7 +11,8 @@
 // The owner adds all elements before it asks.
 class gJoinScopes {
 public:
-  void add(gCodeElem const & element);
+  // `name`: the whole one of the element.
+  void add(gCodeElem const & element, std::string const & name);
 
   // Of what is defined outside of its class: gives it the whole name of that class, and makes it a
   // function or a variable if it belongs to a namespace.

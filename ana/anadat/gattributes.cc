@@ -29,5 +29,5 @@ gString const * gAttributes::find(std::string_view name) const {
 void gAttributes::set(gString const & name, gString const & value) {
   gString const * old = find(name);
   if (!old || *old != value)
-    table_ = gTexts.with(table_, Vlb::intern(name), Vlb::intern(value));
+    table_ = gTexts.with(table_, name, value);
 }

@@ -39,7 +39,11 @@ std::string_view outer_part(std::string_view name, std::string_view separator) {
 void gScopeNames::add(std::string const & name) {
   if (name.empty() || !names_.insert(name).second)
     return;
-  std::vector<std::string> & namesakes = tails_[std::string(last_part(name, separator_))];
+  std::string_view const tail = last_part(name, separator_);
+  auto found = tails_.find(tail);
+  if (found == tails_.end())
+    found = tails_.emplace(tail, std::vector<std::string>()).first;
+  std::vector<std::string> & namesakes = found->second;
   if (namesakes.size() < most_namesakes)
     namesakes.push_back(name);
 }

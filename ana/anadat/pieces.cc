@@ -7,6 +7,10 @@
 
 namespace {
 
+bool special_in_atc(char c) {
+  return c == ',' || c == '>' || c == '}' || c == '@' || c == '\\';
+}
+
 struct Placeholder {
   std::string_view text;
   gPiece kind;
@@ -97,15 +101,15 @@ void put_number(std::ostream & stream, long number) {
 }
 
 void put_escaped(std::ostream & stream, std::string_view text) {
-  while (!text.empty()) {
-    std::size_t const plain = text.find_first_of(",>}@\\");
-    put(stream, text.substr(0, plain));
-    if (plain == text.npos)
-      return;
+  std::size_t from = 0; // what isn't written yet
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (!special_in_atc(text[at]))
+      continue;
+    put(stream, text.substr(from, at - from));
     put(stream, "\\");
-    put(stream, text.substr(plain, 1));
-    text.remove_prefix(plain + 1);
+    from = at;
   }
+  put(stream, text.substr(from));
 }
 
 } // namespace Vlb

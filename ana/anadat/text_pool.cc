@@ -11,23 +11,22 @@ cRef<gString const> gTextPool::word(std::string_view text) {
   return *found;
 }
 
-std::size_t gTextPool::StepHash::operator()(Step const & step) const {
-  std::size_t hash = reinterpret_cast<std::size_t>(step.base.get());
-  hash = hash * 0x9E3779B97F4A7C15u ^ reinterpret_cast<std::size_t>(step.name.get());
-  hash = hash * 0x9E3779B97F4A7C15u ^ reinterpret_cast<std::size_t>(step.value.get());
+std::size_t gTextPool::StepHash::operator()(StepText const & step) const {
+  constexpr std::size_t mix = 0x9E3779B97F4A7C15u;
+  std::size_t hash = reinterpret_cast<std::size_t>(step.base);
+  hash = hash * mix ^ std::hash<std::string_view>()(step.name);
+  hash = hash * mix ^ std::hash<std::string_view>()(step.value);
   return hash ^ hash >> 32;
 }
 
-cRef<gAttrTable const> gTextPool::with(cRef<gAttrTable const> const & base,
-                                       cRef<gString const> const & name,
-                                       cRef<gString const> const & value) {
-  auto & table = steps_[Step{base, name, value}];
-  if (!table) {
-    auto * made = base ? new gAttrTable(*base) : new gAttrTable;
-    table = cRef<gAttrTable const>(made);
-    made->set(name, value);
-  }
-  return table;
+cRef<gAttrTable const> gTextPool::with(cRef<gAttrTable const> const & base, std::string_view name,
+                                       std::string_view value) {
+  if (auto const known = steps_.find(StepText{base.get(), name, value}); known != steps_.end())
+    return known->second;
+  Step step{base, word(name), word(value)};
+  auto made = base ? make_ref<gAttrTable>(*base) : make_ref<gAttrTable>();
+  made->set(step.name, step.value);
+  return steps_.emplace(std::move(step), std::move(made)).first->second;
 }
 
 void gTextPool::reset() {

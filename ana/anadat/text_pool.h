@@ -14,8 +14,8 @@ class gTextPool : public gGlobalObj {
 public:
   cRef<gString const> word(std::string_view text);
   // `base` with one attribute set; null stands for the table without attributes.
-  cRef<gAttrTable const> with(cRef<gAttrTable const> const & base, cRef<gString const> const & name,
-                              cRef<gString const> const & value);
+  cRef<gAttrTable const> with(cRef<gAttrTable const> const & base, std::string_view name,
+                              std::string_view value);
   void reset() override;
 
 private:
@@ -35,16 +35,31 @@ private:
   static std::string_view view(std::string_view text) { return text; }
   static std::string_view view(cRef<gString const> const & text) { return *text; }
 
+  // Looked up by its texts, so that a known step costs one look-up.
+  struct StepText {
+    gAttrTable const * base;
+    std::string_view name, value;
+    bool operator==(StepText const & other) const = default;
+  };
   // Holds what it names, so that no address is used again while the step is remembered.
   struct Step {
     cRef<gAttrTable const> base;
     cRef<gString const> name, value;
-    bool operator==(Step const & other) const = default;
   };
+  static StepText const & texts(StepText const & step) { return step; }
+  static StepText texts(Step const & step) { return {step.base.get(), *step.name, *step.value}; }
   struct StepHash {
-    std::size_t operator()(Step const & step) const;
+    using is_transparent = void;
+    std::size_t operator()(StepText const & step) const;
+    std::size_t operator()(Step const & step) const { return (*this)(texts(step)); }
+  };
+  struct StepEqual {
+    using is_transparent = void;
+    template <class A, class B> bool operator()(A const & a, B const & b) const {
+      return texts(a) == texts(b);
+    }
   };
 
   std::unordered_set<cRef<gString const>, Hash, Equal> words_;
-  std::unordered_map<Step, cRef<gAttrTable const>, StepHash> steps_;
+  std::unordered_map<Step, cRef<gAttrTable const>, StepHash, StepEqual> steps_;
 };

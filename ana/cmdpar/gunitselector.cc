@@ -6,19 +6,46 @@
 
 namespace {
 
-// The parts of a unit's name in front of the last one; empty if there are none.
-std::string scope_of(gDocUnit const & unit) {
-  std::string scope;
+// Walks the name of a unit's scope, the parts of its name in front of the last one. Stops where
+// `take` answers false, and answers that itself then.
+template <class Take> bool walk_scope(gDocUnit const & unit, Take take) {
   auto const & names = unit.names();
-  if (names.size() < 2)
-    return scope;
+  if (names.empty())
+    return true;
   auto const last = std::prev(names.end());
-  for (auto it = names.begin(); it != last; ++it) {
-    if (it != names.begin())
-      scope += unit.name_sep();
-    scope += **it;
-  }
-  return scope;
+  for (auto it = names.begin(); it != last; ++it)
+    if ((it != names.begin() && !take(std::string_view(unit.name_sep()))) ||
+        !take(std::string_view(**it)))
+      return false;
+  return true;
+}
+
+// Without a text of its own: most members are asked for theirs several times.
+bool has_scope(gDocUnit const & unit, std::string_view scope) {
+  bool const fits = walk_scope(unit, [&](std::string_view part) {
+    bool const begins = scope.starts_with(part);
+    if (begins)
+      scope.remove_prefix(part.size());
+    return begins;
+  });
+  return fits && scope.empty();
+}
+
+constexpr std::uint64_t hash_start = 0xCBF29CE484222325u;
+
+std::uint64_t add_to_hash(std::uint64_t hash, std::string_view text) {
+  for (char const c : text)
+    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
+  return hash;
+}
+
+std::uint64_t scope_hash(gDocUnit const & unit) {
+  std::uint64_t hash = hash_start;
+  walk_scope(unit, [&](std::string_view part) {
+    hash = add_to_hash(hash, part);
+    return true;
+  });
+  return hash;
 }
 
 bool is_known_class(gDocUnit const & unit) {
@@ -27,7 +54,7 @@ bool is_known_class(gDocUnit const & unit) {
 }
 
 std::uint64_t hash_of(std::string_view text) {
-  return std::hash<std::string_view>()(text);
+  return add_to_hash(hash_start, text);
 }
 
 bool has_drive(std::string_view path) {
@@ -39,7 +66,7 @@ bool has_drive(std::string_view path) {
 bool gUnitSelector::belongs_to(gDocUnit const & unit, std::string_view class_name) {
   auto const & names = unit.names();
   return names.size() > 1 &&
-         (**std::prev(names.end(), 2) == class_name || scope_of(unit) == class_name);
+         (**std::prev(names.end(), 2) == class_name || has_scope(unit, class_name));
 }
 
 void gUnitSelector::collect_units() {
@@ -64,16 +91,17 @@ void gUnitSelector::build_index() {
       continue;
     classes_.push_back({hash_of(**std::prev(names.end(), 2)), n});
     if (names.size() > 2)
-      classes_.push_back({hash_of(scope_of(*units_[n])), n});
+      classes_.push_back({scope_hash(*units_[n]), n});
   }
   std::sort(classes_.begin(), classes_.end());
-  std::unordered_map<std::string, int> count;
+  std::unordered_map<std::string, std::vector<gDocUnit const *>> known;
   for (gDocUnit const * unit : units_)
     if (is_known_class(*unit))
-      ++count[unit->name()];
-  for (gDocUnit const * unit : units_)
-    if (is_known_class(*unit) && count[unit->name()] > 1)
-      namesakes_[unit->name()].insert(unit->code_loc().file().opath());
+      known[unit->name()].push_back(unit);
+  for (auto const & [name, classes] : known)
+    if (classes.size() > 1)
+      for (gDocUnit const * unit : classes)
+        namesakes_[name].insert(unit->code_loc().file().opath());
 }
 
 // Members between the brackets of a namesake are that one's alone; what is defined elsewhere may
@@ -82,10 +110,9 @@ bool gUnitSelector::is_of_chosen(gDocUnit const & unit) const {
   cRef<gCodeElem> const & element = unit.code_elem();
   if (!class_ || !is_known_class(*class_) || !element || element->kind == Decl::gKind::none)
     return true;
-  std::string const name = class_->name();
-  if (scope_of(unit) != name)
+  if (!has_scope(unit, class_name_))
     return false;
-  auto const files = namesakes_.find(name);
+  auto const files = namesakes_.find(class_name_);
   bool const inside = element->parts && (element->parts->marks & Decl::mark_out_of_class) == 0;
   if (files == namesakes_.end() || !inside)
     return true;

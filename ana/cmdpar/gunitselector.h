@@ -22,7 +22,10 @@ public:
   // Units that tell their kind belong to it by their whole scope then and, if several sources have
   // a class of that name, by the place between its brackets. Null: names alone decide. Answers what
   // was set before.
-  gDocUnit const * choose_class(gDocUnit const * unit) { return std::exchange(class_, unit); }
+  gDocUnit const * choose_class(gDocUnit const * unit) {
+    class_name_ = unit ? unit->name() : gString();
+    return std::exchange(class_, unit);
+  }
 
   // True if the unit belongs to the class: the class is its name without the last part, or the
   // second-to-last part alone. So "A::B" and "B" both stand for the class of "A::B::f".
@@ -59,6 +62,7 @@ private:
   // The files that have a class of one whole name, for names that several classes have.
   std::unordered_map<std::string, std::unordered_set<std::string>> namesakes_;
   gDocUnit const * class_ = nullptr;
+  gString class_name_;
   std::vector<gString> folders_; // the path filter, absolute
   FileFilter files_;
   std::unordered_map<gPathstring const *, bool> verdicts_; // by the record of the unit's file

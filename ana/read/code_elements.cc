@@ -62,7 +62,7 @@ private:
     int depth = 0;
     gSeclusion seclusion = gSeclusion::open;
   };
-  std::vector<Scope> scopes_; // by declaration: what stands around it
+  std::vector<Scope> scopes_;                              // by declaration: what stands around it
   std::unordered_map<std::int32_t, gStrList> scope_names_; // by scope: the names around its members
   // By declaration without a name: what gives it one, -1 for nothing.
   std::vector<std::int32_t> namers_;
