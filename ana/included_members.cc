@@ -1,6 +1,7 @@
 // Changes gCodeElems.
 // Such a file is read like any other, since only the one that takes it in knows what it is for.
-// What it declares gets its whole name when all files are known.
+// What it declares gets its whole name when all files are known; for a further class that takes it
+// in, it is read once more.
 #include "ana/included_members.h"
 
 #include "ana/anadat/tables.h"
@@ -36,4 +37,9 @@ void adopt_members(gPathstring const & path, gIncludeRequest const & request) {
   if (auto * const map = gCodeElems.map_of(gSrcFile(path, request.by)))
     for (auto const & [place, element] : *map)
       make_member(*element, request);
+}
+
+void adopt_members(gCodeFacts & code, gIncludeRequest const & request) {
+  for (cRef<gCodeElem> const & element : code.elements)
+    make_member(*element, request);
 }

@@ -4,6 +4,7 @@
 
 #include "ana/read/read_modern.h"
 
-// Makes members of that class of what the file at `path` declares,
-// if it has been read.
+// Makes members of that class of what the file at `path` declares, if it has been read.
 void adopt_members(gPathstring const & path, gIncludeRequest const & request);
+// The same with what the file says, before it is entered.
+void adopt_members(gCodeFacts & code, gIncludeRequest const & request);

@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int deepest_include = 8;
+constexpr std::size_t most_classes = 16; // that one file gives its members
 
 gString unit_type_of(gPatternInput const & pattern) {
   for (auto const & [name, value] : pattern.attributes)
@@ -60,6 +61,7 @@ private:
   void read_includes();
   void read_fragments();
   void adopt_all_members();
+  void adopt_again(gPathstring const & path, gIncludeRequest const & request);
   struct Include {
     gIncludeRequest const * request;
     gPathstring path;
@@ -226,15 +228,34 @@ void SourceReading::read_fragments() {
   }
 }
 
-// A file that several classes take in goes to the first.
+// Its members once more, for another class. All else that it says is known.
+void SourceReading::adopt_again(gPathstring const & path, gIncludeRequest const & request) {
+  std::string text;
+  gSrcFile const file(path, request.by);
+  if (!gCodeElems.map_of(file) || !Vlb::read_source(path, text))
+    return;
+  gModernFile one = readers_[0].read(file, text);
+  adopt_members(one.facts.code, request);
+  one.facts.code.comments.clear();
+  enter_text(one.facts);
+  enter_code(one.facts);
+}
+
 void SourceReading::adopt_all_members() {
-  std::set<std::string> adopted;
+  std::map<std::string, std::set<gString>> classes; // that take in a file, by its path
   for (gIncludeRequest const & request : members_) {
+    Vapp::poll_break();
     gPathstring path = request.by.opath().dir_name();
     path.append(request.name);
     path.normalize(true);
-    if (adopted.insert(path).second)
+    std::set<gString> & adopters = classes[path];
+    if (adopters.size() == most_classes ||
+        !adopters.insert(request.scope.make_string(request.by.name_sep())).second)
+      continue;
+    if (adopters.size() == 1)
       adopt_members(path, request);
+    else
+      adopt_again(path, request);
   }
 }
 
