@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+#include <sys/auxv.h>
+
 #include "app/options/attributes.h"
 #include "app/options/completion.h"
 #include "app/options/defaults.h"
@@ -12,9 +14,13 @@
 
 namespace {
 
+// Without /proc the kernel still tells by which name it started the program.
 gPathstring own_folder() {
   std::error_code error;
-  std::filesystem::path const program = std::filesystem::read_symlink("/proc/self/exe", error);
+  std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  auto const * started = reinterpret_cast<char const *>(::getauxval(AT_EXECFN));
+  if (error && started)
+    program = std::filesystem::canonical(started, error);
   return error ? gPathstring(".") : gPathstring(program.parent_path().string());
 }
 
