@@ -147,7 +147,11 @@ public:
   explicit gIconEngine(Picture const & picture) : picture_(picture) {}
 
   void paint(QPainter * painter, QRect const & rect, QIcon::Mode mode, QIcon::State) override {
-    QPalette const palette = QApplication::palette();
+    QPalette palette = QApplication::palette();
+    if (mode == QIcon::Selected) {
+      palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
+      palette.setColor(QPalette::Window, palette.color(QPalette::Highlight));
+    }
     auto const group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);

@@ -6,12 +6,14 @@
 
 #include "app/options/settings.h"
 #include "app/qt/main_window.h"
+#include "app/qt/menu_style.h"
 #include "app/shell/window/vapp.h"
 
 int main(int argc, char ** argv) {
   // A write that fails is told in a box.
   std::signal(SIGPIPE, SIG_IGN);
   QApplication application(argc, argv);
+  QApplication::setStyle(new gMenuStyle);
   QApplication::setApplicationName("vellumar-gui");
   QApplication::setApplicationDisplayName("Vellumar");
   QApplication::setDesktopFileName("vellumar");
