@@ -300,9 +300,17 @@ bool gConversion::keep_foreign_files() {
          report_unwritable(gPathstring(parent).append(gFolderRecord::file_name), errno);
 }
 
+// Somebody may have cleared the output folder meanwhile.
+bool gConversion::is_whole() const {
+  std::set<std::string> const names = Vlb::read_contents(work_).names;
+  auto const files =
+      std::ranges::count_if(names, [](std::string const & name) { return !name.ends_with('/'); });
+  return static_cast<std::size_t>(files) >= result_.files || report_unwritable(work_, ENOENT);
+}
+
 bool gConversion::finish(std::string const & start_file) {
   Vapp::poll_break();
-  if (!keep_foreign_files())
+  if (!is_whole() || !keep_foreign_files())
     return false;
   // A signal that removes the work folder must not meet it on the way to its place.
   pending_->hold();

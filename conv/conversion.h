@@ -71,6 +71,7 @@ public:
 
 private:
   gPathstring place_for(std::string const & name);
+  bool is_whole() const;
   bool keep_foreign_files();
   bool keep_unchanged(std::string const & name, std::string_view text) const;
 

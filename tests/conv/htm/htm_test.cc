@@ -238,6 +238,20 @@ TEST(Htm, AddressesStayWhenUnitsArrive) {
     EXPECT_TRUE(places.contains(place)) << place;
 }
 
+// Half a result may not take the place of a whole one.
+TEST_F(HtmSite, FilesThatVanishMeanwhileAreNoticed) {
+  convert(unit(1, "a", "/x/a.h", 1, "Text."));
+  std::string const before = file("index.htm");
+  gConversionInput const input = Vapp::conversion_input("htm");
+  gConversion conversion(input);
+  ASSERT_TRUE(conversion.start());
+  conversion.write("index.htm", "new");
+  conversion.write("sub/other.htm", "new");
+  std::filesystem::remove(conversion.written("sub/other.htm").c_str());
+  EXPECT_FALSE(conversion.finish("index.htm"));
+  EXPECT_EQ(file("index.htm"), before);
+}
+
 // Thirty constructors as thirty equal rows hide everything else; a chapter without anything in it
 // is a way to nowhere.
 TEST_F(HtmSite, OverloadsAreOneRowAndEmptyHeadingsNone) {
