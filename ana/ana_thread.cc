@@ -119,11 +119,13 @@ bool ana_run_script(gPathstring const & script) {
 gRunResult ana_thread(gRunInput input) {
   gStatusLine restore;
   gRunResult result;
+  bool const modern = input.modern;
   try {
-    if (input.modern)
+    if (modern)
       add_kind_attribute(input);
     gInput.set(std::move(input));
     gFindings.reset();
+    gVLAttributes.reset(); // a run that ended without memory has left none of its defaults
     gUEKeywords.build_keywords(*gInput);
     for (auto const & [name, title] : gInput->shown_subentries)
       gVLAttributes.add_subentry(name, title);
@@ -135,8 +137,12 @@ gRunResult ana_thread(gRunInput input) {
   }
   result.atc_file = gFindings.atc_file;
   result.incomplete = std::move(gFindings.incomplete);
-  if (gInput->modern)
-    result.read = ana_read_words(gFindings.declarations, gFindings.skipped.size());
+  try {
+    if (modern)
+      result.read = ana_read_words(gFindings.declarations, gFindings.skipped.size());
+  } catch (...) {
+    Vlb::report_caught(); // memory may be short again
+  }
   clean_up();
   return result;
 }

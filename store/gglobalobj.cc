@@ -1,5 +1,7 @@
 #include "store/gglobalobj.h"
 
+#include <new>
+
 gGlobalObj::gGlobalObj() {
   Global::objects().objects_.push_back(this);
 }
@@ -12,7 +14,13 @@ void gGlobalObjects::init_all() {
     object->init();
 }
 
+// One that lacks the memory for its defaults keeps no other from letting its own go.
 void gGlobalObjects::reset_all() {
-  for (gGlobalObj * object : objects_)
-    object->reset();
+  for (gGlobalObj * object : objects_) {
+    try {
+      object->reset();
+    } catch (std::bad_alloc const &) {
+      continue;
+    }
+  }
 }

@@ -13,7 +13,7 @@ public:
 
   // Called once at the start, after the option tree has its defaults.
   virtual void init() {}
-  // Called at the end of every run.
+  // Called at the end of every run. If it throws std::bad_alloc, the object is as good as empty.
   virtual void reset() {}
 };
 
