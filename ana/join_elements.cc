@@ -150,10 +150,24 @@ std::size_t Joining::principal(Group const & group) const {
                            [&](std::size_t a, std::size_t b) { return rank(a) < rank(b); });
 }
 
+// The topics of all places count.
+void join_groups(gCodeElem & kept, gCodeElem const & gone) {
+  if (!gone.groups)
+    return;
+  auto both = make_ref<gElemGroups>(kept.groups ? *kept.groups : *gone.groups);
+  for (gString const & topic : gone.groups->topics)
+    if (std::ranges::find(both->topics, topic) == both->topics.end())
+      both->topics.push_back(topic);
+  if (both->heading.empty())
+    both->heading = gone.groups->heading;
+  kept.groups = std::move(both);
+}
+
 void Joining::merge(std::size_t into, std::size_t from) {
   Item & kept = items_[into];
   Item & gone = items_[from];
   gone.dropped = true;
+  join_groups(*kept.element, *gone.element);
   if (worth_of_text(gone) <= worth_of_text(kept))
     return;
   gone.unit->bind(kept.element, gone.unit->rank());

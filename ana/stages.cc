@@ -17,6 +17,7 @@ void gStages::read_classic() {
 void gStages::read_modern() {
   ana_read_sources(gSrcFiles);
   ana_join_elements();
+  ana_join_topics();
 }
 
 void gStages::run() {

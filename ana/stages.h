@@ -36,6 +36,8 @@ void ana_program_code(std::vector<gFileFacts> & files);
 void ana_read_sources(std::list<gSrcFile> const & files);
 // Joins what several places declare.
 void ana_join_elements();
+// Joins what several comments say of one topic.
+void ana_join_topics();
 void ana_associate();
 void ana_update_units();
 void ana_check();

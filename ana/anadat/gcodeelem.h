@@ -61,6 +61,12 @@ struct gDeclParts {
   std::vector<Decl::gEnumValue> values; // of an enumeration
 };
 
+// Where readers find a thing beside its scope.
+struct gElemGroups : cShared {
+  std::vector<gString> topics; // their places, each once
+  gString heading;             // over it and its neighbours; empty for none
+};
+
 // One thing that a source declares. Held by cRef; after the code analysis only `type` may still
 // change (association). A run holds very many, so what only some readers know lies apart.
 struct gCodeElem : cShared {
@@ -89,6 +95,7 @@ struct gCodeElem : cShared {
   gString visibility;
   gString heritage;                        // the base clause as text
   std::unique_ptr<gDeclParts const> parts; // null: not known
+  cRef<gElemGroups const> groups;          // null: none
 };
 
 // A source that others include: its extension begins with "h", or it has none.

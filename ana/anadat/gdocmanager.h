@@ -18,6 +18,8 @@ public:
   // The same, and the unit becomes the current node, one level deeper.
   void push_unit(cRef<gDocUnit> const & unit);
   void pop_unit();
+  // How many units can become the current node within each other.
+  int levels_left() const { return static_cast<int>(outline_.size()) - 1 - levels_.back(); }
 
   void register_unit(cRef<gDocUnit> const & unit) { doc_table_.add(*unit); }
   // The target of a reference from a unit at `from`: a bookmark of that name, else the label of

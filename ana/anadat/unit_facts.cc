@@ -1,9 +1,10 @@
 // One line that spares the readers of the intermediate code from guessing what a unit is, how it is
 // called, and where the parts of its declaration lie.
 #include <span>
+#include <sstream>
 
-#include "ana/anadat/gdocunit.h"
 #include "ana/anadat/pieces.h"
+#include "ana/anadat/tables.h"
 
 namespace {
 
@@ -136,12 +137,45 @@ void put_values(std::ostream & stream, gDeclParts const & parts) {
   }
 }
 
+void put_topic(std::ostream & stream, gString const & topic) {
+  int const * const placed = gBookmarks.lookup(topic);
+  if (!placed || *placed == 0)
+    return;
+  Vlb::put(stream, "@_topic<");
+  Vlb::put(stream, topic);
+  Vlb::put(stream, ">\n");
+}
+
+// What the unit belongs to beside its scope. Topics that aren't in the document lead nowhere.
+void put_groups(std::ostream & stream, gDocUnit const & unit) {
+  gElemGroups const * const groups = unit.code_elem() ? unit.code_elem()->groups.get() : nullptr;
+  if (groups)
+    for (gString const & topic : groups->topics)
+      put_topic(stream, topic);
+  std::istringstream named(unit.get_attr("TOPICS"));
+  for (gString topic; named >> topic && topic != "undefined";)
+    put_topic(stream, topic);
+  if (!groups || groups->heading.empty())
+    return;
+  Vlb::put(stream, "@_heading<");
+  Vlb::put_escaped(stream, groups->heading);
+  Vlb::put(stream, ">\n");
+}
+
+// The kind of what no code declares.
+gString kind_of_text(gDocUnit const & unit) {
+  gString const & kind = unit.get_attr("KIND");
+  return kind == "undefined" ? gString() : kind;
+}
+
 } // namespace
 
 void gDocUnit::write_facts(std::ostream & stream) const {
   Vlb::put(stream, "@_facts<");
   if (code_elem_)
     Vlb::put(stream, Decl::kind_word(code_elem_->kind));
+  else
+    Vlb::put(stream, kind_of_text(*this));
   Vlb::put(stream, "><");
   Vlb::put_escaped(stream, name());
   Vlb::put(stream, "><");
@@ -156,4 +190,5 @@ void gDocUnit::write_facts(std::ostream & stream) const {
     put_signature(stream, *code_elem_);
     put_values(stream, *code_elem_->parts);
   }
+  put_groups(stream, *this);
 }

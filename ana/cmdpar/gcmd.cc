@@ -2,6 +2,7 @@
 #include "ana/cmdpar/gcmd.h"
 
 #include "ana/anadat/tables.h"
+#include "ana/cmdpar/units_as_tree.h"
 #include "ana/cmdpar/units_by_files.h"
 #include "vlb/gexception.h"
 #include "vlb/gfilelist.h"
@@ -190,10 +191,33 @@ void gOutUnitCmd::execute(cRef<gOutState> & state) {
 
 void gOutFilterCmd::execute(cRef<gOutState> & state) {
   gUnitRefs const units = selector_->select(*state);
-  if (by_file_)
+  if (order_ == by_files)
     place_by_files(units, state);
+  else if (order_ == as_tree)
+    place_as_tree(units, state);
   else
     place(units, state);
+}
+
+// What would stand too deep stands beside what it belongs to.
+void gOutFilterCmd::place_as_tree(gUnitRefs const & units, cRef<gOutState> & state) {
+  auto const deepest = static_cast<std::size_t>(gDocManager.levels_left());
+  std::size_t open = 0;
+  std::vector<gPlacedUnit> const order = units_as_tree(units);
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    for (; open > std::min(order[i].depth, deepest); --open)
+      gDocManager.pop_unit();
+    cRef<gDocUnit> const copy = placed_copy(*units[order[i].unit], state);
+    bool const parent = i + 1 < order.size() && order[i + 1].depth > order[i].depth;
+    if (parent && open < deepest) {
+      open_block(copy, loc_);
+      ++open;
+    } else {
+      gDocManager.add_unit(copy);
+    }
+  }
+  for (; open > 0; --open)
+    gDocManager.pop_unit();
 }
 
 void gOutFilterCmd::place(std::span<cRef<gDocUnit> const> units, cRef<gOutState> & state) {

@@ -126,12 +126,13 @@ private:
   gLoc loc_;
 };
 
-// Places all units that the filters select; with `by_file` below a headline for the file that
-// declares them.
+// Places all units that the filters select: one behind the other, below a headline for the file
+// that declares them, or topics and pages below those that they are part of.
 class gOutFilterCmd : public gCmd {
 public:
-  gOutFilterCmd(bool by_file, gLoc const & loc, cRef<gUnitSelector> const & selector)
-      : by_file_(by_file),
+  enum Order { flat, by_files, as_tree };
+  gOutFilterCmd(Order order, gLoc const & loc, cRef<gUnitSelector> const & selector)
+      : order_(order),
         loc_(loc),
         selector_(selector) {}
   void execute(cRef<gOutState> & state) override;
@@ -139,8 +140,9 @@ public:
 private:
   void place(std::span<cRef<gDocUnit> const> units, cRef<gOutState> & state);
   void place_by_files(std::vector<cRef<gDocUnit>> const & units, cRef<gOutState> & state);
+  void place_as_tree(std::vector<cRef<gDocUnit>> const & units, cRef<gOutState> & state);
 
-  bool by_file_;
+  Order order_;
   gLoc loc_;
   cRef<gUnitSelector> selector_;
 };

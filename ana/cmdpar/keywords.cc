@@ -97,6 +97,7 @@ constexpr CommandRow commands[] = {
 // In a text these are words like others.
 constexpr CommandRow script_commands[] = {
     {"@outfiles", 337},
+    {"@outtree", 338},
 };
 
 constexpr char const * variables[] = {"$name",    "$qname",   "$cname",   "$curclass",

@@ -174,6 +174,8 @@ bool gInlineCommands::reference(gCommand const & command, std::size_t end) {
     return false;
   }
   std::string const name = reference_target(target);
+  if (command.name == "subpage")
+    pages_below_.emplace_back(target);
   std::string const words(shown.empty() ? target : shown);
   if (is_web_address(target))
     put({gToken::link, std::string(target), words, {}}, from);

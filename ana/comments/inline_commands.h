@@ -19,6 +19,8 @@ public:
 
   // Markdown with tokens.
   std::string read(std::string_view text);
+  // The pages that were said to stand below this one.
+  std::vector<std::string> const & pages_below() const { return pages_below_; }
 
 private:
   char at(std::size_t i) const { return i < text_.size() ? text_[i] : '\0'; }
@@ -49,5 +51,6 @@ private:
   std::string_view text_;
   std::size_t at_ = 0;
   std::string out_;
+  std::vector<std::string> pages_below_;
   std::size_t no_close_[4] = {}; // places behind which a closing command is missing
 };

@@ -34,9 +34,19 @@ struct gCommentPart {
   gRichPieces text;
 };
 
-// A group that a comment begins, belongs to or names.
+// A group that a comment begins, belongs to or names, in the order of the comment.
 struct gCommentGroup {
-  enum Kind { topic, joins, member, heading, open, close };
+  enum Kind {
+    topic,
+    joins,
+    member,
+    heading, // of members that follow
+    open,    // what follows belongs to the one in front
+    close,
+    below, // a page that stands below this one
+    hide,  // what follows isn't shown; nothing is hidden where the id is empty
+    show,  // ends that
+  };
   Kind kind = topic;
   std::string id, title;
 };
@@ -51,6 +61,7 @@ struct gTranslated {
   Kind kind = nothing;
   std::string name; // of the element, or the title of the topic
   std::string id;   // by which references find the topic
+  std::string sort; // of a topic: "topic", "page", "mainpage"; empty for others
   std::vector<gCommentPart> parts;
   std::vector<gCommentGroup> groups;
   std::map<std::string, std::size_t> unknown; // commands, with their numbers
@@ -62,7 +73,7 @@ gTranslated translate(std::string_view comment, gCommentHints const * hints,
 
 // What a comment is about: `unit` unless a command names something.
 struct gCommentSubject {
-  gTranslated::Kind kind = gTranslated::unit; // unit, about or topic
+  gTranslated::Kind kind = gTranslated::unit; // nothing if it opens or closes a group
   std::string name;
 };
 gCommentSubject comment_subject(std::string_view comment);

@@ -58,6 +58,32 @@ bool is_item(std::string_view line) {
          line[digits + 1] == ' ';
 }
 
+// What a line is read apart for.
+bool begins_piece(gCommand const & command) {
+  return Commands::begins_part(command.kind) ||
+         (command.kind == gCommandKind::group && command.target == "member");
+}
+
+// "@{" or "@}", which brackets what belongs to a group.
+bool is_bracket(std::string_view text) {
+  return text.size() > 1 && (text[0] == '@' || text[0] == '\\') &&
+         (text[1] == '{' || text[1] == '}');
+}
+
+// Where the brackets at the end of a line begin.
+std::size_t brackets_behind(std::string_view line) {
+  std::size_t end = line.size();
+  while (true) {
+    std::size_t const last = line.substr(0, end).find_last_not_of(" \t");
+    bool const found = last != npos && last > 1 && line[last - 1] == '@' &&
+                       (line[last - 2] == ' ' || line[last - 2] == '\t') &&
+                       is_bracket(line.substr(last - 1));
+    if (!found)
+      return end;
+    end = last - 1;
+  }
+}
+
 } // namespace
 
 gCommentTranslator::gCommentTranslator(std::string_view comment, gCommentHints const * hints,
@@ -146,11 +172,13 @@ bool gCommentTranslator::hide(std::size_t & i) {
   bool const hidden = command.kind == gCommandKind::hidden;
   if (!hidden && command.kind != gCommandKind::dropped)
     return false;
-  if (hidden && (options_.internal || (command.name == "cond" && is_set(rest)))) {
-    if (command.name != "cond" && !rest.empty())
-      add(rest, lines_[i].indent);
+  bool const shown = hidden && (options_.internal || (command.name == "cond" && is_set(rest)));
+  if (shown && command.name == "cond")
+    result_.groups.push_back({gCommentGroup::hide, {}, {}});
+  else if (shown && !rest.empty())
+    add(rest, lines_[i].indent);
+  if (shown)
     return true;
-  }
   flush();
   std::string const end = std::string(command.target);
   std::size_t depth = 1;
@@ -166,6 +194,9 @@ bool gCommentTranslator::hide(std::size_t & i) {
         &line != &lines_[i].text)
       depth += hidden && i > 0 && &lines_[i] != &lines_[0] && line.data() != text.data();
   }
+  // What isn't closed in the comment goes on behind it.
+  for (; command.name == "cond" && depth > 0; --depth)
+    result_.groups.push_back({gCommentGroup::hide, "cond", {}});
   return true;
 }
 
@@ -367,14 +398,25 @@ void gCommentTranslator::read_piece(std::string_view text, std::size_t indent) {
   add(shown, indent);
 }
 
+// Notes the brackets that a text begins with, and answers what stands behind them.
+std::string_view gCommentTranslator::brackets_in_front(std::string_view text) {
+  bool const backslash = !hints_ || !hints_->pascal;
+  while (is_bracket(text) && (text[0] == '@' || backslash) &&
+         (text.size() == 2 || text[2] == ' ' || text[2] == '\t' || is_bracket(text.substr(2)))) {
+    result_.groups.push_back({text[1] == '{' ? gCommentGroup::open : gCommentGroup::close, {}, {}});
+    text = trimmed(text.substr(2));
+  }
+  return text;
+}
+
 // Commands that open a part do so in the middle of a line, too: "@brief Text. @return text".
 void gCommentTranslator::read_pieces(Line const & line) {
   std::string_view text = line.text;
   for (std::size_t at = 1; at < text.size(); ++at) {
     std::size_t length = 0;
     if ((text[at] != '@' && text[at] != '\\') || text[at - 1] != ' ' ||
-        !Commands::begins_part(command_at(text.substr(at), length).kind) ||
-        at + length >= text.size() || (text[at + length] != ' ' && text[at + length] != '['))
+        !begins_piece(command_at(text.substr(at), length)) || at + length >= text.size() ||
+        (text[at + length] != ' ' && text[at + length] != '['))
       continue;
     read_piece(trimmed(text.substr(0, at)), line.indent);
     text = text.substr(at);
@@ -404,9 +446,12 @@ void gCommentTranslator::read_line(std::size_t & i) {
     return;
   }
   std::string const text = from_xml(line.text);
-  if (trimmed(text).empty())
-    return;
-  read_pieces({trimmed(text), line.whole, line.indent});
+  std::size_t const end = brackets_behind(text);
+  std::string_view const marks = std::string_view(text).substr(end);
+  std::string_view const words = brackets_in_front(trimmed(std::string_view(text).substr(0, end)));
+  if (!words.empty())
+    read_pieces({words, line.whole, line.indent});
+  brackets_in_front(trimmed(marks));
 }
 
 gTranslated gCommentTranslator::read() {
@@ -416,6 +461,8 @@ gTranslated gCommentTranslator::read() {
   for (Part & one : parts_)
     if (gRichPieces text = one.text.take(); !text.empty())
       result_.parts.push_back({one.entry, std::move(text)});
+  for (std::string const & page : inline_.pages_below())
+    result_.groups.push_back({gCommentGroup::below, page, {}});
   if (result_.kind == gTranslated::nothing && !result_.parts.empty())
     result_.kind = gTranslated::unit;
   return std::move(result_);

@@ -30,6 +30,7 @@ private:
   bool hide(std::size_t & i);
   bool skip_to(std::string_view close, std::size_t & i, std::size_t from);
   bool read_block(std::size_t & i);
+  std::string_view brackets_in_front(std::string_view text);
   void read_pieces(Line const & line);
   void read_piece(std::string_view text, std::size_t indent);
   bool read_command(std::string_view text, std::size_t indent);

@@ -36,6 +36,12 @@ void gCommentTranslator::take_topic(gCommand const & command, std::string_view r
   if (result_.kind == gTranslated::topic)
     return;
   result_.kind = gTranslated::topic;
+  if (command.kind == gCommandKind::group)
+    result_.sort = "topic";
+  else if (command.name == "page" || command.name == "mainpage")
+    result_.sort = command.name;
+  if (command.name == "mainpage")
+    result_.id = "index"; // references call it so
   if (command.target == "id" || command.kind == gCommandKind::group)
     result_.id = take_word(rest);
   else if (!command.target.empty())
@@ -59,8 +65,7 @@ void gCommentTranslator::take_group(gCommand const & command, std::string_view r
     bool const joins = command.target == "join";
     result_.groups.push_back({joins ? gCommentGroup::joins : gCommentGroup::topic, id,
                               std::string(without_quotes(title))});
-    if (!joins || !title.empty())
-      take_topic(command, rest);
+    take_topic(command, rest);
   } else if (command.target == "heading") {
     result_.groups.push_back({gCommentGroup::heading, {}, std::string(rest)});
   } else {
@@ -235,6 +240,8 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
       read_piece(rest, indent);
     break;
   case switch_:
+    if (command.name == "endcond")
+      result_.groups.push_back({gCommentGroup::show, {}, {}});
     if (!rest.empty())
       read_piece(rest, indent);
     break;
@@ -337,6 +344,26 @@ std::set<std::string, std::less<>> described_parameters(std::string_view comment
   return names;
 }
 
+namespace {
+
+bool tells_subject(std::string_view word, std::string_view next) {
+  if (word.empty())
+    return next == "{" || next == "}";
+  gCommandKind const kind = Commands::find(word).kind;
+  return kind == gCommandKind::topic || kind == gCommandKind::about ||
+         kind == gCommandKind::group || word == "cond" || word == "endcond";
+}
+
+// The heading of a group, or nothing but what opens or closes one.
+bool is_about_what_follows(gTranslated const & text) {
+  return std::ranges::any_of(text.groups, [&](gCommentGroup const & one) {
+    return one.kind == gCommentGroup::heading ||
+           (one.kind != gCommentGroup::member && text.parts.empty());
+  });
+}
+
+} // namespace
+
 // Few comments have such a command, and only those are read twice.
 gCommentSubject comment_subject(std::string_view comment) {
   for (std::size_t at = comment.find_first_of("@\\"); at != npos;
@@ -344,8 +371,7 @@ gCommentSubject comment_subject(std::string_view comment) {
     std::size_t end = at + 1;
     while (end < comment.size() && std::isalpha(static_cast<unsigned char>(comment[end])))
       ++end;
-    gCommandKind const kind = Commands::find(comment.substr(at + 1, end - at - 1)).kind;
-    if (kind != gCommandKind::topic && kind != gCommandKind::about && kind != gCommandKind::group)
+    if (!tells_subject(comment.substr(at + 1, end - at - 1), comment.substr(end, 1)))
       continue;
     std::string_view const front = comment.substr(0, at);
     bool const at_head = trimmed(front.substr(front.find_last_of('\n') + 1)).empty();
@@ -355,6 +381,8 @@ gCommentSubject comment_subject(std::string_view comment) {
       continue;
     gTranslated text = translate(comment, nullptr, {});
     bool const names = text.kind == gTranslated::about || text.kind == gTranslated::topic;
+    if (!names && is_about_what_follows(text))
+      return {gTranslated::nothing, {}};
     return names ? gCommentSubject{text.kind, std::move(text.name)} : gCommentSubject();
   }
   return {};

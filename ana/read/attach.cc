@@ -307,8 +307,8 @@ bool Attaching::says_nothing_about(std::size_t block, std::int32_t declaration,
 
 // The name that the comment says, but for its scopes, is one that the statement declares.
 bool Attaching::is_about(gCommentSubject const & subject, std::int32_t declaration) const {
-  if (subject.kind == gTranslated::unit)
-    return true;
+  if (subject.kind == gTranslated::unit || subject.kind == gTranslated::nothing)
+    return subject.kind == gTranslated::unit;
   std::string_view said = subject.name;
   bool const space = said.starts_with("Namespace "), macro = said.starts_with("Macro ");
   if (subject.kind == gTranslated::topic) {

@@ -12,7 +12,7 @@ namespace {
 using Facts::gReader;
 using Facts::gWriter;
 
-constexpr std::string_view form = "VLF2";
+constexpr std::string_view form = "VLF3";
 constexpr int most = 100'000'000; // lines, columns and numbers within a file
 
 std::uint64_t sum_of(std::string_view text, std::uint64_t sum = 0xCBF29CE484222325u) {
@@ -201,6 +201,25 @@ void known_parts(gReader & archive, gCodeElem & element) {
   element.parts = std::move(known);
 }
 
+void groups(gWriter & archive, gCodeElem const & element) {
+  archive.flag(static_cast<bool>(element.groups));
+  if (!element.groups)
+    return;
+  archive.many(element.groups->topics, [&](gString const & topic) { archive.text(topic); });
+  archive.text(element.groups->heading);
+}
+
+void groups(gReader & archive, gCodeElem & element) {
+  bool has_groups = false;
+  archive.flag(has_groups);
+  if (!has_groups)
+    return;
+  auto known = make_ref<gElemGroups>();
+  archive.many(known->topics, [&](gString & topic) { archive.text(topic); });
+  archive.text(known->heading);
+  element.groups = std::move(known);
+}
+
 template <class Archive, class Element> void element(Archive & archive, Element & element) {
   archive.pieces(element.names);
   bounded(archive, element.column, 0, most);
@@ -214,6 +233,7 @@ template <class Archive, class Element> void element(Archive & archive, Element 
   archive.text(element.heritage);
   archive.flag(element.documented);
   known_parts(archive, element);
+  groups(archive, element);
 }
 
 void elements(gWriter & archive, gFileFacts const & facts) {

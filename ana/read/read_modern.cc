@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 #include "ana/comments/commands.h"
 #include "ana/comments/foreign_text.h"
@@ -12,6 +13,7 @@
 #include "ana/read/attach.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/code_elements.h"
+#include "ana/read/element_groups.h"
 #include "ana/read/rich_pieces.h"
 #include "ana/read/unit_kinds.h"
 #include "vlb/gexception.h"
@@ -98,7 +100,9 @@ private:
   void make_units();
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
   void make_unit(std::int32_t declaration, gTranslated text, gLinePlace place);
-  void make_topic(gTranslated text, gLinePlace place);
+  void make_topic(gTranslated text, gCommentBlock const & block);
+  void make_about(gTranslated text, gCommentBlock const & block);
+  void note_topic(gTranslated const & text, gCommentBlock const & block, gUnitFacts & unit) const;
   void add_parts(int unit, gTranslated text);
   void bind(std::int32_t declaration, int unit);
   static void add_parameters(Words & words);
@@ -123,6 +127,7 @@ private:
   std::vector<std::int32_t> next_;      // by declaration: of the same statement
   std::map<std::int32_t, Words> words_; // by declaration
   gCommentOptions options_;
+  std::optional<gCommentRegions> regions_;
   gModernFile result_;
 };
 
@@ -280,6 +285,8 @@ void gModernReader::File::leave_out(gCommentBlock const & block, gLeftOut reason
 }
 
 void gModernReader::File::take_block(gCommentBlock const & block, gAttachment const & attachment) {
+  if (regions_->at(block.begin).hidden)
+    return leave_out(block, gLeftOut::in_code_out);
   bool const hidden =
       attachment.left_out == gLeftOut::in_code_out || attachment.left_out == gLeftOut::in_body;
   std::string words = comment_text(text_, block, found_.comments, pascal_);
@@ -297,25 +304,53 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
     return;
   gTranslated text = translate(words, nullptr, options_);
   if (text.kind == gTranslated::topic)
-    make_topic(std::move(text), place_of(block));
+    make_topic(std::move(text), block);
   else if (text.kind == gTranslated::about)
-    add_parts(
-        parse_unit(std::string(opening) + "@about " + text.name + " | " + std::string(closing),
-                   place_of(block)),
-        std::move(text));
+    make_about(std::move(text), block);
   else
     leave_out(block, attachment.left_out);
 }
 
-void gModernReader::File::make_topic(gTranslated text, gLinePlace place) {
+void gModernReader::File::make_about(gTranslated text, gCommentBlock const & block) {
+  int const made = parse_unit(
+      std::string(opening) + "@about " + text.name + " | " + std::string(closing), place_of(block));
+  if (gString const topics = topics_of(text.groups, gCommentGroup::member);
+      made >= 0 && !topics.empty())
+    result_.facts.text.units[static_cast<std::size_t>(made)].set_attribute("TOPICS", topics);
+  add_parts(made, std::move(text));
+}
+
+// What tells topics and pages from other texts, and where they stand among each other.
+void gModernReader::File::note_topic(gTranslated const & text, gCommentBlock const & block,
+                                     gUnitFacts & unit) const {
+  if (!text.sort.empty())
+    unit.set_attribute("KIND", gString(text.sort));
+  if (!text.sort.empty() && !text.id.empty())
+    unit.set_attribute("TOPIC", place_name(text.id));
+  gString topics = topics_of(text.groups, gCommentGroup::member);
+  if (std::string const & around = regions_->at(block.begin).topic; !around.empty())
+    topics += (topics.empty() ? "" : " ") + around;
+  if (!topics.empty())
+    unit.set_attribute("TOPICS", topics);
+  if (gString const below = topics_of(text.groups, gCommentGroup::below); !below.empty())
+    unit.set_attribute("BELOW", below);
+  bool const joins = !text.groups.empty() && text.groups.front().kind == gCommentGroup::joins;
+  if (joins)
+    unit.set_attribute("JOINS", text.groups.front().title.empty() ? "name" : "title");
+}
+
+void gModernReader::File::make_topic(gTranslated text, gCommentBlock const & block) {
   int const made = parse_unit(
       std::string(opening) + "@text vl_topic @noxe @hdline{" +
           translate_inline(text.name.substr(0, character_end(text.name, longest_title))) + "}" +
           std::string(closing),
-      place);
+      place_of(block));
   if (made < 0)
     return;
   gTextFacts & facts = result_.facts.text;
+  gUnitFacts & unit = facts.units[static_cast<std::size_t>(made)];
+  unit.names = gStrList(gString()); // a title is all it has, or several would pass for overloads
+  note_topic(text, block, unit);
   gStrList pieces = topic_pieces(std::move(text), facts);
   facts.units[static_cast<std::size_t>(made)].add_subentry("text", std::move(pieces));
 }
@@ -335,6 +370,8 @@ void gModernReader::File::add_parts(int unit, gTranslated text) {
 void gModernReader::File::take_comments() {
   std::vector<gCommentBlock> const blocks = comment_blocks(text_, found_.comments, pascal_);
   std::vector<gAttachment> const attachments = attach(text_, found_, blocks, pascal_);
+  regions_.emplace(text_, blocks, found_.comments, pascal_, options_);
+  note_regions(*regions_, found_, elements_);
   for (std::size_t i = 0; i < blocks.size(); ++i)
     take_block(blocks[i], attachments[i]);
 }
@@ -415,9 +452,12 @@ void gModernReader::File::make_units() {
     if (!words.values.empty())
       words.text = without_indent(words.text) + "\n" + words.values;
     gTranslated const text = translate(words.text, &hints, options_);
+    std::vector<std::int32_t> const all = sharing(declaration, words.text.size());
+    for (std::int32_t one : all)
+      if (std::int32_t const element = elements_.of[static_cast<std::size_t>(one)]; element >= 0)
+        add_topics(*elements_.elements[static_cast<std::size_t>(element)], text.groups);
     if (text.parts.empty())
       continue;
-    std::vector<std::int32_t> const all = sharing(declaration, words.text.size());
     for (std::int32_t one : all)
       make_unit(one, text, one == all.front() ? words.place : gLinePlace());
   }
@@ -495,7 +535,11 @@ gModernFile gModernReader::File::read(gStrList const & scope,
   make_units();
   report_skipped();
   add_includes(scope);
-  for (cRef<gCodeElem> & element : elements_.elements) {
+  std::vector<bool> const hidden = hidden_elements(*regions_, found_, elements_);
+  for (std::size_t i = 0; i < hidden.size(); ++i) {
+    cRef<gCodeElem> & element = elements_.elements[i];
+    if (hidden[i])
+      continue;
     if (!scope.empty()) {
       gStrList names = scope;
       names.append(std::move(element->names));

@@ -8,19 +8,14 @@
 
 namespace {
 
-// Places have names of letters, digits and "_"; one that isn't like that is made so, at both ends.
-gString place_name(std::string_view name) {
-  constexpr std::size_t longest = 35;
-  std::string result;
-  for (char c : name.substr(0, longest))
-    result += Vlb::is_word(c) ? c : '_';
-  if (result.empty() || !Vlb::is_letter(result[0]))
-    result.insert(0, "p");
-  return Vlb::to_upper(result.substr(0, longest));
-}
-
 bool is_program_name(std::string_view name) {
   return name.find_first_of("-/") == name.npos;
+}
+
+void put_place(gString const & place, gStrList & pieces) {
+  pieces.push_back(Vlb::placeholder(gPiece::bookmark));
+  pieces.push_back(place);
+  pieces.push_back(gString());
 }
 
 void add_place(std::string_view name, gStrList & pieces, gTextFacts & facts) {
@@ -28,9 +23,7 @@ void add_place(std::string_view name, gStrList & pieces, gTextFacts & facts) {
   if (std::ranges::find(facts.bookmarks, place) != facts.bookmarks.end())
     return;
   facts.bookmarks.push_back(place);
-  pieces.push_back(Vlb::placeholder(gPiece::bookmark));
-  pieces.push_back(place);
-  pieces.push_back(gString());
+  put_place(place, pieces);
 }
 
 void add_piece(gRichPiece const & piece, gStrList & pieces, gTextFacts & facts) {
@@ -62,6 +55,26 @@ void add_piece(gRichPiece const & piece, gStrList & pieces, gTextFacts & facts) 
 
 } // namespace
 
+// What isn't like that is made so, at both ends. Long ones keep what tells them apart.
+gString place_name(std::string_view name) {
+  constexpr std::size_t longest = 35, kept = 26;
+  std::string result;
+  for (char c : name.substr(0, longest))
+    result += Vlb::is_word(c) ? c : '_';
+  if (result.empty() || !Vlb::is_letter(result[0]))
+    result.insert(0, "p");
+  if (std::max(name.size(), result.size()) > longest) {
+    std::uint32_t sum = 0x811C9DC5u;
+    for (unsigned char c : name)
+      sum = (sum ^ Vlb::upper(static_cast<char>(c))) * 0x01000193u;
+    std::string digits;
+    for (int i = 0; i < 8; ++i, sum >>= 4)
+      digits += "0123456789ABCDEF"[sum & 15];
+    result = result.substr(0, kept) + "_" + digits;
+  }
+  return Vlb::to_upper(result);
+}
+
 gStrList text_pieces(gRichPieces && text, gTextFacts & facts) {
   gStrList pieces;
   for (gRichPiece const & one : text)
@@ -71,8 +84,12 @@ gStrList text_pieces(gRichPieces && text, gTextFacts & facts) {
 
 gStrList topic_pieces(gTranslated && text, gTextFacts & facts) {
   gStrList pieces;
-  if (!text.id.empty())
-    add_place(text.id, pieces, facts);
+  // Several comments of a source may be about one topic; the first that is shown gets its place.
+  if (gString const place = place_name(text.id); !text.id.empty()) {
+    put_place(place, pieces);
+    if (std::ranges::find(facts.bookmarks, place) == facts.bookmarks.end())
+      facts.bookmarks.push_back(place);
+  }
   for (gCommentPart & part : text.parts) {
     std::string title = part.entry.substr(1);
     title[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(title[0])));

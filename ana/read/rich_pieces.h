@@ -4,6 +4,9 @@
 #include "ana/anadat/gfilefacts.h"
 #include "ana/comments/translate.h"
 
+// The name of a place that references lead to: at most 35 letters, digits and "_".
+gString place_name(std::string_view name);
+
 // The pieces of a unit's text; the names of its places join those of the file.
 gStrList text_pieces(gRichPieces && text, gTextFacts & facts);
 

@@ -72,6 +72,8 @@ enum class gAtcCommand : unsigned char {
   unit,
   facts,
   signature,
+  heading,
+  topic,
   skipped,
   value,
 };

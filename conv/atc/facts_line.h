@@ -37,7 +37,9 @@ struct gKnownFacts {
   std::uint32_t size = 0;
   gStretch name, template_head, parameters, bases, result;
 
-  std::vector<gValueFact> values; // of an enumeration
+  std::vector<gValueFact> values;  // of an enumeration
+  std::vector<std::string> topics; // places of the topics that the unit belongs to
+  std::string heading;             // over the unit and its neighbours
 
   bool has_mark(std::string_view word) const;
 };

@@ -117,6 +117,14 @@ bool gAtcReader::take_further_fact(gAtcScanner & scanner, gKnownFacts & facts) {
     facts.signature = std::move(params[0]);
     return true;
   }
+  if (command == gAtcCommand::heading) {
+    facts.heading = std::move(params[0]);
+    return true;
+  }
+  if (command == gAtcCommand::topic) {
+    facts.topics.push_back(std::move(params[0]));
+    return true;
+  }
   if (command == gAtcCommand::value) {
     facts.values.push_back({std::move(params[0]), std::move(params[1]), std::move(params[2])});
     return true;

@@ -6,9 +6,13 @@
 #include <algorithm>
 
 #include "conv/atc/qualified_name.h"
+#include "conv/htm/html_text.h"
+#include "conv/htm/slug.h"
 #include "conv/set/signature.h"
 
 namespace {
+
+constexpr std::string_view headed = "headed "; // by the author
 
 // What isn't meant for users stands open on the page of such a thing.
 std::string group_of(gSite const & site, int number) {
@@ -16,6 +20,8 @@ std::string group_of(gSite const & site, int number) {
   gKind const & kind = site.kinds.of(number);
   if (site.is_detail(number) && !site.is_detail(unit.parent < 0 ? number : unit.parent))
     return "detail";
+  if (!unit.facts.heading.empty())
+    return std::string(headed) + unit.facts.heading;
   if (kind.selector == "destructor")
     return "constructor";
   if (kind.selector == "method" && (unit.facts.has_mark("static") || unit.facts.has_mark("class")))
@@ -32,6 +38,8 @@ constexpr std::string_view group_order[] = {
 std::size_t rank_of_group(std::string_view group) {
   if (group == "detail")
     return std::size(group_order) + 1;
+  if (group.starts_with(headed))
+    group = group_order[1]; // behind these
   return static_cast<std::size_t>(std::ranges::find(group_order, group) - std::begin(group_order));
 }
 
@@ -54,14 +62,15 @@ void sort_members(gSite const & site, std::vector<int> & units) {
 
 std::vector<gMemberGroup> Members::groups_of(gSite const & site, std::span<int const> units) {
   std::vector<gMemberGroup> groups;
+  std::unordered_map<std::string, std::size_t> known;
   for (int const unit : units) {
     if (site.pages.of(unit) < 0)
       continue;
     std::string const name = group_of(site, unit);
-    auto group = std::ranges::find(groups, name, &gMemberGroup::name);
-    if (group == groups.end())
-      group = groups.insert(groups.end(), {name, {}});
-    group->units.push_back(unit);
+    auto const [group, is_new] = known.try_emplace(name, groups.size());
+    if (is_new)
+      groups.push_back({name, {}});
+    groups[group->second].units.push_back(unit);
   }
   std::ranges::stable_sort(groups, {},
                            [](gMemberGroup const & one) { return rank_of_group(one.name); });
@@ -71,10 +80,16 @@ std::vector<gMemberGroup> Members::groups_of(gSite const & site, std::span<int c
 }
 
 std::string Members::title_of(gSite const & site, std::string const & group, int unit) {
+  if (group.starts_with(headed))
+    return Html::escaped(group.substr(headed.size()));
   std::string title;
   std::string const & word = site.kinds.of(unit).word;
   site.rules.apply(gVltRule::group, group, gVltValues().set(gVltValue::title, word), title);
   return title;
+}
+
+std::string Members::place_of(std::string const & group) {
+  return group.starts_with(headed) ? Slug::of(group) + "-" + Slug::hash({group}) : group;
 }
 
 std::string_view Members::common_scope(gSite const & site, std::span<int const> units) {

@@ -154,7 +154,7 @@ void gOverview::add_heading(gMemberGroup const & group, int level, bool on_page,
   gListed::Group heading{"", Members::title_of(site_, group.name, first), {}};
   // Other lists on the page may have groups of the same kind.
   if (!on_page || site_.pages.begins(site_.pages.units().parent(first)))
-    heading.anchor = "g-" + (kind.css.empty() ? "text" : group.name);
+    heading.anchor = "g-" + (kind.css.empty() ? "text" : Members::place_of(group.name));
   std::string const count = site_.number(group.units.size()), depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, items).set(V::level, depth).set(V::count, count);

@@ -5,8 +5,12 @@
 gPages::gFlags gPages::begins(gDocument const & document, int split) {
   std::vector<gUnitRecord> const & units = document.units;
   gFlags result(units.size());
+  auto const is_text = [](gUnitRecord const & unit) {
+    return unit.facts.kind == "topic" || unit.facts.kind == "page";
+  };
   for (std::size_t i = 0; i < units.size(); ++i)
-    result[i] = units[i].level <= split || i == 0 || units[i - 1].section != units[i].section;
+    result[i] = units[i].level <= split || i == 0 || units[i - 1].section != units[i].section ||
+                is_text(units[i]);
   for (std::size_t first = 0, end = 0; first < units.size(); first = end) {
     for (end = first + 1; end < units.size() && !result[end];)
       ++end;

@@ -27,17 +27,28 @@ void gRelations::add(std::string_view what, std::span<int const> methods, std::s
     if (++shown > most_methods)
       continue;
     gLinkEnd const end = setter_.link_to(method, {});
-    std::string const name = Html::escaped(site_.unit(method).name);
+    gUnitRecord const & record = site_.unit(method);
+    std::string const name =
+        Html::escaped(record.facts.kind == "topic" ? Site::contents_title(record)
+                                                   : std::string_view(record.name));
     std::string const scope = Html::escaped(Atc::scope_of(site_.unit(method)));
     gVltValues values;
     values.set(V::href, end.href).set(V::title, name).set(V::name, name).set(V::scope, scope);
-    site_.rules.apply(gVltRule::relation_item, values, items);
+    site_.rules.apply(gVltRule::relation_item, what, values, items);
   }
   if (shown == 0)
     return;
   std::string const more = shown > most_methods ? site_.number(shown - most_methods) : "";
   site_.rules.apply(gVltRule::relation, what, gVltValues().set(V::items, items).set(V::count, more),
                     out);
+}
+
+std::vector<int> gRelations::topics_of(int unit) const {
+  std::vector<int> topics;
+  for (std::string const & place : site_.unit(unit).facts.topics)
+    if (int const topic = site_.document.find_label(place).unit; topic >= 0 && topic != unit)
+      topics.push_back(topic);
+  return topics;
 }
 
 std::string gRelations::of(int method) const {
@@ -49,6 +60,7 @@ std::string gRelations::of(int method) const {
   add("implements", implemented, out);
   add("overrides", replaced, out);
   add(all.is_abstract(method) ? "implemented" : "overridden", all.overriders(method), out);
+  add("topic", topics_of(method), out);
   return out;
 }
 

@@ -11,7 +11,8 @@ public:
         setter_(setter),
         overview_(overview) {}
 
-  // Which methods one replaces, and which replace it; empty if there are none.
+  // Which methods one replaces, which replace it, and what topics it belongs to; empty if there
+  // are none.
   std::string of(int method) const;
   // What a class has from its bases, a list for each.
   std::string inherited(int unit, int level) const;
@@ -19,6 +20,7 @@ public:
   std::string borrowed(int method, gNodeList const & body) const;
 
 private:
+  std::vector<int> topics_of(int unit) const;
   void add(std::string_view what, std::span<int const> methods, std::string & out) const;
 
   gSite const & site_;

@@ -45,6 +45,10 @@ gScopes::gScopes(gSite const & site) : site_(site) {
     gUnitRecord const & unit = site.unit(i);
     if (!unit.facts.known || site.pages.of(i) < 0)
       continue;
+    for (std::string const & topic : unit.facts.topics)
+      if (int const owner = site.document.find_label(topic).unit;
+          owner >= 0 && owner != i && owner != site.pages.units().parent(i))
+        members_[owner].push_back(i);
     if (std::string_view const name = template_of(unit); !name.empty())
       specialisations_[name].push_back(i);
     names.insert(unit.name);
@@ -94,6 +98,11 @@ std::span<int const> gScopes::of(int unit) const {
   if (!is_name_space(site_.unit(unit)))
     return {};
   return within_.at(site_.unit(unit).name);
+}
+
+std::span<int const> gScopes::members(int topic) const {
+  auto const found = members_.find(topic);
+  return found == members_.end() ? std::span<int const>() : std::span<int const>(found->second);
 }
 
 std::span<int const> gScopes::specialisations(int unit) const {

@@ -24,6 +24,8 @@ public:
   // document. Specialisations are found on the page of their template, and what isn't meant for
   // users from within.
   std::span<int const> pages_in(int scope) const;
+  // What belongs to a topic; its parts that stand below it in the document do so anyway.
+  std::span<int const> members(int topic) const;
   // Of a template: the classes and functions that it has for some arguments.
   std::span<int const> specialisations(int unit) const;
 
@@ -37,4 +39,5 @@ private:
   gUnits specialisations_;                          // by the names of the templates
   std::unordered_map<std::string_view, int> heads_; // scopes and classes that begin pages
   std::unordered_map<int, std::vector<int>> pages_; // by the scopes
+  std::unordered_map<int, std::vector<int>> members_; // by topics
 };

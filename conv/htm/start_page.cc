@@ -112,8 +112,22 @@ private:
   gScopes scopes_;
 };
 
+// The text that a comment gives for this page.
+int main_text(gSite const & site) {
+  auto const & units = site.document.units;
+  auto const found = std::ranges::find_if(
+      units, [](gUnitRecord const & unit) { return unit.facts.kind == "mainpage"; });
+  return found == units.end() ? -1 : static_cast<int>(found - units.begin());
+}
+
 // The text that belongs to the sources; empty without one.
 std::string text_of(gSite & site, gColours const & colours, gPathstring const & file) {
+  if (int const unit = main_text(site); unit >= 0) {
+    gHtmSetter setter(site, colours);
+    setter.begin_page(-1);
+    setter.begin_unit(unit, 1);
+    return setter.set(site.document.text_of(unit).body);
+  }
   std::string text;
   if (file.empty())
     return text;

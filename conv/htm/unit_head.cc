@@ -91,7 +91,8 @@ gUnitHead UnitHead::of(gSite const & site, gHtmSetter & setter, int unit, gUnitT
     return head;
   bool const begins = site.pages.begins(unit);
   head.title = begins ? linked_name(site, setter, unit) : "";
-  if (begins && !is_scope(record))
+  bool const is_text = record.name.empty(); // a topic or page
+  if (begins && !is_scope(record) && !is_text)
     head.include = include_of(site, record);
   bool const said = !begins && record.parent >= 0 &&
                     site.unit(record.parent).facts.condition == record.facts.condition;

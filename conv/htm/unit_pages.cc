@@ -174,6 +174,11 @@ gListed gUnitPages::overview_of(int unit, int level) {
   listed.text +=
       relations_.inherited(unit, level) +
       overview_.group("specialisation", scopes_.specialisations(unit), site_.pages.of(unit), level);
+  if (auto const members = scopes_.members(unit); !members.empty()) {
+    gListed more = overview_.within(members, site_.pages.of(unit), level, rows);
+    listed.text += more.text;
+    std::ranges::move(more.groups, std::back_inserter(listed.groups));
+  }
   return listed;
 }
 

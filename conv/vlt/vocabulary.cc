@@ -158,7 +158,7 @@ constexpr Row rows[] = {
     {"overview_item", true, place_values},
     {"inherited", false, place_values},
     {"relation", true, place_values},
-    {"relation_item", false, place_values},
+    {"relation_item", true, place_values},
     {"borrowed", false, place_values},
     {"page", false, page_values},
     {"crumb", false, place_values},

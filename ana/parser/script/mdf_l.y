@@ -14,6 +14,7 @@
 %token REF_QUOTE 335
 %token CODE_CLOSE 336
 %token OUTFILES 337
+%token OUTTREE 338
 %token OP_EQ 339
 %token OP_NE 340
 %token SUBENTRY 341
@@ -119,6 +120,7 @@ command: error { error(Msg::illegal_command); }
        | OUTUNIT place params { $$ = output_unit($3, $2); }
        | OUTFILTER { $$ = output_all(cur_loc()); }
        | OUTFILES { $$ = output_files(cur_loc()); }
+       | OUTTREE { $$ = output_tree(cur_loc()); }
        | HDLINE place params { $$ = output_headline($3, $2); }
        | B_OUTCLASS block params commands E_OUTCLASS { $$ = class_block($3, $4, $2); }
        | B_OUTCLASSFILTER block commands E_OUTCLASSFILTER { $$ = class_filter_block($3, $2); }

@@ -126,11 +126,15 @@ cRef<gCmd> mdf_parse_base::output_unit(gParamList & params, gLoc const & loc) {
 }
 
 cRef<gCmd> mdf_parse_base::output_all(gLoc const & loc) {
-  return make_ref<gOutFilterCmd>(false, loc, selector_);
+  return make_ref<gOutFilterCmd>(gOutFilterCmd::flat, loc, selector_);
 }
 
 cRef<gCmd> mdf_parse_base::output_files(gLoc const & loc) {
-  return make_ref<gOutFilterCmd>(true, loc, selector_);
+  return make_ref<gOutFilterCmd>(gOutFilterCmd::by_files, loc, selector_);
+}
+
+cRef<gCmd> mdf_parse_base::output_tree(gLoc const & loc) {
+  return make_ref<gOutFilterCmd>(gOutFilterCmd::as_tree, loc, selector_);
 }
 
 cRef<gCmd> mdf_parse_base::output_headline(gParamList & params, gLoc const & loc) {

@@ -65,6 +65,7 @@ protected:
   cRef<gCmd> output_unit(gParamList & params, gLoc const & loc);
   cRef<gCmd> output_all(gLoc const & loc);
   cRef<gCmd> output_files(gLoc const & loc);
+  cRef<gCmd> output_tree(gLoc const & loc);
   cRef<gCmd> output_headline(gParamList & params, gLoc const & loc);
   gLoc open_block();
   cRef<gCmd> class_block(gParamList & params, cRef<gCmdSeq> const & commands, gLoc const & loc);

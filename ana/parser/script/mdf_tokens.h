@@ -14,6 +14,7 @@ struct mdf_token {
     ref_quote = 335,
     code_close = 336,
     outfiles = 337,
+    outtree = 338,
     op_eq = 339,
     op_ne = 340,
     subentry = 341,
