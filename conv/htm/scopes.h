@@ -35,9 +35,9 @@ private:
 
   gSite const & site_;
   using gUnits = std::unordered_map<std::string_view, std::vector<int>>;
-  gUnits within_;                                   // by the names of the scopes
-  gUnits specialisations_;                          // by the names of the templates
-  std::unordered_map<std::string_view, int> heads_; // scopes and classes that begin pages
-  std::unordered_map<int, std::vector<int>> pages_; // by the scopes
+  gUnits within_;                                     // by the names of the scopes
+  gUnits specialisations_;                            // by the names of the templates
+  std::unordered_map<std::string_view, int> heads_;   // scopes and classes that begin pages
+  std::unordered_map<int, std::vector<int>> pages_;   // by the scopes
   std::unordered_map<int, std::vector<int>> members_; // by topics
 };
