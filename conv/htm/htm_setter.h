@@ -6,6 +6,7 @@
 #include "conv/htm/colours.h"
 #include "conv/htm/declaration_text.h"
 #include "conv/htm/hierarchy_drawing.h"
+#include "conv/htm/mathml.h"
 #include "conv/htm/overview.h"
 #include "conv/set/setter.h"
 
@@ -53,6 +54,9 @@ protected:
   gLinkEnd link_end(gTarget const & target) override;
   gLinkEnd outer_link_end(std::string_view name) override;
   std::string anchor(std::string_view bookmark) override;
+  std::string formula_text(gFormula const & formula) const override {
+    return Html::mathml(formula);
+  }
   std::string headline_anchor(gNode const & node) override;
   std::string headline_level(gNode const & node) const override;
   std::string macro_text(std::string_view name) override;

@@ -150,9 +150,15 @@ void gSetter::set_web_link(gVltRule rule, gNode const & node, std::string & out)
 }
 
 void gSetter::set_formula(gNode const & node, std::string & out) {
-  std::string const text = escaped(node.param(1));
+  std::string const source = escaped(node.param(1));
+  std::string unknown;
+  std::optional<gFormula> const formula = Formula::parse(node.param(1), unknown);
+  if (!unknown.empty())
+    reports()(Msg::unknown_formula, unknown);
+  std::string const text = formula ? formula_text(*formula) : source;
   gVltValues values;
-  values.set(gVltValue::text, text).set(gVltValue::name, text);
+  values.set(gVltValue::text, text).set(gVltValue::name, source);
+  values.set(gVltValue::mark, formula ? "1" : "");
   rules_.apply(gVltRule::formula, node.param(0), values, out);
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "conv/atc/document.h"
+#include "conv/set/formula.h"
 #include "conv/vlt/rules.h"
 #include "vlb/gmsghandler.h"
 
@@ -70,7 +71,11 @@ protected:
   virtual void set_verbatim(gNode const & node, bool declaration, std::string & out);
   virtual void set_note(gNode const & node, std::string & out);
   virtual void set_table(gNode const & node, std::string & out);
-  virtual void set_formula(gNode const & node, std::string & out);
+  void set_formula(gNode const & node, std::string & out);
+  // A formula that is understood, as finished text of the target.
+  virtual std::string formula_text(gFormula const & formula) const {
+    return escaped(Formula::plain(formula));
+  }
   virtual void set_hierarchy(gNode const & node, std::string & out);
   // The address of a page with more of a large hierarchy than fits among other things; empty if the
   // target has no such pages.
