@@ -14,6 +14,15 @@ namespace {
 constexpr std::size_t npos = std::string_view::npos;
 constexpr std::size_t farthest = 4000; // a closing word is looked for
 
+// "name}{ ... ", as it stands behind "\f{".
+std::string environment(std::string_view text) {
+  std::size_t const end = std::min(text.find('}'), text.size());
+  std::string const name(text.substr(0, end));
+  std::string_view body = trimmed(text.substr(std::min(end + 1, text.size())));
+  body.remove_prefix(body.starts_with('{'));
+  return "\\begin{" + name + "}" + std::string(body) + "\\end{" + name + "}";
+}
+
 } // namespace
 
 bool gInlineCommands::behind_word() const {
@@ -126,9 +135,7 @@ bool gInlineCommands::closed(gCommand const & command, std::size_t end) {
   std::string_view inner = text_.substr(begin, found - begin);
   at_ = found + close.size();
   if (command.kind == gCommandKind::formula) {
-    std::string source(inner);
-    if (command.name == "f{") // "\f{name}{ ... \f}"
-      source = "\\begin{" + source;
+    std::string const source = command.name == "f{" ? environment(inner) : std::string(inner);
     bool const display = command.name == "f[" || command.name == "f{";
     put({display ? gToken::display : gToken::formula, tokens_.plain(source), {}, {}}, from);
   } else if (command.kind == gCommandKind::link) {

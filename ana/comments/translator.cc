@@ -217,8 +217,6 @@ bool gCommentTranslator::read_block(std::size_t & i) {
     std::string_view const rest = head.substr(length);
     if (rest.starts_with('{'))
       language = rest.substr(1, std::min(rest.find('}'), rest.size()) - 1);
-    if (command.name == "f{")
-      language = "\\begin{" + language + "}";
   }
   if (close.empty() || !described_name(head).empty() || head.find(close, 3) != npos ||
       unclosed_.contains(close))
@@ -236,12 +234,11 @@ bool gCommentTranslator::read_block(std::size_t & i) {
   std::string block;
   for (std::size_t at = i + 1; at < end; ++at)
     (block += lines_[at].whole.substr(std::min(least, lines_[at].whole.size()))) += '\n';
+  std::string const formula = close.ends_with('}')
+                                  ? "\\begin{" + language + "}" + block + "\\end{" + language + "}"
+                                  : block;
   if (close.substr(1) == "f]" || close.substr(1) == "f}")
-    add_token({gToken::display,
-               tokens_.plain(close.ends_with('}') ? language + block : block),
-               {},
-               block},
-              lines_[i].indent);
+    add_token({gToken::display, tokens_.plain(formula), {}, block}, lines_[i].indent);
   else
     add_block(tokens_.plain(block), language.substr(0, language.find_first_of(" {,")),
               lines_[i].indent);

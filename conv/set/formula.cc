@@ -177,16 +177,16 @@ gFormula Parser::rows_up_to(std::string_view end) {
 gFormula Parser::table() {
   static constexpr struct {
     std::string_view name, open, close;
-  } kinds[] = {{"matrix", "", ""},    {"pmatrix", "(", ")"}, {"bmatrix", "[", "]"},
-               {"vmatrix", "|", "|"}, {"cases", "{", ""},    {"align", "", ""},
-               {"aligned", "", ""},   {"array", "", ""},     {"eqnarray", "", ""},
-               {"equation", "", ""},  {"gather", "", ""},    {"split", "", ""},
-               {"multline", "", ""},  {"gathered", "", ""},  {"smallmatrix", "", ""},
-               {"Vmatrix", "∥", "∥"}, {"Bmatrix", "{", "}"}, {"alignat", "", ""},
-               {"displaymath", "", ""}, {"math", "", ""}};
+  } kinds[] = {
+      {"matrix", "", ""},    {"pmatrix", "(", ")"}, {"bmatrix", "[", "]"},   {"vmatrix", "|", "|"},
+      {"cases", "{", ""},    {"align", "", ""},     {"aligned", "", ""},     {"array", "", ""},
+      {"eqnarray", "", ""},  {"equation", "", ""},  {"gather", "", ""},      {"split", "", ""},
+      {"multline", "", ""},  {"gathered", "", ""},  {"smallmatrix", "", ""}, {"Vmatrix", "∥", "∥"},
+      {"Bmatrix", "{", "}"}, {"alignat", "", ""},   {"displaymath", "", ""}, {"math", "", ""}};
   std::string const name = words();
   std::string_view const plain = std::string_view(name).substr(0, name.find('*'));
-  auto const * const kind = std::ranges::find(kinds, plain, [](auto const & one) { return one.name; });
+  auto const * const kind =
+      std::ranges::find(kinds, plain, [](auto const & one) { return one.name; });
   if (kind == std::end(kinds))
     return fail("\\begin{" + name + "}");
   if (++depth_ > deepest)
@@ -283,10 +283,12 @@ bool Parser::says_nothing(std::string const & name) {
     words();
     return true;
   }
-  return is_one_of(name, {"!", "limits", "nolimits", "displaystyle", "textstyle", "scriptstyle",
-                          "big", "Big", "bigg", "Bigg", "bigl", "bigr", "Bigl", "Bigr", "biggl",
-                          "biggr", "Biggl", "Biggr", "bigm", "nonumber", "notag", "mathstrut",
-                          "mathbin", "mathrel", "mathord", "/", "allowbreak", "noindent"});
+  return is_one_of(name,
+                   {"!",       "limits",   "nolimits",   "displaystyle", "textstyle", "scriptstyle",
+                    "big",     "Big",      "bigg",       "Bigg",         "bigl",      "bigr",
+                    "Bigl",    "Bigr",     "biggl",      "biggr",        "Biggl",     "Biggr",
+                    "bigm",    "nonumber", "notag",      "mathstrut",    "mathbin",   "mathrel",
+                    "mathord", "/",        "allowbreak", "noindent"});
 }
 
 gFormula Parser::command() {

@@ -330,12 +330,11 @@ struct Style {
   std::string_view command;
   char32_t letters, digits;
 };
-constexpr Style styles[] = {{"mathbf", 0x1D400, 0x1D7CE},     {"bf", 0x1D400, 0x1D7CE},
-                            {"textbf", 0x1D400, 0x1D7CE},     {"boldsymbol", 0x1D468, 0x1D7CE},
-                            {"bm", 0x1D468, 0x1D7CE},         {"vect", 0x1D468, 0x1D7CE},
-                            {"mathbb", 0x1D538, 0x1D7D8},     {"mathcal", 0x1D49C, 0},
-                            {"mathscr", 0x1D49C, 0},          {"mathfrak", 0x1D504, 0},
-                            {"mathtt", 0x1D670, 0x1D7F6},     {"mathsf", 0x1D5A0, 0x1D7E2}};
+constexpr Style styles[] = {
+    {"mathbf", 0x1D400, 0x1D7CE},     {"bf", 0x1D400, 0x1D7CE},     {"textbf", 0x1D400, 0x1D7CE},
+    {"boldsymbol", 0x1D468, 0x1D7CE}, {"bm", 0x1D468, 0x1D7CE},     {"vect", 0x1D468, 0x1D7CE},
+    {"mathbb", 0x1D538, 0x1D7D8},     {"mathcal", 0x1D49C, 0},      {"mathscr", 0x1D49C, 0},
+    {"mathfrak", 0x1D504, 0},         {"mathtt", 0x1D670, 0x1D7F6}, {"mathsf", 0x1D5A0, 0x1D7E2}};
 
 // Letters that were there before the styles.
 struct Early {
@@ -375,8 +374,8 @@ std::string Formula::in_style(char letter, std::string_view command) {
 }
 
 bool Formula::has_limits(std::string_view text) {
-  static constexpr std::string_view all[] = {"∑", "∏", "∐",   "⋂",   "⋃",   "⨁",       "⨂",
-                                             "⋁", "⋀", "lim", "max", "min", "lim inf", "lim sup",
-                                             "inf", "sup", "det", "gcd", "Pr"};
+  static constexpr std::string_view all[] = {
+      "∑",   "∏",   "∐",       "⋂",       "⋃",   "⨁",   "⨂",   "⋁",   "⋀", "lim",
+      "max", "min", "lim inf", "lim sup", "inf", "sup", "det", "gcd", "Pr"};
   return std::ranges::find(all, text) != std::end(all);
 }
