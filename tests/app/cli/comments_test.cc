@@ -108,4 +108,26 @@ TEST(comments, the_main_page_begins_the_manual_and_pages_stand_below_each_other)
   EXPECT_NE(way.find("Installing.htm"), way.npos) << way;
 }
 
+// What isn't understood stands there in TeX, and is told once.
+TEST(comments, formulas_are_shown_without_a_script) {
+  Sandbox box;
+  box.write("tree/a.h",
+            "/** Of \\f$ x_1 < \\frac{a}{b} \\f$ and \\f$ \\magic x \\f$, \\f$ \\magic y \\f$.\n"
+            " * \\f{align*}{ a &= b \\\\ c &= d \\f} */\nint f();\n");
+  EXPECT_EQ(box.run("quick tree -o doc").status, 0);
+  std::string const page = box.read("doc/htm/a.h.htm");
+  EXPECT_NE(
+      page.find("<math alttext=\" x_1 &lt; \\frac{a}{b} \"><mrow><msub><mi>x</mi><mn>1</mn></msub>"
+                "<mo>&lt;</mo><mfrac><mi>a</mi><mi>b</mi></mfrac></mrow></math>"),
+      page.npos)
+      << page;
+  EXPECT_NE(page.find("<code class=\"formula\"> \\magic x </code>"), page.npos) << page;
+  EXPECT_NE(page.find("<math display=\"block\""), page.npos);
+  EXPECT_EQ(page.find("\\f{"), page.npos);
+  std::string const log = box.read("doc/htm.log");
+  std::size_t const told = log.find("535");
+  EXPECT_NE(told, log.npos) << log;
+  EXPECT_EQ(log.find("535", told + 1), log.npos) << log;
+}
+
 } // namespace
