@@ -14,8 +14,10 @@ namespace {
 
 constexpr std::size_t most_reports = 100;
 
+// What a link leads to; the file is folder and path together.
 struct gPlace {
-  std::string file, anchor;
+  std::string_view folder, path, anchor;
+  std::string file() const { return std::string(folder) + std::string(path); }
 };
 
 int digit_of(char c) {
@@ -48,77 +50,114 @@ std::string decoded(std::string_view text) {
 }
 
 bool leads_outside(std::string_view href) {
-  std::size_t const colon = href.find(':');
-  return href.starts_with("//") || (colon != href.npos && colon < href.find_first_of("/?#"));
+  if (href.starts_with("//"))
+    return true;
+  auto const sign = std::ranges::find_if(
+      href, [](char c) { return c == ':' || c == '/' || c == '?' || c == '#'; });
+  return sign != href.end() && *sign == ':';
 }
 
-// The path from the folder of a page, without steps up.
-std::string joined(std::string_view from, std::string path) {
-  std::string_view folder = from.substr(0, from.rfind('/') + 1); // npos + 1 is 0
-  std::size_t begin = 0;
+// Takes the steps up in front of a path out of it and out of the folder that it starts from.
+void step_up(std::string_view & folder, std::string_view & path) {
   for (;;) {
-    if (path.compare(begin, 2, "./") == 0) {
-      begin += 2;
-    } else if (path.compare(begin, 3, "../") == 0) {
-      begin += 3;
+    if (path.starts_with("./")) {
+      path.remove_prefix(2);
+    } else if (path.starts_with("../")) {
+      path.remove_prefix(3);
       folder.remove_suffix(folder.empty() ? 0 : 1);
       folder = folder.substr(0, folder.rfind('/') + 1);
     } else {
-      break;
+      return;
     }
   }
-  return std::string(folder) + path.substr(begin);
 }
 
-gPlace place_of(std::string_view from, std::string_view href) {
-  std::size_t const sign = href.find('#');
-  std::string const path = decoded(href.substr(0, std::min(sign, href.find('?'))));
-  std::string const anchor = sign == href.npos ? std::string() : decoded(href.substr(sign + 1));
-  return {path.empty() ? std::string(from) : joined(from, path), anchor};
+// Reads links without making texts of their own, but where something is to be decoded: a large site
+// has some hundred a page.
+class gLinkReader {
+public:
+  // Views of `from`, `href` and this reader, good up to the next call.
+  gPlace place_of(std::string_view from, std::string_view href) {
+    std::size_t const sign = href.find('#');
+    gPlace place;
+    place.path = plain(href.substr(0, std::min(sign, href.find('?'))), path_);
+    place.anchor = sign == href.npos ? std::string_view() : anchor_of(href.substr(sign + 1));
+    place.folder = from;
+    if (!place.path.empty()) {
+      place.folder = from.substr(0, from.rfind('/') + 1); // npos + 1 is 0
+      step_up(place.folder, place.path);
+    }
+    return place;
+  }
+  std::string_view anchor_of(std::string_view text) { return plain(text, anchor_); }
+
+private:
+  static std::string_view plain(std::string_view text, std::string & memory) {
+    if (std::ranges::none_of(text, [](char c) { return c == '&' || c == '%'; }))
+      return text;
+    memory = decoded(text);
+    return memory;
+  }
+
+  std::string path_, anchor_;
+};
+
+// Counts line feeds on the way through a text, as far as somebody asks.
+class gLineCount {
+public:
+  explicit gLineCount(std::string_view text) : text_(text) {}
+  // Places have to ascend.
+  std::uint32_t line_at(std::size_t place) {
+    line_ +=
+        static_cast<std::uint32_t>(std::count(text_.data() + counted_, text_.data() + place, '\n'));
+    counted_ = place;
+    return line_;
+  }
+
+private:
+  std::string_view text_;
+  std::size_t counted_ = 0;
+  std::uint32_t line_ = 1;
+};
+
+bool is_blank(char c) {
+  return c == ' ' || c == '\t' || c == '\n';
 }
 
-// Calls `work` with name, value and line of each attribute of each tag.
+// Calls `work` with name, value and tag of each attribute; the tag as its place in the page.
 void each_attribute(std::string_view html, auto const & work) {
-  std::uint32_t line = 1;
-  std::size_t counted = 0;
   for (std::size_t at = html.find('<'); at < html.size(); at = html.find('<', at)) {
-    line += static_cast<std::uint32_t>(std::count(html.data() + counted, html.data() + at, '\n'));
-    counted = at;
-    if (html.substr(at).starts_with("<!--")) {
+    if (html.substr(at, 4) == "<!--") {
       at = std::min(html.find("-->", at), html.size() - 1) + 1;
       continue;
     }
-    for (++at; at < html.size() && html[at] != '>';) {
-      std::size_t const sign = html.find_first_of("=>", at);
-      if (sign == html.npos || sign + 1 >= html.size())
-        return;
-      if (html[sign] == '>') {
-        at = sign;
+    std::size_t const tag = at;
+    std::size_t name = ++at;
+    for (; at < html.size() && html[at] != '>'; ++at) {
+      if (is_blank(html[at]))
+        name = at + 1;
+      if (html[at] != '=' || at + 1 >= html.size() || (html[at + 1] != '"' && html[at + 1] != '\''))
         continue;
-      }
-      std::size_t const blank = html.find_last_of(" \t\n<", sign) + 1;
-      char const quote = html[sign + 1];
-      if (quote != '"' && quote != '\'') {
-        at = sign + 1;
-        continue;
-      }
-      std::size_t const end = html.find(quote, sign + 2);
+      std::size_t const value = at + 2;
+      std::size_t const end = html.find(html[at + 1], value);
       if (end == html.npos)
         return;
-      work(html.substr(blank, sign - blank), html.substr(sign + 2, end - sign - 2), line);
-      at = end + 1;
+      work(html.substr(name, at - name), html.substr(value, end - value), tag);
+      at = end;
     }
   }
 }
 
 } // namespace
 
-gLinkCheck::gHash gLinkCheck::hash_of(std::string_view file, std::string_view anchor) {
+gLinkCheck::gHash gLinkCheck::hash_of(std::initializer_list<std::string_view> file,
+                                      std::string_view anchor) {
   gHash hash = 14695981039346656037U; // FNV-1a
   auto const add = [&hash](char c) {
     hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
   };
-  std::ranges::for_each(file, add);
+  for (std::string_view const part : file)
+    std::ranges::for_each(part, add);
   if (!anchor.empty())
     add('#');
   std::ranges::for_each(anchor, add);
@@ -133,15 +172,18 @@ void gLinkCheck::add_link(gHash to, gWay way) {
     known = way;
 }
 
+// A place that is known by now needs no link to it to be kept.
 void gLinkCheck::add_page(std::string const & file, std::string_view html) {
-  std::vector<gHash> places = {hash_of(file, {})};
+  std::vector<gHash> places = {hash_of({file}, {})};
   std::vector<std::pair<gHash, std::uint32_t>> links;
-  each_attribute(html, [&](std::string_view name, std::string_view value, std::uint32_t line) {
+  gLinkReader reader;
+  gLineCount lines(html);
+  each_attribute(html, [&](std::string_view name, std::string_view value, std::size_t tag) {
     if (name == "id") {
-      places.push_back(hash_of(file, decoded(value)));
+      places.push_back(hash_of({file}, reader.anchor_of(value)));
     } else if ((name == "href" || name == "src") && !leads_outside(value)) {
-      gPlace const place = place_of(file, value);
-      links.emplace_back(hash_of(place.file, place.anchor), line);
+      gPlace const place = reader.place_of(file, value);
+      links.emplace_back(hash_of({place.folder, place.path}, place.anchor), lines.line_at(tag));
     }
   });
   std::lock_guard const lock(mutex_);
@@ -149,7 +191,8 @@ void gLinkCheck::add_page(std::string const & file, std::string_view html) {
   pages_.push_back(file);
   places_.insert(places.begin(), places.end());
   for (auto const & [to, line] : links)
-    add_link(to, {page, line});
+    if (!places_.contains(to))
+      add_link(to, {page, line});
 }
 
 void gLinkCheck::report(gConversion const & conversion) const {
@@ -167,14 +210,17 @@ void gLinkCheck::report(gConversion const & conversion) const {
     std::string html;
     std::string const & page = pages_[way.page];
     gFileSystem::read_file(conversion.written(page), html);
-    each_attribute(html, [&](std::string_view name, std::string_view value, std::uint32_t line) {
-      if (line != way.line || (name != "href" && name != "src") || leads_outside(value))
+    gLinkReader reader;
+    gLineCount lines(html);
+    each_attribute(html, [&](std::string_view name, std::string_view value, std::size_t tag) {
+      if ((name != "href" && name != "src") || lines.line_at(tag) != way.line ||
+          leads_outside(value))
         return;
-      gPlace const place = place_of(page, value);
+      gPlace const place = reader.place_of(page, value);
       bool const is_file =
-          place.anchor.empty() && gFileSystem::file_exists(conversion.written(place.file));
-      if (hash_of(place.file, place.anchor) == hash && !is_file)
-        dead.push_back({page, std::string(value), line});
+          place.anchor.empty() && gFileSystem::file_exists(conversion.written(place.file()));
+      if (hash_of({place.folder, place.path}, place.anchor) == hash && !is_file)
+        dead.push_back({page, std::string(value), way.line});
     });
   }
   std::ranges::sort(dead);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -30,10 +31,12 @@ private:
   };
 
   void add_link(gHash to, gWay way);
-  static gHash hash_of(std::string_view file, std::string_view anchor);
+  // `file` in parts.
+  static gHash hash_of(std::initializer_list<std::string_view> file, std::string_view anchor);
 
   std::mutex mutex_; // of all below while pages are added
   std::vector<std::string> pages_;
-  std::unordered_set<gHash> places_;      // files and anchors
-  std::unordered_map<gHash, gWay> links_; // to each place that of the first page by name
+  std::unordered_set<gHash> places_; // files and anchors
+  // To each place that wasn't known yet that of the first page by name.
+  std::unordered_map<gHash, gWay> links_;
 };

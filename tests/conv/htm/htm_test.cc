@@ -617,7 +617,8 @@ TEST_F(HtmSite, DeadLinksAreTold) {
   convert(unit(1, "one", "/x/a.h", 1, "@b{x}"),
           "@b = <a id=\"here\" href=\"#here\">$text</a><a href=\"idx.htm?x#main\"></a>"
           "<a href=\"./one.htm\"></a><a href=\"#away\"></a><a href='gone.htm'></a>"
-          "<a href=\"mailto:a\"></a><img src=\"_files/style.css\">\n");
+          "<a href=\"mailto:a\"></a><img src=\"_files/style.css\">"
+          "<p id='a&amp;b' class=x title=\"a>b\"></p><a hidden href=\"%6fne.htm#a%26b\"></a>\n");
   std::string const reports = outside_.report_text();
   std::vector<std::string> told;
   for (std::string const & line : lines_of(reports))
