@@ -4,8 +4,7 @@
 #include "ana/ana_thread.h"
 
 #include "ana/anadat/tables.h"
-#include "ana/cmdpar/keywords.h"
-#include "ana/kind_attribute.h"
+#include "ana/modern_input.h"
 #include "ana/parser/script/mdf_parse.h"
 #include "ana/parser/script/mpre_scan.h"
 #include "ana/progress.h"
@@ -121,14 +120,8 @@ gRunResult ana_thread(gRunInput input) {
   gRunResult result;
   bool const modern = input.modern;
   try {
-    if (modern)
-      add_kind_attribute(input);
-    gInput.set(std::move(input));
+    ana_take_input(std::move(input));
     gFindings.reset();
-    gVLAttributes.reset(); // a run that ended without memory has left none of its defaults
-    gUEKeywords.build_keywords(*gInput);
-    for (auto const & [name, title] : gInput->shown_subentries)
-      gVLAttributes.add_subentry(name, title);
     Msg::cur_errtaglist().reset();
     gCounters.units = 0;
     result.success = run_project();

@@ -6,10 +6,11 @@
 #include <optional>
 
 #include "ana/anadat/tables.h"
-#include "ana/cmdpar/keywords.h"
 #include "ana/file_loop.h"
 #include "ana/included_members.h"
+#include "ana/modern_input.h"
 #include "ana/read/enter.h"
+#include "ana/read/facts_folder.h"
 #include "ana/read/read_modern.h"
 #include "ana/stages.h"
 #include "vlb/gfilesystem.h"
@@ -19,24 +20,6 @@ namespace {
 
 constexpr int deepest_include = 8;
 constexpr std::size_t most_classes = 16; // that one file gives its members
-
-gString unit_type_of(gPatternInput const & pattern) {
-  for (auto const & [name, value] : pattern.attributes)
-    if (name == "UNITTYPE")
-      return value;
-  return {};
-}
-
-// The keywords that say that a comment is in the project's own mark-up.
-std::map<std::string, gString, std::less<>> unit_words() {
-  std::map<std::string, gString, std::less<>> words;
-  if (gInput->comments.foreign)
-    return words; // all comments are those of other systems
-  for (gPatternInput const & pattern : gInput->patterns)
-    for (gKeywordInput const & keyword : pattern.keywords)
-      words.emplace(keyword.first, unit_type_of(pattern));
-  return words;
-}
 
 // A source as it lies on the disk, and what it says.
 struct ReadSource {
@@ -72,6 +55,7 @@ private:
 
   std::list<gSrcFile> const & files_;
   gModernInput input_;
+  std::optional<gFactsFolder> facts_; // what other runs have read
   gTableTemplates const tables_ = gVLAttributes.tables();
   unsigned const threads_ = Vlb::thread_count(gInput->jobs);
   Vlb::gPerWorker<gModernReader> readers_;
@@ -84,22 +68,11 @@ private:
 
 void SourceReading::collect_macros() {
   Msg::log(Msg::preprocessing);
-  input_.unit_words = unit_words();
-  std::vector<gPathstring> sources;
-  for (gSrcFile const & file : files_) {
+  for (gSrcFile const & file : files_)
     by_name_.emplace(Vlb::to_lower(file.opath().file_name()), file);
-    if (file.language() == gLanguage::cpp)
-      sources.push_back(file.path());
-  }
-  Vlb::gOrdered<Decl::gMacroTable> tables(threads_, sources.size(), [&](unsigned, std::size_t i) {
-    Vapp::poll_break();
-    Decl::gMacroTable table;
-    if (std::string text; Vlb::read_source(sources[i], text))
-      table.collect(text);
-    return table;
-  });
-  for (std::size_t i = 0; i < sources.size(); ++i)
-    input_.macros.merge(tables.next());
+  input_ = {collect_all_macros(files_, threads_), unit_words()};
+  if (!gInput->facts.empty())
+    facts_.emplace(gInput->facts, gInput->facts_key, input_.macros);
 }
 
 ReadSource SourceReading::read(gModernReader & reader, gSrcFile const & file) const {
@@ -109,9 +82,10 @@ ReadSource SourceReading::read(gModernReader & reader, gSrcFile const & file) co
   source.fragment = file.language() == gLanguage::pascal && !Decl::has_pascal_head(text);
   if (!source.readable || source.fragment)
     return source;
-  // What stands in a file of text is one comment.
-  source.file = file.language() == gLanguage::text ? reader.read_comment(file, text)
-                                                   : reader.read(file, text);
+  if (std::optional<gModernFile> known = facts_ ? facts_->find(file, text) : std::nullopt)
+    source.file = std::move(*known);
+  else
+    source.file = read_whole(reader, file, text);
   return source;
 }
 

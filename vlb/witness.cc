@@ -106,6 +106,19 @@ std::optional<gWitness::gSights> gWitness::sights() const {
   return sights_;
 }
 
+std::set<std::string> gWitness::files(gSights const & sights) {
+  std::set<std::string> found;
+  for (auto const & [place, sight] : sights)
+    if (place.first == Kind::bytes && sight.hash != unreadable)
+      found.insert(place.second);
+  return found;
+}
+
+std::set<std::string> gWitness::files() const {
+  std::lock_guard const guard(mutex_);
+  return files(sights_);
+}
+
 bool gWitness::holds(std::pair<Kind, std::string> const & place, gSight const & sight) const {
   auto const & [kind, what] = place;
   switch (kind) {

@@ -5,6 +5,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,6 +40,10 @@ public:
   bool leaves_out(std::string const & path) const;
   // Nothing if it saw one thing in two ways, so that nobody can tell what the run went by.
   std::optional<gSights> sights() const;
+
+  // The files that could be read.
+  static std::set<std::string> files(gSights const & sights);
+  std::set<std::string> files() const;
 
   // True if a run would see just that now.
   bool holds(std::pair<Kind, std::string> const & place, gSight const & sight) const;

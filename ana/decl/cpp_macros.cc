@@ -245,6 +245,13 @@ void gMacroTable::merge(gMacroTable const & other) {
     enter(name, fact);
 }
 
+std::map<std::string_view, gMacroFact const *> gMacroTable::sorted() const {
+  std::map<std::string_view, gMacroFact const *> found;
+  for (auto const & [name, fact] : macros_)
+    found.emplace(name, &fact);
+  return found;
+}
+
 gMacroFact const * gMacroTable::find(std::string_view name) const {
   auto const found = macros_.find(name);
   return found == macros_.end() ? nullptr : &found->second;

@@ -1,6 +1,7 @@
 // What is known of the macros of all inputs before any declaration is read.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -34,6 +35,10 @@ public:
   // Enters the definitions of one source.
   void collect(std::string_view text);
   void merge(gMacroTable const & other);
+  // A definition; what a name was known for stays where the two agree.
+  void enter(std::string const & name, gMacroFact const & fact);
+  // By name, in byte order.
+  std::map<std::string_view, gMacroFact const *> sorted() const;
   // Null for a name that no input defines.
   gMacroFact const * find(std::string_view name) const;
   // What a name stands for in the end, through macros that stand for others.
@@ -41,7 +46,6 @@ public:
 
 private:
   gMacroSense sense(std::string_view name, int depth, int & steps) const;
-  void enter(std::string const & name, gMacroFact const & fact);
 
   struct Hash {
     using is_transparent = void;

@@ -23,7 +23,8 @@ public:
   void bits(std::uint64_t value);
   void number(int value) { bits(static_cast<std::uint32_t>(value << 1 ^ value >> 31)); }
   void flag(bool value) { bits(value); }
-  void text(std::string const & value) { shared_text(value, 0); }
+  // The text has to outlive the writer.
+  void text(std::string_view value) { shared_text(value, 0); }
   void pieces(gStrList const & list);
   template <class List, class Item> void many(List const & list, Item item) {
     bits(list.size());

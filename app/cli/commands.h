@@ -22,6 +22,8 @@ void add_analyze(CLI::App & app, gCommandContext & context);
 void add_build(CLI::App & app, gCommandContext & context);
 void add_quick(CLI::App & app, gCommandContext & context);
 void add_watch(CLI::App & app, gCommandContext & context);
+void add_facts(CLI::App & app, gCommandContext & context);
+void add_plan(CLI::App & app, gCommandContext & context);
 
 // Loads a project; false, and a line on standard error, if it can't be read.
 bool load_project(std::string const & path, gCommandContext & context);

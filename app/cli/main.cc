@@ -103,5 +103,7 @@ int main(int argc, char ** argv) {
   add_build(app, context);
   add_quick(app, context);
   add_watch(app, context);
+  add_facts(app, context);
+  add_plan(app, context);
   return run(app, argc, argv, context);
 }

@@ -40,6 +40,12 @@ void gRunOptions::add_to(CLI::App & command) {
       ->allow_extra_args(false);
   command.add_flag("--no-cache", no_cache,
                    "Make all again, also where nothing has changed since the last run");
+  command.add_option("--facts", facts, "A folder with facts of the sources, see 'facts'")
+      ->check(not_empty())
+      ->type_name("DIR");
+  command.add_option("--depfile", depfile, "Write down which files the run goes by, as for make")
+      ->check(not_empty())
+      ->type_name("FILE");
   command.add_flag("-q,--quiet", quiet, "No reports on standard error");
 }
 

@@ -19,7 +19,9 @@ struct gRunOptions {
   std::string reports; // a file for them; empty for none
   bool quiet = false;
   bool no_cache = false;
-  int jobs = 0; // threads; 0 for what the settings say
+  std::string facts;   // a folder with what other processes have read; empty for none
+  std::string depfile; // a file for what the run goes by; empty for none
+  int jobs = 0;        // threads; 0 for what the settings say
 
   void add_to(CLI::App & command);
   // Puts them into the loaded project; false, and a line on standard error, if one is refused.

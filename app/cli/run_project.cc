@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "app/cli/exit_status.h"
+#include "app/cli/facts_key.h"
 #include "app/cli/interrupts.h"
 #include "app/cli/run_options.h"
 #include "app/cli/run_stamp.h"
@@ -14,6 +15,7 @@
 #include "app/shell/run_handlers.h"
 #include "app/shell/worker.h"
 #include "store/greportfile.h"
+#include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 
 namespace {
@@ -24,21 +26,22 @@ char const * driver_of(std::string const & target) {
 
 class Run {
 public:
-  // `recorder`: null for none.
-  Run(gRunOptions const & options, gRunRecorder * recorder)
+  // `facts_key`: of facts that were read ahead, if the options name any.
+  Run(gRunOptions const & options, std::string const & facts_key, gRunRecorder & recorder)
       : options_(options),
         recorder_(recorder) {
     start_.set_overwrite(options.overwrite_policy());
     start_.set_keep_folder(true);
     start_.set_facts(false);
+    if (!options.facts.empty())
+      start_.set_read_ahead(gRunOptions::absolute(options.facts), facts_key);
   }
 
   int analyze() {
     if (!start_.OnUpdateCommand() || !start_.OnCommand() || !start_.folder())
       return exit_refused;
     wait();
-    if (recorder_)
-      recorder_->settle();
+    recorder_.settle();
     return status_of(Vapp::ana_success);
   }
 
@@ -53,12 +56,6 @@ public:
     return status;
   }
 
-  // Notes for later runs how this one went.
-  void keep() {
-    if (recorder_)
-      recorder_->keep(worst_);
-  }
-
   // Why it failed, in one line; empty if only refusals were told.
   std::string reason() const { return reason_; }
   Msg::type worst() const { return worst_; }
@@ -70,8 +67,7 @@ private:
       return exit_failed;
     wait();
     start_.folder()->record_contents();
-    if (recorder_)
-      recorder_->settle(target);
+    recorder_.settle(target);
     return status_of(gConversionRun::last_result().success);
   }
 
@@ -89,7 +85,7 @@ private:
   }
 
   gRunOptions const & options_;
-  gRunRecorder * const recorder_;
+  gRunRecorder & recorder_;
   gInterrupts interrupts_;
   gAnaStart start_;
   Msg::type worst_ = Msg::all;
@@ -139,23 +135,41 @@ int repeat(gKeptRun const & kept, ReportCopy & copy, gCommandContext & context, 
   return exit_ok;
 }
 
+// As make and Ninja read it: the name without ".d" needs the files.
+bool write_depfile(std::string const & name, std::set<std::string> const & files,
+                   gCommandContext & context) {
+  if (name.empty())
+    return true;
+  auto const add_escaped = [](std::string & text, std::string_view path) {
+    for (char const c : path)
+      (text += c == ' ' || c == '#' || c == '\\' ? "\\" : c == '$' ? "$" : "") += c;
+  };
+  std::string const target = name.ends_with(".d") ? name.substr(0, name.size() - 2) : name;
+  std::string text;
+  add_escaped(text, target);
+  text += ':';
+  for (std::string const & file : files)
+    add_escaped(text += " \\\n  ", file);
+  text += '\n';
+  if (gFileSystem::write_file_atomic(gRunOptions::absolute(name), text))
+    return true;
+  context.outside.tell("Cannot write '" + name + "'");
+  return false;
+}
+
 int run_all(gRunOptions const & options, std::vector<std::string> const & targets,
             gRunStamp const & stamp, ReportCopy & copy, gCommandContext & context,
-            Msg::type & worst) {
-  std::optional<gRunRecorder> recorder;
-  if (!options.no_cache)
-    recorder.emplace(stamp, context.outside, copy.sink());
-  else
-    Msg::log.copy_to(copy.sink());
-  Run run(options, recorder ? &*recorder : nullptr);
+            Msg::type & worst, std::set<std::string> & files) {
+  std::string const facts_key = options.facts.empty() ? std::string() : key_of_reading();
+  gRunRecorder recorder(stamp, context.outside, copy.sink());
+  Run run(options, facts_key, recorder);
   int status = run.analyze();
   if (status == exit_ok)
     status = run.convert(targets);
-  if (status == exit_ok)
-    run.keep();
-  recorder.reset();
-  Msg::log.copy_to(nullptr);
   worst = run.worst();
+  if (status == exit_ok && !options.no_cache)
+    recorder.keep(worst);
+  files = recorder.files();
   // Without the reports the reason would be nowhere on the screen.
   if (status == exit_failed && options.quiet && !run.reason().empty())
     context.outside.tell(run.reason());
@@ -182,9 +196,10 @@ int run_project(gRunOptions const & options, std::vector<std::string> const & ta
   if (!copy.good())
     return exit_refused;
   Msg::type worst = Msg::all;
+  std::set<std::string> files = kept ? gWitness::files(kept->sights) : std::set<std::string>();
   int status = kept ? repeat(*kept, copy, context, worst)
-                    : run_all(options, targets, stamp, copy, context, worst);
-  if (!copy.close())
+                    : run_all(options, targets, stamp, copy, context, worst, files);
+  if (!copy.close() || (status == exit_ok && !write_depfile(options.depfile, files, context)))
     status = std::max<int>(status, exit_failed);
   return status == exit_ok && options.fails_on(worst) ? exit_reports : status;
 }

@@ -43,6 +43,8 @@ public:
   void settle(std::string const & target = {});
   // All is done, and went well. The folder of the run is still locked.
   void keep(Msg::type worst);
+  // What was read.
+  std::set<std::string> files() const { return witness_.files(); }
 
 private:
   bool untouched() const; // what was settled

@@ -85,6 +85,8 @@ struct gRunInput {
   bool has_kinds = false;  // the attribute KIND is what the readers say
   bool facts_line = false; // facts about units stand in the intermediate code
   int jobs = 0;            // threads; 0 for one a core. Changes nothing in the result
+  gPathstring facts;       // a folder with what sources say; empty for none. Nor does this
+  std::string facts_key;   // of all that their reading was asked for
   gTextInput text;
   gCommentInput comments;
   gAssociationInput association;

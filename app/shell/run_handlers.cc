@@ -2,6 +2,8 @@
 
 #include "app/shell/run_handlers.h"
 
+#include <tuple>
+
 #include "app/shell/facts.h"
 #include "app/shell/run.h"
 #include "app/shell/worker.h"
@@ -33,6 +35,7 @@ int gAnaStart::OnCommand() {
   gRunInput input = Vapp::run_input();
   if (facts_ && !Vapp::option({"ana", "facts_line"}))
     input.facts_line = true;
+  std::tie(input.facts, input.facts_key) = read_ahead_;
   gRun::start(
       std::move(input), [this] { end_folder(); },
       [this](gRunResult const & result) {

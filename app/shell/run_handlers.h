@@ -26,6 +26,10 @@ public:
   // Whether the intermediate code tells converters what a project that says nothing about it keeps
   // to itself.
   void set_facts(bool facts) { facts_ = facts; }
+  // A folder with what other processes have read, and the key of what they were asked.
+  void set_read_ahead(gPathstring folder, std::string key) {
+    read_ahead_ = {std::move(folder), std::move(key)};
+  }
   // Called behind a run on the thread of the starter, with its success; another worker may be
   // started there.
   void set_finished(std::function<void(bool)> finished) { finished_ = std::move(finished); }
@@ -36,6 +40,7 @@ private:
   gOverwrite overwrite_ = gOverwrite::ask;
   bool keep_folder_ = false;
   bool facts_ = true;
+  std::pair<gPathstring, std::string> read_ahead_;
   std::function<void(bool)> finished_;
   bool started_ = false; // a worker has known this
   std::unique_ptr<gOutputFolder> folder_;
