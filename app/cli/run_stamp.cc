@@ -16,16 +16,18 @@
 #include "vlb/folder_record.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
+#include "vlb/random_name.h"
 
 namespace {
 
 constexpr std::size_t most_reports = gReportList::capacity;
 constexpr std::array targets = {"htm", "rtf", "hlp"};
 
-// Another build may make other results, and other bytes of what is kept.
+// Another build may make other results, and other bytes of what is kept. Where the system doesn't
+// tell which program this is, nothing that was kept fits.
 std::string version_of_program() {
   gFileState const program = gFileState::of("/proc/self/exe");
-  std::string text = VELLUMAR_VERSION;
+  std::string text = program.exists() ? VELLUMAR_VERSION : Vlb::random_name();
   for (std::int64_t const part : {static_cast<std::int64_t>(program.inode),
                                   static_cast<std::int64_t>(program.size), program.written})
     text += " " + std::to_string(part);
