@@ -11,6 +11,7 @@
 #include "ana/base_clauses.h"
 #include "ana/join_keys.h"
 #include "ana/join_scopes.h"
+#include "ana/join_tags.h"
 #include "ana/read/type_words.h"
 #include "ana/stages.h"
 
@@ -85,16 +86,22 @@ void Joining::collect() {
         if (unit->code_elem())
           units.emplace(unit->code_elem().get(), unit);
   items_.reserve(gCodeElems.total());
-  std::string name;
   for (auto const & file : gCodeElems)
     for (auto const & [place, element] : *file.value) {
       if (element->kind == gKind::none)
         continue;
       auto const unit = units.find(element.get());
-      items_.push_back({element, unit == units.end() ? cRef<gDocUnit>() : unit->second,
-                        name_hash(*element, name)});
-      scopes_.add(*element, name);
+      items_.push_back({element, unit == units.end() ? cRef<gDocUnit>() : unit->second, 0});
     }
+  std::vector<gCodeElem *> elements;
+  for (Item const & item : items_)
+    elements.push_back(item.element.get());
+  name_tags(elements);
+  std::string name;
+  for (Item & item : items_) {
+    item.name = name_hash(*item.element, name);
+    scopes_.add(*item.element, name);
+  }
   for (Item & item : items_)
     if (has_mark(*item.element, Decl::mark_out_of_class) && item.element->names.size() > 1) {
       scopes_.resolve(*item.element);
@@ -182,7 +189,10 @@ bool is_name_of(gCodeElem const & type, gCodeElem const & other) {
     return true;
   std::string_view const result = type.parts->result.of(type.decl);
   std::size_t const blank = result.find(' ');
-  return blank != result.npos && result.substr(blank + 1) == *other.names.back();
+  if (blank != result.npos && result.substr(blank + 1) == *other.names.back())
+    return true;
+  std::string_view const tag = named_tag(type);
+  return !tag.empty() && other.parts && tag == other.parts->name.of(other.decl);
 }
 
 void Joining::join_all(Group const & group) {

@@ -27,7 +27,7 @@ enum class gNodeKind : unsigned char {
   right_tab,   // width
   reference,   // window type, target, level or empty; children. No target: window type "void"
   name_ref,    // window type, name as its author wrote it; children
-  web_link,    // address outside of the document; children
+  web_link,    // address outside of the document, "here" if it is a place on the page; children
   image,       // its address; children: the text that stands for it
   formula,     // "inline" or "display", its source in TeX
   bookmark,    // name, "hid" or empty

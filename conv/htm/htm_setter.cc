@@ -172,10 +172,17 @@ void gHtmSetter::set_declaration(std::string_view text, std::string & out) {
   gKnownFacts const & facts =
       unit() < 0 || text != site_.unit(unit()).declaration ? none : site_.unit(unit()).facts;
   find_bound_names(unit(), text, facts);
+  std::string broken = Declaration::broken(text, facts);
+  std::size_t const all = broken.size();
+  Declaration::cut(broken);
   DeclarationText::set(
-      Declaration::broken(text, facts), language, colours_,
+      broken, language, colours_,
       [this](std::string_view name, std::string & link) { return link_name(unit(), name, link); },
       out);
+  if (broken.size() == all)
+    return;
+  std::string const left = site_.number(all - broken.size());
+  rules().apply(gVltRule::cut, gVltValues().set(gVltValue::count, left), out);
 }
 
 // The parameters of a template mean nothing outside, and within its members nothing else.
@@ -199,7 +206,9 @@ void gHtmSetter::find_bound_names(int unit, std::string_view declaration,
 bool gHtmSetter::link_name(int from, std::string_view name, std::string & out) {
   if (std::ranges::find(bound_, name.substr(0, name.find("::"))) != bound_.end())
     return false;
-  int const found = document().find_word(from, name);
+  int found = document().find_word(from, name);
+  if (found < 0)
+    found = inherited_type(from, name);
   if (found < 0)
     return link_outside(from, name, out);
   if (found == from || found == unit() || (page_ >= 0 && found == site_.pages[page_].first))
@@ -211,6 +220,26 @@ bool gHtmSetter::link_name(int from, std::string_view name, std::string & out) {
   values.set(gVltValue::target, end.title).set(gVltValue::kind, end.kind);
   rules().apply(gVltRule::name_link, values, out);
   return true;
+}
+
+// A type that the class around has from its bases, all of which on the way are known; -1 for none.
+int gHtmSetter::inherited_type(int from, std::string_view name) const {
+  constexpr std::size_t most_bases = 64;
+  std::string_view const scope = from < 0 ? std::string_view() : Atc::scope_of(site_.unit(from));
+  int const around = scope.empty() ? -1 : document().find_type(scope);
+  if (around < 0)
+    return -1;
+  std::vector<int> bases = {around};
+  for (std::size_t i = 0; i < bases.size() && bases.size() < most_bases; ++i) {
+    if (i > 0)
+      if (int const type =
+              document().find_type(site_.unit(bases[i]).name + "::" + std::string(name));
+          type >= 0)
+        return type;
+    for (int const base : site_.inheritance.bases(bases[i]))
+      bases.push_back(base);
+  }
+  return -1;
 }
 
 bool gHtmSetter::link_outside(int from, std::string_view name, std::string & out) {

@@ -76,6 +76,7 @@ private:
                                DeclarationText::gOwnName const & own,
                                std::span<gStretch const> differing);
   std::string linked_head(int unit, std::string_view head);
+  int inherited_type(int from, std::string_view name) const;
   bool link_outside(int from, std::string_view name, std::string & out);
   void find_bound_names(int unit, std::string_view declaration, gKnownFacts const & facts);
 

@@ -23,8 +23,9 @@ std::string_view trimmed_front(std::string_view text) {
   return first == text.npos ? std::string_view() : text.substr(first);
 }
 
-// "a/b/../c.h" as "a/c.h".
-std::string normal(std::string path) {
+} // namespace
+
+std::string Includes::normal(std::string path) {
   for (std::size_t at; (at = path.find("/../")) != path.npos && at > 0;) {
     std::size_t const before = path.rfind('/', at - 1);
     path.erase(before + 1, at + 4 - before - 1);
@@ -34,10 +35,8 @@ std::string normal(std::string path) {
   return path;
 }
 
-} // namespace
-
-std::vector<std::string> Includes::names_in(std::string_view text) {
-  std::vector<std::string> names;
+std::vector<Includes::gName> Includes::names_in(std::string_view text) {
+  std::vector<gName> names;
   for (std::size_t at = 0; at < text.size();) {
     std::size_t const end = std::min(text.find('\n', at), text.size());
     std::string_view line = trimmed_front(text.substr(at, end - at));
@@ -51,7 +50,7 @@ std::vector<std::string> Includes::names_in(std::string_view text) {
     char const close = line.starts_with('<') ? '>' : line.starts_with('"') ? '"' : '\0';
     std::size_t const last = close == '\0' ? line.npos : line.find(close, 1);
     if (last != line.npos && last > 1)
-      names.emplace_back(line.substr(1, last - 1));
+      names.push_back({std::string(line.substr(1, last - 1)), close == '>'});
   }
   return names;
 }
@@ -92,11 +91,13 @@ void gIncludes::read(std::string_view path) {
   if (gColours::language_of(path) == gLanguage::pascal ||
       !Vlb::read_source(gPathstring(std::string(path)), text))
     return;
-  for (std::string const & name : Includes::names_in(text)) {
-    std::string_view const other = meant(path, name);
+  for (Includes::gName const & name : Includes::names_in(text)) {
+    std::string_view const other = meant(path, name.text);
     gPaths & own = includes_[path];
     if (own.size() > most_looked_at)
       return;
+    if (!other.empty() && name.angled)
+      ++spellings_[other][name.text];
     if (other.empty() || other == path || std::ranges::find(own, other) != own.end())
       continue;
     own.push_back(other);
@@ -108,8 +109,9 @@ std::string_view gIncludes::meant(std::string_view from, std::string const & nam
   auto const found = ends_.find(std::string_view(name).substr(name.rfind('/') + 1));
   if (found == ends_.end())
     return {};
-  std::string const beside = normal(std::string(from.substr(0, from.rfind('/') + 1)) + name);
-  std::string const end = normal('/' + name);
+  std::string const beside =
+      Includes::normal(std::string(from.substr(0, from.rfind('/') + 1)) + name);
+  std::string const end = Includes::normal('/' + name);
   std::string_view only;
   for (std::string_view const path : found->second) {
     if (path == beside)
@@ -121,6 +123,14 @@ std::string_view gIncludes::meant(std::string_view from, std::string const & nam
     only = path;
   }
   return only;
+}
+
+std::string_view gIncludes::spelling_of(std::string_view path) const {
+  auto const found = spellings_.find(path);
+  if (found == spellings_.end())
+    return {};
+  return std::ranges::max_element(found->second, {}, [](auto const & one) { return one.second; })
+      ->first;
 }
 
 void gIncludes::add(std::string_view what, gPaths const & paths, int page,

@@ -14,6 +14,8 @@ public:
 
   // For the page of a source, under the heading that is its path: finished text, else empty.
   std::string of(int unit) const;
+  // How other sources name this one between "<" and ">"; empty if none does.
+  std::string_view spelling_of(std::string_view path) const;
 
 private:
   using gPaths = std::vector<std::string_view>;
@@ -29,9 +31,16 @@ private:
       paths_; // of sources, by the units that head their pages
   std::unordered_map<std::string_view, gPaths> ends_; // by the names behind the last "/"
   std::unordered_map<std::string_view, gPaths> includes_, included_by_;
+  std::unordered_map<std::string_view, std::map<std::string, int>> spellings_; // with counts
 };
 
 namespace Includes {
-// The names in the #include lines of a text, without quotes.
-std::vector<std::string> names_in(std::string_view text);
+struct gName {
+  std::string text; // without quotes
+  bool angled = false;
+};
+// The names in the #include lines of a text.
+std::vector<gName> names_in(std::string_view text);
+// "a/b/../c.h" as "a/c.h".
+std::string normal(std::string path);
 } // namespace Includes

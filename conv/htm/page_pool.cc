@@ -10,10 +10,11 @@ void Pages::write_units(gConversion & conversion, gSite & site, gColours const &
                         gNavigation const & navigation, gContents const & contents,
                         gScopes const & scopes, gSearchIndex & search) {
   gIncludes const includes(site);
+  gUses const uses(site);
   unsigned const threads = Vlb::thread_count(conversion.input().jobs);
   Vlb::gPerWorker<gUnitPages> makers(threads, [&] {
     return std::make_unique<gUnitPages>(conversion, site, colours, navigation, contents, scopes,
-                                        includes);
+                                        includes, uses);
   });
   auto const count = static_cast<std::size_t>(site.pages.size());
   Vlb::gOrdered<gMadePage> pages(threads, count, [&](unsigned worker, std::size_t page) {

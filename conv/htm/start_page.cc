@@ -5,9 +5,11 @@
 
 #include "conv/htm/htm_setter.h"
 #include "conv/htm/html_text.h"
+#include "conv/htm/includes.h"
 #include "conv/htm/overview.h"
 #include "conv/htm/page_writer.h"
 #include "conv/htm/scopes.h"
+#include "conv/htm/slug.h"
 #include "conv/set/markdown.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
@@ -120,6 +122,69 @@ int main_text(gSite const & site) {
   return found == units.end() ? -1 : static_cast<int>(found - units.begin());
 }
 
+// A README is read where the sources lie, so its links name files beside it and headlines in it.
+class gTextLinks {
+public:
+  gTextLinks(gSite & site, gPathstring const & file, gNodeList const & body)
+      : site_(site),
+        folder_(file.substr(0, file.rfind('/') + 1)) {
+    for (gNode const & node : body)
+      if (node.kind == gNodeKind::headline)
+        headlines_.insert(Vlb::to_lower(Slug::of(plain_text(node.children))));
+  }
+
+  // What leads nowhere becomes text.
+  void settle(gNodeList & nodes) {
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      settle(nodes[i].children);
+      if (nodes[i].kind != gNodeKind::web_link)
+        continue;
+      if (leads_somewhere(nodes[i]))
+        continue;
+      gNodeList inner = std::move(nodes[i].children);
+      auto const at = nodes.erase(nodes.begin() + static_cast<std::ptrdiff_t>(i));
+      nodes.insert(at, std::make_move_iterator(inner.begin()),
+                   std::make_move_iterator(inner.end()));
+    }
+  }
+
+private:
+  // Gives the link the address that it has here.
+  bool leads_somewhere(gNode & link) {
+    std::string const address = link.param(0);
+    if (address.starts_with('#')) {
+      std::string const place = Vlb::to_lower(address.substr(1));
+      link.params = {"#s-" + place, "here"};
+      return headlines_.contains(place);
+    }
+    if (address.find(':') != address.npos)
+      return true;
+    if (address.empty() || address.starts_with('/'))
+      return false;
+    gPathstring const path(Includes::normal(folder_ + address.substr(0, address.find('#'))));
+    if (!path.starts_with(folder_) || !gFileSystem::file_exists(path))
+      return false;
+    if (int const unit = page_of(path); unit >= 0) {
+      link.kind = gNodeKind::reference;
+      link.params = {site_.unit(unit).wintype, site_.unit(unit).label, ""};
+      return true;
+    }
+    link.params = {site_.repository ? site_.repository->href(path, "1") : std::string()};
+    return !link.params[0].empty();
+  }
+  // The page of a source that is documented.
+  int page_of(std::string const & path) const {
+    for (int i = 0; i < static_cast<int>(site_.document.units.size()); ++i)
+      if (gUnitRecord const & unit = site_.unit(i); unit.path == path && site_.pages.begins(i))
+        return i;
+    return -1;
+  }
+
+  gSite & site_;
+  std::string folder_;
+  std::set<std::string> headlines_;
+};
+
 // The text that belongs to the sources; empty without one.
 std::string text_of(gSite & site, gColours const & colours, gPathstring const & file) {
   if (int const unit = main_text(site); unit >= 0) {
@@ -138,7 +203,9 @@ std::string text_of(gSite & site, gColours const & colours, gPathstring const & 
   gHtmSetter setter(site, colours);
   setter.begin_page(-1);
   setter.begin_unit(-1, 1);
-  return setter.set(read_markdown(text).body);
+  gNodeList body = read_markdown(text).body;
+  gTextLinks(site, file, body).settle(body);
+  return setter.set(body);
 }
 
 // How much of what was found is explained, in percent.

@@ -55,7 +55,7 @@ std::string linked_name(gSite const & site, gHtmSetter const & setter, int unit)
   return out;
 }
 
-std::string include_of(gSite const & site, gUnitRecord const & record) {
+std::string include_of(gSite const & site, gIncludes const & includes, gUnitRecord const & record) {
   std::string out;
   if (gColours::language_of(record.path) == gLanguage::pascal) {
     std::string_view name = record.name;
@@ -64,11 +64,21 @@ std::string include_of(gSite const & site, gUnitRecord const & record) {
       site.rules.apply(gVltRule::include, "pascal", gVltValues().set(V::name, unit), out);
     return out;
   }
-  std::string const path =
-      Html::escaped(UnitHead::include_path(record.path, site.sources.shown(record.path)));
+  std::string_view const shown = site.sources.shown(record.path);
+  std::string_view const own = UnitHead::include_path(record.path, shown);
+  std::string_view const said = own.empty() ? own : includes.spelling_of(record.path);
+  std::string const path = Html::escaped(said.empty() ? own : said);
   if (!path.empty())
     site.rules.apply(gVltRule::include, gVltValues().set(V::path, path).set(V::name, path), out);
   return out;
+}
+
+// A folder such as "glib-2.0" or "eigen3" holds one version among others, and compilers are told
+// it.
+std::string_view without_version(std::string_view path) {
+  std::size_t const end = path.find('/');
+  bool const version = end != path.npos && end > 1 && Vlb::is_digit(path[end - 1]);
+  return version ? path.substr(end + 1) : path;
 }
 
 } // namespace
@@ -81,10 +91,16 @@ std::string_view UnitHead::include_path(std::string_view path, std::string_view 
     return {};
   constexpr std::string_view folder = "/include/";
   std::size_t const at = path.rfind(folder);
-  return at == path.npos ? shown : path.substr(at + folder.size());
+  if (at != path.npos)
+    return without_version(path.substr(at + folder.size()));
+  for (std::string_view const root : {"src/", "source/", "inc/"})
+    if (shown.starts_with(root))
+      return shown.substr(root.size());
+  return shown;
 }
 
-gUnitHead UnitHead::of(gSite const & site, gHtmSetter & setter, int unit, gUnitText const & text) {
+gUnitHead UnitHead::of(gSite const & site, gHtmSetter & setter, gIncludes const & includes,
+                       int unit, gUnitText const & text) {
   gUnitRecord const & record = site.unit(unit);
   gUnitHead head;
   if (!record.facts.known || record.facts.kind.empty())
@@ -93,7 +109,7 @@ gUnitHead UnitHead::of(gSite const & site, gHtmSetter & setter, int unit, gUnitT
   head.title = begins ? linked_name(site, setter, unit) : "";
   bool const is_text = record.name.empty(); // a topic or page
   if (begins && !is_scope(record) && !is_text)
-    head.include = include_of(site, record);
+    head.include = include_of(site, includes, record);
   bool const said = !begins && record.parent >= 0 &&
                     site.unit(record.parent).facts.condition == record.facts.condition;
   if (!said)

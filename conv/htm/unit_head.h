@@ -3,6 +3,7 @@
 #pragma once
 
 #include "conv/htm/htm_setter.h"
+#include "conv/htm/includes.h"
 
 // Finished texts; empty where there is nothing to say.
 struct gUnitHead {
@@ -15,7 +16,8 @@ struct gUnitHead {
 namespace UnitHead {
 
 // Of a unit with this text. A member says nothing that the head of its page has said.
-gUnitHead of(gSite const & site, gHtmSetter & setter, int unit, gUnitText const & text);
+gUnitHead of(gSite const & site, gHtmSetter & setter, gIncludes const & includes, int unit,
+             gUnitText const & text);
 
 // The address of a header as an #include names it: behind the last folder "include", else as the
 // sources lie. Empty for what isn't included.

@@ -33,7 +33,7 @@ struct gUnitPages::gParts {
 
 gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & colours,
                        gNavigation const & navigation, gContents const & contents,
-                       gScopes const & scopes, gIncludes const & includes)
+                       gScopes const & scopes, gIncludes const & includes, gUses const & uses)
     : site_(site),
       writer_(conversion, site),
       setter_(site, colours),
@@ -42,6 +42,7 @@ gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & 
       relations_(site, setter_, overview_),
       scopes_(scopes),
       includes_(includes),
+      uses_(uses),
       places_(site) {
   setter_.report_to(made_.reports);
   for (gSkippedRecord const & one : site_.document.skipped)
@@ -144,7 +145,7 @@ void gUnitPages::set_parts(int number, gUnitText const & text, gParts & parts) {
       }
     }
   parts.body += relations_.borrowed(number, text.body);
-  parts.relations = relations_.of(number) + includes_.of(number);
+  parts.relations = relations_.of(number) + includes_.of(number) + uses_.of(number);
   parts.notes = setter_.take_notes();
 }
 
@@ -251,7 +252,7 @@ void gUnitPages::add_unit(int unit, std::string & out) {
   gParts parts;
   set_parts(unit, text, parts);
   add_place(unit);
-  gUnitHead const head = UnitHead::of(site_, setter_, unit, text);
+  gUnitHead const head = UnitHead::of(site_, setter_, includes_, unit, text);
   if (parts.title.empty())
     Html::escape(record.title, parts.title);
   if (!head.title.empty())

@@ -8,6 +8,7 @@
 #include "conv/htm/relations.h"
 #include "conv/htm/scopes.h"
 #include "conv/htm/search_index.h"
+#include "conv/htm/uses.h"
 
 // What a page leaves beside its files.
 struct gMadePage {
@@ -29,7 +30,7 @@ public:
   // All have to outlive this.
   gUnitPages(gConversion & conversion, gSite & site, gColours const & colours,
              gNavigation const & navigation, gContents const & contents, gScopes const & scopes,
-             gIncludes const & includes);
+             gIncludes const & includes, gUses const & uses);
 
   // Writes the page, and those of the hierarchies that it leads to.
   gMadePage make(int page);
@@ -58,6 +59,7 @@ private:
   gRelations relations_;
   gScopes const & scopes_;
   gIncludes const & includes_;
+  gUses const & uses_;
   gListed listed_;     // below the unit that the page begins with
   std::set<int> told_; // units of which their rows say all
   int page_ = -1;

@@ -139,6 +139,21 @@ std::string Declaration::broken(std::string_view text, gKnownFacts const & facts
   return out.append(text.substr(close));
 }
 
+void Declaration::cut(std::string & text) {
+  constexpr std::size_t longest = 3000, most_lines = 40;
+  std::size_t end = std::min(text.size(), longest);
+  for (std::size_t at = 0, lines = 0; (at = text.find('\n', at)) < end; ++at)
+    if (++lines == most_lines)
+      end = at;
+  if (end == text.size())
+    return;
+  std::size_t const border = text.find_last_of("\n ,", end);
+  end = border == text.npos || border < end / 2 ? end : border + 1;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
+    --end; // no half character
+  text.resize(end);
+}
+
 std::vector<std::string_view> Declaration::bound_names(std::string_view text,
                                                        gKnownFacts const & facts) {
   std::vector<std::string_view> names;

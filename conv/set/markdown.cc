@@ -67,8 +67,12 @@ public:
       return 0;
     }
   }
-  int enter_span(MD_SPANTYPE type) {
+  int enter_span(MD_SPANTYPE type, void * detail) {
     switch (type) {
+    case MD_SPAN_A:
+      begin(gNodeKind::web_link);
+      open_.back().params = {address(static_cast<MD_SPAN_A_DETAIL *>(detail)->href)};
+      return 0;
     case MD_SPAN_EM:
       return begin(gNodeKind::em);
     case MD_SPAN_STRONG:
@@ -85,6 +89,8 @@ public:
   int leave_span(MD_SPANTYPE type) {
     if (type == MD_SPAN_IMG)
       --pictures_;
+    else if (type == MD_SPAN_A)
+      end(!is_blank(open_.back()));
     else if (type == MD_SPAN_EM || type == MD_SPAN_STRONG || type == MD_SPAN_CODE)
       end(true);
     return 0;
@@ -129,6 +135,16 @@ private:
       if (one.name == text)
         return std::string(one.text);
     return std::string(text);
+  }
+
+  static std::string address(MD_ATTRIBUTE const & text) {
+    std::string out;
+    for (unsigned i = 0; text.size > 0 && text.substr_offsets[i] < text.size; ++i) {
+      std::string_view const part(text.text + text.substr_offsets[i],
+                                  text.substr_offsets[i + 1] - text.substr_offsets[i]);
+      out += text.substr_types[i] == MD_TEXT_ENTITY ? entity(part) : std::string(part);
+    }
+    return out;
   }
 
   // What would lie too deep becomes a part of what is around it.
@@ -195,8 +211,8 @@ gMarkdownText read_markdown(std::string_view text) {
   parser.leave_block = [](MD_BLOCKTYPE type, void *, void * data) {
     return reader(data).leave_block(type);
   };
-  parser.enter_span = [](MD_SPANTYPE type, void *, void * data) {
-    return reader(data).enter_span(type);
+  parser.enter_span = [](MD_SPANTYPE type, void * detail, void * data) {
+    return reader(data).enter_span(type, detail);
   };
   parser.leave_span = [](MD_SPANTYPE type, void *, void * data) {
     return reader(data).leave_span(type);

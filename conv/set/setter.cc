@@ -137,7 +137,8 @@ bool gSetter::is_safe_address(std::string_view address) {
 }
 
 void gSetter::set_web_link(gVltRule rule, gNode const & node, std::string & out) {
-  bool const links = !in_link_ && is_safe_address(node.param(0));
+  bool const here = node.param(1) == "here" && node.param(0).starts_with('#');
+  bool const links = !in_link_ && (here || is_safe_address(node.param(0)));
   bool const outer = std::exchange(in_link_, in_link_ || links);
   std::string const text = set(node.children);
   in_link_ = outer;

@@ -135,6 +135,7 @@ constexpr Row rows[] = {
     {"quote", false, block_values},
     {"rule", false, no_values},
     {"declaration", false, block_values},
+    {"cut", false, place_values},
     {"enum", true, list_values},
     {"item", true, item_values},
     {"numbering", true, list_values},

@@ -141,6 +141,7 @@ enum class gVltRule : unsigned char {
   quote,
   rule,
   declaration, // a verbatim block that a subentry consists of
+  cut,         // behind the beginning of a declaration that is too long to be shown
   enumeration /* by style */,
   item,
   numbering /* by style */,

@@ -413,19 +413,61 @@ TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
       start, {"n.T.htm", "Not meant for users", "n.detail.X.htm", "Tests, examples", "n.Y.htm"});
 }
 
+// Who copies such a line must get what compiles, and never a path of another machine.
+TEST_F(HtmSite, SourcesTellHowTheyAreTakenIn) {
+  path_ = folder_.write("w/deep/lib/a.h", "// nothing");
+  std::string units = known(2, "class", "A", "A", "", "class A");
+  path_ = folder_.write("w/other/b.h", "#include <lib/a.h>\n");
+  units += known(2, "class", "B", "B", "", "class B");
+  path_ = "/x/include/lib-2.0/sub/c.h";
+  units += known(2, "class", "C", "C", "", "class C");
+  path_ = folder_.write("w/u.pas",
+                        "unit u;\ninterface { uses no }\nuses V in 'x;.pas', {w,} Outer.Sys;");
+  units += known(2, "unit", "u", "u", "", "unit u");
+  path_ = folder_.write("w/v.pas", "unit V; // uses u\nimplementation uses u, U; end.");
+  units += known(2, "unit", "V", "V", "", "unit V");
+  convert(units);
+  expect_in_order(file("A.htm"), {"<code>#include &lt;lib/a.h&gt;</code>"});
+  expect_in_order(file("C.htm"), {"<code>#include &lt;sub/c.h&gt;</code>"});
+  expect_in_order(file("u.htm"),
+                  {"Uses <a href=\"V.htm\"><code>V</code></a> <code>Outer.Sys</code>",
+                   "Used by <a href=\"V.htm\">"});
+  for (char const * none : {">no<", ">x<", ">w<"})
+    EXPECT_EQ(file("u.htm").find(none), std::string::npos) << none;
+}
+
+// A table of numbers as large as a source would make pages of megabytes; types that a class has
+// from its bases are the same as its own for readers.
+TEST_F(HtmSite, DeclarationsAreLinkedThroughBasesAndCut) {
+  std::string const numbers = "int const data[] = {" + std::string(9000, '1') + "};";
+  convert(known(2, "class", "Base", "Base", "", "class Base") +
+          known(3, "class", "Base::Part", "Part", "", "class Part") +
+          known(2, "class", "Mid", "Mid", "", "class Mid : Base") +
+          known(2, "class", "D", "D", "", "class D : Mid") +
+          known(3, "method", "D::get", "get", "", "Part get(Other o);") +
+          known(2, "variable", "data", "data", "", numbers));
+  expect_in_order(file("D.htm"), {"<a href=\"Base.htm#Part\">Part</a> get(Other"});
+  std::string const page = file("data.htm");
+  EXPECT_LT(page.size(), 8000U);
+  EXPECT_NE(page.find("… 6,02"), std::string::npos) << page;
+}
+
 // What belongs to the sources is shown, but nothing of it may become a tag or a script of the page.
 TEST_F(HtmSite, StartPageShowsTheTextAndServersGetTheirFiles) {
   htm_["start_text"] = folder_.write(
       "README.md",
       "# Title\n\nA *good* `lib<T>` &amp; <script>bad()</script> [link](javascript:x)\n\n"
+      "[up](../secret) [use](#use) [no](#none) [web](https://a.b/?c&d) [beside](a.h)\n\n"
       "![badge](x.svg)\n\n## Use\n\n- one\n  - two\n\n```\nint "
       "a;\n```\n\n|a|b|\n|---|---|\n|1|2|\n");
   htm_["site_url"] = "https://example.org/a\"b";
   htm_["version"] = "<7>";
-  convert(unit(2, "A", "/x/a.h", 1, "About \"it\"."));
+  convert(unit(2, "A", folder_.write("a.h", ""), 1, "About \"it\"."));
   std::string const start = file("index.htm");
-  expect_in_order(start, {"&lt;7&gt;", "A <em>good</em>", "lib&lt;T&gt;", " &amp; ", "<h2", "Use",
-                          "<li>one", "<li>two", "a;", "<th", "<td>1"});
+  expect_in_order(start,
+                  {"&lt;7&gt;", "A <em>good</em>", "lib&lt;T&gt;", " &amp; ", "link", "up <a",
+                   "href=\"#s-use\">use</a> no <a", "href=\"https://a.b/?c&amp;d\">web</a> <a",
+                   "A.htm\">beside</a>", "<h2", "Use", "<li>one", "<li>two", "a;", "<th", "<td>1"});
   for (char const * none : {"bad()<", "javascript:", "badge", "<7>", "Title"})
     EXPECT_EQ(start.find(none), std::string::npos) << none;
   expect_in_order(file("A.htm"), {"content=\"About &quot;it&quot;.\"", "canonical",
