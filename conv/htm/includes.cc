@@ -125,6 +125,11 @@ std::string_view gIncludes::meant(std::string_view from, std::string const & nam
   return only;
 }
 
+int gIncludes::page_of(std::string_view path) const {
+  auto const found = pages_.find(path);
+  return found == pages_.end() || found->second < 0 ? -1 : site_.pages.of(found->second);
+}
+
 std::string_view gIncludes::spelling_of(std::string_view path) const {
   auto const found = spellings_.find(path);
   if (found == spellings_.end())

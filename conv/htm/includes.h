@@ -14,6 +14,8 @@ public:
 
   // For the page of a source, under the heading that is its path: finished text, else empty.
   std::string of(int unit) const;
+  // The page whose heading is the path of this source; -1 for none.
+  int page_of(std::string_view path) const;
   // How other sources name this one between "<" and ">"; empty if none does.
   std::string_view spelling_of(std::string_view path) const;
 

@@ -1,5 +1,8 @@
 // The converter to HTML, from the plan of the site to its last file.
 
+#include <algorithm>
+#include <map>
+
 #include "conv/htm/former_addresses.h"
 #include "conv/htm/index_page.h"
 #include "conv/htm/link_lists.h"
@@ -11,6 +14,33 @@
 
 namespace {
 
+// "search+fit.js" is a part of "search.js": a page loads one file where its writers have several.
+std::string whole_of(std::string const & name) {
+  std::size_t const sign = name.find('+'), dot = name.rfind('.');
+  bool const part = sign != name.npos && sign > 0 && dot != name.npos && dot > sign;
+  return part ? name.substr(0, sign) + name.substr(dot) : name;
+}
+
+// The parts in front, in the order of their names.
+bool join_helper(gConversion & conversion, std::string const & whole,
+                 std::vector<std::string> const & files) {
+  std::string all;
+  for (bool const last : {false, true})
+    for (std::string const & name : files) {
+      std::string text;
+      if ((name == whole) != last)
+        continue;
+      gPathstring const path = gPathstring(conversion.input().helpers).append(name);
+      if (!gFileSystem::read_file(path, text)) {
+        Msg::log(Msg::cannot_read, path);
+        return false;
+      }
+      all += text;
+    }
+  conversion.write("_files/" + whole, all);
+  return true;
+}
+
 // The style sheet, the script, and whatever else lies in the folder. Without them the pages would
 // be bare, so a folder that can't be read is a fault.
 bool copy_helpers(gConversion & conversion) {
@@ -19,12 +49,18 @@ bool copy_helpers(gConversion & conversion) {
     Msg::log(Msg::cannot_read, folder);
     return false;
   }
-  bool copied = true;
+  std::map<std::string, std::vector<std::string>> files; // by what they make
   for (Vlb::FolderEntry const & entry : Vlb::read_folder(folder))
     if (!entry.hidden() && Vlb::leads_to_file(folder, entry))
-      copied = conversion.copy(gPathstring(folder).append(entry.name),
-                               "_files/" + std::string(entry.name)) &&
-               copied;
+      files[whole_of(std::string(entry.name))].emplace_back(entry.name);
+  bool copied = true;
+  for (auto & [whole, parts] : files) {
+    std::ranges::sort(parts);
+    bool const alone = parts.size() == 1 && parts[0] == whole;
+    copied = (alone ? conversion.copy(gPathstring(folder).append(whole), "_files/" + whole)
+                    : join_helper(conversion, whole, parts)) &&
+             copied;
+  }
   return copied;
 }
 
@@ -57,11 +93,12 @@ bool write_site(gConversion & conversion) {
   gColours const colours(conversion.rules());
   gContents const contents(site);
   gScopes const scopes(site);
+  gIncludes const includes(site);
   gNavigation const navigation(site, contents, scopes);
   gPageWriter writer(conversion, site);
   gSearchIndex search(site);
 
-  Pages::write_units(conversion, site, colours, navigation, contents, scopes, search);
+  Pages::write_units(conversion, site, colours, navigation, contents, scopes, includes, search);
   Pages::write_start(writer, site, colours, input.start_text, navigation, contents);
   Pages::write_for_servers(conversion, writer, site);
   Pages::write_contents(writer, site, navigation, contents);
@@ -70,7 +107,7 @@ bool write_site(gConversion & conversion) {
   Index::write(writer, site, navigation, Index::keys_of(site.document, input.index_place_holder),
                input.simple_index);
   search.write(conversion);
-  Pages::write_sources(conversion, site, colours, navigation);
+  Pages::write_sources(conversion, site, colours, navigation, includes);
   write_lists(conversion, site);
   gFormerAddresses former(site);
   if (!input.addresses.empty()) {

@@ -153,8 +153,9 @@ void gOverview::add_heading(gMemberGroup const & group, int level, bool on_page,
   gKind const & kind = site_.kinds.of(first);
   gListed::Group heading{"", Members::title_of(site_, group.name, first), {}};
   // Other lists on the page may have groups of the same kind.
-  if (!on_page || site_.pages.begins(site_.pages.units().parent(first)))
-    heading.anchor = "g-" + (kind.css.empty() ? "text" : Members::place_of(group.name));
+  bool const titled = !heading.title.empty();
+  if (titled && (!on_page || site_.pages.begins(site_.pages.units().parent(first))))
+    heading.anchor = "g-" + Members::place_of(group.name);
   std::string const count = site_.number(group.units.size()), depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, items).set(V::level, depth).set(V::count, count);

@@ -8,8 +8,7 @@
 
 void Pages::write_units(gConversion & conversion, gSite & site, gColours const & colours,
                         gNavigation const & navigation, gContents const & contents,
-                        gScopes const & scopes, gSearchIndex & search) {
-  gIncludes const includes(site);
+                        gScopes const & scopes, gIncludes const & includes, gSearchIndex & search) {
   gUses const uses(site);
   unsigned const threads = Vlb::thread_count(conversion.input().jobs);
   Vlb::gPerWorker<gUnitPages> makers(threads, [&] {
@@ -35,12 +34,14 @@ void Pages::write_units(gConversion & conversion, gSite & site, gColours const &
 }
 
 void Pages::write_sources(gConversion & conversion, gSite const & site, gColours const & colours,
-                          gNavigation const & navigation) {
+                          gNavigation const & navigation, gIncludes const & includes) {
+  gKnownWords const words(site);
   auto const linked = site.source_addresses.linked();
   gSourcePages::gUnits const units = gSourcePages::units_of(site);
   unsigned const threads = Vlb::thread_count(conversion.input().jobs);
   Vlb::gPerWorker<gSourcePages> makers(threads, [&] {
-    return std::make_unique<gSourcePages>(conversion, site, colours, navigation, units);
+    return std::make_unique<gSourcePages>(conversion, site, colours, navigation, units, words,
+                                          includes);
   });
   Vlb::gOrdered<bool> pages(threads, linked.size(), [&](unsigned worker, std::size_t source) {
     Vapp::poll_break();

@@ -10,9 +10,9 @@ namespace Pages {
 // words, in the order of the document.
 void write_units(gConversion & conversion, gSite & site, gColours const & colours,
                  gNavigation const & navigation, gContents const & contents, gScopes const & scopes,
-                 gSearchIndex & search);
+                 gIncludes const & includes, gSearchIndex & search);
 // Those that links lead to.
 void write_sources(gConversion & conversion, gSite const & site, gColours const & colours,
-                   gNavigation const & navigation);
+                   gNavigation const & navigation, gIncludes const & includes);
 
 } // namespace Pages

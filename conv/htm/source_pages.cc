@@ -23,6 +23,8 @@ std::string_view next_line(std::string_view & text) {
 // Bytes beside the text of the lines, and those of them that links back may take in a page that has
 // no room for colours.
 constexpr std::size_t most_markup = 80000, most_links = 20000;
+// Bytes of links from names, and the lines in which one of them is enough.
+constexpr std::size_t most_name_links = 24000, lines_of_a_screen = 25;
 
 std::size_t text_size(std::vector<std::string_view> const & lines) {
   std::size_t size = 0;
@@ -46,10 +48,13 @@ gSourcePages::gUnits gSourcePages::units_of(gSite const & site) {
 }
 
 gSourcePages::gSourcePages(gConversion & conversion, gSite const & site, gColours const & colours,
-                           gNavigation const & navigation, gUnits const & units)
+                           gNavigation const & navigation, gUnits const & units,
+                           gKnownWords const & words, gIncludes const & includes)
     : site_(site),
       colours_(colours),
       navigation_(navigation),
+      words_(words),
+      includes_(includes),
       writer_(conversion, site),
       units_(units) {}
 
@@ -83,22 +88,45 @@ void gSourcePages::write_source(gSource const & source, std::string_view text) {
   }
 }
 
+void gSourcePages::set_line(std::string_view line, std::size_t number, gColours::gState & state,
+                            std::string & text) {
+  colours_.split(language_, line, state, stretches_);
+  for (gColoured const & stretch : stretches_)
+    if (stretch.colour != gColour::word || !link_word(stretch.text, number, text))
+      colours_.set(stretch, text);
+}
+
+// A page full of links is slow, and hard to read.
+bool gSourcePages::link_word(std::string_view word, std::size_t number, std::string & text) {
+  int const unit = words_.unit_of(word);
+  if (unit < 0 || static_cast<std::size_t>(site_.unit(unit).source_line) == number ||
+      link_bytes_ > most_name_links)
+    return false;
+  auto const [last, added] = linked_.try_emplace(word, number);
+  if (!added && number < last->second + lines_of_a_screen)
+    return false;
+  last->second = number;
+  std::string const to = "../" + site_.addresses.href(unit), name = Html::escaped(word);
+  link_bytes_ += to.size() + name.size();
+  site_.rules.apply(gVltRule::name_link, gVltValues().set(V::text, name).set(V::href, to), text);
+  return true;
+}
+
 // Without colours links back are set as long as there is room for them.
 void gSourcePages::set_lines(gPart const & part, gUnitLines const & units, bool coloured,
                              gColours::gState & state, std::string & items) {
   items.clear();
+  linked_.clear();
+  link_bytes_ = 0;
   std::size_t links = 0;
   std::string text, href, title;
   for (std::size_t i = 0; i < part.lines.size(); ++i) {
     text.clear();
-    if (coloured) {
-      colours_.split(language_, part.lines[i], state, stretches_);
-      for (gColoured const & stretch : stretches_)
-        colours_.set(stretch, text);
-    } else {
-      Html::escape(part.lines[i], text);
-    }
     std::size_t const number = part.first + i + 1;
+    if (coloured)
+      set_line(part.lines[i], number, state, text);
+    else
+      Html::escape(part.lines[i], text);
     std::string const digits = std::to_string(number), id = "L" + digits;
     gVltValues values;
     values.set(V::id, id).set(V::line, digits).set(V::number, digits).set(V::text, text);
@@ -118,7 +146,10 @@ void gSourcePages::write_part(gSource const & source, std::size_t part, std::str
   frame.style = "source";
   frame.file = gSourceAddresses::page(source, part);
   frame.title = source.shown;
-  frame.crumbs = navigation_.crumbs(-1, source.shown, "../");
+  int const page = includes_.page_of(source.path);
+  frame.crumbs =
+      page < 0 ? navigation_.crumbs(-1, source.shown, "../")
+               : navigation_.crumbs(page, site_.rules.setting("source_title", "Source"), "../");
   if (part > 0)
     frame.previous = part_link(source, part - 1, source.shown);
   if (part + 1 < gSourceAddresses::parts(source))

@@ -12,6 +12,7 @@
 #include "conv/rtf/help_contents.h"
 #include "conv/rtf/help_map.h"
 #include "conv/rtf/help_project.h"
+#include "conv/rtf/rtf_links.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
@@ -68,7 +69,9 @@ public:
     gRtfTemplate style;
     style.load(conversion_.input().style);
     gHelpTopics topics(conversion_, style, keywords_);
-    conversion_.write(name_ + ".rtf", topics.text());
+    std::string const text = topics.text();
+    Rtf::report_dead_jumps(text, gPathstring(conversion_.input().folder).append(name_ + ".rtf"));
+    conversion_.write(name_ + ".rtf", text);
     conversion_.write(name_ + ".cnt",
                       Help::contents(topics.topics(), name_ + ".hlp", conversion_.title()));
     gPathstring const map = map_path(conversion_.input());

@@ -5,6 +5,7 @@
 #include "conv/conversion.h"
 #include "conv/rtf/help.h"
 #include "conv/rtf/rtf_document.h"
+#include "conv/rtf/rtf_links.h"
 
 namespace {
 
@@ -16,7 +17,9 @@ bool make_document(gConversion & conversion) {
   // The name comes from a file: it must not lead out of the folder.
   std::string name = conversion.document().name + ".rtf";
   std::ranges::replace(name, '/', '_');
-  conversion.write(name, gRtfDocument(conversion, style).text());
+  std::string const text = gRtfDocument(conversion, style).text();
+  Rtf::report_dead_links(text, gPathstring(conversion.input().folder).append(name));
+  conversion.write(name, text);
   return conversion.finish(name);
 }
 

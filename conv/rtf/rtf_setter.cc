@@ -85,13 +85,21 @@ std::string gRtfSetter::headline_level(gNode const & node) const {
 
 void gRtfSetter::set_verbatim(gNode const & node, bool declaration, std::string & out) {
   std::string text = block_text(node.text);
+  std::size_t cut = 0;
   if (declaration && unit() >= 0) {
     gUnitRecord const & record = document().units[static_cast<std::size_t>(unit())];
     text = text == record.declaration ? Declaration::broken(text, record.facts)
                                       : Declaration::broken(text);
+    cut = text.size();
+    Declaration::cut(text);
+    cut -= text.size();
   }
   std::string shown;
   Rtf::escape_lines(text, shown);
+  if (cut > 0) {
+    std::string const left = std::to_string(cut);
+    rules().apply(gVltRule::cut, gVltValues().set(gVltValue::count, left), shown);
+  }
   std::string const space = indentation();
   rules().apply(declaration ? gVltRule::declaration : gVltRule::verbatim,
                 gVltValues().set(gVltValue::text, shown).set(gVltValue::width, space), out);

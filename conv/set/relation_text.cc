@@ -80,6 +80,13 @@ public:
         {text_node(rules_.setting("inherited_title", "Inherited from") + " "), link_to(part.from)},
         {made(gNodeKind::paragraph, std::move(links))});
   }
+  void add_condition(std::string const & condition) {
+    gNode code = made(gNodeKind::tt, {text_node(condition)});
+    body_.insert(
+        body_.begin(),
+        made(gNodeKind::paragraph,
+             {text_node(rules_.setting("condition_title", "Only where") + " "), std::move(code)}));
+  }
   void add_text(int source) {
     gNodeList blocks = RelationText::explanation(document_.text_of(source));
     body_.insert(body_.end(), std::make_move_iterator(blocks.begin()),
@@ -126,8 +133,12 @@ gNodeList RelationText::explanation(gUnitText const & text) {
 void RelationText::set_into(gDocument const & document, gInheritance const & inheritance,
                             gVltRules const & rules, int unit, gNodeList & body) {
   gAppender appender(document, rules, body);
+  gUnitRecord const & own = document.units[static_cast<std::size_t>(unit)];
+  bool const same =
+      own.parent >= 0 &&
+      document.units[static_cast<std::size_t>(own.parent)].facts.condition == own.facts.condition;
   int const source = inheritance.explained_by(unit);
-  bool const silent = document.units[static_cast<std::size_t>(unit)].summary.empty();
+  bool const silent = own.summary.empty();
   if (source >= 0 && silent && !says_something(body))
     appender.add_text(source);
   std::vector<int> implemented, replaced;
@@ -141,4 +152,6 @@ void RelationText::set_into(gDocument const & document, gInheritance const & inh
                most_methods);
   for (gInherited const & part : inheritance.inherited(unit))
     appender.add_part(part);
+  if (!same && !own.facts.condition.empty())
+    appender.add_condition(own.facts.condition);
 }

@@ -7,6 +7,7 @@
 
 namespace RelationText {
 
+// Puts the condition of the preprocessor in front, where the unit above hasn't got it.
 // Appends which methods a method replaces and which replace it, the text that it takes over if it
 // has none, and what a class inherits. Nothing is appended where there is nothing of the kind.
 void set_into(gDocument const & document, gInheritance const & inheritance, gVltRules const & rules,
