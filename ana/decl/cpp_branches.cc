@@ -128,9 +128,20 @@ private:
     begin_branch(at);
   }
 
+  // A source may hold directives alone, many of which give macros that nobody has defined a value.
+  bool says_something_before(std::uint32_t at) const {
+    auto const & directives = source_.directives;
+    return std::any_of(directives.begin(), directives.begin() + at, [this](gDirective const & one) {
+      std::string_view const line = text_.substr(one.whole.begin, 40);
+      std::string_view const said = line.substr(0, line.find('\n'));
+      bool const once = one.kind == gDirective::other && said.find("once") != said.npos;
+      return once || one.kind == gDirective::if_ || one.kind == gDirective::define;
+    });
+  }
+
   bool is_guard(std::uint32_t at) const {
     auto const & directives = source_.directives;
-    if (at_ != 0 || at + 1 >= directives.size() || !groups_.empty())
+    if (at_ != 0 || at + 1 >= directives.size() || !groups_.empty() || says_something_before(at))
       return false;
     gDirective const & next = directives[at + 1];
     bool const negated = directives[at].negated || directives[at].value.of(text_).starts_with("!");

@@ -324,3 +324,11 @@ TEST_F(Document, TellsOfAnUnknownStyleOnceAndUsesTheUsualOne) {
   EXPECT_TRUE(result.success);
   EXPECT_NE(rtf.find("\\lang2057 Plain text.\\par"), rtf.npos);
 }
+
+// What a user's script has done to links must not be found by a reader first.
+TEST_F(Document, TellsWhichLinksLeadNowhere) {
+  convert("@cref = {\\field{\\*\\fldinst HYPERLINK \\\\l \"NO_$href\"}{\\fldrslt $text}}");
+  std::string const reports = outside_.report_text();
+  EXPECT_NE(reports.find("532: A link leads nowhere: NO_"), reports.npos) << reports;
+  EXPECT_NE(reports.find(".rtf:"), reports.npos) << reports;
+}
