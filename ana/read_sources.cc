@@ -44,6 +44,7 @@ private:
   void read_includes();
   void read_fragments();
   void adopt_all_members();
+  void report_unknown() const;
   void adopt_again(gPathstring const & path, gIncludeRequest const & request);
   struct Include {
     gIncludeRequest const * request;
@@ -60,8 +61,10 @@ private:
   unsigned const threads_ = Vlb::thread_count(gInput->jobs);
   Vlb::gPerWorker<gModernReader> readers_;
   std::vector<gIncludeRequest> includes_;
-  std::vector<gIncludeRequest> members_;    // what classes of C++ take in
-  std::vector<gSrcFile> fragments_;         // Pascal inputs that aren't units by themselves
+  std::vector<gIncludeRequest> members_; // what classes of C++ take in
+  std::vector<gSrcFile> fragments_;      // Pascal inputs that aren't units by themselves
+  // Commands that nobody knows: how often they stand in comments, and where first.
+  std::map<std::string, std::pair<std::size_t, gLoc>> unknown_;
   std::set<std::string> taken_;             // paths that are read
   std::map<std::string, gSrcFile> by_name_; // inputs by their name in lower case
 };
@@ -109,6 +112,9 @@ void SourceReading::enter(gModernFile & file, gReportSink & reports) {
   if (!file.skipped.empty())
     gFindings.incomplete.insert(file.facts.file.opath());
   std::move(file.skipped.begin(), file.skipped.end(), std::back_inserter(gFindings.skipped));
+  for (gUnknownCommand const & one : file.unknown)
+    unknown_.try_emplace(one.word, 0, gLoc(file.facts.file, one.line)).first->second.first +=
+        one.count;
   bool const pascal = file.facts.file.language() == gLanguage::pascal;
   std::move(file.includes.begin(), file.includes.end(),
             std::back_inserter(pascal ? includes_ : members_));
@@ -233,12 +239,20 @@ void SourceReading::adopt_all_members() {
   }
 }
 
+void SourceReading::report_unknown() const {
+  for (auto const & [word, found] : unknown_)
+    Msg::log(Msg::unknown_command,
+             word + (found.first > 1 ? ", " + std::to_string(found.first) + " times" : ""),
+             found.second);
+}
+
 void SourceReading::run() {
   collect_macros();
   read_all();
   read_includes();
   read_fragments();
   adopt_all_members();
+  report_unknown();
 }
 
 } // namespace

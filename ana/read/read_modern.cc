@@ -26,6 +26,7 @@ constexpr std::string_view closing = " @_vlecom ";
 constexpr std::string_view special = "@_vlukwd ";
 constexpr std::size_t longest_title = 300;
 constexpr std::size_t most_scopes = 256;
+constexpr std::size_t most_unknown = 100; // commands of a file
 
 // The first one keeps its indentation; of those that follow it would make a part of an item.
 void add_paragraph(std::string & text, std::string_view words) {
@@ -98,6 +99,7 @@ private:
                   std::int32_t declaration) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
   void make_units();
+  void note_unknown(gTranslated const & text, int line);
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
   void make_unit(std::int32_t declaration, gTranslated text, gLinePlace place);
   void make_topic(gTranslated text, gCommentBlock const & block);
@@ -303,6 +305,7 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
   if (hidden || !block.documenting || comment_subject(words).kind == gTranslated::unit)
     return;
   gTranslated text = translate(words, nullptr, options_);
+  note_unknown(text, static_cast<int>(block.line));
   if (text.kind == gTranslated::topic)
     make_topic(std::move(text), block);
   else if (text.kind == gTranslated::about)
@@ -445,6 +448,16 @@ gCommentHints gModernReader::File::hints_for(std::int32_t declaration, Words con
   return hints;
 }
 
+void gModernReader::File::note_unknown(gTranslated const & text, int line) {
+  for (auto const & [word, count] : text.unknown) {
+    auto const known = std::ranges::find(result_.unknown, word, &gUnknownCommand::word);
+    if (known != result_.unknown.end())
+      known->count += count;
+    else if (result_.unknown.size() < most_unknown)
+      result_.unknown.push_back({word, count, line});
+  }
+}
+
 void gModernReader::File::make_units() {
   for (auto & [declaration, words] : words_) {
     add_parameters(words);
@@ -452,6 +465,7 @@ void gModernReader::File::make_units() {
     if (!words.values.empty())
       words.text = without_indent(words.text) + "\n" + words.values;
     gTranslated const text = translate(words.text, &hints, options_);
+    note_unknown(text, words.place.line);
     std::vector<std::int32_t> const all = sharing(declaration, words.text.size());
     for (std::int32_t one : all)
       if (std::int32_t const element = elements_.of[static_cast<std::size_t>(one)]; element >= 0)

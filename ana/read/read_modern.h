@@ -27,11 +27,19 @@ struct gIncludeRequest {
   Decl::gPascalContext context;
 };
 
+// A command of comments that nobody knows; it is shown as it stands.
+struct gUnknownCommand {
+  std::string word; // with its first character
+  std::size_t count = 0;
+  int line = 0; // of the comment that has it first
+};
+
 struct gModernFile {
   gFileFacts facts;
   std::vector<gIncludeRequest> includes;
   std::size_t declarations = 0; // found
   std::vector<gSkippedLines> skipped;
+  std::vector<gUnknownCommand> unknown; // each once
 };
 
 // Reads sources one after the other; a thread has a reader of its own.

@@ -130,4 +130,18 @@ TEST(comments, formulas_are_shown_without_a_script) {
   EXPECT_EQ(log.find("535", told + 1), log.npos) << log;
 }
 
+TEST(comments, unknown_commands_are_shown_and_told_once) {
+  Sandbox box;
+  box.write("tree/a.h",
+            "/** Says \\wrongword here and \\wrongword there. \\brief known */\nint f();\n");
+  box.write("tree/b.h", "/** \\page x Text\n * Or \\wrongword, C:\\new and \\other. */\n");
+  EXPECT_EQ(box.run("quick tree -o doc").status, 0);
+  std::string const log = box.read("doc/ana.log");
+  EXPECT_NE(log.find("a command that isn't known: \\wrongword, 3 times ("), log.npos) << log;
+  EXPECT_NE(log.find("a.h:1)"), log.npos) << log;
+  EXPECT_NE(log.find("known: \\other ("), log.npos) << log;
+  EXPECT_EQ(log.find("new", log.find("WARNING")), log.npos) << log;
+  EXPECT_NE(box.read("doc/htm/a.h.htm").find("Says \\wrongword here"), log.npos);
+}
+
 } // namespace
