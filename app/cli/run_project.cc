@@ -28,8 +28,7 @@ class Run {
 public:
   // `facts_key`: of facts that were read ahead, if the options name any.
   Run(gRunOptions const & options, std::string const & facts_key, gRunRecorder & recorder)
-      : options_(options),
-        recorder_(recorder) {
+      : recorder_(recorder) {
     start_.set_overwrite(options.overwrite_policy());
     start_.set_keep_folder(true);
     start_.set_facts(false);
@@ -84,7 +83,6 @@ private:
     return success ? exit_ok : interrupts_.seen() ? exit_interrupted : exit_failed;
   }
 
-  gRunOptions const & options_;
   gRunRecorder & recorder_;
   gInterrupts interrupts_;
   gAnaStart start_;
