@@ -70,7 +70,8 @@ void gSourcePages::write_source(gSource const & source, std::string_view text) {
   if (auto const found = units_.find(source.path); found != units_.end())
     for (int const unit : found->second)
       units.try_emplace(static_cast<std::size_t>(site_.unit(unit).source_line), unit);
-  language_ = gColours::language_of(source.path);
+  path_ = source.path;
+  language_ = gColours::language_of(path_);
   gColours::gState state = 0;
   std::string items;
   for (std::size_t number = 0; number < gSourceAddresses::parts(source); ++number) {
@@ -96,11 +97,16 @@ void gSourcePages::set_line(std::string_view line, std::size_t number, gColours:
       colours_.set(stretch, text);
 }
 
+// Where it is declared, a name would lead to what links back here.
+bool gSourcePages::is_declared_in(int unit, std::size_t number) const {
+  gUnitRecord const & one = site_.unit(unit);
+  return static_cast<std::size_t>(one.source_line) == number && one.path == path_;
+}
+
 // A page full of links is slow, and hard to read.
 bool gSourcePages::link_word(std::string_view word, std::size_t number, std::string & text) {
   int const unit = words_.unit_of(word);
-  if (unit < 0 || static_cast<std::size_t>(site_.unit(unit).source_line) == number ||
-      link_bytes_ > most_name_links)
+  if (unit < 0 || link_bytes_ > most_name_links || is_declared_in(unit, number))
     return false;
   auto const [last, added] = linked_.try_emplace(word, number);
   if (!added && number < last->second + lines_of_a_screen)

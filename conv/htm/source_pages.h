@@ -33,6 +33,7 @@ private:
                  gColours::gState & state, std::string & items);
   void set_line(std::string_view line, std::size_t number, gColours::gState & state,
                 std::string & text);
+  bool is_declared_in(int unit, std::size_t number) const;
   bool link_word(std::string_view word, std::size_t number, std::string & text);
   void write_part(gSource const & source, std::size_t part, std::string const & items);
 
@@ -43,7 +44,8 @@ private:
   gIncludes const & includes_;
   gPageWriter writer_;
   gUnits const & units_;
-  gLanguage language_ = gLanguage::cpp; // of the source at work
+  std::string path_;                    // of the source at work
+  gLanguage language_ = gLanguage::cpp; // the same
   std::vector<gColoured> stretches_;
   std::unordered_map<std::string_view, std::size_t> linked_; // words, and their last lines
   std::size_t link_bytes_ = 0;                               // on the page at work

@@ -159,6 +159,17 @@ std::vector<int> percentages(std::string const & record, std::string const & sta
   return found;
 }
 
+// A name that means one thing leads there from the source; one that means several doesn't.
+TEST(conversion, sources_link_the_names_that_they_use) {
+  Sandbox box;
+  box.write("src/a.h", "/// One.\nclass Alpha {};\nvoid twice(int);\nvoid twice(char);\n");
+  box.write("src/b.h", "/// Two.\nAlpha make_alpha(int n); // twice\nint b = twice(1);\n");
+  EXPECT_EQ(box.run("quick src -o o").status, 0);
+  std::string const page = box.read("o/htm/_source/b.h.htm");
+  EXPECT_NE(page.find("<a href=\"../Alpha.htm\">Alpha</a>"), std::string::npos) << page;
+  EXPECT_EQ(page.find(">twice</a>"), std::string::npos);
+}
+
 TEST(conversion, quick_tells_on_a_terminal_how_far_it_is) {
   Sandbox box;
   for (int i = 0; i < 30; ++i)
