@@ -8,6 +8,7 @@
 #include "ana/comments/brackets.h"
 #include "ana/comments/html_elements.h"
 #include "ana/comments/markdown.h"
+#include "ana/comments/restructured.h"
 #include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
@@ -88,7 +89,7 @@ std::size_t brackets_behind(std::string_view line) {
 
 gCommentTranslator::gCommentTranslator(std::string_view comment, gCommentHints const * hints,
                                        gCommentOptions const & options)
-    : comment_(without_marks(comment)),
+    : comment_(without_restructured(without_marks(comment))),
       hints_(hints),
       options_(options),
       inline_(tokens_, hints, result_.unknown) {
