@@ -267,7 +267,7 @@ gLinkEnd gHtmSetter::outer_link_end(std::string_view name) {
 }
 
 std::string gHtmSetter::repository_href(std::string const & path, std::string_view line) {
-  return site_.repository ? site_.repository->href(path, line) : std::string();
+  return site_.repository ? Html::escaped(site_.repository->href(path, line)) : std::string();
 }
 
 void gHtmSetter::set_note(gNode const & node, std::string & out) {

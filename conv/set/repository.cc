@@ -131,6 +131,5 @@ std::string gRepository::href(std::string const & path, std::string_view line) {
   replace_all(href, "$commit", url_escaped(root.commit.empty() ? "HEAD" : root.commit));
   replace_all(href, "$line", url_escaped(line));
   replace_all(href, "$file", url_escaped(std::string_view(path).substr(root.folder.size())));
-  replace_all(href, "&", "&amp;");
   return href;
 }

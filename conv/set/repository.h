@@ -12,8 +12,8 @@ public:
   // address of the web makes no links.
   gRepository(std::string pattern, std::string commit);
 
-  // May be called on any thread. As part of a page's text, escaped; empty without a pattern, and
-  // for sources that lie in no repository.
+  // May be called on any thread. An address; empty without a pattern, and for sources that lie in
+  // no repository.
   std::string href(std::string const & path, std::string_view line);
 
 private:

@@ -94,8 +94,8 @@ TEST(Repository, AddressesKnowFolderAndCommit) {
   folder.write("free/a.h", "");
   gRepository links("https://h/\"$commit/$file#L$line&x", "");
   EXPECT_EQ(links.href(folder.path("p/src/a b.h"), "7"),
-            "https://h/%22" + commit + "/src/a%20b.h#L7&amp;x");
-  EXPECT_EQ(links.href(folder.path("q/c.h"), "1"), "https://h/%22" + commit + "/c.h#L1&amp;x");
+            "https://h/%22" + commit + "/src/a%20b.h#L7&x");
+  EXPECT_EQ(links.href(folder.path("q/c.h"), "1"), "https://h/%22" + commit + "/c.h#L1&x");
   EXPECT_EQ(links.href(folder.path("free/a.h"), "7"), "");
   EXPECT_EQ(gRepository("https://h/$commit", "v1").href(folder.path("p/a.h"), "7"), "https://h/v1");
   EXPECT_EQ(gRepository("javascript:$file", "").href(folder.path("p/a.h"), "7"), "");
