@@ -281,9 +281,13 @@ bool gCommentTranslator::read_described(std::string_view text, std::size_t inden
   if (name.empty())
     return false;
   switch (hints_->declared) {
-  case gCommentHints::routine:
-    open_named("@parameter", text.substr(1), indent);
+  case gCommentHints::routine: {
+    std::string_view const words = trimmed(text.substr(name.size() + 2));
+    open_named("@parameter",
+               std::string(name) + " " + std::string(headed_ ? without_annotations(words) : words),
+               indent);
     return true;
+  }
   case gCommentHints::enumeration:
     open_named("@values", text.substr(1), indent);
     return true;
@@ -305,13 +309,14 @@ bool gCommentTranslator::read_label(std::string_view text, std::size_t indent) {
   if (!hints_ || hints_->name.empty())
     return false;
   bool const first = !headed_ && part_ == 0 && !has_text();
-  if (first && text.size() == hints_->name.size() + 1 && text.starts_with(hints_->name) &&
-      text.ends_with(':'))
+  std::string_view const behind = text.substr(std::min(hints_->name.size(), text.size()));
+  if (first && text.starts_with(hints_->name) && behind.starts_with(':') &&
+      without_annotations(trimmed(behind.substr(1))).empty())
     return headed_ = true;
   for (auto const & [label, entry] : labels)
     if (headed_ && text.starts_with(label)) {
       open_part(entry, indent);
-      body_ = trimmed(text.substr(label.size()));
+      body_ = without_annotations(trimmed(text.substr(label.size())));
       return true;
     }
   return false;

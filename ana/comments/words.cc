@@ -28,6 +28,18 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
 }
 
+std::string_view without_annotations(std::string_view text) {
+  std::string_view rest = text;
+  while (rest.starts_with('(')) {
+    std::size_t const end = rest.find(')');
+    if (end == rest.npos)
+      return text;
+    rest = trimmed(rest.substr(end + 1));
+  }
+  bool const closed = rest.size() < text.size() && rest.starts_with(':');
+  return rest.empty() ? rest : closed ? trimmed(rest.substr(1)) : text;
+}
+
 gNamedItem named_item(std::string_view rest) {
   gNamedItem item;
   if (rest.starts_with('[')) {

@@ -13,6 +13,9 @@ bool is_one_of(char c, std::string_view set);
 // Without blanks, tabs and ends of lines at both ends.
 std::string_view trimmed(std::string_view text);
 
+// What stands behind notes to tools such as "(transfer none) (nullable): ".
+std::string_view without_annotations(std::string_view text);
+
 // "[in,out] {type} name - text": what stands behind the command of a parameter or an exception.
 struct gNamedItem {
   std::string_view direction, name, text;
