@@ -38,10 +38,11 @@ Answer Sandbox::run(std::string const & arguments) const {
           read("tmp/2")};
 }
 
+// Other threads may hold the locks of the memory while it forks, so the child makes nothing.
 int Sandbox::start(std::string const & arguments) const {
+  std::string const command = place() + "' exec 2>/dev/null " VELLUMAR_PROGRAM " " + arguments;
   int const child = fork();
   if (child == 0) {
-    std::string const command = place() + "' exec 2>/dev/null " VELLUMAR_PROGRAM " " + arguments;
     execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
     _exit(127);
   }
