@@ -98,13 +98,15 @@ void gRichText::close_item() {
     close_top();
 }
 
-void gRichText::close_list() {
-  if (lost_blocks_ > 0) {
+void gRichText::close_outer(Block block) {
+  if (lost_blocks_ > 0)
     --lost_blocks_;
-    return;
-  }
-  if (close_blocks_to(Block::list))
+  else if (close_blocks_to(block))
     close_top();
+}
+
+void gRichText::close_list() {
+  close_outer(Block::list);
 }
 
 void gRichText::open_quote() {
@@ -119,12 +121,7 @@ void gRichText::open_quote() {
 }
 
 void gRichText::close_quote() {
-  if (lost_blocks_ > 0) {
-    --lost_blocks_;
-    return;
-  }
-  if (close_blocks_to(Block::quote))
-    close_top();
+  close_outer(Block::quote);
 }
 
 // Closes what stands in the innermost open block of this kind; false if none is open. A cell ends
@@ -239,12 +236,7 @@ void gRichText::close_cell() {
 }
 
 void gRichText::close_table() {
-  if (lost_blocks_ > 0) {
-    --lost_blocks_;
-    return;
-  }
-  if (close_blocks_to(Block::table))
-    close_top();
+  close_outer(Block::table);
 }
 
 void gRichText::finish_table(Open const & table) {

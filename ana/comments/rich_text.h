@@ -106,6 +106,7 @@ private:
   void close_formats(std::size_t left);
   void close_top();
   bool close_blocks_to(Block block);
+  void close_outer(Block block); // one that may have been too deep to be opened
   void target(std::string_view name, gRichPiece::Kind kind);
   bool nested_deep() const { return blocks_.size() >= 60; }
   bool in(Block block) const { return !blocks_.empty() && blocks_.back().block == block; }

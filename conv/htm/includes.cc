@@ -4,16 +4,13 @@
 #include "conv/htm/includes.h"
 
 #include <algorithm>
-#include <span>
 
 #include "conv/htm/colours.h"
-#include "conv/htm/html_text.h"
+#include "conv/htm/relation_list.h"
 #include "vlb/gstring.h"
 #include "vlb/source_bytes.h"
 
 namespace {
-
-using V = gVltValue;
 
 constexpr std::size_t most = 40;             // names of a list
 constexpr std::size_t most_looked_at = 1000; // sources that one includes
@@ -140,17 +137,10 @@ std::string_view gIncludes::spelling_of(std::string_view path) const {
 
 void gIncludes::add(std::string_view what, gPaths const & paths, int page,
                     std::string & out) const {
-  std::string items;
-  for (std::string_view const path : std::span(paths).first(std::min(most, paths.size()))) {
-    int const unit = pages_.at(path);
-    std::string const href = unit >= 0 ? site_.addresses.href(unit, page) : "";
-    std::string const title = Html::escaped(site_.sources.shown(path));
-    site_.rules.apply(gVltRule::relation_item, gVltValues().set(V::href, href).set(V::title, title),
-                      items);
-  }
-  std::string const more = paths.size() > most ? site_.number(paths.size() - most) : "";
-  site_.rules.apply(gVltRule::relation, what, gVltValues().set(V::items, items).set(V::count, more),
-                    out);
+  gRelationList list(site_, page, most);
+  for (std::string_view const path : paths)
+    list.add(pages_.at(path), site_.sources.shown(path));
+  list.put(what, out);
 }
 
 std::string gIncludes::of(int unit) const {

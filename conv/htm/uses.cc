@@ -4,13 +4,11 @@
 
 #include <algorithm>
 
-#include "conv/htm/html_text.h"
+#include "conv/htm/relation_list.h"
 #include "vlb/gstring.h"
 #include "vlb/source_bytes.h"
 
 namespace {
-
-using V = gVltValue;
 
 constexpr std::size_t most = 60; // names of a list
 
@@ -98,18 +96,12 @@ void gUses::read(int unit) {
 
 void gUses::add(std::string_view what, std::vector<std::string> const & names, int page,
                 std::string & out) const {
-  std::string items;
-  for (std::size_t i = 0; i < std::min(most, names.size()); ++i) {
-    auto const found = units_.find(Vlb::to_lower(names[i]));
-    std::string const href =
-        found == units_.end() ? std::string() : site_.addresses.href(found->second, page);
-    std::string const title = Html::escaped(names[i]);
-    site_.rules.apply(gVltRule::relation_item, gVltValues().set(V::href, href).set(V::title, title),
-                      items);
+  gRelationList list(site_, page, most);
+  for (std::string const & name : names) {
+    auto const found = units_.find(Vlb::to_lower(name));
+    list.add(found == units_.end() ? -1 : found->second, name);
   }
-  std::string const more = names.size() > most ? site_.number(names.size() - most) : "";
-  site_.rules.apply(gVltRule::relation, what, gVltValues().set(V::items, items).set(V::count, more),
-                    out);
+  list.put(what, out);
 }
 
 std::string gUses::of(int unit) const {
