@@ -87,7 +87,9 @@ bool Atc::read_facts(std::vector<std::string> const & params, gKnownFacts & fact
   facts.last_part = static_cast<std::uint32_t>(last.size());
   facts.access = params[3];
   facts.marks = params[4];
-  facts.condition = params[5];
+  // That a macro is there if nobody made another before says nothing.
+  if (params[5] != "!defined(" + name + ")")
+    facts.condition = params[5];
   bool good = name.ends_with(last);
   if (!good)
     facts.last_part = static_cast<std::uint32_t>(name.size());

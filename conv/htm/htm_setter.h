@@ -38,6 +38,8 @@ public:
   // The declaration of a unit in one line, its name as a link to it; empty if it isn't known or too
   // long. Links lead from the current unit's page. `is_all` tells that nothing was left out.
   gMemberRow row_of(int unit, gRowPlace const & place);
+  // Words of another unit than the current one, as they are set in its own text.
+  std::string words_of(int unit, gNodeList const & words);
   using gSetter::escape;
   void escape(std::string_view text, std::string & out) const override;
 

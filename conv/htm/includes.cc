@@ -7,6 +7,7 @@
 
 #include "conv/htm/colours.h"
 #include "conv/htm/relation_list.h"
+#include "conv/htm/unit_head.h"
 #include "vlb/gstring.h"
 #include "vlb/source_bytes.h"
 
@@ -72,15 +73,27 @@ void gIncludes::find_pages() {
       pages_.try_emplace(unit.path, -1);
     if (unit.facts.known || site_.pages.of(i) < 0)
       continue;
-    auto const below = site_.pages.units().children(i);
-    if (below.empty() || !site_.unit(below[0]).facts.known)
+    int const first = first_known_below(i);
+    if (first < 0)
       continue;
-    std::string_view const path = site_.unit(below[0]).path;
+    std::string_view const path = site_.unit(first).path;
     if (!unit.title.empty() && path.ends_with(unit.title)) {
       pages_[path] = i;
       paths_[i] = path;
     }
   }
+}
+
+// Headings of parts may stand between a source and what it declares.
+int gIncludes::first_known_below(int unit) const {
+  auto below = site_.pages.units().children(unit);
+  while (!below.empty() && !site_.unit(below[0]).facts.known)
+    below = site_.pages.units().children(below[0]);
+  return below.empty() ? -1 : below[0];
+}
+
+std::string_view gIncludes::include_path(std::string_view path) const {
+  return UnitHead::include_path(path, site_.sources.shown(path));
 }
 
 void gIncludes::read(std::string_view path) {
@@ -93,7 +106,8 @@ void gIncludes::read(std::string_view path) {
     gPaths & own = includes_[path];
     if (own.size() > most_looked_at)
       return;
-    if (!other.empty() && name.angled)
+    // A quoted name is the spelling for others only if it is told from where they look, too.
+    if (!other.empty() && (name.angled || name.text == include_path(other)))
       ++spellings_[other][name.text];
     if (other.empty() || other == path || std::ranges::find(own, other) != own.end())
       continue;

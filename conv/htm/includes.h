@@ -23,6 +23,8 @@ private:
   using gPaths = std::vector<std::string_view>;
 
   void find_pages();
+  int first_known_below(int unit) const;
+  std::string_view include_path(std::string_view path) const;
   void read(std::string_view path);
   std::string_view meant(std::string_view from, std::string const & name) const;
   void add(std::string_view what, gPaths const & paths, int page, std::string & out) const;

@@ -22,6 +22,8 @@ std::string_view without_end(std::string_view text, std::string_view ends) {
 
 // What is left of a declaration behind its name; `end` is where the name and its parameters do.
 std::string_view without_value(std::string_view text, gKnownFacts const & facts, std::size_t end) {
+  if (facts.kind == "alias")
+    return text;
   if (text.starts_with(define))
     return text.size() - end > longest_value ? text.substr(0, end) : text;
   if (facts.kind.starts_with("enum"))
@@ -71,6 +73,14 @@ std::string gHtmSetter::linked_signature(int unit, std::string_view text,
       [&](std::string_view word, std::string & link) { return link_name(unit, word, link); }, own,
       differing, out);
   return out;
+}
+
+std::string gHtmSetter::words_of(int other, gNodeList const & words) {
+  int const current = unit();
+  set_unit(other);
+  std::string text = set(words);
+  set_unit(current);
+  return text;
 }
 
 gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place) {

@@ -16,6 +16,7 @@ using V = gVltValue;
 constexpr std::size_t few = 2;     // rows for units on the same page that need no list
 constexpr std::size_t most = 700;  // rows for units on other pages; of more, there are ranges
 constexpr std::size_t plenty = 60; // rows that are found more easily under headings
+constexpr std::size_t most_of_group = 100;   // such as specialisations
 constexpr std::size_t most_signatures = 150; // of what a namespace holds
 
 bool is_routine(std::string_view kind) {
@@ -175,7 +176,8 @@ void gOverview::add_member(int unit, gMemberRow const & row, bool kinds, bool ag
   std::string aliases;
   if (std::string_view const alias = site_.addresses.alias(unit); row.is_all && !alias.empty())
     site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, alias), aliases);
-  std::string const text = Html::escaped(site_.summary_of(unit));
+  std::string const text =
+      row.summary.empty() ? Html::escaped(site_.summary_of(unit)) : row.summary;
   std::string const path = Html::escaped(record.path.substr(record.path.rfind('/') + 1));
   std::string const line = std::to_string(record.source_line);
   gVltValues values;
@@ -194,15 +196,19 @@ void gOverview::add_member(int unit, gMemberRow const & row, bool kinds, bool ag
 
 std::string gOverview::group(std::string_view selector, std::span<int const> units, int page,
                              int level) const {
-  std::vector<gRow> const rows = Site::rows_of(site_, units);
+  std::vector<gRow> rows = Site::rows_of(site_, units);
   std::string out;
   if (rows.empty())
     return out;
-  std::string const inner = links(rows, page), depth = std::to_string(level);
   std::string const count = site_.number(rows.size());
+  std::size_t const left = rows.size() - std::min(rows.size(), most_of_group);
+  rows.resize(rows.size() - left);
+  std::string const inner = links(rows, page), depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, inner).set(V::level, depth).set(V::count, count).set(V::title, count);
   site_.rules.apply(gVltRule::overview, selector, values, out);
+  if (std::string const more = site_.number(left); left > 0)
+    site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, more), out);
   return out;
 }
 

@@ -12,6 +12,7 @@ struct gMemberRow {
   std::string signature; // empty where there is none to show
   std::string template_head;
   bool is_all = false; // there is nothing more to say about it
+  std::string summary; // if it isn't the first sentence as plain text
   std::string source;  // link to its source
 };
 // What a row depends on beside its member.

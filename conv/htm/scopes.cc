@@ -3,7 +3,6 @@
 #include "conv/htm/scopes.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "conv/atc/qualified_name.h"
 
@@ -40,7 +39,6 @@ gScopes::gScopes(gSite const & site) : site_(site) {
   for (gUnitRecord const & unit : site.document.units)
     if (is_name_space(unit))
       within_.try_emplace(unit.name);
-  std::unordered_set<std::string_view> names;
   for (int i = 0; i < static_cast<int>(site.document.units.size()); ++i) {
     gUnitRecord const & unit = site.unit(i);
     if (!unit.facts.known || site.pages.of(i) < 0)
@@ -51,7 +49,7 @@ gScopes::gScopes(gSite const & site) : site_(site) {
         members_[owner].push_back(i);
     if (std::string_view const name = template_of(unit); !name.empty())
       specialisations_[name].push_back(i);
-    names.insert(unit.name);
+    names_.try_emplace(unit.name, i);
     if (site.pages.begins(i) && !unit.name.empty() && (is_name_space(unit) || is_class(unit)))
       heads_.try_emplace(unit.name, i);
   }
@@ -60,7 +58,7 @@ gScopes::gScopes(gSite const & site) : site_(site) {
     if (!unit.facts.known || unit.name.empty() || site.pages.of(i) < 0)
       continue;
     auto const scope = within_.find(Atc::scope_of(unit));
-    if (scope != within_.end() && !names.contains(template_of(unit)))
+    if (scope != within_.end() && !names_.contains(template_of(unit)))
       scope->second.push_back(i);
   }
   for (int page = 0; page < site.pages.size(); ++page)
@@ -106,7 +104,10 @@ std::span<int const> gScopes::members(int topic) const {
 }
 
 std::span<int const> gScopes::specialisations(int unit) const {
-  auto const found = specialisations_.find(site_.unit(unit).name);
-  return found == specialisations_.end() ? std::span<int const>()
-                                         : std::span<int const>(found->second);
+  gUnitRecord const & record = site_.unit(unit);
+  auto const found = specialisations_.find(record.name);
+  bool const first =
+      is_class(record) || (names_.contains(record.name) && names_.at(record.name) == unit);
+  return found == specialisations_.end() || !first ? std::span<int const>()
+                                                   : std::span<int const>(found->second);
 }

@@ -26,7 +26,8 @@ public:
   std::span<int const> pages_in(int scope) const;
   // What belongs to a topic; its parts that stand below it in the document do so anyway.
   std::span<int const> members(int topic) const;
-  // Of a template: the classes and functions that it has for some arguments.
+  // Of a template: the classes and functions that it has for some arguments. Overloads of one name
+  // have them in common, and only the first tells them.
   std::span<int const> specialisations(int unit) const;
 
 private:
@@ -37,6 +38,7 @@ private:
   using gUnits = std::unordered_map<std::string_view, std::vector<int>>;
   gUnits within_;                                     // by the names of the scopes
   gUnits specialisations_;                            // by the names of the templates
+  std::unordered_map<std::string_view, int> names_;   // units, the first of each name
   std::unordered_map<std::string_view, int> heads_;   // scopes and classes that begin pages
   std::unordered_map<int, std::vector<int>> pages_;   // by the scopes
   std::unordered_map<int, std::vector<int>> members_; // by topics

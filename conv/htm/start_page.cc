@@ -77,24 +77,28 @@ private:
     if (site_.is_detail(unit) || site_.is_aside(unit))
       return 0;
     std::size_t weight = site_.unit(unit).summary.empty() ? 1 : 4;
-    weight += 2 * site_.inheritance.derived(unit).size();
+    weight += builders_on(unit);
     auto const said = [&](int one) { return !site_.unit(one).summary.empty(); };
     for (auto const units : {site_.pages.units().children(unit), scopes_.of(unit)})
       weight += static_cast<std::size_t>(std::ranges::count_if(units, said)) + units.size() / 4;
+    for (int const one : scopes_.of(unit))
+      weight += builders_on(one);
     return weight;
   }
+  std::size_t builders_on(int unit) const { return 2 * site_.inheritance.derived(unit).size(); }
   // What matters most, if not all of it is shown.
   std::vector<gRow> first_of(std::vector<gRow> rows) const {
     std::map<int, std::size_t> weights;
     for (gRow const & row : rows)
       weights[row.unit] = weight_of(row.unit);
+    std::size_t const all = rows.size();
     if (std::ranges::any_of(weights, [](auto const & one) { return one.second > 0; }))
       std::erase_if(rows, [&](gRow const & row) { return weights[row.unit] == 0; });
-    if (rows.size() <= samples)
+    if (all <= samples && rows.size() == all)
       return rows;
     std::ranges::stable_sort(rows, std::ranges::greater(),
                              [&](gRow const & row) { return weights[row.unit]; });
-    rows.resize(samples);
+    rows.resize(std::min(rows.size(), samples));
     return rows;
   }
   // Such as "12 classes, 3 types".

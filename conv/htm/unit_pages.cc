@@ -4,6 +4,7 @@
 #include "conv/htm/unit_pages.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
@@ -22,6 +23,61 @@ gNode const * find_source_link(gNodeList const & nodes) {
     if (node.kind == gNodeKind::source_link)
       return &node;
   return nullptr;
+}
+
+constexpr std::size_t longest_words = 240; // that a row shows whole
+
+// What has a place of its own, or can't stand within a line.
+bool is_more_than_words(gNode const & node) {
+  switch (node.kind) {
+  case gNodeKind::text:
+  case gNodeKind::em:
+  case gNodeKind::kbd:
+  case gNodeKind::bold:
+  case gNodeKind::italic:
+  case gNodeKind::tt:
+  case gNodeKind::plain:
+  case gNodeKind::dfn:
+  case gNodeKind::code:
+  case gNodeKind::underline:
+  case gNodeKind::format:
+  case gNodeKind::reference:
+  case gNodeKind::name_ref:
+  case gNodeKind::web_link:
+    return std::ranges::any_of(node.children, is_more_than_words);
+  default:
+    return true;
+  }
+}
+
+// The paragraphs of a text, also of parts without a title; false if it has something else to say.
+bool find_paragraphs(gNodeList const & blocks, std::vector<gNodeList const *> & found) {
+  return std::ranges::all_of(blocks, [&](gNode const & node) {
+    bool const titled = node.kind == gNodeKind::title && !node.children.empty();
+    if (is_mark(node) || titled)
+      return false;
+    if (node.kind == gNodeKind::title || !RelationText::says_something({node}))
+      return true;
+    if (node.kind == gNodeKind::subentry)
+      return find_paragraphs(node.children, found);
+    found.push_back(&node.children);
+    return node.kind == gNodeKind::paragraph;
+  });
+}
+
+// All that a text says, if that is one paragraph that a row has room for, or nothing.
+std::optional<gNodeList> words_for_row(gUnitText const & text) {
+  std::vector<gNodeList const *> said;
+  if (!text.subject.empty())
+    said.push_back(&text.subject);
+  if (!find_paragraphs(text.body, said) || said.size() > 1)
+    return std::nullopt;
+  if (said.empty())
+    return gNodeList();
+  if (std::ranges::any_of(*said[0], is_more_than_words) ||
+      plain_text(*said[0]).size() > longest_words)
+    return std::nullopt;
+  return *said[0];
 }
 
 } // namespace
@@ -187,23 +243,26 @@ gListed gUnitPages::overview_of(int unit, int level) {
 bool gUnitPages::is_told(int unit) const {
   gUnitRecord const & record = site_.unit(unit);
   gInheritance const & all = site_.inheritance;
-  if (!record.facts.known || !record.summary.empty() || !record.facts.values.empty() ||
-      site_.pages.units().below(unit) > 0 || site_.pages.of(unit) != page_ ||
-      all.explained_by(unit) >= 0 || !all.overridden(unit).empty() || !all.overriders(unit).empty())
+  if (!record.facts.known || !record.facts.values.empty() || site_.pages.units().below(unit) > 0 ||
+      site_.pages.of(unit) != page_ || all.explained_by(unit) >= 0 ||
+      !all.overridden(unit).empty() || !all.overriders(unit).empty())
     return false;
   bool const same_condition =
       record.parent >= 0 && site_.unit(record.parent).facts.condition == record.facts.condition;
-  gNodeList const body = site_.document.text_of(unit).body;
   return (same_condition || record.facts.condition.empty()) &&
-         !RelationText::says_something(body) && std::ranges::none_of(body, is_mark) &&
          Declaration::enumerators_of(record).empty() && scopes_.specialisations(unit).empty();
 }
 
 gMemberRow gUnitPages::row_of(int unit, gRowPlace const & place) {
   gMemberRow row = setter_.row_of(unit, place);
-  row.is_all = row.is_all && is_told(unit);
-  if (row.is_all)
-    told_.insert(unit);
+  if (!row.is_all)
+    return row;
+  auto const words = words_for_row(site_.document.text_of(unit));
+  row.is_all = words && is_told(unit);
+  if (!row.is_all)
+    return row;
+  told_.insert(unit);
+  row.summary = setter_.words_of(unit, *words);
   return row;
 }
 

@@ -301,8 +301,9 @@ TEST_F(HtmSite, MembersShowSignaturesAndNamespacesWhatTheyHold) {
 TEST_F(HtmSite, RowsOfMembersSayWhatDetailsNeedNot) {
   std::string units = known(2, "class", "n::C", "C", "", "class C");
   units += known(3, "method", "n::C::bare", "bare", "", "auto bare(int x) -> long;");
-  units += known(3, "method", "n::C::put", "put", "", "void put(int a);", "\n\nPuts it.\n");
-  units += known(3, "method", "n::C::put", "put", "", "void put(int a, char* b);");
+  units += known(3, "method", "n::C::put", "put", "", "void put(int a);", "\n\nPuts @em{it}.\n");
+  units += known(3, "method", "n::C::put", "put", "", "void put(int a, char* b);",
+                 "\n\nA.\n@subentry<1> @subtitle{See also}\nB.\n");
   units += known(3, "method", "n::C::all", "all", "", "template <class T> void all(T t);");
   units += known(3, "enum", "n::C::E", "E", "", "enum E { one, two };", "@_value<one><><0>");
   units +=
@@ -315,8 +316,11 @@ TEST_F(HtmSite, RowsOfMembersSayWhatDetailsNeedNot) {
                          "class=\"template\"><b>template</b> &lt;<b>class</b> T&gt;<", ">all</a>(T",
                          "<a class=\"own\" href=\"#data\">data</a>[]</code>",
                          "<a class=\"own\" href=\"#E\">E</a></code>", "id=\"g-details\"",
-                         "<h3 class=\"code-name\">n::C::put", "Puts it."});
+                         "<h3 class=\"code-name\">n::C::put", "See also", "<p>B.</p>"});
   EXPECT_EQ(page.find("<h3 class=\"code-name\">n::C::bare"), std::string::npos);
+  std::size_t const words = page.find("Puts <em>it</em>.</span>");
+  EXPECT_NE(words, std::string::npos) << page;
+  EXPECT_EQ(page.find("Puts <em>it</em>", words + 1), std::string::npos);
   EXPECT_EQ(page.find("id=\"bare\""), page.rfind("id=\"bare\""));
   EXPECT_NE(file("_search/n-0.js").find("bare"), std::string::npos);
 }
@@ -394,6 +398,8 @@ TEST_F(HtmSite, EnumerationsAreTables) {
 // Scopes, headers and warnings on the first screen; what isn't meant for users behind the rest.
 TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
   path_ = "/x/include/lib/a.h";
+  condition_ = "!defined(M)";
+  std::string const macro = known(2, "macro", "M", "M", "", "#define M 1");
   condition_ = "defined(A\\>B)";
   std::string units = known(2, "namespace", "n", "n", "", "namespace n") +
                       known(2, "class", "n::T", "T", "deprecated", "class T",
@@ -402,8 +408,9 @@ TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
   units += known(2, "class", "n::T<int>", "T<int>", "specialisation", "template<> class T<int>") +
            known(2, "class", "n::detail::X", "X", "", "class X");
   path_ = "/x/include/test/b.h";
-  units += known(2, "class", "n::Y", "Y", "", "class Y");
+  units += known(2, "class", "n::Y", "Y", "", "class Y") + macro;
   convert(units);
+  EXPECT_EQ(file("M.htm").find("Only where"), std::string::npos);
   expect_in_order(file("n.T.htm"),
                   {"<a href=\"n.htm\">n</a>::T</h1>", "deprecated</span>", "since 2.1</span>",
                    "#include &lt;lib/a.h&gt;", "<code>defined(A&gt;B)</code>", "Specialisations",
@@ -417,7 +424,8 @@ TEST_F(HtmSite, HeadsAndListsSayWhatCanBeReliedOn) {
 TEST_F(HtmSite, SourcesTellHowTheyAreTakenIn) {
   path_ = folder_.write("w/deep/lib/a.h", "// nothing");
   std::string units = known(2, "class", "A", "A", "", "class A");
-  path_ = folder_.write("w/other/b.h", "#include <lib/a.h>\n");
+  path_ = folder_.write("w/other/b.h", "#include <lib/a.h>\n#include <c.h>\n"
+                                       "#include \"sub/c.h\"\n#include \"sub/c.h\"\n");
   units += known(2, "class", "B", "B", "", "class B");
   path_ = "/x/include/lib-2.0/sub/c.h";
   units += known(2, "class", "C", "C", "", "class C");
