@@ -29,6 +29,8 @@ void gStages::run() {
     read_classic();
   Msg::log.stage(gRunStage::associate);
   ana_associate();
+  if (gInput->modern)
+    ana_copy_texts();
   Msg::log.stage(gRunStage::update);
   ana_update_units();
   Msg::log.stage(gRunStage::check);

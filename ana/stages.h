@@ -39,6 +39,8 @@ void ana_join_elements();
 // Joins what several comments say of one topic.
 void ana_join_topics();
 void ana_associate();
+// Texts that stand for those of other elements.
+void ana_copy_texts();
 void ana_update_units();
 void ana_check();
 void ana_delete_temp();

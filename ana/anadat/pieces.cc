@@ -24,6 +24,7 @@ constexpr Placeholder commands[] = {
     {"@_vlsub", gPiece::subentry},   {"@cite", gPiece::citation},
     {"@cref", gPiece::reference},    {"@hidalias", gPiece::alias},
     {"@outattr", gPiece::attribute}, {"@_vlguess", gPiece::guess},
+    {"@_vlcopy", gPiece::copy},
 };
 
 constexpr Placeholder variables[] = {

@@ -26,6 +26,7 @@ enum class gPiece : unsigned char {
   link_line, // "@_vlll"
   hierarchy, // "@_vlchier"
   subentry,  // "@_vlsub", a subentry word
+  copy,      // "@_vlcopy", how much, a name: the text of another unit
 };
 
 namespace Vlb {

@@ -37,7 +37,7 @@ enum class gCommandKind : unsigned char {
   image,     // a picture, with an optional text in quotes
   formula,   // up to the closing command
   line_end,  // a line ends here
-  copy,      // the text of another element
+  copy,      // the text of another element; that of the base needs no name
   file,      // shows a file or a part of it
 };
 

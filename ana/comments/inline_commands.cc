@@ -195,6 +195,23 @@ bool gInlineCommands::reference(gCommand const & command, std::size_t end) {
   return true;
 }
 
+// "@copydoc ns::f(int)"; "@inheritDoc" has no name.
+bool gInlineCommands::copy(gCommand const & command, std::size_t end) {
+  std::size_t const from = at_;
+  std::size_t length = 0;
+  std::string target;
+  if (command.target != "base")
+    target = overload_target(text_.substr(end, farthest), length);
+  at_ = end + length;
+  if (target.empty() && command.target != "base")
+    return true;
+  gToken::Does const does = command.target == "brief"     ? gToken::copy_brief
+                            : command.target == "details" ? gToken::copy_details
+                                                          : gToken::copy_all;
+  put({does, std::move(target), {}, {}}, from);
+  return true;
+}
+
 bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
   using enum gCommandKind;
   std::size_t const from = at_;
@@ -223,11 +240,12 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
     at_ = behind;
     put({gToken::line_break, {}, {}, {}}, from);
     return true;
+  case gCommandKind::copy:
+    return ends_word(at(behind)) && this->copy(command, behind);
   case line:
   case image:
   case group:
   case file:
-  case copy:
     if (!ends_word(at(behind)))
       return false;
     at_ = behind;
@@ -333,7 +351,9 @@ bool gInlineCommands::braced_command() {
       put({gToken::reference_text, target, shown, {}}, from);
   } else if (name == "code" || name == "literal" || name == "value") {
     put({gToken::code, tokens_.plain(inner), {}, {}}, from);
-  } else if (name == "inheritDoc" || name == "docRoot" || name == "index") {
+  } else if (name == "inheritDoc") {
+    put({gToken::copy_all, {}, {}, {}}, from);
+  } else if (name == "docRoot" || name == "index") {
     // says nothing by itself
   } else {
     put({gToken::text, std::string(inner), {}, {}}, from);
@@ -382,6 +402,15 @@ bool gInlineCommands::element() {
     return false;
   std::size_t const from = at_;
   at_ += tag.length;
+  if (tag.name == "inheritdoc") {
+    std::string name = Html::attribute(tag.attributes, "cref");
+    if (name.size() > 2 && name[1] == ':') // "M:" of a method
+      name.erase(0, 2);
+    std::size_t length = 0;
+    if (!tag.closing)
+      put({gToken::copy_all, overload_target(name, length), {}, {}}, from);
+    return true;
+  }
   put({gToken::element, std::string(text_.substr(from, tag.length)), {}, {}}, from);
   return true;
 }

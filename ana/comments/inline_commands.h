@@ -38,6 +38,7 @@ private:
   bool word_format(gCommand const & command, std::size_t end);
   bool closed(gCommand const & command, std::size_t end);
   bool reference(gCommand const & command, std::size_t end);
+  bool copy(gCommand const & command, std::size_t end);
   bool parameter();
   bool braced_command();
   bool element();

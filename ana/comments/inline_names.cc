@@ -45,6 +45,66 @@ std::string reference_target(std::string_view word) {
   return is_name && target.back() != ':' && target.back() != '.' ? target : std::string();
 }
 
+namespace {
+
+// The end of a name that may be that of an operator.
+std::size_t end_of_name(std::string_view text) {
+  std::size_t end = std::min(text.find_first_of(" \t\n("), text.size());
+  std::size_t const word = text.substr(0, end).rfind("operator");
+  bool const is_operator = word != npos && (word == 0 || text[word - 1] == ':') &&
+                           !Vlb::is_word((std::string(text) + ' ')[word + 8]);
+  if (!is_operator)
+    return end;
+  if (text.substr(word + 8).starts_with("()"))
+    return word + 10;
+  std::size_t const sign = std::min(text.find_first_not_of(' ', word + 8), text.size());
+  return std::min(text.find_first_of(" \t\n(", sign), text.size());
+}
+
+// "(int, char *) const" without its blanks; "" if the text doesn't begin with a bracket that ends.
+std::string brackets_at(std::string_view text, std::size_t & length) {
+  constexpr std::size_t longest = 500;
+  length = 0;
+  if (!text.starts_with('('))
+    return {};
+  int depth = 0;
+  std::size_t end = 0;
+  for (std::size_t i = 0; i < std::min(text.size(), longest) && end == 0; ++i) {
+    depth += text[i] == '(' ? 1 : text[i] == ')' ? -1 : 0;
+    end = depth == 0 ? i + 1 : 0;
+  }
+  if (end == 0)
+    return {};
+  std::string_view const behind = text.substr(end);
+  for (std::string_view const word : {"const", " const"})
+    if (behind.starts_with(word) && !Vlb::is_word((std::string(behind) + ' ')[word.size()]))
+      end += word.size();
+  length = end;
+  return std::string(text.substr(0, end));
+}
+
+} // namespace
+
+std::string overload_target(std::string_view text, std::size_t & length) {
+  std::size_t const front = std::min(text.find_first_not_of(" \t"), text.size());
+  std::string_view const rest = text.substr(front);
+  std::size_t end = end_of_name(rest);
+  std::size_t brackets = 0;
+  std::string const parameters = brackets_at(rest.substr(end), brackets);
+  length = front + end + brackets;
+  while (brackets == 0 && end > 1 && is_one_of(rest[end - 1], ".,;:!?)'\""))
+    --end;
+  std::string_view const name = rest.substr(0, end);
+  std::size_t const word = name.find("operator");
+  std::string target = word == npos ? reference_target(name) : std::string();
+  if (word != npos && name.size() < 100)
+    for (char const c : name.substr(std::min(name.find_first_not_of("#:"), word)))
+      target += c == '#' ? std::string("::") : c == ' ' ? std::string() : std::string(1, c);
+  if (brackets == 0)
+    length = front + end;
+  return target.empty() ? target : target + parameters;
+}
+
 // "#name"
 bool gInlineCommands::hash_name() {
   if (!behind_blank() || (!is_letter(at(at_ + 1)) && at(at_ + 1) != '_'))

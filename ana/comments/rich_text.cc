@@ -239,8 +239,18 @@ void gRichText::formula(std::string_view source, bool display) {
 }
 
 void gRichText::copy(std::string_view name, gRichPiece::Kind kind) {
+  if (in(Block::heading))
+    return;
+  if (kind == gRichPiece::copy_all && has_open(Block::table))
+    kind = gRichPiece::copy_brief;
+  bool const paragraph = kind != gRichPiece::copy_brief;
+  if (paragraph)
+    end_paragraph();
   begin_inline();
+  exact_ = true;
   target(name, kind);
+  if (paragraph)
+    end_paragraph();
 }
 
 gRichPieces gRichText::take() {

@@ -13,10 +13,10 @@ struct gRichPiece {
     code,
     reference, // the text of the reference follows in braces, as code
     guess,     // the same, and what isn't found is no reference and no fault
-    copy_all,  // the text of another element
-    copy_brief,
-    copy_details,
-    anchor, // the name of a place; nothing is shown there
+    copy_all,  // the text of another element; what the base of this one says where no name is given
+    copy_brief,   // its first paragraph
+    copy_details, // all but that
+    anchor,       // the name of a place; nothing is shown there
   };
   Kind kind = code;
   std::string text;
@@ -70,7 +70,8 @@ public:
   void open_cell();
   void close_cell();
   void close_table();
-  // What another element says.
+  // What another element says: a paragraph of its own but for the brief text. A cell of a table
+  // gets no more than that, a headline nothing.
   void copy(std::string_view target, gRichPiece::Kind kind);
 
   // Nothing that would be seen was put in.

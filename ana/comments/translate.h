@@ -83,3 +83,6 @@ std::set<std::string, std::less<>> described_parameters(std::string_view comment
 
 // The name in "#name", "ns::name(int)" and the like; empty if it is none.
 std::string reference_target(std::string_view word);
+// The same with the parameters, as in "ns::name(int,char*)const", from the begin of the text; how
+// much of it that takes in `length`.
+std::string overload_target(std::string_view text, std::size_t & length);

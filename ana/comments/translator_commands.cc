@@ -252,15 +252,9 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
   case image:
     take_image(rest, indent);
     break;
-  case copy: {
-    gToken::Does const does = command.target == "all"     ? gToken::copy_all
-                              : command.target == "brief" ? gToken::copy_brief
-                                                          : gToken::copy_details;
-    std::string const target = reference_target(take_word(rest));
-    if (!target.empty())
-      add_token({does, target, {}, {}}, indent);
+  case copy:
+    add("@" + std::string(command.name) + " " + std::string(rest), indent);
     break;
-  }
   case file:
     take_file(command, rest, indent);
     break;

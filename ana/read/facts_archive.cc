@@ -60,7 +60,7 @@ cRef<gString> const & gReader::shared_text() {
   if (number > 1)
     return texts_[number - 2];
   std::uint64_t const mark = number ? next() : 0;
-  require(mark <= static_cast<std::uint64_t>(gPiece::subentry));
+  require(mark <= static_cast<std::uint64_t>(gPiece::copy));
   std::size_t const size = count();
   texts_.push_back(make_ref<gString>(rest_.substr(0, size)));
   texts_.back()->set_mark(static_cast<unsigned char>(mark));

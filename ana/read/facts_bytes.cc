@@ -12,7 +12,7 @@ namespace {
 using Facts::gReader;
 using Facts::gWriter;
 
-constexpr std::string_view form = "VLF3";
+constexpr std::string_view form = "VLF4";
 constexpr int most = 100'000'000; // lines, columns and numbers within a file
 
 std::uint64_t sum_of(std::string_view text, std::uint64_t sum = 0xCBF29CE484222325u) {

@@ -43,12 +43,14 @@ void add_piece(gRichPiece const & piece, gStrList & pieces, gTextFacts & facts) 
     pieces.push_back(gString("<main>"));
     pieces.push_back(is_program_name(piece.text) ? gString(piece.text) : place_name(piece.text));
     break;
-  default: // the text of another element
-    pieces.push_back(gString("See "));
-    pieces.push_back(Vlb::placeholder(gPiece::reference));
-    pieces.push_back(gString("<main>"));
+  case gRichPiece::copy_all:
+  case gRichPiece::copy_brief:
+  case gRichPiece::copy_details:
+    pieces.push_back(Vlb::placeholder(gPiece::copy));
+    pieces.push_back(gString(piece.kind == gRichPiece::copy_all     ? "all"
+                             : piece.kind == gRichPiece::copy_brief ? "brief"
+                                                                    : "details"));
     pieces.push_back(gString(piece.text));
-    pieces.push_back(gString("{@tt{" + piece.text + "} } ."));
     break;
   }
 }
