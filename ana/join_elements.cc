@@ -9,6 +9,7 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/base_clauses.h"
+#include "ana/join_conditions.h"
 #include "ana/join_keys.h"
 #include "ana/join_scopes.h"
 #include "ana/join_tags.h"
@@ -170,11 +171,24 @@ void join_groups(gCodeElem & kept, gCodeElem const & gone) {
   kept.groups = std::move(both);
 }
 
+// Where two places say the same, users have it if one of them does. Of a definition it isn't known
+// who sees it, and of what is spelled in two ways the shown one has its own condition.
+void join_conditions(gCodeElem & kept, gCodeElem const & gone) {
+  bool const alike = family_of(kept) == 'f' || std::string_view(kept.decl) == gone.decl;
+  if (!alike || announces(kept) != announces(gone) || !kept.parts || !kept.parts->condition ||
+      !gone.parts)
+    return;
+  auto parts = std::make_unique<gDeclParts>(*kept.parts);
+  parts->condition = either_condition(kept.parts->condition, gone.parts->condition);
+  kept.parts = std::move(parts);
+}
+
 void Joining::merge(std::size_t into, std::size_t from) {
   Item & kept = items_[into];
   Item & gone = items_[from];
   gone.dropped = true;
   join_groups(*kept.element, *gone.element);
+  join_conditions(*kept.element, *gone.element);
   if (worth_of_text(gone) <= worth_of_text(kept))
     return;
   gone.unit->bind(kept.element, gone.unit->rank());

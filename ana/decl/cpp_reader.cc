@@ -204,7 +204,7 @@ void gCppReader::qt_statement() {
     at_ = std::min(source_.behind(at_), scope().end);
 }
 
-// Q_PROPERTY(int width READ width)
+// Q_PROPERTY(int width READ width): for all users, wherever it stands in its class.
 void gCppReader::qt_property() {
   std::uint32_t const open = at_ + 1;
   gExtent extent;
@@ -220,6 +220,7 @@ void gCppReader::qt_property() {
   if (name <= open || !source_.is_name(name))
     return;
   gDeclaration item = make(gKind::property, extent, {});
+  item.access = gAccess::public_;
   item.name = source_.range(name, name + 1);
   item.result = source_.range(open + 1, name);
   item.initialiser = source_.range(specifiers, extent.last - 1);

@@ -153,6 +153,11 @@ gDeclaration const * Elements::namer_of(std::size_t index) const {
   return namers_[index] < 0 ? nullptr : &item(namers_[index]);
 }
 
+// In brackets, where "&&" beside it would bind stronger than what it holds.
+std::string as_part(std::string const & condition) {
+  return condition.find("||") == condition.npos ? condition : "(" + condition + ")";
+}
+
 // An outer condition stands in front of those in it. Text that says the same at each depth would
 // grow with the square of the depth, so a long one isn't prolonged.
 cRef<gString const> Elements::condition_of(std::int32_t condition) {
@@ -165,9 +170,10 @@ cRef<gString const> Elements::condition_of(std::int32_t condition) {
                                           ? conditions_[static_cast<std::size_t>(one.outer)]
                                           : nullptr;
     bool const prolonged = outer && outer->size() <= longest;
-    conditions_.push_back(outer && !prolonged ? outer
-                          : prolonged         ? make_ref<gString const>(*outer + " && " + one.text)
-                                              : make_ref<gString const>(one.text));
+    conditions_.push_back(
+        outer && !prolonged ? outer
+        : prolonged         ? make_ref<gString const>(as_part(*outer) + " && " + as_part(one.text))
+                            : make_ref<gString const>(one.text));
   }
   return conditions_[static_cast<std::size_t>(condition)];
 }

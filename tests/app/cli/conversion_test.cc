@@ -170,6 +170,17 @@ TEST(conversion, sources_link_the_names_that_they_use) {
   EXPECT_EQ(page.find(">twice</a>"), std::string::npos);
 }
 
+TEST(conversion, quick_shows_properties_wherever_they_stand) {
+  Sandbox box;
+  box.write("tree/a.h", "class Knob {\n/** How far. */\nQ_PROPERTY(int turn READ turn)\n};\n");
+  box.write("tree/b.pas",
+            "unit b;\ninterface\n{ It is known. }\nproperty Answer: Integer read Get;\n"
+            "implementation\nend.\n");
+  EXPECT_EQ(box.run("quick tree -o doc").status, 0);
+  EXPECT_NE(box.read("doc/htm/Knob.htm").find("How far."), std::string::npos);
+  EXPECT_NE(box.read("doc/htm/b.pas.htm").find("It is known."), std::string::npos);
+}
+
 TEST(conversion, quick_tells_on_a_terminal_how_far_it_is) {
   Sandbox box;
   for (int i = 0; i < 30; ++i)
