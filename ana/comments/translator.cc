@@ -8,6 +8,7 @@
 #include "ana/comments/brackets.h"
 #include "ana/comments/html_elements.h"
 #include "ana/comments/markdown.h"
+#include "ana/comments/name_marks.h"
 #include "ana/comments/restructured.h"
 #include "ana/comments/words.h"
 #include "vlb/gstring.h"
@@ -299,16 +300,38 @@ bool gCommentTranslator::read_described(std::string_view text, std::size_t inden
   return true;
 }
 
+// "name() - what it does", "struct name - what it is": where the words begin; 0 for other text.
+std::size_t gCommentTranslator::behind_dash(std::string_view text) const {
+  std::string_view rest = text;
+  for (std::string_view const kind : {"struct ", "union ", "enum ", "typedef ", "define "})
+    if (rest.starts_with(kind)) {
+      rest.remove_prefix(kind.size());
+      break;
+    }
+  if (!rest.starts_with(hints_->name))
+    return 0;
+  rest.remove_prefix(hints_->name.size());
+  if (rest.starts_with("()"))
+    rest.remove_prefix(2);
+  constexpr std::string_view dash = " - ";
+  return rest.starts_with(dash) ? text.size() - rest.size() + dash.size() : 0;
+}
+
 // A comment that is headed by the name of what it describes has labels for commands.
 bool gCommentTranslator::read_label(std::string_view text, std::size_t indent) {
   static constexpr std::pair<std::string_view, std::string_view> labels[] = {
       {"Returns:", "@return"},
+      {"Return:", "@return"},
       {"Return value:", "@return"},
       {"Since:", "@since"},
       {"Deprecated:", "@deprecated"}};
   if (!hints_ || hints_->name.empty())
     return false;
   bool const first = !headed_ && part_ == 0 && !has_text();
+  if (std::size_t const behind = first ? behind_dash(text) : 0; behind > 0) {
+    add(text.substr(behind), indent);
+    return headed_ = true;
+  }
   std::string_view const behind = text.substr(std::min(hints_->name.size(), text.size()));
   if (first && text.starts_with(hints_->name) && behind.starts_with(':') &&
       without_annotations(trimmed(behind.substr(1))).empty())
@@ -448,7 +471,11 @@ void gCommentTranslator::read_line(std::size_t & i) {
       break_pending_ = true;
     return;
   }
-  std::string const text = from_xml(line.text);
+  auto const is_command = [&](std::string_view word) {
+    return !hints_->parameters.contains(word) && Commands::find(word).kind != gCommandKind::none;
+  };
+  std::string const text =
+      headed_ ? Comments::from_name_marks(line.text, is_command) : from_xml(line.text);
   std::size_t const end = brackets_behind(text);
   std::string_view const marks = std::string_view(text).substr(end);
   std::string_view const words = brackets_in_front(trimmed(std::string_view(text).substr(0, end)));

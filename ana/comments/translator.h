@@ -36,6 +36,7 @@ private:
   bool read_command(std::string_view text, std::size_t indent);
   bool read_described(std::string_view text, std::size_t indent);
   std::string_view described_name(std::string_view text) const;
+  std::size_t behind_dash(std::string_view text) const;
   bool read_label(std::string_view text, std::size_t indent);
   std::string from_xml(std::string_view text) const;
   void condition(std::string_view word, std::string_view rest);

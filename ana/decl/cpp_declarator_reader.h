@@ -44,6 +44,7 @@ private:
   void skip_value();
   std::uint32_t next_comma(std::uint32_t at) const;
   void variable(std::uint32_t end_at);
+  bool is_reserved(gChain const & name) const;
   bool is_macro_behind_name() const;
   void end(std::uint32_t at);
 

@@ -171,13 +171,21 @@ void gDeclaratorReader::variable(std::uint32_t end_at) {
   end(end_at);
 }
 
+// "__aligned": a word of the compiler or of the system's headers.
+bool gDeclaratorReader::is_reserved(gChain const & name) const {
+  return source_.spelling(name.name_first).starts_with("__");
+}
+
 bool gDeclaratorReader::is_macro_behind_name() const {
   if (before_.empty() || name_.empty() || before_.last != name_.first || types_ < 2 ||
       name_.name_last - name_.first != 1)
     return false;
-  return source_.is_known_attribute(name_.name_first) ||
-         (source_.is_capital(name_.name_first) && !source_.is_capital(before_.name_first) &&
-          source_.sense(name_.name_first) != gMacroSense::type);
+  if (source_.is_known_attribute(name_.name_first))
+    return true;
+  bool const looks_so =
+      (source_.is_capital(name_.name_first) && !source_.is_capital(before_.name_first)) ||
+      (is_reserved(name_) && !is_reserved(before_));
+  return looks_so && source_.sense(name_.name_first) != gMacroSense::type;
 }
 
 void gDeclaratorReader::end(std::uint32_t at) {

@@ -97,7 +97,8 @@ bool is_tool_switch(std::string_view words, bool pascal) {
   return std::any_of(heads.begin(), heads.end(),
                      [&](std::string_view head) { return words.starts_with(head); }) ||
          (words.starts_with("< ") && words.ends_with(" >")) || // "/*< private >*/"
-         is_version_mark(words) || is_note_to_self(words) || (pascal && words.starts_with('$'));
+         words == "private:" || words == "public:" || is_version_mark(words) ||
+         is_note_to_self(words) || (pascal && words.starts_with('$'));
 }
 
 bool is_dead_code(std::string_view words, bool pascal) {

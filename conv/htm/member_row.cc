@@ -93,10 +93,12 @@ gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place) {
   std::string_view text = without_end(whole, ";");
   std::size_t const full = text.size();
   text = without_value(text, facts, std::max(facts.name.end, facts.parameters.end));
-  bool const macro = text.starts_with(define);
-  std::size_t const head =
-      macro ? define.size()
-            : std::min(text.find_first_not_of(' ', facts.template_head.end), text.size());
+  // Pascal's stands behind the name, and stays there.
+  gStretch const in_front =
+      facts.template_head.end <= facts.name.begin ? facts.template_head : gStretch();
+  std::size_t const head = text.starts_with(define)
+                               ? define.size()
+                               : std::min(text.find_first_not_of(' ', in_front.end), text.size());
   if (text.size() - head > longest || head > facts.name.begin || text.find('\n') != text.npos)
     return row;
   find_bound_names(unit, whole, facts);
@@ -111,8 +113,8 @@ gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place) {
     if (one.begin >= head)
       differing.push_back(moved(one, head));
   row.signature = linked_signature(unit, text.substr(head), own, differing);
-  row.template_head = linked_head(unit, facts.template_head.of(whole));
-  row.is_all = text.size() == full && row.template_head.empty() == facts.template_head.empty();
+  row.template_head = linked_head(unit, in_front.of(whole));
+  row.is_all = text.size() == full && row.template_head.empty() == in_front.empty();
   row.source = source_href(record.path, std::to_string(record.source_line));
   return row;
 }

@@ -1,0 +1,15 @@
+// References in comments that begin with the name of what they describe, as C libraries write them.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace Comments {
+
+// "%NULL", "@size", "&struct ring", "&ring->head" as Markdown: types lead to where they are, other
+// names stand in backquotes. `is_command` tells which words with a "@" aren't names.
+std::string from_name_marks(std::string_view line,
+                            std::function<bool(std::string_view)> const & is_command);
+
+} // namespace Comments
