@@ -14,6 +14,7 @@
 #include "ana/read/attach_places.h"
 #include "ana/read/code_elements.h"
 #include "ana/read/element_groups.h"
+#include "ana/read/field_texts.h"
 #include "ana/read/rich_pieces.h"
 #include "ana/read/unit_kinds.h"
 #include "vlb/gexception.h"
@@ -98,6 +99,7 @@ private:
   bool is_foreign(std::string_view keyword, std::string_view rest, gString const & type,
                   std::int32_t declaration) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
+  void hand_down_fields();
   void make_units();
   void note_unknown(gTranslated const & text, int line);
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
@@ -458,7 +460,31 @@ void gModernReader::File::note_unknown(gTranslated const & text, int line) {
   }
 }
 
+// Fields that have no comment of their own take what that of their structure says.
+void gModernReader::File::hand_down_fields() {
+  for (auto & [declaration, words] : words_) {
+    Decl::gDeclaration const & outer = item(declaration);
+    if (pascal_ || !is_class_like(outer.kind) || words.text.find('@') == std::string::npos)
+      continue;
+    std::map<std::string, std::int32_t, std::less<>> members;
+    auto const count = static_cast<std::int32_t>(found_.items.size());
+    for (std::int32_t i = declaration + 1; i < count && item(i).whole.begin < outer.body.end; ++i)
+      if (item(i).scope == declaration && !item(i).name.empty() && !words_.contains(i))
+        members.try_emplace(std::string(item(i).name.of(text_)), i);
+    std::set<std::string, std::less<>> names;
+    for (auto const & [name, member] : members)
+      names.insert(name);
+    for (auto & [name, text] : take_field_texts(words.text, names)) {
+      Words & field = words_[members.at(name)];
+      field.text += text;
+      field.place = words.place;
+      field.documenting = words.documenting;
+    }
+  }
+}
+
 void gModernReader::File::make_units() {
+  hand_down_fields();
   for (auto & [declaration, words] : words_) {
     add_parameters(words);
     gCommentHints const hints = hints_for(declaration, words);
