@@ -28,5 +28,5 @@ std::size_t common_folders(std::vector<gUnitsOfFile> const & files);
 
 // One part for a file of few units. Otherwise the units are ordered by their kinds, and no part has
 // more than `most_units_of_part`. The parts point into `units`.
-constexpr std::size_t most_units_of_part = 180;
+constexpr std::size_t most_units_of_part = 250;
 std::vector<gFilePart> parts_of_file(gUnitRefs & units);

@@ -52,6 +52,7 @@ gHtmSetter::gHtmSetter(gSite & site, gColours const & colours)
 
 void gHtmSetter::begin_page(int page) {
   page_ = page;
+  part_ = nullptr;
   taken_.clear();
   notes_done_ = 0;
 }
@@ -114,8 +115,9 @@ std::string gHtmSetter::headline_level(gNode const &) const {
 
 gLinkEnd gHtmSetter::link_to(int unit, std::string_view place) const {
   gLinkEnd end;
+  int const from = part_ && !part_->contains(unit) ? -1 : page_;
   (end.href = root_) +=
-      place.empty() ? site_.addresses.href(unit, page_) : site_.addresses.href(unit, place, page_);
+      place.empty() ? site_.addresses.href(unit, from) : site_.addresses.href(unit, place, from);
   end.title = escaped(site_.unit(unit).title);
   end.kind = site_.kinds.of(unit).word;
   return end;

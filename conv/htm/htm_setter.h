@@ -29,6 +29,11 @@ public:
 
   // Texts that follow stand on this page; anchors are unique on each.
   void begin_page(int page);
+  // Texts that follow stand on a further page, which has those of these units alone; null for the
+  // page itself again. The anchors of all of them stay different.
+  void begin_part(std::set<int> const * units) { part_ = units; }
+  // The page that addresses are seen from; -1, as from the start page, on a further page.
+  int link_page() const { return part_ ? -1 : page_; }
   // Texts that follow belong to this unit, whose heading has this level; -1 for running heads.
   void begin_unit(int unit, int level);
   // The notes of the unit as finished text, empty without any.
@@ -37,7 +42,8 @@ public:
   std::vector<gHierarchyPage> take_hierarchies() { return std::exchange(hierarchies_, {}); }
   // The declaration of a unit in one line, its name as a link to it; empty if it isn't known or too
   // long. Links lead from the current unit's page. `is_all` tells that nothing was left out.
-  gMemberRow row_of(int unit, gRowPlace const & place);
+  // The name may lead elsewhere, if `to` tells where.
+  gMemberRow row_of(int unit, gRowPlace const & place, std::string const & to = {});
   // Words of another unit than the current one, as they are set in its own text.
   std::string words_of(int unit, gNodeList const & words);
   using gSetter::escape;
@@ -87,6 +93,7 @@ private:
   std::string editor_;
   std::vector<std::string> bound_; // by the declaration at work
   int page_ = -1;
+  std::set<int> const * part_ = nullptr;
   std::string_view root_; // from where links lead to the folder of the pages
   std::vector<gHierarchyPage> hierarchies_;
   // Anchors on the page that texts have made, and how often each was asked for.

@@ -83,7 +83,7 @@ std::string gHtmSetter::words_of(int other, gNodeList const & words) {
   return text;
 }
 
-gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place) {
+gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place, std::string const & to) {
   gUnitRecord const & record = site_.unit(unit);
   gKnownFacts const & facts = record.facts;
   std::string_view const whole = record.declaration;
@@ -103,18 +103,21 @@ gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place) {
     return row;
   find_bound_names(unit, whole, facts);
   DeclarationText::gOwnName own{moved(facts.name, head), {}};
-  std::string const name = escaped(facts.name.of(whole)), to = link_to(unit, {}).href;
+  std::string const name = escaped(facts.name.of(whole));
+  std::string const own_place = to.empty() ? link_to(unit, {}).href : to;
   std::string const before =
       place.names_scope ? Html::escaped(scope_in_front(record)) : std::string();
   rules().apply(gVltRule::own_name,
-                gVltValues().set(V::text, name).set(V::href, to).set(V::scope, before), own.shown);
+                gVltValues().set(V::text, name).set(V::href, own_place).set(V::scope, before),
+                own.shown);
   std::vector<gStretch> differing;
   for (gStretch const one : place.differing)
     if (one.begin >= head)
       differing.push_back(moved(one, head));
   row.signature = linked_signature(unit, text.substr(head), own, differing);
   row.template_head = linked_head(unit, in_front.of(whole));
-  row.is_all = text.size() == full && row.template_head.empty() == in_front.empty();
+  row.is_all = !row.signature.empty() && text.size() == full &&
+               row.template_head.empty() == in_front.empty();
   row.source = source_href(record.path, std::to_string(record.source_line));
   return row;
 }

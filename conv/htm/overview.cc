@@ -130,6 +130,7 @@ std::string gOverview::member_items(gMemberGroup const & group, std::string_view
     auto const namesakes = std::span(units).subspan(begin, end - begin);
     auto const differing = Members::differences(site_, namesakes);
     gRow row;
+    gMemberRow plain;
     for (std::size_t i = 0; i < namesakes.size(); ++i) {
       int const unit = namesakes[i];
       bool const elsewhere = !scope.empty() && Atc::scope_of(site_.unit(unit)) != scope;
@@ -140,10 +141,13 @@ std::string gOverview::member_items(gMemberGroup const & group, std::string_view
         row = {row.unit < 0 ? unit : row.unit, row.unit < 0 ? 1 : row.count + 1, row.summary};
         if (row.summary.empty())
           row.summary = site_.summary_of(unit);
+        plain.places += shown.places;
+        if (row.count == 1)
+          plain.details = shown.details;
       }
     }
     if (row.unit >= 0)
-      add_item(row, site_.pages.of(row.unit), mixed, {}, out);
+      add_item(row, site_.pages.of(row.unit), mixed, {}, out, plain);
   }
   return out;
 }
@@ -152,11 +156,12 @@ void gOverview::add_heading(gMemberGroup const & group, int level, bool on_page,
                             std::string const & items, gListed & out) const {
   int const first = group.units.front();
   gKind const & kind = site_.kinds.of(first);
-  gListed::Group heading{"", Members::title_of(site_, group.name, first), {}};
+  std::string const place = Members::place_of(group.name);
+  gListed::Group heading{"", Members::title_of(site_, group.name, first), place, {}};
   // Other lists on the page may have groups of the same kind.
   bool const titled = !heading.title.empty();
   if (titled && (!on_page || site_.pages.begins(site_.pages.units().parent(first))))
-    heading.anchor = "g-" + Members::place_of(group.name);
+    heading.anchor = "g-" + place;
   std::string const count = site_.number(group.units.size()), depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, items).set(V::level, depth).set(V::count, count);
@@ -173,7 +178,7 @@ void gOverview::add_member(int unit, gMemberRow const & row, bool kinds, bool ag
   gUnitRecord const & record = site_.unit(unit);
   gKind const & what = site_.kinds.of(unit);
   std::string id(row.is_all ? site_.addresses.anchor(unit) : std::string_view());
-  std::string aliases;
+  std::string aliases = row.places;
   if (std::string_view const alias = site_.addresses.alias(unit); row.is_all && !alias.empty())
     site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, alias), aliases);
   std::string const text =
@@ -318,9 +323,10 @@ std::string gOverview::list(std::vector<gRow> const & rows, int page, int level,
 }
 
 void gOverview::add_item(gRow const & row, int page, bool kinds, std::string const & id,
-                         std::string & out) const {
+                         std::string & out, gMemberRow const & shown) const {
   gUnitRecord const & record = site_.unit(row.unit);
-  std::string const to = site_.addresses.href(row.unit, page);
+  std::string const to =
+      shown.details.empty() ? site_.addresses.href(row.unit, page) : shown.details;
   std::string const text = Html::escaped(Site::contents_title(record));
   std::string const line = Html::escaped(row.summary), full = Html::escaped(record.name);
   std::string const within = Html::escaped(Atc::scope_of(record));
@@ -330,7 +336,7 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   gKind const & what = site_.kinds.of(row.unit);
   gVltValues values;
   values.set(V::href, to).set(V::title, text).set(V::summary, line).set(V::name, full);
-  values.set(V::scope, within);
+  values.set(V::scope, within).set(V::aliases, shown.places);
   if (kinds)
     values.set(V::kind, what.word).set(V::kind_class, what.css);
   values.set(V::number, number).set(V::count, same).set(V::id, id);

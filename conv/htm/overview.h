@@ -13,6 +13,8 @@ struct gMemberRow {
   std::string template_head;
   bool is_all = false; // there is nothing more to say about it
   std::string summary; // if it isn't the first sentence as plain text
+  std::string details; // link to its text, if that stands on another page
+  std::string places;  // where that text could be reached on the page of the row
   std::string source;  // link to its source
 };
 // What a row depends on beside its member.
@@ -25,6 +27,7 @@ struct gRowPlace {
 struct gListed {
   struct Group {
     std::string anchor, title;
+    std::string place;      // that the group has in addresses
     std::vector<int> units; // if they stand on the same page
   };
   std::string text;
@@ -68,8 +71,8 @@ private:
                    gListed & out) const;
   gParts parts_of(std::vector<gRow> const & rows) const;
   std::string list(std::vector<gRow> const & rows, int page, int level, bool titled) const;
-  void add_item(gRow const & row, int page, bool kinds, std::string const & id,
-                std::string & out) const;
+  void add_item(gRow const & row, int page, bool kinds, std::string const & id, std::string & out,
+                gMemberRow const & shown = {}) const;
 
   gSite const & site_;
   gContents const & contents_;

@@ -67,7 +67,7 @@ std::string gRelations::of(int method) const {
 std::string gRelations::inherited(int unit, int level) const {
   std::string out;
   std::size_t left = most_members;
-  int const page = site_.pages.of(unit);
+  int const page = setter_.link_page();
   for (gInherited const & part : site_.inheritance.inherited(unit)) {
     std::vector<gRow> rows = Site::rows_of(site_, part.members);
     if (rows.empty())

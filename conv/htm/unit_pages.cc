@@ -4,11 +4,11 @@
 #include "conv/htm/unit_pages.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/member_groups.h"
+#include "conv/htm/row_words.h"
 #include "conv/htm/unit_head.h"
 #include "conv/set/enum_table.h"
 #include "conv/set/enumerators.h"
@@ -23,61 +23,6 @@ gNode const * find_source_link(gNodeList const & nodes) {
     if (node.kind == gNodeKind::source_link)
       return &node;
   return nullptr;
-}
-
-constexpr std::size_t longest_words = 240; // that a row shows whole
-
-// What has a place of its own, or can't stand within a line.
-bool is_more_than_words(gNode const & node) {
-  switch (node.kind) {
-  case gNodeKind::text:
-  case gNodeKind::em:
-  case gNodeKind::kbd:
-  case gNodeKind::bold:
-  case gNodeKind::italic:
-  case gNodeKind::tt:
-  case gNodeKind::plain:
-  case gNodeKind::dfn:
-  case gNodeKind::code:
-  case gNodeKind::underline:
-  case gNodeKind::format:
-  case gNodeKind::reference:
-  case gNodeKind::name_ref:
-  case gNodeKind::web_link:
-    return std::ranges::any_of(node.children, is_more_than_words);
-  default:
-    return true;
-  }
-}
-
-// The paragraphs of a text, also of parts without a title; false if it has something else to say.
-bool find_paragraphs(gNodeList const & blocks, std::vector<gNodeList const *> & found) {
-  return std::ranges::all_of(blocks, [&](gNode const & node) {
-    bool const titled = node.kind == gNodeKind::title && !node.children.empty();
-    if (is_mark(node) || titled)
-      return false;
-    if (node.kind == gNodeKind::title || !RelationText::says_something({node}))
-      return true;
-    if (node.kind == gNodeKind::subentry)
-      return find_paragraphs(node.children, found);
-    found.push_back(&node.children);
-    return node.kind == gNodeKind::paragraph;
-  });
-}
-
-// All that a text says, if that is one paragraph that a row has room for, or nothing.
-std::optional<gNodeList> words_for_row(gUnitText const & text) {
-  std::vector<gNodeList const *> said;
-  if (!text.subject.empty())
-    said.push_back(&text.subject);
-  if (!find_paragraphs(text.body, said) || said.size() > 1)
-    return std::nullopt;
-  if (said.empty())
-    return gNodeList();
-  if (std::ranges::any_of(*said[0], is_more_than_words) ||
-      plain_text(*said[0]).size() > longest_words)
-    return std::nullopt;
-  return *said[0];
 }
 
 } // namespace
@@ -106,37 +51,57 @@ gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & 
 }
 
 gMadePage gUnitPages::make(int page) {
-  gUnitRecord const & head = site_.head(page);
-  gKind const & kind = site_.kinds.of(site_.pages[page].first);
-  setter_.begin_page(page);
   page_ = page;
+  parts_.clear();
+  short_rows_ = false;
+  gPageFrame frame = set_page();
+  if (PageParts::markup_of(frame.content) > gPageParts::most_markup && has_members_)
+    frame = set_in_parts(std::move(frame));
+  for (gPageFrame const & one : beside_)
+    writer_.write(one);
+  writer_.write(frame);
+  std::ranges::sort(made_.units, {}, &gMadePage::Unit::unit);
+  return std::exchange(made_, gMadePage());
+}
+
+gPageFrame gUnitPages::set_page() {
+  gUnitRecord const & head = site_.head(page_);
+  int const first = site_.pages[page_].first, end = site_.pages[page_].end;
+  gKind const & kind = site_.kinds.of(first);
+  setter_.begin_page(page_);
   gPageFrame frame;
   frame.style = "unit";
-  frame.file = site_.addresses.file(page);
+  frame.file = site_.addresses.file(page_);
   frame.title = head.title;
   frame.kind = kind.word;
-  frame.summary = site_.summary_of(site_.pages[page].first);
+  frame.summary = site_.summary_of(first);
   frame.kind_class = kind.css;
   told_.clear();
+  texts_.clear();
+  beside_.clear();
+  made_.units.clear();
   listed_ = {};
   deeper_ = 0;
-  int const first = site_.pages[page].first, end = site_.pages[page].end;
   add_unit(first, frame.content);
-  bool const has_members = first + 1 + site_.pages.units().below(first) == end;
-  if (has_members && !listed_.groups.empty() && !listed_.groups[0].units.empty())
+  has_members_ = first + 1 + site_.pages.units().below(first) == end && !listed_.groups.empty() &&
+                 !listed_.groups[0].units.empty();
+  if (has_members_)
     add_members(frame.content);
   else
     for (int unit = first + 1; unit < end; ++unit)
       add_unit(unit, frame.content);
-  std::ranges::sort(made_.units, {}, &gMadePage::Unit::unit);
-  frame.crumbs = navigation_.crumbs(page);
-  frame.contents = navigation_.tree(page);
+  frame.crumbs = navigation_.crumbs(page_);
+  frame.contents = navigation_.tree(page_);
   frame.on_page = places_.take();
-  frame.previous = navigation_.previous(page);
-  frame.next = navigation_.next(page);
+  frame.previous = navigation_.previous(page_);
+  frame.next = navigation_.next(page_);
   set_running_heads(frame, head.section);
-  writer_.write(frame);
-  return std::exchange(made_, gMadePage());
+  return frame;
+}
+
+void gUnitPages::add_with_below(int member, std::string & out) {
+  for (int unit = member; unit <= member + site_.pages.units().below(member); ++unit)
+    add_unit(unit, out);
 }
 
 // In the order of the list above them.
@@ -144,9 +109,14 @@ void gUnitPages::add_members(std::string & out) {
   std::string texts;
   deeper_ = 1;
   for (gListed::Group const & group : listed_.groups)
-    for (int const member : group.units)
-      for (int unit = member; unit <= member + site_.pages.units().below(member); ++unit)
-        add_unit(unit, texts);
+    for (int const member : group.units) {
+      if (parts_.of(member))
+        continue;
+      std::size_t const before = texts.size();
+      add_with_below(member, texts);
+      if (std::string_view const text = std::string_view(texts).substr(before); !text.empty())
+        texts_[member] = {PageParts::markup_of(text), PageParts::anchors_in(text)};
+    }
   if (texts.empty())
     return;
   std::string const title = Members::title_of(site_, "details", site_.pages[page_].first);
@@ -172,7 +142,7 @@ void gUnitPages::write_hierarchies(int unit) {
     values.set(V::title, title).set(V::items, hierarchy.items).set(V::href, href);
     values.set(V::count, shown).set(V::number, all);
     site_.rules.apply(gVltRule::hierarchy_page, values, frame.content);
-    writer_.write(frame);
+    beside_.push_back(std::move(frame));
   }
 }
 
@@ -230,7 +200,7 @@ gListed gUnitPages::overview_of(int unit, int level) {
   gListed listed = overview_.of(unit, level, rows);
   listed.text +=
       relations_.inherited(unit, level) +
-      overview_.group("specialisation", scopes_.specialisations(unit), site_.pages.of(unit), level);
+      overview_.group("specialisation", scopes_.specialisations(unit), setter_.link_page(), level);
   if (auto const members = scopes_.members(unit); !members.empty()) {
     gListed more = overview_.within(members, site_.pages.of(unit), level, rows);
     listed.text += more.text;
@@ -254,10 +224,12 @@ bool gUnitPages::is_told(int unit) const {
 }
 
 gMemberRow gUnitPages::row_of(int unit, gRowPlace const & place) {
+  if (short_rows_ || parts_.of(unit))
+    return row_of_part(unit, place);
   gMemberRow row = setter_.row_of(unit, place);
   if (!row.is_all)
     return row;
-  auto const words = words_for_row(site_.document.text_of(unit));
+  auto const words = RowWords::of(site_.document.text_of(unit));
   row.is_all = words && is_told(unit);
   if (!row.is_all)
     return row;

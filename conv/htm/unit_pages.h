@@ -4,6 +4,7 @@
 #include "conv/htm/htm_setter.h"
 #include "conv/htm/includes.h"
 #include "conv/htm/overview.h"
+#include "conv/htm/page_parts.h"
 #include "conv/htm/page_writer.h"
 #include "conv/htm/relations.h"
 #include "conv/htm/scopes.h"
@@ -38,6 +39,11 @@ public:
 private:
   struct gParts;
 
+  gPageFrame set_page();
+  gPageFrame set_in_parts(gPageFrame frame);
+  void add_parts(gPageFrame const & main);
+  gMemberRow row_of_part(int unit, gRowPlace const & place);
+  void add_with_below(int unit, std::string & out);
   void add_unit(int unit, std::string & out);
   std::string place_of(int unit) const;
   void enter_search(int unit, gNodeList said);
@@ -60,8 +66,13 @@ private:
   gScopes const & scopes_;
   gIncludes const & includes_;
   gUses const & uses_;
-  gListed listed_;     // below the unit that the page begins with
-  std::set<int> told_; // units of which their rows say all
+  gListed listed_;                   // below the unit that the page begins with
+  std::set<int> told_;               // units of which their rows say all
+  std::map<int, gMemberText> texts_; // of members that stand in lists
+  gPageParts parts_;                 // empty if all texts stand on the page itself
+  bool has_members_ = false;         // in lists on the page at work
+  bool short_rows_ = false;          // names alone, since their signatures would be too much
+  std::vector<gPageFrame> beside_;   // further pages that belong to the page at work
   int page_ = -1;
   int deeper_ = 0; // by how much headings stand deeper than their units do
   std::map<std::string_view, std::size_t> skipped_; // stretches by the scope that they stand in

@@ -188,6 +188,7 @@ constexpr Row rows[] = {
     {"sitemap", false, page_values},
     {"sitemap_item", false, place_values},
     {"lost_page", false, page_values},
+    {"part_page", false, page_values},
     {"similar_page", false, page_values},
     {"similar_item", false, place_values},
     {"moved_page", false, page_values},

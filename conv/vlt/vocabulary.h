@@ -196,6 +196,7 @@ enum class gVltRule : unsigned char {
   sitemap,
   sitemap_item,
   lost_page, // for addresses that aren't there
+  part_page, // texts of members that had no room on their page
   similar_page,
   similar_item,
   moved_page,

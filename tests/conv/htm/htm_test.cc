@@ -680,6 +680,30 @@ TEST_F(HtmSite, DeadLinksAreTold) {
   EXPECT_NE(told[1].find("htm/one.htm"), std::string::npos) << reports;
 }
 
+// What is much too long for one page is read on several, and no link from elsewhere may notice.
+TEST_F(HtmSite, HeavyPagesAreSetInParts) {
+  std::string units = known(2, "class", "C", "C", "", "class C");
+  for (int i = 0; i < 500; ++i) {
+    std::string const name = "f" + std::to_string(i),
+                      to = std::to_string(i > 0 ? line_ : line_ + 2);
+    std::string const text =
+        "\n\nSays @bkmk<MARK" + name + "> much. @cref<main><L" + to + ">{near}\n";
+    units += known(3, i < 30 ? "member" : "method", "C::" + name, name, "",
+                   i < 30 ? "int " + name + ";" : "int " + name + "(C, C*);", text);
+  }
+  convert(units + known(2, "class", "D", "D", "", "class D", "\n\n@cref<main><MARKf200>{f200}\n"));
+  EXPECT_EQ(outside_.report_text().find("532"), std::string::npos) << outside_.report_text();
+  std::string const page = file("C.htm"), second = file("C--method-2.htm");
+  expect_in_order(page, {"href=\"C--method.htm#f30\"", "id=\"f0\"", "href=\"C--method-"});
+  expect_in_order(file("C--method.htm"),
+                  {"<h1>Methods of <a href=\"C.htm\"", "page 1 of", "id=\"f30\"", "Says"});
+  expect_in_order(second, {"id=\"b-markf", "href=\"#f", "</html>"});
+  expect_in_order(file("D.htm"), {"href=\"C.htm#b-markf200\""});
+  EXPECT_EQ(page.find("Says <span"), std::string::npos);
+  for (std::string const & one : {page, second})
+    EXPECT_LT(markup_of(one), 102400U);
+}
+
 // A class template with a member: bytes of facts are those of the declarations.
 TEST_F(HtmSite, OnlySureNamesAreLinks) {
   auto const told = [](int level, std::string const & name, std::string const & last, int line,
