@@ -103,17 +103,23 @@ bool carry(std::string const & from, std::string const & to, std::string const &
   return !error;
 }
 
-// The number of the fault, 0 if all was written.
+// The number of the fault, 0 if all was written. Without a buffer of its own, since the text is
+// there as a whole.
 int write_file(std::string const & path, std::string_view text) {
-  errno = 0;
-  std::FILE * const file = std::fopen(path.c_str(), "we");
-  bool done = file && std::fwrite(text.data(), 1, text.size(), file) == text.size();
-  int error = done ? 0 : errno;
-  if (file && std::fclose(file) != 0 && done) {
-    done = false;
-    error = errno;
+  int const file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (file < 0)
+    return errno;
+  int error = 0;
+  while (error == 0 && !text.empty()) {
+    ssize_t const size = ::write(file, text.data(), text.size());
+    if (size > 0)
+      text.remove_prefix(static_cast<std::size_t>(size));
+    else if (size == 0 || errno != EINTR)
+      error = size == 0 ? EIO : errno;
   }
-  return done ? 0 : error != 0 ? error : EIO;
+  if (::close(file) != 0 && error == 0)
+    error = errno;
+  return error;
 }
 
 // True if the file, not what a link leads to, holds just these bytes.
@@ -280,14 +286,14 @@ void gConversion::progress(std::size_t done, std::size_t all) {
 
 // What the user has put into the result of an earlier run goes on into the new one, and what is new
 // is entered in the record of the output folder before it is there.
-bool gConversion::keep_foreign_files() {
+bool gConversion::keep_foreign_files(std::set<std::string> const & made) {
   gPathstring const parent = folder_.dir_name();
   std::string const prefix = folder_.file_name() + "/";
   gFolderRecord record(parent);
   if (!record.exists())
     return true;
   std::set<std::string> entered = {prefix};
-  for (std::string const & name : Vlb::read_contents(work_).names)
+  for (std::string const & name : made)
     entered.insert(prefix + name);
   Vlb::FolderContents const old = Vlb::read_contents(folder_);
   if (!old.complete && exists(folder_))
@@ -301,16 +307,16 @@ bool gConversion::keep_foreign_files() {
 }
 
 // Somebody may have cleared the output folder meanwhile.
-bool gConversion::is_whole() const {
-  std::set<std::string> const names = Vlb::read_contents(work_).names;
+bool gConversion::is_whole(std::set<std::string> const & made) const {
   auto const files =
-      std::ranges::count_if(names, [](std::string const & name) { return !name.ends_with('/'); });
+      std::ranges::count_if(made, [](std::string const & name) { return !name.ends_with('/'); });
   return static_cast<std::size_t>(files) >= result_.files || report_unwritable(work_, ENOENT);
 }
 
 bool gConversion::finish(std::string const & start_file) {
   Vapp::poll_break();
-  if (!is_whole() || !keep_foreign_files())
+  std::set<std::string> const made = Vlb::read_contents(work_).names;
+  if (!is_whole(made) || !keep_foreign_files(made))
     return false;
   // A signal that removes the work folder must not meet it on the way to its place.
   pending_->hold();

@@ -71,8 +71,9 @@ public:
 
 private:
   gPathstring place_for(std::string const & name);
-  bool is_whole() const;
-  bool keep_foreign_files();
+  // What lies in the folder that is written, folders with a "/".
+  bool is_whole(std::set<std::string> const & made) const;
+  bool keep_foreign_files(std::set<std::string> const & made);
   bool keep_unchanged(std::string const & name, std::string_view text) const;
 
   gConversionInput const & input_;

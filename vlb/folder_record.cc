@@ -14,11 +14,15 @@ constexpr char const * head = "vellumar output folder";
 Vlb::FolderContents Vlb::read_contents(gPathstring const & folder) {
   FolderContents found;
   std::error_code error;
-  fs::path const root = folder.c_str();
+  std::string root = folder;
+  if (!root.ends_with('/'))
+    root += '/';
   for (fs::recursive_directory_iterator it(root, error), end; !error && it != end;
        it.increment(error)) {
-    bool const is_folder = it->symlink_status(error).type() == fs::file_type::directory;
-    found.names.insert(it->path().lexically_relative(root).string() + (is_folder ? "/" : ""));
+    // What the folder says of its entries is enough: a result has thousands.
+    std::error_code unknown;
+    bool const is_folder = !it->is_symlink(unknown) && it->is_directory(unknown);
+    found.names.insert(it->path().native().substr(root.size()) + (is_folder ? "/" : ""));
   }
   found.complete = !error;
   return found;

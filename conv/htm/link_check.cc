@@ -1,10 +1,12 @@
-// Places are kept as hashes, so that a large site costs some bytes a link. The words of a dead link
-// are found in its page again, which is rare.
+// Places are kept as hashes, so that a large site costs some bytes a link. Words and line of a dead
+// link are found in its page again, which is rare.
 
 #include "conv/htm/link_check.h"
 
 #include <algorithm>
+#include <functional>
 #include <tuple>
+#include <utility>
 
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
@@ -50,6 +52,8 @@ std::string decoded(std::string_view text) {
 }
 
 bool leads_outside(std::string_view href) {
+  if (href.starts_with('#'))
+    return false;
   if (href.starts_with("//"))
     return true;
   auto const sign = std::ranges::find_if(
@@ -102,23 +106,46 @@ private:
   std::string path_, anchor_;
 };
 
-// Counts line feeds on the way through a text, as far as somebody asks.
-class gLineCount {
+std::uint64_t hash_of_place(std::uint64_t file, std::string_view anchor) {
+  std::uint64_t const hash =
+      anchor.empty() ? file : file * 0x9E3779B97F4A7C15U + std::hash<std::string_view>()(anchor);
+  return hash == 0 ? 1 : hash;
+}
+
+// The hashes of what links of one page lead to.
+class gPlaceHashes {
 public:
-  explicit gLineCount(std::string_view text) : text_(text) {}
-  // Places have to ascend.
-  std::uint32_t line_at(std::size_t place) {
-    line_ +=
-        static_cast<std::uint32_t>(std::count(text_.data() + counted_, text_.data() + place, '\n'));
-    counted_ = place;
-    return line_;
+  explicit gPlaceHashes(std::string_view page) : page_(page), own_(hash_of(page)) {}
+
+  std::uint64_t of_anchor(std::string_view anchor) {
+    return hash_of_place(own_, reader_.anchor_of(anchor));
   }
+  std::uint64_t of_link(std::string_view href) {
+    gPlace const place = reader_.place_of(page_, href);
+    return hash_of_place(place.path.empty() ? own_ : file_of(place), place.anchor);
+  }
+  gPlace place_of(std::string_view href) { return reader_.place_of(page_, href); }
 
 private:
-  std::string_view text_;
-  std::size_t counted_ = 0;
-  std::uint32_t line_ = 1;
+  static std::uint64_t hash_of(std::string_view file) {
+    return std::hash<std::string_view>()(file);
+  }
+  std::uint64_t file_of(gPlace const & place) {
+    if (place.folder.empty())
+      return hash_of(place.path);
+    (file_ = place.folder) += place.path;
+    return hash_of(file_);
+  }
+
+  std::string_view page_;
+  std::uint64_t own_;
+  gLinkReader reader_;
+  std::string file_;
 };
+
+std::uint32_t line_at(std::string_view text, std::size_t place) {
+  return static_cast<std::uint32_t>(std::ranges::count(text.substr(0, place), '\n')) + 1;
+}
 
 bool is_blank(char c) {
   return c == ' ' || c == '\t' || c == '\n';
@@ -127,12 +154,12 @@ bool is_blank(char c) {
 // Calls `work` with name, value and tag of each attribute; the tag as its place in the page.
 void each_attribute(std::string_view html, auto const & work) {
   for (std::size_t at = html.find('<'); at < html.size(); at = html.find('<', at)) {
-    if (html.substr(at, 4) == "<!--") {
-      at = std::min(html.find("-->", at), html.size() - 1) + 1;
+    std::size_t const tag = at++;
+    if (html.substr(at).starts_with("!--"))
+      at = std::min(html.find("-->", at), html.size());
+    if (at < html.size() && (html[at] == '/' || html[at] == '!' || html[at] == '-'))
       continue;
-    }
-    std::size_t const tag = at;
-    std::size_t name = ++at;
+    std::size_t name = at;
     for (; at < html.size() && html[at] != '>'; ++at) {
       if (is_blank(html[at]))
         name = at + 1;
@@ -150,49 +177,59 @@ void each_attribute(std::string_view html, auto const & work) {
 
 } // namespace
 
-gLinkCheck::gHash gLinkCheck::hash_of(std::initializer_list<std::string_view> file,
-                                      std::string_view anchor) {
-  gHash hash = 14695981039346656037U; // FNV-1a
-  auto const add = [&hash](char c) {
-    hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
-  };
-  for (std::string_view const part : file)
-    std::ranges::for_each(part, add);
-  if (!anchor.empty())
-    add('#');
-  std::ranges::for_each(anchor, add);
-  return hash;
+// The slot of the hash, or the empty one where it belongs.
+gLinkCheck::gSlot & gLinkCheck::slot_of(gHash hash) {
+  std::size_t const mask = slots_.size() - 1;
+  std::size_t at = hash & mask;
+  while (slots_[at].hash != 0 && slots_[at].hash != hash)
+    at = (at + 1) & mask;
+  return slots_[at];
+}
+
+void gLinkCheck::make_room(std::size_t more) {
+  std::size_t size = std::max<std::size_t>(slots_.size(), 1024);
+  while (size < 2 * (taken_ + more))
+    size *= 2;
+  if (size == slots_.size())
+    return;
+  std::vector<gSlot> const old = std::exchange(slots_, std::vector<gSlot>(size));
+  for (gSlot const & slot : old)
+    if (slot.hash != 0)
+      slot_of(slot.hash) = slot;
 }
 
 void gLinkCheck::add_link(gHash to, gWay way) {
-  auto const [at, added] = links_.try_emplace(to, way);
-  gWay & known = at->second;
-  auto const order = [this](gWay const & one) { return std::tie(pages_[one.page], one.line); };
-  if (!added && order(way) < order(known))
-    known = way;
+  gSlot & slot = slot_of(to);
+  auto const order = [this](gWay const & one) { return std::tie(pages_[one.page], one.place); };
+  if (slot.hash == 0) {
+    slot = {to, way};
+    ++taken_;
+  } else if (slot.way.page != gWay::is_there && order(way) < order(slot.way)) {
+    slot.way = way;
+  }
 }
 
-// A place that is known by now needs no link to it to be kept.
 void gLinkCheck::add_page(std::string const & file, std::string_view html) {
-  std::vector<gHash> places = {hash_of({file}, {})};
+  gPlaceHashes hashes(file);
+  std::vector<gHash> places = {hashes.of_anchor({})};
   std::vector<std::pair<gHash, std::uint32_t>> links;
-  gLinkReader reader;
-  gLineCount lines(html);
   each_attribute(html, [&](std::string_view name, std::string_view value, std::size_t tag) {
-    if (name == "id") {
-      places.push_back(hash_of({file}, reader.anchor_of(value)));
-    } else if ((name == "href" || name == "src") && !leads_outside(value)) {
-      gPlace const place = reader.place_of(file, value);
-      links.emplace_back(hash_of({place.folder, place.path}, place.anchor), lines.line_at(tag));
-    }
+    if (name == "id")
+      places.push_back(hashes.of_anchor(value));
+    else if ((name == "href" || name == "src") && !leads_outside(value))
+      links.emplace_back(hashes.of_link(value), static_cast<std::uint32_t>(tag));
   });
   std::lock_guard const lock(mutex_);
   auto const page = static_cast<std::uint32_t>(pages_.size());
   pages_.push_back(file);
-  places_.insert(places.begin(), places.end());
-  for (auto const & [to, line] : links)
-    if (!places_.contains(to))
-      add_link(to, {page, line});
+  make_room(places.size() + links.size());
+  for (gHash const hash : places) {
+    gSlot & slot = slot_of(hash);
+    taken_ += slot.hash == 0 ? 1 : 0;
+    slot = {hash, {gWay::is_there, 0}};
+  }
+  for (auto const & [to, place] : links)
+    add_link(to, {page, place});
 }
 
 void gLinkCheck::report(gConversion const & conversion) const {
@@ -202,25 +239,21 @@ void gLinkCheck::report(gConversion const & conversion) const {
     auto operator<=>(gDead const &) const = default;
   };
   std::vector<gDead> dead;
-  for (auto const & link : links_) {
-    gHash const hash = link.first;
-    gWay const way = link.second;
-    if (places_.contains(hash))
+  for (gSlot const & slot : slots_) {
+    if (slot.hash == 0 || slot.way.page == gWay::is_there)
       continue;
     std::string html;
-    std::string const & page = pages_[way.page];
+    std::string const & page = pages_[slot.way.page];
     gFileSystem::read_file(conversion.written(page), html);
-    gLinkReader reader;
-    gLineCount lines(html);
+    gPlaceHashes hashes(page);
     each_attribute(html, [&](std::string_view name, std::string_view value, std::size_t tag) {
-      if ((name != "href" && name != "src") || lines.line_at(tag) != way.line ||
-          leads_outside(value))
+      if (tag != slot.way.place || (name != "href" && name != "src") ||
+          hashes.of_link(value) != slot.hash)
         return;
-      gPlace const place = reader.place_of(page, value);
-      bool const is_file =
-          place.anchor.empty() && gFileSystem::file_exists(conversion.written(place.file()));
-      if (hash_of({place.folder, place.path}, place.anchor) == hash && !is_file)
-        dead.push_back({page, std::string(value), way.line});
+      gPlace const place = hashes.place_of(value);
+      if (place.anchor.empty() && gFileSystem::file_exists(conversion.written(place.file())))
+        return;
+      dead.push_back({page, std::string(value), line_at(html, tag)});
     });
   }
   std::ranges::sort(dead);

@@ -17,7 +17,7 @@ struct gSearchEntry {
 // Takes the entries in their order and writes a file whenever one is full.
 class gSearchEntries {
 public:
-  static constexpr std::size_t block_size = 128;
+  static constexpr std::size_t block_size = 512;
 
   gSearchEntries(gConversion & conversion, gSite const & site)
       : conversion_(conversion),

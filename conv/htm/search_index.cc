@@ -92,7 +92,7 @@ void gSearchIndex::write_entries(gSearchEntries & entries) const {
 }
 
 void gSearchIndex::write(gConversion & conversion) {
-  std::vector<std::string> const keys = texts_.write(conversion, entries_of_units());
+  std::vector<std::string_view> const shards = texts_.write(conversion, entries_of_units());
   gSearchEntries entries(conversion, site_);
   write_entries(entries);
   std::string text = "vlSearch.start({\"entries\":" + std::to_string(entries.size()) +
@@ -107,9 +107,9 @@ void gSearchIndex::write(gConversion & conversion) {
                     value);
   add_kind(value, "value", text);
   text += "],\n\"shards\":[";
-  for (std::size_t i = 0; i < keys.size(); ++i) {
+  for (std::size_t i = 0; i < shards.size(); ++i) {
     text += i > 0 ? "," : "";
-    SearchCode::add_quoted(keys[i], text);
+    SearchCode::add_quoted(shards[i], text);
   }
   text += "]});\n";
   conversion.write("_search/index.js", text);

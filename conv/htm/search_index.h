@@ -1,12 +1,12 @@
 // The data of the search field: files in _search/ that pages load as scripts when someone searches,
 // so that it works without a server. Each file is one call of a function of the search's script:
 //
-//   index.js  vlSearch.start({"entries": 4711, "block": 128, "parts": 2,
-//                             "kinds": [["class", "class"], ...], "shards": ["ab", "bas", ...]})
+//   index.js  vlSearch.start({"entries": 4711, "block": 512, "parts": 2,
+//                             "kinds": [["class", "class"], ...], "shards": ["aaa", "bas", ...]})
 //   n-N.js    vlSearch.names(N, first, NAMES, SCOPES, "scope runs", "kind runs")
 //   s-N.js    vlSearch.types(N, TYPES, "signatures")
 //   b-N.js    vlSearch.block(N, PATHS, ENTRIES)
-//   w-KEY.js  the words of texts (search_texts.h)
+//   w-N.js    the words of texts (search_texts.h)
 //
 // What can be found is an entry: a unit, or a value of an enumeration behind it. Entries have
 // numbers from 0, in the order of the document. What is written in capitals above is a list, its

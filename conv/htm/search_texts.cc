@@ -1,17 +1,20 @@
 // Words are numbered as they come and postings are plain numbers, so that a large site needs little
-// memory; sorted, they are in the order in which they are written.
+// memory; sorted, they are in the order in which they are written. Files are cut by size alone:
+// one for each beginning of a word would make hundreds of some bytes, and a file costs more than
+// what stands in it.
 
 #include "conv/htm/search_texts.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "conv/htm/search_code.h"
 #include "conv/htm/search_words.h"
-#include "conv/htm/slug.h"
 
 namespace {
 
-constexpr std::size_t shard_bytes = 50000;  // beyond them, shards of longer keys
+constexpr std::size_t least_shard = 24000, most_shard = 80000; // bytes
+constexpr std::size_t shards_wanted = 200;  // of these sizes the one that makes no more files
 constexpr std::size_t most_postings = 2500; // of one word
 
 constexpr int unit_bits = 28, weight_bits = 4;
@@ -26,69 +29,66 @@ std::uint32_t unit_of(std::uint64_t posting) {
   return static_cast<std::uint32_t>(posting & ((1U << unit_bits) - 1));
 }
 
-// The first characters of a word, or all of it.
-std::string_view key_of(std::string_view word, std::size_t characters) {
-  std::size_t pos = 0;
-  for (std::size_t i = 0; i < characters && pos < word.size(); ++i)
-    Slug::next_code_point(word, pos);
-  return word.substr(0, pos);
-}
-
-std::size_t characters_of(std::string_view word) {
-  std::size_t count = 0;
-  for (std::size_t pos = 0; pos < word.size(); ++count)
-    Slug::next_code_point(word, pos);
-  return count;
-}
-
-std::string file_of(std::string_view key) {
-  std::string name = "_search/w-";
-  for (std::size_t pos = 0; pos < key.size();) {
-    char32_t const code = Slug::next_code_point(key, pos);
-    if (code < 128 && Vlb::is_word(static_cast<char>(code)) && code != '_') {
-      name += static_cast<char>(code);
-    } else {
-      name += '_';
-      SearchCode::add_number(static_cast<std::uint32_t>(code), name, 16);
-      name += '.';
-    }
-  }
-  return name + ".js";
+std::size_t bytes_of(std::pair<std::string_view, std::string> const & value) {
+  return value.first.size() + value.second.size() + 6; // quotes, a comma and a line feed
 }
 
 } // namespace
 
-std::uint32_t gSearchTexts::number_of(std::string const & word) {
-  return numbers_.try_emplace(word, static_cast<std::uint32_t>(numbers_.size())).first->second;
+std::uint32_t gSearchTexts::number_of(std::string_view word) {
+  if (auto const known = numbers_.find(word); known != numbers_.end())
+    return known->second;
+  weights_.push_back(0);
+  return numbers_.emplace(word, static_cast<std::uint32_t>(numbers_.size())).first->second;
 }
 
 void gSearchTexts::note(std::string_view text, unsigned weight) {
-  std::vector<std::string_view> words;
-  SearchWords::split(text, words);
-  for (std::string_view const word : words) {
-    unsigned & best = unit_words_[number_of(SearchWords::lower(word))];
-    best = std::max(best, weight);
+  SearchWords::split(text, words_);
+  for (std::string_view const word : words_) {
+    SearchWords::lower(word, lower_);
+    std::uint32_t const number = number_of(lower_);
+    if (weights_[number] == 0)
+      noted_.push_back(number);
+    weights_[number] = std::max(weights_[number], weight);
   }
 }
 
 void gSearchTexts::finish_unit(int unit) {
-  for (auto const & [word, weight] : unit_words_)
+  for (std::uint32_t const word : noted_)
     postings_.push_back(std::uint64_t(word) << (unit_bits + weight_bits) |
-                        std::uint64_t(8 - weight) << unit_bits | static_cast<unsigned>(unit));
-  unit_words_.clear();
+                        std::uint64_t(8 - std::exchange(weights_[word], 0)) << unit_bits |
+                        static_cast<unsigned>(unit));
+  noted_.clear();
 }
 
-std::vector<std::string> gSearchTexts::write(gConversion & conversion,
-                                             std::vector<std::uint32_t> const & entries) {
+std::size_t gSearchTexts::shard_bytes() const {
+  std::size_t bytes = 0;
+  for (auto const & value : values_)
+    bytes += bytes_of(value);
+  return std::clamp(bytes / shards_wanted, least_shard, most_shard);
+}
+
+// A list, since in an object "__proto__" would be no word.
+std::vector<std::string_view> gSearchTexts::write(gConversion & conversion,
+                                                  std::vector<std::uint32_t> const & entries) {
   make_values(entries);
-  std::vector<std::string> keys;
+  std::size_t const most = shard_bytes();
+  std::vector<std::string_view> first_words;
   for (std::size_t begin = 0, end = 0; begin < values_.size(); begin = end) {
-    std::string_view const key = key_of(values_[begin].first, 2);
-    while (end < values_.size() && key_of(values_[end].first, 2) == key)
+    std::string const number = std::to_string(first_words.size());
+    std::string text = "vlSearch.words(" + number + ",[";
+    do {
+      text += end > begin ? ",\n" : "\n";
+      SearchCode::add_quoted(values_[end].first, text);
+      text += ',';
+      SearchCode::add_quoted(values_[end].second, text);
       ++end;
-    write_shards(conversion, begin, end, 2, keys);
+    } while (end < values_.size() && text.size() + bytes_of(values_[end]) <= most);
+    text += "\n]);\n";
+    conversion.write("_search/w-" + number + ".js", text);
+    first_words.push_back(values_[begin].first);
   }
-  return keys;
+  return first_words;
 }
 
 std::string gSearchTexts::value_of(std::size_t begin, std::size_t end,
@@ -135,45 +135,4 @@ void gSearchTexts::make_values(std::vector<std::uint32_t> const & entries) {
   }
   postings_ = {};
   std::ranges::sort(values_);
-}
-
-// The words [begin, end) have their first `key_length` characters in common.
-void gSearchTexts::write_shards(gConversion & conversion, std::size_t begin, std::size_t end,
-                                std::size_t key_length, std::vector<std::string> & keys) {
-  std::size_t bytes = 0;
-  for (std::size_t i = begin; i < end; ++i)
-    bytes += values_[i].first.size() + values_[i].second.size() + 6;
-  std::string_view const key = key_of(values_[begin].first, key_length);
-  if (bytes <= shard_bytes || end - begin == 1) {
-    keys.emplace_back(key);
-    return write_shard(conversion, key, begin, end);
-  }
-  // The word that is the key itself comes first.
-  if (characters_of(values_[begin].first) == key_length) {
-    keys.emplace_back(key);
-    write_shard(conversion, key, begin, begin + 1);
-    ++begin;
-  }
-  for (std::size_t stop = begin; begin < end; begin = stop) {
-    std::string_view const longer = key_of(values_[begin].first, key_length + 1);
-    while (stop < end && key_of(values_[stop].first, key_length + 1) == longer)
-      ++stop;
-    write_shards(conversion, begin, stop, key_length + 1, keys);
-  }
-}
-
-void gSearchTexts::write_shard(gConversion & conversion, std::string_view key, std::size_t begin,
-                               std::size_t end) {
-  std::string text = "vlSearch.words(";
-  SearchCode::add_quoted(key, text);
-  // A list, since in an object "__proto__" would be no word.
-  text += ", [";
-  for (std::size_t i = begin; i < end; ++i) {
-    text += i > begin ? ",\n" : "\n";
-    SearchCode::add_quoted(values_[i].first, text);
-    text += ',';
-    SearchCode::add_quoted(values_[i].second, text);
-  }
-  text += "\n]);\n";
-  conversion.write(file_of(key), text);
 }

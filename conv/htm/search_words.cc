@@ -69,15 +69,13 @@ bool is_one_character(std::string_view word) {
 
 } // namespace
 
-std::string SearchWords::lower(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
+void SearchWords::lower(std::string_view text, std::string & out) {
+  out.clear();
   for (std::size_t pos = 0; pos < text.size();)
     if (static_cast<unsigned char>(text[pos]) < 128)
       out += Vlb::lower(text[pos++]);
     else
       add_utf8(lower_code(Slug::next_code_point(text, pos)), out);
-  return out;
 }
 
 void SearchWords::split(std::string_view text, std::vector<std::string_view> & out) {

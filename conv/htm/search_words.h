@@ -8,7 +8,7 @@
 namespace SearchWords {
 
 // Lower case, for the alphabets that have cases side by side: Latin, Greek, Cyrillic.
-std::string lower(std::string_view text);
+void lower(std::string_view text, std::string & out);
 // The words of a text, as they stand there: runs of letters, digits and "_" of two characters or
 // more, cut where they are longer than any name.
 void split(std::string_view text, std::vector<std::string_view> & out);

@@ -14,7 +14,6 @@
 
   const fetched = new Map(); // name of a file -> promise of its content
   const settle = {}; // name of a file -> what takes its content
-  const file_of = (key) => key.replace(/[^a-z0-9]/gu, (c) => `_${c.codePointAt(0).toString(16)}.`);
   const load = (name) => {
     if (!fetched.has(name)) {
       fetched.set(name, new Promise((resolve) => {
@@ -70,7 +69,7 @@
     types: (number, types, signatures) => settle[`s-${number}`]?.(
       { types: types.split("\n").map(tidy_type), signatures: signatures.split(";") }),
     block: (number, paths, entries) => settle[`b-${number}`]?.(read_block(paths, entries)),
-    words: (key, content) => settle[`w-${file_of(key)}`]?.(content),
+    words: (number, content) => settle[`w-${number}`]?.(content),
   };
 
   let all; // promise of the index with its parts
@@ -89,15 +88,25 @@
   const whole = [0, 6, 12, 30];
   const beginning = [0, 3, 8, 20];
 
+  // As texts in the order of code points, which is that of the words: JavaScript has another one.
+  const in_order = (text) => Array.from(text, (c) => c.codePointAt(0).toString(16).padStart(6, "0")).join("");
+
+  // Files of words begin with the words of `shards`: the numbers of those that have words with this beginning.
+  const files_with = (query, { shards }) => {
+    const wanted = in_order(query);
+    const behind = shards.findIndex((first) => in_order(first) > wanted);
+    const begin = Math.max((behind < 0 ? shards.length : behind) - 1, 0);
+    let end = Math.min(begin + 1, shards.length);
+    while (end < shards.length && shards[end].startsWith(query)) ++end;
+    return Array.from({ length: end - begin }, (_, at) => begin + at);
+  };
+
   // Which entries have a word that begins with `query`, and how well: entry -> score. `common` if
   // there are more than the index lists.
   const entries_with = async (query, index) => {
-    const longest = index.shards.filter((key) => query.startsWith(key))
-      .reduce((a, b) => (b.length > a.length ? b : a), "");
-    const keys = index.shards.filter((key) => key === longest || key.startsWith(query));
     const scores = new Map();
     let common = false;
-    for (const shard of await Promise.all(keys.map((key) => load(`w-${file_of(key)}`)))) {
+    for (const shard of await Promise.all(files_with(query, index).map((number) => load(`w-${number}`)))) {
       for (let at = 0; at < (shard?.length ?? 0); at += 2) { // word, its fields, word ...
         const [word, fields] = [shard[at], shard[at + 1]];
         if (!word.startsWith(query)) continue;

@@ -35,8 +35,9 @@ const fault_of_link = (link, from, pages, files) => {
   return "no such anchor";
 };
 
-// The addresses that the search leads to, by its own script.
-const search_links = async (root) => {
+// What the search leads to, by its own script: addresses, and words that a file of words begins or ends with,
+// but that aren't found.
+const search_of = async (root) => {
   const code = readFileSync(join(root, "_files/search_find.js"), "utf8");
   const base = "file:///site/";
   const context = createContext({ URL, document: { currentScript: { src: `${base}_files/search_find.js` },
@@ -53,7 +54,13 @@ const search_links = async (root) => {
       const details = await vlSearch.details(vlSearch.hit_at(part, line));
       links.push(details ? details.href.slice(base.length) : `entry-${part.first + line}`);
     }
-  return links;
+  const lost = [];
+  for (const number of index.shards.keys()) {
+    const words = readFileSync(join(root, `_search/w-${number}.js`), "utf8").match(/(?<=^")[^"]+/gm);
+    for (const word of [words[0], words.at(-1)])
+      if (!(await vlSearch.find(word, 1, true)).count) lost.push(word);
+  }
+  return { links, lost };
 };
 
 export const check_site = async (root) => {
@@ -77,7 +84,9 @@ export const check_site = async (root) => {
     if (name.startsWith("_source") && markup > 102400) faults.push(`${name}: ${markup} bytes beside its text`);
     pages.set(name, read_page(text));
   }
-  pages.set("the search", { ids: new Map(), loads: [], links: await search_links(root) });
+  const search = await search_of(root);
+  faults.push(...search.lost.map((word) => `the search doesn't find ${word}`));
+  pages.set("the search", { ids: new Map(), loads: [], links: search.links });
   let links = 0;
   for (const [name, page] of pages) {
     for (const [id, count] of page.ids) if (count > 1) faults.push(`${name}: anchor ${id} stands ${count} times`);
