@@ -71,9 +71,13 @@ void gHtmSetter::draw_box(gDrawnBox const & box, gNode const & step, std::string
   std::string const width = std::to_string(box.width), text = escaped(box.text);
   std::string const height = std::to_string(gDrawing::box_height);
   std::string const name = escaped(plain_text(step.children));
+  // Who says what is to be seen must hit the link, also if that is only the beginning of a name.
+  bool const cut = plain_text(step.children).find(box.text) == std::string::npos;
+  std::string const label = cut ? text + " " + name : name;
   std::string const middle = std::to_string(box.x + box.width / 2);
   gVltValues values;
   values.set(V::x, x).set(V::y, y).set(V::width, width).set(V::height, height);
   values.set(V::text, text).set(V::name, name).set(V::href, end.href).set(V::middle, middle);
+  values.set(V::title, label);
   rules().apply(gVltRule::drawn_box, step.param(0), values, out);
 }

@@ -105,11 +105,23 @@ private:
     }
     return texts;
   }
+  // The page of a class has its constructors.
+  bool is_told_by_class(gIndexPlace const & place, gPlaceList const & places) const {
+    gUnitRecord const & record = site_.unit(place.unit);
+    if (site_.kinds.of(place.unit).selector != "constructor")
+      return false;
+    std::string_view const scope = Atc::scope_of(record);
+    return std::ranges::any_of(
+        places, [&](gIndexPlace const & other) { return site_.unit(other.unit).name == scope; });
+  }
   // Overloads are one place, the first of them.
   gPlaceList one_of_each(gPlaceList const & places) const {
     gPlaceList result;
+    std::size_t const few = 1000; // of more, each is looked at alone
     for (gIndexPlace const & place : places)
-      if (result.empty() || !Site::joins(site_, {result.back().unit, 1, {}}, place.unit))
+      if (places.size() <= few && is_told_by_class(place, places))
+        continue;
+      else if (result.empty() || !Site::joins(site_, {result.back().unit, 1, {}}, place.unit))
         result.push_back(place);
     return result;
   }

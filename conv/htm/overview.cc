@@ -289,6 +289,29 @@ gOverview::gParts gOverview::parts_of(std::vector<gRow> const & rows) const {
   return parts;
 }
 
+// What a header or a part of it holds: readers look for functions elsewhere than for macros.
+std::string gOverview::counts_below(int unit) const {
+  std::map<std::size_t, std::size_t> counts;
+  for (int one = unit + 1; one <= unit + site_.pages.units().below(unit); ++one)
+    if (site_.unit(one).facts.known)
+      ++counts[site_.kinds.index_of(one)];
+  return counts_of(counts);
+}
+
+std::string gOverview::counts_of(std::map<std::size_t, std::size_t> const & counts) const {
+  std::vector<std::pair<std::size_t, std::size_t>> sorted(counts.begin(), counts.end());
+  std::ranges::stable_sort(sorted, std::ranges::greater(),
+                           [](auto const & one) { return one.second; });
+  std::string out;
+  for (auto const & [kind, count] : sorted) {
+    std::string const number = site_.number(count);
+    out += out.empty() ? "" : ", ";
+    site_.rules.apply(gVltRule::kinds, site_.kinds.all()[kind].selector,
+                      gVltValues().set(V::count, number), out);
+  }
+  return out;
+}
+
 std::string gOverview::items(std::span<gRow const> rows, int page, bool kinds) const {
   std::string out;
   std::set<std::string> former;
@@ -328,12 +351,15 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   std::string const to =
       shown.details.empty() ? site_.addresses.href(row.unit, page) : shown.details;
   std::string const text = Html::escaped(Site::contents_title(record));
-  std::string const line = Html::escaped(row.summary), full = Html::escaped(record.name);
+  std::string line = Html::escaped(row.summary);
+  std::string const full = Html::escaped(record.name);
   std::string const within = Html::escaped(Atc::scope_of(record));
   int const below = site_.pages.units().below(row.unit);
   std::string const number = below > 0 ? site_.number(static_cast<std::size_t>(below)) : "";
   std::string const same = Site::count_of(row.count);
   gKind const & what = site_.kinds.of(row.unit);
+  if (line.empty() && below > 0 && !record.facts.known)
+    line = counts_below(row.unit);
   gVltValues values;
   values.set(V::href, to).set(V::title, text).set(V::summary, line).set(V::name, full);
   values.set(V::scope, within).set(V::aliases, shown.places);

@@ -56,8 +56,11 @@ public:
   std::string items(std::span<gRow const> rows, int page, bool kinds = true) const;
   // The same for things that have their rows elsewhere.
   std::string links(std::span<gRow const> rows, int page) const;
+  // Such as "12 classes, 3 types", by the numbers of kinds; the most frequent first.
+  std::string counts_of(std::map<std::size_t, std::size_t> const & counts) const;
 
 private:
+  std::string counts_below(int unit) const;
   using gParts = std::map<std::string, std::vector<gRow>>; // by their titles
 
   std::string folded(std::string_view selector, std::vector<gRow> const & rows, int page) const;

@@ -14,7 +14,7 @@ namespace {
 using V = gVltValue;
 
 constexpr std::size_t most_methods = 20; // of those that replace one
-constexpr std::size_t most_members = 250;
+constexpr std::size_t most_members = 150;
 
 } // namespace
 

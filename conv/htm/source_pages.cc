@@ -85,7 +85,7 @@ void gSourcePages::write_source(gSource const & source, std::string_view text) {
       gColours::gState again = before;
       set_lines(part, units, false, again, items);
     }
-    write_part(source, number, items);
+    write_part(source, number, units, items);
   }
 }
 
@@ -147,11 +147,42 @@ void gSourcePages::set_lines(gPart const & part, gUnitLines const & units, bool 
   }
 }
 
-void gSourcePages::write_part(gSource const & source, std::size_t part, std::string const & items) {
+// What is declared on a page. Of more than fit beside it, types and namespaces alone.
+std::string gSourcePages::outline_of(gSource const & source, std::size_t part,
+                                     gUnitLines const & units) const {
+  constexpr std::size_t most = 120;
+  std::size_t const first = part * gSourceAddresses::lines_per_page + 1;
+  auto const begin = units.lower_bound(first);
+  auto const end =
+      units.lower_bound(std::min(first + gSourceAddresses::lines_per_page, source.lines + 1));
+  bool const long_list = static_cast<std::size_t>(std::distance(begin, end)) > most;
+  std::string items, out;
+  std::size_t count = 0;
+  for (auto at = begin; at != end && count < most; ++at) {
+    gKind const & kind = site_.kinds.of(at->second);
+    bool const inner = !site_.unit(at->second).facts.access.empty();
+    if (long_list && inner)
+      continue;
+    ++count;
+    std::string const href = "#L" + std::to_string(at->first);
+    std::string const title = Html::breakable(Site::contents_title(site_.unit(at->second)));
+    gVltValues values;
+    values.set(V::href, href).set(V::title, title).set(V::level, inner ? "2" : "1");
+    values.set(V::kind, kind.word).set(V::kind_class, kind.css);
+    site_.rules.apply(gVltRule::toc_item, kind.selector, values, items);
+  }
+  if (count > 1)
+    site_.rules.apply(gVltRule::toc, gVltValues().set(V::items, items), out);
+  return out;
+}
+
+void gSourcePages::write_part(gSource const & source, std::size_t part, gUnitLines const & units,
+                              std::string const & items) {
   gPageFrame frame;
   frame.style = "source";
   frame.file = gSourceAddresses::page(source, part);
   frame.title = source.shown;
+  frame.on_page = outline_of(source, part, units);
   int const page = includes_.page_of(source.path);
   frame.crumbs =
       page < 0 ? navigation_.crumbs(-1, source.shown, "../")

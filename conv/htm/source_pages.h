@@ -35,7 +35,9 @@ private:
                 std::string & text);
   bool is_declared_in(int unit, std::size_t number) const;
   bool link_word(std::string_view word, std::size_t number, std::string & text);
-  void write_part(gSource const & source, std::size_t part, std::string const & items);
+  void write_part(gSource const & source, std::size_t part, gUnitLines const & units,
+                  std::string const & items);
+  std::string outline_of(gSource const & source, std::size_t part, gUnitLines const & units) const;
 
   gSite const & site_;
   gColours const & colours_;

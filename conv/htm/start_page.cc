@@ -65,7 +65,7 @@ private:
     std::string const more = rows.size() > first.size() ? site_.number(rows.size()) : "";
     std::string const title = Html::escaped(Site::contents_title(site_.unit(unit)));
     std::string const summary = Html::escaped(site_.unit(unit).summary);
-    std::string const href = site_.addresses.href(unit), text = counts_of(counts);
+    std::string const href = site_.addresses.href(unit), text = overview_.counts_of(counts);
     std::string const list = overview_.items(first, -1);
     gVltValues values;
     values.set(V::href, href).set(V::title, title).set(V::summary, summary).set(V::text, text);
@@ -100,17 +100,6 @@ private:
                              [&](gRow const & row) { return weights[row.unit]; });
     rows.resize(std::min(rows.size(), samples));
     return rows;
-  }
-  // Such as "12 classes, 3 types".
-  std::string counts_of(gCounts const & counts) const {
-    std::string out;
-    for (auto const & [kind, count] : counts) {
-      std::string const number = site_.number(count);
-      out += out.empty() ? "" : ", ";
-      site_.rules.apply(gVltRule::kinds, site_.kinds.all()[kind].selector,
-                        gVltValues().set(V::count, number), out);
-    }
-    return out;
   }
 
   gSite const & site_;

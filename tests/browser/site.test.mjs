@@ -66,6 +66,16 @@ for (const site of sites) {
   });
 }
 
+test("sources have all the room that their outline leaves", () =>
+  on_page(address(odd, pages_of(odd).find((name) => name.endsWith("search.h.htm") && name.startsWith("_source"))), {}, async (page) => {
+    for (const width of [1440, 1100, 390]) {
+      await page.setViewportSize({ width, height: 800 });
+      const room = await page.evaluate(() => document.querySelector("pre").getBoundingClientRect().width);
+      assert.ok(room > width * 0.7, `${room} of ${width}`);
+    }
+    assert.ok(await page.locator("aside a[href^='#L']").count() > 3);
+  }));
+
 // A finger meets the right one if there are 24 pixels from each to the next.
 test("line numbers of sources are far enough from each other", () =>
   on_page(address(odd, pages_of(odd).find((name) => name.endsWith("many.h-2.htm"))), {}, async (page) => {

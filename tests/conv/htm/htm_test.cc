@@ -636,14 +636,15 @@ TEST_F(HtmSite, SourceLinksLeadToExistingLinesOnly) {
   std::filesystem::last_write_time(changed, std::filesystem::file_time_type::clock::now() +
                                                 std::chrono::hours(1));
   convert(unit(1, "A", good, 3, link(good, 3)) + unit(1, "B", good, 1, link(good, 4)) +
-          unit(1, "C", gone, 8, link(gone, 8)) + unit(1, "D", gone, 9, link(gone, 9)) +
-          unit(1, "E", changed, 1, link(changed, 1)));
+          unit(1, "A::b", good, 2, "") + unit(1, "C", gone, 8, link(gone, 8)) +
+          unit(1, "D", gone, 9, link(gone, 9)) + unit(1, "E", changed, 1, link(changed, 1)));
   EXPECT_NE(file("A.htm").find("\"_source/good.h.htm#L3\""), std::string::npos);
   for (char const * page : {"B.htm", "C.htm", "D.htm", "E.htm"})
     EXPECT_EQ(file(page).find("_source/"), std::string::npos) << page;
   std::string const source = file("_source/good.h.htm");
   EXPECT_NE(source.find("id=\"L3\""), std::string::npos);
   EXPECT_NE(source.find("../A.htm"), std::string::npos);
+  expect_in_order(source, {"On this page", "href=\"#L1\">B<", "href=\"#L2\"", "href=\"#L3\">A<"});
   EXPECT_NE(source.find("b &lt; c"), std::string::npos);
   std::string const reports = outside_.report_text();
   std::regex const warning("WARNING 53[01]");
