@@ -1,6 +1,8 @@
 // Everything here depends on options and bytes alone.
 #include "ana/modern_input.h"
 
+#include <algorithm>
+
 #include "ana/anadat/tables.h"
 #include "ana/cmdpar/keywords.h"
 #include "ana/kind_attribute.h"
@@ -17,6 +19,19 @@ gString unit_type_of(gPatternInput const & pattern) {
   return {};
 }
 
+// As if a source defined them.
+Decl::gMacroTable predefined_macros() {
+  std::string text;
+  for (auto const & [name, value] : aliases_of(gInput->comments.predefined, "1")) {
+    std::string line = "#define " + name + " " + value + "\n";
+    std::replace(line.begin(), line.end() - 1, '\n', ' ');
+    text += line;
+  }
+  Decl::gMacroTable table;
+  table.collect(text);
+  return table;
+}
+
 } // namespace
 
 std::map<std::string, gString, std::less<>> unit_words() {
@@ -27,6 +42,21 @@ std::map<std::string, gString, std::less<>> unit_words() {
     for (gKeywordInput const & keyword : pattern.keywords)
       words.emplace(keyword.first, unit_type_of(pattern));
   return words;
+}
+
+gCommentOptions comment_options() {
+  gCommentInput const & input = gInput->comments;
+  gCommentOptions options;
+  options.internal = input.internal;
+  options.aliases = aliases_of(input.aliases);
+  std::string_view names = input.sections;
+  while (!names.empty()) {
+    std::size_t const end = std::min(names.find_first_of("; ,\t\n"), names.size());
+    if (end > 0)
+      options.sections.emplace(names.substr(0, end));
+    names.remove_prefix(std::min(end + 1, names.size()));
+  }
+  return options;
 }
 
 Decl::gMacroTable collect_all_macros(std::list<gSrcFile> const & files, unsigned threads) {
@@ -41,7 +71,7 @@ Decl::gMacroTable collect_all_macros(std::list<gSrcFile> const & files, unsigned
       table.collect(text);
     return table;
   });
-  Decl::gMacroTable all;
+  Decl::gMacroTable all = predefined_macros();
   for (std::size_t i = 0; i < sources.size(); ++i)
     all.merge(tables.next());
   return all;

@@ -9,6 +9,9 @@
 // The keywords that say that a comment is in the project's own mark-up.
 std::map<std::string, gString, std::less<>> unit_words();
 
+// What the project says about comments; it reads no file by itself.
+gCommentOptions comment_options();
+
 // Of all sources of C and C++ among the files, in their order.
 Decl::gMacroTable collect_all_macros(std::list<gSrcFile> const & files, unsigned threads);
 

@@ -44,7 +44,6 @@ private:
   void read_includes();
   void read_fragments();
   void adopt_all_members();
-  void report_unknown() const;
   void adopt_again(gPathstring const & path, gIncludeRequest const & request);
   struct Include {
     gIncludeRequest const * request;
@@ -63,8 +62,12 @@ private:
   std::vector<gIncludeRequest> includes_;
   std::vector<gIncludeRequest> members_; // what classes of C++ take in
   std::vector<gSrcFile> fragments_;      // Pascal inputs that aren't units by themselves
-  // Commands that nobody knows: how often they stand in comments, and where first.
-  std::map<std::string, std::pair<std::size_t, gLoc>> unknown_;
+  // How often something stands in comments, and where first.
+  using Words = std::map<std::string, std::pair<std::size_t, gLoc>>;
+  static void note(Words & words, std::vector<gUnknownWord> const & found, gSrcFile const & file);
+  static void report(gMessage const & message, Words const & words);
+  Words unknown_;                           // commands that nobody knows
+  Words missing_;                           // files that would be shown
   std::set<std::string> taken_;             // paths that are read
   std::map<std::string, gSrcFile> by_name_; // inputs by their name in lower case
 };
@@ -73,7 +76,8 @@ void SourceReading::collect_macros() {
   Msg::log(Msg::preprocessing);
   for (gSrcFile const & file : files_)
     by_name_.emplace(Vlb::to_lower(file.opath().file_name()), file);
-  input_ = {collect_all_macros(files_, threads_), unit_words()};
+  input_ = {collect_all_macros(files_, threads_), unit_words(), comment_options(),
+            gExampleFiles(gInput->comments.examples)};
   if (!gInput->facts.empty())
     facts_.emplace(gInput->facts, gInput->facts_key, input_.macros);
 }
@@ -112,9 +116,8 @@ void SourceReading::enter(gModernFile & file, gReportSink & reports) {
   if (!file.skipped.empty())
     gFindings.incomplete.insert(file.facts.file.opath());
   std::move(file.skipped.begin(), file.skipped.end(), std::back_inserter(gFindings.skipped));
-  for (gUnknownCommand const & one : file.unknown)
-    unknown_.try_emplace(one.word, 0, gLoc(file.facts.file, one.line)).first->second.first +=
-        one.count;
+  note(unknown_, file.unknown, file.facts.file);
+  note(missing_, file.missing, file.facts.file);
   bool const pascal = file.facts.file.language() == gLanguage::pascal;
   std::move(file.includes.begin(), file.includes.end(),
             std::back_inserter(pascal ? includes_ : members_));
@@ -239,10 +242,15 @@ void SourceReading::adopt_all_members() {
   }
 }
 
-void SourceReading::report_unknown() const {
-  for (auto const & [word, found] : unknown_)
-    Msg::log(Msg::unknown_command,
-             word + (found.first > 1 ? ", " + std::to_string(found.first) + " times" : ""),
+void SourceReading::note(Words & words, std::vector<gUnknownWord> const & found,
+                         gSrcFile const & file) {
+  for (gUnknownWord const & one : found)
+    words.try_emplace(one.word, 0, gLoc(file, one.line)).first->second.first += one.count;
+}
+
+void SourceReading::report(gMessage const & message, Words const & words) {
+  for (auto const & [word, found] : words)
+    Msg::log(message, word + (found.first > 1 ? ", " + std::to_string(found.first) + " times" : ""),
              found.second);
 }
 
@@ -252,7 +260,8 @@ void SourceReading::run() {
   read_includes();
   read_fragments();
   adopt_all_members();
-  report_unknown();
+  report(Msg::unknown_command, unknown_);
+  report(Msg::missing_example, missing_);
 }
 
 } // namespace

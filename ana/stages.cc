@@ -18,6 +18,7 @@ void gStages::read_modern() {
   ana_read_sources(gSrcFiles);
   ana_join_elements();
   ana_join_topics();
+  ana_title_references();
 }
 
 void gStages::run() {

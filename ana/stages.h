@@ -38,6 +38,8 @@ void ana_read_sources(std::list<gSrcFile> const & files);
 void ana_join_elements();
 // Joins what several comments say of one topic.
 void ana_join_topics();
+// References to pages get their titles.
+void ana_title_references();
 void ana_associate();
 // Texts that stand for those of other elements.
 void ana_copy_texts();

@@ -59,7 +59,8 @@ std::string write_facts(gRunInput input, std::list<gSrcFile> const & sources) {
     macros = gFactsFolder::read_macros(input.facts);
   }
   ana_take_input(std::move(input));
-  gModernInput const modern = {macros ? std::move(*macros) : Decl::gMacroTable(), unit_words()};
+  gModernInput const modern = {macros ? std::move(*macros) : Decl::gMacroTable(), unit_words(),
+                               comment_options(), gExampleFiles(gInput->comments.examples)};
   gTableTemplates const tables = gVLAttributes.tables();
   gFactsFolder const folder(gInput->facts, gInput->facts_key, modern.macros);
   std::vector<gSrcFile const *> wanted;

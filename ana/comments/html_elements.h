@@ -30,6 +30,9 @@ bool set(gHtmlTag const & tag, gRichText & out);
 // The character that an entity such as "&lt;" at the begin of the text stands for, in UTF-8; empty
 // if it is none. Its length in `length`.
 std::string entity_at(std::string_view text, std::size_t & length);
+// Program text between tags as its author meant it: entities are characters, what stands in CDATA
+// stands for itself.
+std::string program_text(std::string_view text);
 // Sets program text in "<pre>", which the text begins with; its length, 0 if it has no end.
 std::size_t set_program(std::string_view text, gRichText & out);
 // Sets a text with tags and entities; all else in it is text.

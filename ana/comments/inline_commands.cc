@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 #include "ana/comments/html_elements.h"
 #include "ana/comments/words.h"
@@ -392,6 +393,14 @@ bool gInlineCommands::program_text() {
 }
 
 bool gInlineCommands::element() {
+  if (std::string_view const near = text_.substr(at_, farthest); near.starts_with("<![CDATA[")) {
+    std::size_t const end = near.find("]]>");
+    if (end == npos)
+      return false;
+    std::size_t const from = std::exchange(at_, at_ + end + 3);
+    put({gToken::text, Html::program_text(near.substr(0, end + 3)), {}, {}}, from);
+    return true;
+  }
   if (text_.substr(at_, farthest).starts_with("<!--") == false && !is_letter(at(at_ + 1)) &&
       at(at_ + 1) != '/')
     return false;

@@ -36,6 +36,10 @@ void gTokens::play_alone(gToken const & token, gRichText & out) {
     if (!Html::set(Html::tag_at(token.a), out))
       out.text(token.a);
     return;
+  case gToken::html:
+    out.end_paragraph();
+    Html::set_text(token.a, out);
+    return out.end_paragraph();
   case gToken::image:
     return out.image(token.a, token.b);
   case gToken::anchor:

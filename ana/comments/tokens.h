@@ -22,6 +22,7 @@ struct gToken {
     line_break,
     block,   // `b`: the language
     element, // a tag of HTML
+    html,    // a text in HTML
     image,
     anchor,
     copy_all,
@@ -44,6 +45,9 @@ struct gToken {
   std::string a, b;
   std::string raw; // what stood there, for program text
 };
+
+// Without the bytes that stand around tokens, and without carriage returns.
+std::string without_marks(std::string_view comment);
 
 class gTokens {
 public:

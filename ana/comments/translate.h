@@ -2,11 +2,13 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "ana/comments/aliases.h"
 #include "ana/comments/rich_text.h"
 
 // What is known of the declaration that a comment describes.
@@ -19,14 +21,20 @@ struct gCommentHints {
   bool pascal = false;
 };
 
+// Gives what comments show of files.
+class gCommentFiles {
+public:
+  virtual ~gCommentFiles() = default;
+  // UTF-8 with line feeds; nothing where there is no such file, or it may not be read.
+  virtual std::optional<std::string> read(std::string_view name) = 0;
+};
+
 // What the project says about comments.
 struct gCommentOptions {
-  std::set<std::string, std::less<>> sections;             // that are published: "\cond name"
-  bool internal = false;                                   // private text is published
-  std::map<std::string, std::string, std::less<>> aliases; // own commands and what they stand for
-  // The text of a file that a comment shows; empty where there is none or it may not be read.
-  std::string (*read_file)(std::string_view name, void const * project) = nullptr;
-  void const * project = nullptr;
+  std::set<std::string, std::less<>> sections; // that are published: "\cond name"
+  bool internal = false;                       // private text is published
+  gAliases aliases;                // own commands; whoever reads comments puts in their texts
+  gCommentFiles * files = nullptr; // null: none may be read; not owned
 };
 
 struct gCommentPart {
@@ -65,6 +73,7 @@ struct gTranslated {
   std::vector<gCommentPart> parts;
   std::vector<gCommentGroup> groups;
   std::map<std::string, std::size_t> unknown; // commands, with their numbers
+  std::map<std::string, std::size_t> missing; // files that would be shown, the same
 };
 
 // The inside of a comment, without its frame. Without hints it is about no declaration.

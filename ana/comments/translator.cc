@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ana/comments/brackets.h"
+#include "ana/comments/condition.h"
 #include "ana/comments/html_elements.h"
 #include "ana/comments/markdown.h"
 #include "ana/comments/name_marks.h"
@@ -34,15 +35,6 @@ gCommand command_at(std::string_view text, std::size_t & length) {
   if (length < text.size() && Vlb::is_word(text[length]))
     return {};
   return Commands::find(text.substr(1, length - 1));
-}
-
-std::string without_marks(std::string_view comment) {
-  std::string text;
-  text.reserve(comment.size());
-  for (char c : comment)
-    if (c != '\x01' && c != '\x02' && c != '\r')
-      text += c;
-  return text;
 }
 
 bool is_rule(std::string_view line) {
@@ -88,6 +80,15 @@ std::size_t brackets_behind(std::string_view line) {
 
 } // namespace
 
+std::string without_marks(std::string_view comment) {
+  std::string text;
+  text.reserve(comment.size());
+  for (char c : comment)
+    if (c != '\x01' && c != '\x02' && c != '\r')
+      text += c;
+  return text;
+}
+
 gCommentTranslator::gCommentTranslator(std::string_view comment, gCommentHints const * hints,
                                        gCommentOptions const & options)
     : comment_(without_restructured(without_marks(comment))),
@@ -124,22 +125,7 @@ void gCommentTranslator::measure() {
 }
 
 bool gCommentTranslator::is_set(std::string_view condition) const {
-  if (condition.empty())
-    return false;
-  bool any = false, all = true;
-  bool const both = condition.find("&&") != npos;
-  for (std::size_t at = 0; at < condition.size();) {
-    std::size_t const begin = condition.find_first_not_of(" \t()|&!", at);
-    if (begin == npos)
-      break;
-    std::size_t const end = std::min(condition.find_first_of(" \t()|&", begin), condition.size());
-    bool const negated = begin > 0 && condition[begin - 1] == '!';
-    bool const one = options_.sections.contains(condition.substr(begin, end - begin)) != negated;
-    any = any || one;
-    all = all && one;
-    at = end;
-  }
-  return both ? all : any;
+  return condition_holds(condition, options_.sections);
 }
 
 void gCommentTranslator::condition(std::string_view word, std::string_view rest) {
@@ -241,6 +227,8 @@ bool gCommentTranslator::read_block(std::size_t & i) {
                                   : block;
   if (close.substr(1) == "f]" || close.substr(1) == "f}")
     add_token({gToken::display, tokens_.plain(formula), {}, block}, lines_[i].indent);
+  else if (close.starts_with('<'))
+    add_block(Html::program_text(tokens_.plain(block)), language, lines_[i].indent);
   else
     add_block(tokens_.plain(block), language.substr(0, language.find_first_of(" {,")),
               lines_[i].indent);

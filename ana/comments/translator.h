@@ -48,6 +48,9 @@ private:
   void take_about(std::string_view rest);
   void take_references(std::string_view rest);
   void take_file(gCommand const & command, std::string_view rest, std::size_t indent);
+  std::string read_file(std::string_view name);
+  std::string next_lines(std::string_view how, std::string_view rest);
+  void add_text(std::string_view text, std::size_t indent);
   void take_image(std::string_view rest, std::size_t indent);
   void take_heading(std::string_view level, std::string_view rest);
   void begin_or_end(gCommand const & command, std::string_view rest, std::size_t indent);
@@ -86,6 +89,7 @@ private:
   std::size_t lists_ = 0; // open by commands
   bool sections_ = false;
   // The file that "\dontinclude" opened, and how far it was shown.
-  std::string file_;
+  std::string file_, file_name_;
   std::size_t file_at_ = 0;
+  std::size_t file_steps_ = 0; // bytes that were searched
 };

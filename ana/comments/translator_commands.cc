@@ -263,57 +263,6 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
   }
 }
 
-// Programs that are shown come from files that the project names; without them nothing is shown.
-void gCommentTranslator::take_file(gCommand const & command, std::string_view rest,
-                                   std::size_t indent) {
-  std::string_view words = rest;
-  std::string_view const name = without_quotes(take_word(words));
-  auto const read = [&] {
-    return options_.read_file ? options_.read_file(name, options_.project) : std::string();
-  };
-  if (command.target == "example" &&
-      (rest.find(' ') != npos || rest.empty() || rest.find('.') == npos)) {
-    open_part("@example", indent);
-    body_ = rest;
-    return;
-  }
-  if (command.target == "open") {
-    file_ = read();
-    file_at_ = 0;
-    return;
-  }
-  std::string shown;
-  if (command.target == "all" || command.target == "example" || command.target == "text") {
-    shown = read();
-  } else if (command.target == "part") {
-    std::string const source = read();
-    std::string const mark = "[" + std::string(trimmed(words)) + "]";
-    std::size_t const begin = source.find(mark);
-    std::size_t const end = begin == npos ? npos : source.find(mark, begin + mark.size());
-    if (end != npos) {
-      std::size_t const first = std::min(source.find('\n', begin), end) + 1;
-      std::size_t const last = source.rfind('\n', end);
-      shown = first <= last ? source.substr(first, last - first) : std::string();
-    }
-  } else { // goes on in the open file
-    std::size_t const found = rest.empty() ? file_at_ : file_.find(rest, file_at_);
-    if (found == npos)
-      return;
-    std::size_t const head = file_.rfind('\n', found) == npos ? 0 : file_.rfind('\n', found) + 1;
-    std::size_t const behind = std::min(file_.find('\n', found), file_.size());
-    if (command.target == "skip") {
-      file_at_ = head;
-      return;
-    }
-    std::size_t const from = command.target == "line" ? head : std::min(file_at_, head);
-    shown = file_.substr(from, behind - from);
-    file_at_ = std::min(behind + 1, file_.size());
-  }
-  std::size_t const dot = name.rfind('.');
-  if (!shown.empty())
-    add_block(shown, dot == npos ? "" : name.substr(dot + 1), indent);
-}
-
 gTranslated translate(std::string_view comment, gCommentHints const * hints,
                       gCommentOptions const & options) {
   return gCommentTranslator(comment, hints, options).read();

@@ -40,9 +40,12 @@ gCommentRegions::gCommentRegions(std::string_view text, std::vector<gCommentBloc
                                  gCommentOptions const & options)
     : states_(1) {
   for (gCommentBlock const & block : blocks) {
-    if (!may_mark(text.substr(block.begin, block.end - block.begin)))
+    if (options.aliases.empty() && !may_mark(text.substr(block.begin, block.end - block.begin)))
       continue;
-    std::string const words = comment_text(text, block, comments, pascal);
+    std::string const words =
+        with_aliases(comment_text(text, block, comments, pascal), options.aliases);
+    if (!may_mark(words))
+      continue;
     std::string_view const head = trimmed(words);
     // "//@{" is no documentation, but means what it says.
     if (!block.documenting && !head.starts_with("@{") && !head.starts_with("@}"))

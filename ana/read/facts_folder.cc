@@ -55,6 +55,11 @@ template <class Archive, class File> void rest(Archive & archive, File & file) {
     archive.text(one.reason);
     archive.text(one.scope);
   });
+  archive.many(file.unknown, [&](auto & one) {
+    archive.text(one.word);
+    archive.bits(one.count);
+    archive.number(one.line);
+  });
 }
 
 // The body of sealed bytes; empty if they are damaged.
@@ -123,7 +128,8 @@ std::optional<gModernFile> gFactsFolder::find(gSrcFile const & file, std::string
 
 bool gFactsFolder::keep(gModernFile const & file, std::string_view text) const {
   std::string const name = file.facts.file.opath();
-  std::string const key = key_of(name, text), facts = facts_to_bytes(file.facts);
+  std::string const key = key_of(name, text);
+  std::string const facts = file.shows_files ? std::string() : facts_to_bytes(file.facts);
   gWriter archive;
   archive.text(key);
   archive.text(facts);

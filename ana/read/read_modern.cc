@@ -28,6 +28,9 @@ constexpr std::string_view special = "@_vlukwd ";
 constexpr std::size_t longest_title = 300;
 constexpr std::size_t most_scopes = 256;
 constexpr std::size_t most_unknown = 100; // commands of a file
+// Of examples, that the comments of a source may have looked at: each part that is shown of one
+// counts for the whole of it.
+constexpr std::size_t most_example_bytes = 32u << 20;
 
 // The first one keeps its indentation; of those that follow it would make a part of an item.
 void add_paragraph(std::string & text, std::string_view words) {
@@ -63,13 +66,15 @@ std::string without_indent(std::string_view text) {
 } // namespace
 
 // One file while it is read.
-class gModernReader::File {
+class gModernReader::File : private gCommentFiles {
 public:
   File(gModernReader & reader, gSrcFile const & file, std::string_view text)
       : reader_(reader),
         text_(text),
-        pascal_(file.language() == gLanguage::pascal) {
+        pascal_(file.language() == gLanguage::pascal),
+        options_(reader.input_.comments) {
     result_.facts.file = file;
+    options_.files = this;
   }
 
   gModernFile read(gStrList const & scope, Decl::gPascalContext const & context);
@@ -85,6 +90,8 @@ private:
     std::vector<std::pair<std::string, std::string>> parameters; // of a routine, with their words
     std::string values;                                          // of an enumeration, as items
   };
+
+  std::optional<std::string> read(std::string_view name) override;
 
   void read_declarations(Decl::gPascalContext const & context);
   void take_comments();
@@ -102,6 +109,8 @@ private:
   void hand_down_fields();
   void make_units();
   void note_unknown(gTranslated const & text, int line);
+  static void note(std::vector<gUnknownWord> & list,
+                   std::map<std::string, std::size_t> const & words, int line);
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
   void make_unit(std::int32_t declaration, gTranslated text, gLinePlace place);
   void make_topic(gTranslated text, gCommentBlock const & block);
@@ -131,6 +140,8 @@ private:
   std::vector<std::int32_t> next_;      // by declaration: of the same statement
   std::map<std::int32_t, Words> words_; // by declaration
   gCommentOptions options_;
+  std::pair<std::string, std::string> example_; // the last one: its name and text
+  std::size_t example_bytes_ = 0;               // that were looked at
   std::optional<gCommentRegions> regions_;
   gModernFile result_;
 };
@@ -293,7 +304,8 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
     return leave_out(block, gLeftOut::in_code_out);
   bool const hidden =
       attachment.left_out == gLeftOut::in_code_out || attachment.left_out == gLeftOut::in_body;
-  std::string words = comment_text(text_, block, found_.comments, pascal_);
+  std::string words =
+      with_aliases(comment_text(text_, block, found_.comments, pascal_), options_.aliases);
   if (!hidden && is_own(words, block, attachment.declaration))
     return parse_own(block, words);
   if (attachment.param >= 0)
@@ -375,7 +387,9 @@ void gModernReader::File::add_parts(int unit, gTranslated text) {
 void gModernReader::File::take_comments() {
   std::vector<gCommentBlock> const blocks = comment_blocks(text_, found_.comments, pascal_);
   std::vector<gAttachment> const attachments = attach(text_, found_, blocks, pascal_);
-  regions_.emplace(text_, blocks, found_.comments, pascal_, options_);
+  gCommentOptions regions = options_;
+  regions.files = nullptr;
+  regions_.emplace(text_, blocks, found_.comments, pascal_, regions);
   note_regions(*regions_, found_, elements_);
   for (std::size_t i = 0; i < blocks.size(); ++i)
     take_block(blocks[i], attachments[i]);
@@ -450,13 +464,14 @@ gCommentHints gModernReader::File::hints_for(std::int32_t declaration, Words con
   return hints;
 }
 
-void gModernReader::File::note_unknown(gTranslated const & text, int line) {
-  for (auto const & [word, count] : text.unknown) {
-    auto const known = std::ranges::find(result_.unknown, word, &gUnknownCommand::word);
-    if (known != result_.unknown.end())
+void gModernReader::File::note(std::vector<gUnknownWord> & list,
+                               std::map<std::string, std::size_t> const & words, int line) {
+  for (auto const & [word, count] : words) {
+    auto const known = std::ranges::find(list, word, &gUnknownWord::word);
+    if (known != list.end())
       known->count += count;
-    else if (result_.unknown.size() < most_unknown)
-      result_.unknown.push_back({word, count, line});
+    else if (list.size() < most_unknown)
+      list.push_back({word, count, line});
   }
 }
 
@@ -481,6 +496,29 @@ void gModernReader::File::hand_down_fields() {
       field.documenting = words.documenting;
     }
   }
+}
+
+void gModernReader::File::note_unknown(gTranslated const & text, int line) {
+  note(result_.unknown, text.unknown, line);
+  note(result_.missing, text.missing, line);
+}
+
+// "this" is the source itself.
+std::optional<std::string> gModernReader::File::read(std::string_view name) {
+  if (name == "this") {
+    example_bytes_ += text_.size();
+    return example_bytes_ <= most_example_bytes ? std::optional(std::string(text_)) : std::nullopt;
+  }
+  gExampleFiles const & examples = reader_.input_.examples;
+  result_.shows_files = result_.shows_files || !examples.empty();
+  if (example_.first != name || name.empty()) {
+    std::optional<std::string> text = examples.read(name);
+    if (!text || example_bytes_ > most_example_bytes)
+      return {};
+    example_ = {std::string(name), std::move(*text)};
+  }
+  example_bytes_ += example_.second.size();
+  return example_bytes_ <= most_example_bytes ? std::optional(example_.second) : std::nullopt;
 }
 
 void gModernReader::File::make_units() {

@@ -8,14 +8,18 @@
 
 #include "ana/anadat/gfilefacts.h"
 #include "ana/anadat/input_table.h"
+#include "ana/comments/translate.h"
 #include "ana/decl/readers.h"
 #include "ana/parser/doc/doc_parse.h"
+#include "ana/read/example_files.h"
 
 // What the reading of all files has in common.
 struct gModernInput {
   Decl::gMacroTable macros; // of all inputs
   // The keywords that begin a comment in own mark-up, with the type of unit that each opens.
   std::map<std::string, gString, std::less<>> unit_words;
+  gCommentOptions comments;
+  gExampleFiles examples;
 };
 
 // A file that a Pascal source takes in, to be read as if it stood there; or that a class of C++
@@ -27,9 +31,9 @@ struct gIncludeRequest {
   Decl::gPascalContext context;
 };
 
-// A command of comments that nobody knows; it is shown as it stands.
-struct gUnknownCommand {
-  std::string word; // with its first character
+// A word of comments that means nothing here: a command that nobody knows, a file that isn't there.
+struct gUnknownWord {
+  std::string word; // a command with its first character
   std::size_t count = 0;
   int line = 0; // of the comment that has it first
 };
@@ -39,7 +43,9 @@ struct gModernFile {
   std::vector<gIncludeRequest> includes;
   std::size_t declarations = 0; // found
   std::vector<gSkippedLines> skipped;
-  std::vector<gUnknownCommand> unknown; // each once
+  std::vector<gUnknownWord> unknown; // commands, each once
+  std::vector<gUnknownWord> missing; // files that comments show, the same
+  bool shows_files = false;          // so that what it says depends on more than its own text
 };
 
 // Reads sources one after the other; a thread has a reader of its own.

@@ -14,6 +14,7 @@
 #include "app/cli/run_options.h"
 #include "app/cli/watch.h"
 #include "app/options/options.h"
+#include "app/shell/doxyfile_options.h"
 #include "app/shell/quick_project.h"
 #include "app/shell/run.h"
 #include "vlb/gfilesystem.h"
@@ -22,8 +23,8 @@ namespace {
 
 struct Arguments {
   std::vector<std::string> sources;
-  std::string title;
-  bool open = false;
+  std::string title, doxyfile;
+  bool open = false, verbose = false;
   gRunOptions run;
   gWatchOptions watch;
 };
@@ -31,16 +32,51 @@ struct Arguments {
 constexpr char const * default_out = "site";
 constexpr std::size_t most_stretches = 20; // that are told one by one
 
-gPathstring out_of(Arguments const & arguments) {
-  return gRunOptions::absolute(arguments.run.out.empty() ? default_out : arguments.run.out);
+// What the command line and a Doxyfile say together.
+struct Input {
+  std::vector<gQuickProject::Source> sources;
+  gPathstring out;
+  std::optional<gDoxyfile> doxyfile;
+};
+
+gPathstring folder_of_results(gDoxyfile const & file) {
+  std::vector<gPathstring> const folders = file.paths("OUTPUT_DIRECTORY");
+  return gPathstring(folders.empty() ? file.folder() : folders.front()).append(default_out);
 }
 
-gQuickProject project_of(Arguments const & arguments, gCommandContext & context) {
-  std::vector<gQuickProject::Source> sources;
+// Nothing, with the reason told, if the Doxyfile can't be read.
+std::optional<Input> input_of(Arguments const & arguments, gCommandContext & context) {
+  Input input;
+  if (!arguments.doxyfile.empty()) {
+    std::string fault;
+    input.doxyfile = gDoxyfile::read(gRunOptions::absolute(arguments.doxyfile), fault);
+    if (!input.doxyfile) {
+      context.outside.tell(fault);
+      return {};
+    }
+  }
   for (std::string const & name : arguments.sources)
-    sources.push_back({gRunOptions::absolute(name), name});
+    input.sources.push_back({gRunOptions::absolute(name), name});
+  if (input.sources.empty() && input.doxyfile)
+    for (gPathstring const & path : Shell::doxyfile_sources(*input.doxyfile))
+      input.sources.push_back({path, path});
+  input.out = !arguments.run.out.empty() ? gRunOptions::absolute(arguments.run.out)
+              : input.doxyfile           ? folder_of_results(*input.doxyfile)
+                                         : gRunOptions::absolute(default_out);
+  return input;
+}
+
+gQuickProject project_of(Input const & input, Arguments const & arguments,
+                         gCommandContext & context) {
   auto const tell = [&context](std::string const & text) { context.outside.tell(text); };
-  return {std::move(sources), out_of(arguments), arguments.title, {tell, tell}};
+  gQuickProject project(input.sources, input.out, arguments.title, {tell, tell});
+  if (!input.doxyfile)
+    return project;
+  project.take_doxyfile(*input.doxyfile);
+  if (arguments.verbose)
+    for (std::string const & key : input.doxyfile->left_out())
+      tell("Not taken over from the Doxyfile: " + key);
+  return project;
 }
 
 bool load_built_in(gCommandContext & context) {
@@ -77,7 +113,10 @@ gPathstring failed_log() {
 }
 
 int run(Arguments const & arguments, gCommandContext & context) {
-  gQuickProject project = project_of(arguments, context);
+  std::optional<Input> const input = input_of(arguments, context);
+  if (!input)
+    return exit_refused;
+  gQuickProject project = project_of(*input, arguments, context);
   if (!load_built_in(context) || !project.find_sources(Vapp::option_string("ana/cpp_ext") + "; " +
                                                        Vapp::option_string("ana/pas_ext")))
     return exit_refused;
@@ -96,16 +135,17 @@ int run(Arguments const & arguments, gCommandContext & context) {
 }
 
 // A file that is written anew may be another one in the same place, so that its folder counts.
-gWatchedPlaces places_of(Arguments const & arguments) {
+gWatchedPlaces places_of(Input const & input, Arguments const & arguments) {
   gWatchedPlaces places;
-  for (std::string const & name : arguments.sources) {
-    gPathstring const path = gRunOptions::absolute(name);
-    if (gFileSystem::file_exists(path))
-      places.files.insert(path);
+  for (gQuickProject::Source const & source : input.sources) {
+    if (gFileSystem::file_exists(source.path))
+      places.files.insert(source.path);
     else
-      places.trees.push_back(path);
+      places.trees.push_back(source.path);
   }
-  places.leave_out = out_of(arguments);
+  if (!arguments.doxyfile.empty())
+    places.files.insert(gRunOptions::absolute(arguments.doxyfile));
+  places.leave_out = input.out;
   std::string const extensions =
       Vapp::option_string("ana/cpp_ext") + "; " + Vapp::option_string("ana/pas_ext");
   places.wanted = [extensions](std::string const & name) {
@@ -117,11 +157,12 @@ gWatchedPlaces places_of(Arguments const & arguments) {
 int run_or_watch(Arguments const & arguments, gCommandContext & context) {
   if (!arguments.watch.watch)
     return run(arguments, context);
-  if (!load_built_in(context))
+  std::optional<Input> const input = input_of(arguments, context);
+  if (!input || !load_built_in(context))
     return exit_refused;
   return watch(
-      arguments.watch, out_of(arguments).append("htm"), [&] { return places_of(arguments); },
-      context);
+      arguments.watch, gPathstring(input->out).append("htm"),
+      [&] { return places_of(*input, arguments); }, context);
 }
 
 } // namespace
@@ -130,14 +171,27 @@ void add_quick(CLI::App & app, gCommandContext & context) {
   auto const arguments = std::make_shared<Arguments>();
   CLI::App * command =
       app.add_subcommand("quick", "Make HTML of folders of sources, without a project");
-  command->add_option("SOURCE", arguments->sources, "A folder of sources, or a source")
-      ->required()
-      ->check(not_empty());
+  CLI::Option * const sources =
+      command->add_option("SOURCE", arguments->sources, "A folder of sources, or a source")
+          ->check(not_empty());
+  CLI::Option * const doxyfile =
+      command
+          ->add_option("--doxyfile", arguments->doxyfile,
+                       "A Doxyfile: its sources, where none are given, and its settings")
+          ->check(not_empty())
+          ->type_name("FILE")
+          ->allow_extra_args(false);
+  command->add_flag("-v,--verbose", arguments->verbose,
+                    "Tell which settings of the Doxyfile aren't taken over");
   command->add_option("--title", arguments->title, "The title; the folder's name without it")
       ->allow_extra_args(false);
   command->add_flag("--open", arguments->open, "Open the start page when it is done");
   arguments->run.add_to(*command);
   command->get_option("--out")->description("The output folder, 'site' without it");
   arguments->watch.add_to(*command, true);
-  command->callback([arguments, &context] { context.status = run_or_watch(*arguments, context); });
+  command->callback([arguments, sources, doxyfile, &context] {
+    if (sources->empty() && doxyfile->empty())
+      throw CLI::RequiredError("SOURCE");
+    context.status = run_or_watch(*arguments, context);
+  });
 }

@@ -184,6 +184,24 @@ inline constexpr gOptionRow option_table[] = {
               "`quick` switch it on")),
     from(gOptionOrigin::user, choice("ana/dialect", dialects, "Dialect of the sources",
                                      "how sources are read. Empty is the same as `classic`")),
+    from(gOptionOrigin::user,
+         text("ana/example_path", "", "Folders of examples",
+              "folders and files that `\\include`, `\\snippet` and the like may show, separated by "
+              "`;`. Nothing else is read for them")),
+    from(
+        gOptionOrigin::user,
+        text("ana/aliases", "", "Own commands",
+             "commands of comments that stand for a text: `name=text`, or `name{2}=text` where "
+             "`\\1` and `\\2` are arguments; with `;` between several, and `\\;` for a semicolon")),
+    from(gOptionOrigin::user, text("ana/sections", "", "Sections that are shown",
+                                   "names that `@if` and `@cond` take for set, separated by `;`")),
+    from(gOptionOrigin::user, flag("ana/internal_docs", false, "Private text, too",
+                                   "whether text behind `@internal` and the like is shown")),
+    from(
+        gOptionOrigin::user,
+        text("ana/predefined", "", "Macros that are known",
+             "macros that no source defines, or that stand for something else than it says: `NAME` "
+             "or `NAME=text`, with `;` between several; in the modern dialect")),
     from(gOptionOrigin::completed, container("ana/srcpat_unit", gOptionType::map, "Source Patterns",
                                              "source patterns of text units, below")),
     from(gOptionOrigin::completed, container("ana/srcpat_subentry", gOptionType::map, "Subentries",

@@ -9,6 +9,7 @@
 #include "app/options/defaults.h"
 #include "app/options/options.h"
 #include "app/options/pattern_rules.h"
+#include "vlb/gfilesystem.h"
 
 namespace {
 
@@ -53,6 +54,15 @@ gTextInput text_input(Reader const & read) {
           .verb_indent = read.number("ana/verb_indent")};
 }
 
+std::vector<gPathstring> paths_of(gString const & list) {
+  std::list<gPathstring> parts;
+  gFileSystem::split_path_list(list, parts, true);
+  std::vector<gPathstring> paths;
+  for (gPathstring const & part : parts)
+    paths.push_back(Reader::absolute(part).normalize(true));
+  return paths;
+}
+
 gCommentInput comment_input(Reader const & read) {
   return {.cpp_line = read.text("ana/cpp_line"),
           .cpp_frame = read.text("ana/cpp_frame"),
@@ -60,7 +70,12 @@ gCommentInput comment_input(Reader const & read) {
           .pas_frame = read.text("ana/pas_frame"),
           .two_stars = read.flag("ana/spt_2star"),
           .three_slashes = read.flag("ana/spt_3slash"),
-          .foreign = read.flag("ana/foreign_tags")};
+          .foreign = read.flag("ana/foreign_tags"),
+          .aliases = read.text("ana/aliases"),
+          .sections = read.text("ana/sections"),
+          .internal = read.flag("ana/internal_docs"),
+          .examples = paths_of(read.text("ana/example_path")),
+          .predefined = read.text("ana/predefined")};
 }
 
 gAssociationInput association_input(Reader const & read) {

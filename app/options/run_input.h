@@ -56,8 +56,12 @@ struct gTextInput {
 
 struct gCommentInput {
   gString cpp_line, cpp_frame, pas_line, pas_frame;
-  bool two_stars, three_slashes; // comments that begin so are units
-  bool foreign;                  // comments are those of other systems
+  bool two_stars, three_slashes;     // comments that begin so are units
+  bool foreign;                      // comments are those of other systems
+  gString aliases, sections;         // as in the options
+  bool internal;                     // private text is shown
+  std::vector<gPathstring> examples; // folders and files, absolute
+  gString predefined;                // macros, as in the option
 };
 
 struct gAssociationInput {

@@ -7,6 +7,7 @@
 
 #include "app/options/options.h"
 #include "app/options/settings.h"
+#include "app/shell/doxyfile_options.h"
 #include "app/shell/run.h"
 #include "store/text_form.h"
 #include "vlb/gfilesystem.h"
@@ -102,6 +103,13 @@ gQuickProject::gQuickProject(std::vector<Source> sources, gPathstring out, std::
       title_(std::move(title)),
       listener_(std::move(listener)) {}
 
+void gQuickProject::take_doxyfile(gDoxyfile file) {
+  found_.filter = Shell::doxyfile_filter(file);
+  if (title_.empty())
+    title_ = file.text("PROJECT_NAME");
+  doxyfile_ = std::move(file);
+}
+
 gPathstring gQuickProject::file() {
   gPathstring folder = Vapp::ini_dir();
   return folder.append("quick.vlp");
@@ -186,6 +194,8 @@ void gQuickProject::fill_project() const {
       cat::make(gFileSystem::dir_exists(root) ? root : gPathstring(root.dir_name()));
   if (gPathstring const text = start_text(root); !text.empty())
     Vapp::options.submap("htm")["start_text"] = cat::make(text);
+  if (doxyfile_)
+    Shell::take_doxyfile_options(*doxyfile_);
   Vapp::options["out_dir"] = cat::make(out_);
   Vapp::options["atc_title"] = cat::make(title());
 }

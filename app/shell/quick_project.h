@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/shell/doxyfile.h"
 #include "app/shell/source_walk.h"
 
 class gQuickProject {
@@ -20,6 +21,9 @@ public:
 
   // `out`: absolute. Without a title the folders' names are it.
   gQuickProject(std::vector<Source> sources, gPathstring out, std::string title, Listener listener);
+
+  // What counts, title and options as another system has them; the sources stay those given.
+  void take_doxyfile(gDoxyfile file);
 
   // The project file that comes with the program.
   static gPathstring file();
@@ -47,4 +51,5 @@ private:
   std::string title_;
   Listener listener_;
   gSourceWalk found_;
+  std::optional<gDoxyfile> doxyfile_;
 };

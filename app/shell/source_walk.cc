@@ -83,7 +83,8 @@ private:
     take_files(folder, entries);
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
       gPathstring const path = gPathstring(folder).append(entry->name);
-      if (entry->kind == Vlb::EntryKind::folder && !is_foreign(entry->name))
+      if (entry->kind == Vlb::EntryKind::folder && !is_foreign(entry->name) &&
+          found_.filter.enters(path))
         open_.push_back(path);
     }
   }
@@ -96,6 +97,10 @@ private:
       if (entry.hidden() || !is_source(entry.name) || !Vlb::leads_to_file(folder, entry))
         continue;
       gPathstring const path = gPathstring(folder).append(entry.name);
+      if (!found_.filter.takes(path)) {
+        all = false;
+        continue;
+      }
       bool const inside = entry.kind != Vlb::EntryKind::link || lies_below(found_.roots, path);
       if (!inside)
         found_.outside.push_back(path);
@@ -145,6 +150,30 @@ private:
 };
 
 } // namespace
+
+namespace {
+
+bool is_excluded(gWalkFilter const & filter, std::string const & path) {
+  return std::ranges::any_of(filter.excluded_patterns, [&](std::string const & pattern) {
+    return gFileSystem::matches(gString(path), gString(pattern)) != 0;
+  });
+}
+
+} // namespace
+
+bool gWalkFilter::takes(gPathstring const & file) const {
+  gString const name = gPathstring(file).file_name();
+  bool const named = names.empty() || std::ranges::any_of(names, [&](std::string const & pattern) {
+                       return gFileSystem::matches(name, gString(pattern)) != 0;
+                     });
+  return named && std::ranges::find(excluded, file) == excluded.end() && !is_excluded(*this, file);
+}
+
+// A pattern such as "*/test/*" is about what stands in the folder.
+bool gWalkFilter::enters(gPathstring const & folder) const {
+  return recursive && std::ranges::find(excluded, folder) == excluded.end() &&
+         !is_excluded(*this, folder) && !is_excluded(*this, folder + "/");
+}
 
 bool lies_below(std::vector<gPathstring> const & roots, gPathstring const & path) {
   std::error_code error;

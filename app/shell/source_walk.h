@@ -15,7 +15,19 @@ struct gSourceFolder {
   std::vector<gString> chosen; // names of the sources, where not all of the folder count
 };
 
+// What of the folders counts. Patterns have "*" and "?".
+struct gWalkFilter {
+  bool recursive = true;
+  std::vector<std::string> names;    // patterns of which a name has to fit one; empty for any name
+  std::vector<gPathstring> excluded; // folders and files, absolute
+  std::vector<std::string> excluded_patterns; // of whole paths
+
+  bool takes(gPathstring const & file) const;
+  bool enters(gPathstring const & folder) const;
+};
+
 struct gSourceWalk {
+  gWalkFilter filter;
   std::vector<gPathstring> roots;     // where links may lead to, all links resolved
   std::vector<gSourceFolder> folders; // that hold sources, each in front of those below it
   std::set<std::string> extensions;   // that occur, in lower case

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <map>
+
 #include "program.h"
 
 namespace {
@@ -100,7 +103,8 @@ TEST(comments, the_main_page_begins_the_manual_and_pages_stand_below_each_other)
                         "/** \\page deep Deep matters\n * Words. \\subpage install */\nint x;\n");
   EXPECT_EQ(box.run("quick tree -o doc").status, 0);
   std::string const start = box.read("doc/htm/index.htm");
-  EXPECT_NE(start.find("<p>Welcome. See <a href=\"Installing.htm"), start.npos) << start;
+  EXPECT_NE(start.find("<p>Welcome. See <a href=\"Installing.htm\">Installing</a>"), start.npos)
+      << start;
   EXPECT_EQ(start.find("Words of the file."), start.npos);
   std::string const way =
       between(box.read("doc/htm/Deep-matters.htm"), "class=\"crumbs\"", "</nav>");
@@ -142,6 +146,80 @@ TEST(comments, unknown_commands_are_shown_and_told_once) {
   EXPECT_NE(log.find("known: \\other ("), log.npos) << log;
   EXPECT_EQ(log.find("new", log.find("WARNING")), log.npos) << log;
   EXPECT_NE(box.read("doc/htm/a.h.htm").find("Says \\wrongword here"), log.npos);
+}
+
+// What comments show of files lies in folders that the project names.
+TEST(comments, files_are_shown_from_the_named_folders_alone) {
+  Sandbox box;
+  box.write("tree/a.h",
+            "/** Makes one.\n * \\snippet make.cpp body\n * \\include ../secret.cpp\n"
+            " * \\include link.cpp\n * \\htmlinclude text.html\n"
+            " * \\dontinclude make.cpp\n * \\skip main\n * \\until }\n */\nint make();\n"
+            "/** Shows \\include missing.cpp\n * \\include missing.cpp */\nint show();\n"
+            "//! [here]\nint own_part;\n//! [here]\n"
+            "/** \\snippet this here */\nint self();\n");
+  box.write("parts/make.cpp", "//! [body]\n    int in_body;\n    //! [inner]\n//! [body]\n"
+                              "int main() {\n  return 1;\n}\nint behind;\n");
+  box.write("parts/text.html", "<b>Bold</b><script>alert(1)</script>\n");
+  box.write("secret.cpp", "int secret_word;\n");
+  std::filesystem::create_symlink("../secret.cpp", box.path("parts/link.cpp").c_str());
+  EXPECT_EQ(box.run("quick tree -o doc --set ana/example_path=" + box.path("parts")).status, 0);
+  std::string const page = box.read("doc/quick.atc");
+  EXPECT_NE(page.find("@b_verbatim<cpp>\nint in_body;\n@e_verbatim"), page.npos) << page;
+  EXPECT_NE(page.find("int main() {\n  return 1;\n}\n@e_verbatim"), page.npos) << page;
+  EXPECT_NE(page.find("@b{Bold} "), page.npos) << page;
+  EXPECT_NE(page.find("int own_part;\n@e_verbatim"), page.npos) << page;
+  for (char const * text : {"secret_word", "\n@script", "behind", "[inner]"})
+    EXPECT_EQ(page.find(text), page.npos) << text;
+  std::string const log = box.read("doc/ana.log");
+  EXPECT_NE(log.find("isn't there: missing.cpp ("), log.npos) << log;
+  EXPECT_NE(log.find("isn't there: ../secret.cpp ("), log.npos) << log;
+  EXPECT_NE(log.find("isn't there: link.cpp ("), log.npos) << log;
+
+  box.write("parts/make.cpp", "//! [body]\nint other_body;\n//! [body]\n");
+  EXPECT_EQ(box.run("quick tree -o doc --set ana/example_path=" + box.path("parts")).status, 0);
+  EXPECT_NE(box.read("doc/quick.atc").find("int other_body;"), page.npos) << "an old result";
+}
+
+TEST(comments, a_doxyfile_says_what_counts_and_how) {
+  Sandbox box;
+  box.write("lib/Doxyfile", "# Settings\nPROJECT_NAME = \"The Library\" # with a blank\n"
+                            "PROJECT_NUMBER=2.5\nINPUT = src \\\n  more\nRECURSIVE = YES\n"
+                            "EXCLUDE = src/left\nEXCLUDE_PATTERNS = */detail/* *_p.h\n"
+                            "FILE_PATTERNS = *.h\n@INCLUDE = common.cfg\n"
+                            "ALIASES += \"pair{2}=\\1 and; \\2\"\nENABLED_SECTIONS = EXTRA\n"
+                            "GENERATE_LATEX = NO\nOUTPUT_DIRECTORY = out\n");
+  box.write("lib/common.cfg", "ALIASES = \"effect=\\par Effects:^^\" nest=\\pair{a,b}\n"
+                              "PREDEFINED = \"LIB_API=\" LIB_N=3\nINTERNAL_DOCS = YES\n");
+  box.write(
+      "lib/src/a.h",
+      "/** One. \\nest\n * \\effect Few.\n * \\if (EXTRA && !OTHER)\n"
+      " * Extra.\n * \\endif\n * \\if OTHER\n * Never.\n * \\endif\n * \\internal\n * Inside. "
+      "*/\nLIB_API int one(int);\n");
+  for (char const * name : {"src/a.cpp", "src/left/b.h", "src/detail/c.h", "src/d_p.h"})
+    box.write("lib/" + std::string(name), "/** Left. */\nint left_out_thing();\n");
+  box.write("lib/more/deep/e.h", "/** Deep. */\nint deep_thing();\n");
+  Answer const answer = box.run("quick --doxyfile lib/Doxyfile -v");
+  EXPECT_EQ(answer.status, 0) << answer.err;
+  EXPECT_NE(answer.err.find("Not taken over from the Doxyfile: GENERATE_LATEX"), answer.err.npos);
+  std::string const code = box.read("lib/out/site/quick.atc");
+  for (char const * text :
+       {"One. a and; b", "Effects:", "Extra.", "Inside.", "int one(int)", "deep_thing"})
+    EXPECT_NE(code.find(text), code.npos) << text << "\n" << code;
+  EXPECT_EQ(code.find("left_out_thing"), code.npos);
+  EXPECT_EQ(code.find("Never."), code.npos);
+  EXPECT_NE(box.read("lib/out/site/htm/index.htm").find("The Library"), code.npos);
+
+  for (auto const & [text, told] : std::map<std::string, std::string>{
+           {"INPUT = .\n@INCLUDE = ../other\n", "Doxyfile:2: '../other' doesn't lie in"},
+           {"@INCLUDE = Doxyfile\n", "include each other without end"},
+           {"INPUT = x\n\nno assignment\n", "Doxyfile:3: 'no assignment' is no assignment"},
+           {std::string("INPUT = \0x", 10), "is no Doxyfile"}}) {
+    box.write("bad/Doxyfile", text);
+    Answer const refused = box.run("quick --doxyfile bad/Doxyfile -o doc");
+    EXPECT_EQ(refused.status, 2) << text;
+    EXPECT_NE(refused.err.find(told), refused.err.npos) << refused.err;
+  }
 }
 
 } // namespace

@@ -19,6 +19,12 @@ public:
     option("ana/dialect", "sources");
     option("ana/foreign_tags", "sources");
     option("ana/facts_line", "sources");
+    option("ana/predefined", "sources");
+    frame("comments", "Comments");
+    option("ana/example_path", "comments");
+    option("ana/aliases", "comments");
+    option("ana/sections", "comments");
+    option("ana/internal_docs", "comments");
   }
 };
 
