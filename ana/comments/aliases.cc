@@ -126,7 +126,8 @@ void Expansion::expand(std::string_view text, int depth) {
   for (std::size_t at = 0; at < text.size();) {
     bool const command = (text[at] == '@' || text[at] == '\\') && at + 1 < text.size() &&
                          (is_letter(text[at + 1]) || text[at + 1] == '_') &&
-                         (at == 0 || (text[at - 1] != '\\' && text[at - 1] != '@'));
+                         (at == 0 || (text[at - 1] != '\\' && text[at - 1] != '@' &&
+                                      (text[at] == '\\' || !Vlb::is_word(text[at - 1]))));
     std::size_t const length = command ? alias(text.substr(at), depth) : 0;
     if (length == 0)
       out_ += text[at];

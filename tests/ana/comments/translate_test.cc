@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "ana/comments/commands.h"
+#include "ana/comments/condition.h"
 #include "ana/comments/translate.h"
 #include "support/case_file.h"
 
@@ -196,6 +197,29 @@ TEST(translate, long_comments_take_linear_time) {
     hints.pascal = true;
     EXPECT_NO_FATAL_FAILURE(translate(comment, &hints, {})) << part;
   }
+}
+
+TEST(translate, own_commands_stand_for_texts_that_stay_bounded) {
+  gAliases const aliases = aliases_of("p=@par A\\; b; two{2}=<\\2,\\1>; two=none; bare; "
+                                      "loop=@loop @loop @loop; big{1}=\\1\\1@big{\\1}");
+  std::string const text = "@p \\two{a\\,b,{c,d}} @two. @twos \\\\p x@p @two{";
+  EXPECT_EQ(with_aliases(text, aliases), "@par A; b <{c,d},a,b> none. @twos \\\\p x@p none{");
+  EXPECT_LT(with_aliases("@loop", aliases).size(), 200'000u);
+  EXPECT_LT(with_aliases("@big{" + std::string(3000, 'x') + "}", aliases).size(), 200'000u);
+}
+
+TEST(translate, conditions_hold_by_what_is_set) {
+  for (auto const & [condition, holds] : std::map<std::string, bool>{{"A", true},
+                                                                     {"C", false},
+                                                                     {"", false},
+                                                                     {"!C", true},
+                                                                     {"C || A && B", true},
+                                                                     {"(C || A) && !B", false},
+                                                                     {"!(C && A) && B", true},
+                                                                     {"A &&", false},
+                                                                     {"((((A", true}})
+    EXPECT_EQ(condition_holds(condition, {"A", "B"}), holds) << condition;
+  EXPECT_NO_FATAL_FAILURE(condition_holds(std::string(1'000'000, '('), {}));
 }
 
 } // namespace
