@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr std::string_view head = "{@tt{", tail = "} } ";
-
 // What stands in the brace that the text begins with; empty if it doesn't end here.
 std::string_view braced(std::string_view text) {
   int depth = 0;
@@ -91,6 +89,7 @@ bool Titles::refers(gStrList const & text) const {
 
 // The text behind a reference with the title in place of the identifier; empty if it has words.
 std::string Titles::shown(gString const & target, std::string_view text) const {
+  constexpr std::string_view head = "{@tt{", tail = "} } ";
   if (!text.starts_with(head))
     return {};
   std::string_view const name = braced(text.substr(head.size() - 1));
