@@ -45,15 +45,25 @@ std::string const * declaration(gNodeList const & body, gUnitRecord & unit) {
   return code_with(body, [&](std::string const & text) { return holds_word(text, name); });
 }
 
-gNode const * first_paragraph(gNodeList const & body) {
+bool has_title(gNode const & subentry) {
+  return !subentry.children.empty() && !subentry.children[0].children.empty();
+}
+
+// Below a title stands what is said beside the description, such as what to use instead.
+gNode const * first_paragraph(gNodeList const & body, bool below_titles) {
   for (gNode const & node : body) {
     if (node.kind == gNodeKind::paragraph)
       return &node;
-    if (node.kind == gNodeKind::subentry && !shows_code(node))
-      if (gNode const * found = first_paragraph(node.children))
+    if (node.kind == gNodeKind::subentry && !shows_code(node) && (below_titles || !has_title(node)))
+      if (gNode const * found = first_paragraph(node.children, below_titles))
         return found;
   }
   return nullptr;
+}
+
+gNode const * first_paragraph(gNodeList const & body) {
+  gNode const * const found = first_paragraph(body, false);
+  return found ? found : first_paragraph(body, true);
 }
 
 // Up to a full stop that a blank and no small letter follow ("e.g. this" goes on).

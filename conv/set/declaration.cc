@@ -70,22 +70,25 @@ std::size_t parameters_begin(std::string_view text, std::size_t from) {
 }
 
 // The text with a line feed behind each separator that stands in no brackets.
-void add_parameters(std::string_view list, std::string & out) {
+// In values "<" compares or shifts.
+void add_parts(std::string_view list, std::string_view separators, std::string & out) {
+  bool const angles = separators != ",";
   int depth = 0;
   std::size_t begin = 0;
   auto const add = [&](std::size_t end) {
     std::size_t const first = std::min(list.find_first_not_of(' ', begin), end);
-    out += "\n    ";
-    out += list.substr(first, end - first);
+    if (first < end)
+      (out += "\n    ") += list.substr(first, end - first);
     begin = end;
   };
   for (std::size_t i = 0; i < list.size(); ++i) {
     char const c = list[i];
-    if (c == '(' || c == '[' || c == '{' || c == '<')
+    bool const angle = angles && (c == '<' || (c == '>' && i > 0 && list[i - 1] != '-'));
+    if (c == '(' || c == '[' || c == '{' || (angle && c == '<'))
       ++depth;
-    else if (c == ')' || c == ']' || c == '}' || (c == '>' && i > 0 && list[i - 1] != '-'))
+    else if (c == ')' || c == ']' || c == '}' || angle)
       --depth;
-    else if ((c == ',' || c == ';') && depth <= 0)
+    else if (separators.find(c) != separators.npos && depth <= 0)
       add(i + 1);
   }
   add(list.size());
@@ -97,6 +100,26 @@ bool is_of(gKnownFacts const & facts, std::string_view text) {
 
 std::size_t head_end(std::string_view text, gKnownFacts const & facts) {
   return is_of(facts, text) && !facts.name.empty() ? facts.template_head.end : template_end(text);
+}
+
+// The values of an enumeration or the fields of a structure; empty for other declarations.
+std::string_view separators_within(std::string_view text, gKnownFacts const & facts) {
+  if (!is_of(facts, text))
+    return {};
+  bool const fields = facts.kind == "struct" || facts.kind == "union";
+  return facts.kind.starts_with("enum") ? "," : fields ? ";" : "";
+}
+
+// Each of them on a line of its own.
+std::string with_contents_broken(std::string_view text, std::string_view separators) {
+  std::string out(text);
+  std::size_t const open = text.find('{');
+  std::size_t const close = open == text.npos ? open : closing(text, open);
+  if (close == text.npos)
+    return out;
+  out.resize(open + 1);
+  add_parts(text.substr(open + 1, close - open - 1), separators, out);
+  return (out += '\n').append(text.substr(close));
 }
 
 std::size_t list_begin(std::string_view text, gKnownFacts const & facts) {
@@ -122,6 +145,8 @@ std::string_view last_word(std::string_view parameter) {
 std::string Declaration::broken(std::string_view text, gKnownFacts const & facts) {
   if (text.size() <= wide || text.find('\n') != std::string_view::npos || text.starts_with('#'))
     return std::string(text);
+  if (std::string_view const separators = separators_within(text, facts); !separators.empty())
+    return with_contents_broken(text, separators);
   std::string out;
   std::size_t const head = head_end(text, facts);
   std::size_t from = 0;
@@ -135,7 +160,7 @@ std::string Declaration::broken(std::string_view text, gKnownFacts const & facts
   if (close == std::string_view::npos || close == open + 1)
     return out.append(text.substr(from));
   out += text.substr(from, open + 1 - from);
-  add_parameters(text.substr(open + 1, close - open - 1), out);
+  add_parts(text.substr(open + 1, close - open - 1), ",;", out);
   return out.append(text.substr(close));
 }
 

@@ -111,9 +111,12 @@ std::string declaration(std::string const & input) {
   gColours const colours(rules);
   std::vector<std::string> const lines = lines_of(input);
   std::vector<std::string> const known = split(lines[1], ' ');
+  gKnownFacts facts; // of what has its contents in its declaration
+  facts.size = lines[0].size();
+  facts.kind = lines[0].substr(0, lines[0].find(' '));
   std::string out;
   DeclarationText::set(
-      Declaration::broken(lines[0]), gLanguage::cpp, colours,
+      Declaration::broken(lines[0], facts), gLanguage::cpp, colours,
       [&known](std::string_view name, std::string & link) {
         bool const found = std::ranges::find(known, name) != known.end();
         if (found)
