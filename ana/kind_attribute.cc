@@ -14,6 +14,6 @@ void add_kind_attribute(gRunInput & input) {
     gString const word(Decl::kind_word(static_cast<Decl::gKind>(kind)));
     values->second[word] = word;
   }
-  for (gString const word : {"topic", "page", "mainpage"}) // texts of their own
+  for (gString const word : {"topic", "page", "mainpage", "file"}) // texts of their own
     values->second[word] = word;
 }

@@ -133,18 +133,22 @@ void open_block(cRef<gDocUnit> const & unit, gLoc const & loc) {
   }
 }
 
-cRef<gDocUnit> headline_unit(gStrList const & text, gStrList const & toc_text, gLoc const & loc,
-                             cRef<gOutState> & state) {
-  auto unit = make_ref<gTextUnit>(gString(), loc.file(), loc.line());
-  unit->set_attr("UNITTYPE", "text");
-  clear_automatic_marks(*unit);
+gStrList headline(gStrList const & text, gStrList const & toc_text) {
   gStrList whole(gString("@hdltoc{"));
   whole.append(toc_text);
   whole.push_back(gString("}\n"));
   whole.push_back(gString("@hdline{"));
   whole.append(text);
   whole.push_back(gString("}\n"));
-  unit->add_subentry("text", whole);
+  return whole;
+}
+
+cRef<gDocUnit> headline_unit(gStrList const & text, gStrList const & toc_text, gLoc const & loc,
+                             cRef<gOutState> & state) {
+  auto unit = make_ref<gTextUnit>(gString(), loc.file(), loc.line());
+  unit->set_attr("UNITTYPE", "text");
+  clear_automatic_marks(*unit);
+  unit->add_subentry("text", headline(text, toc_text));
   unit->expand_table(state);
   return unit;
 }
@@ -153,6 +157,19 @@ cRef<gDocUnit> headline_unit(gStrList const & text, gStrList const & toc_text, g
 cRef<gDocUnit> plain_headline(std::string_view text, gLoc const & loc, cRef<gOutState> & state) {
   gStrList const title(Vlb::escape_atc(text));
   return headline_unit(title, title, loc, state);
+}
+
+// The page of a file: its text, if there is one, under its path.
+cRef<gDocUnit> file_unit(gUnitsOfFile const & file, std::string_view title, gLoc const & loc,
+                         cRef<gOutState> & state) {
+  if (!file.text)
+    return plain_headline(title, loc, state);
+  cRef<gDocUnit> const unit = placed_copy(*file.text, state);
+  gStrList const name(Vlb::escape_atc(title));
+  gStrList last(gString("\n"));
+  last.append(headline(name, name)); // of several the last one counts
+  unit->add_subentry("text", last);
+  return unit;
 }
 
 // Runs the commands of a block inside the unit of its class.
@@ -227,9 +244,13 @@ void gOutFilterCmd::place(std::span<cRef<gDocUnit> const> units, cRef<gOutState>
 
 void gOutFilterCmd::place_by_files(gUnitRefs const & units, cRef<gOutState> & state) {
   std::vector<gUnitsOfFile> files = units_by_files(units);
+  gPredicate const filter = std::exchange(
+      state->attr_filter, {{"UNITTYPE", {{"text"}, true}}, {"KIND", {{"file"}, true}}});
+  add_file_texts(selector_->select(*state), files);
+  state->attr_filter = filter;
   std::size_t const common = common_folders(files);
   for (gUnitsOfFile & file : files) {
-    open_block(plain_headline(file.path.substr(common), loc_, state), loc_);
+    open_block(file_unit(file, std::string_view(file.path).substr(common), loc_, state), loc_);
     for (gFilePart const & part : parts_of_file(file.units)) {
       if (!part.title.empty())
         open_block(plain_headline(part.title, loc_, state), loc_);

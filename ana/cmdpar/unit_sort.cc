@@ -1,5 +1,6 @@
 // Sorting by keys that are worked out once a unit; places in files compare as two numbers.
 #include <algorithm>
+#include <tuple>
 
 #include "ana/cmdpar/gunitselector.h"
 
@@ -62,7 +63,9 @@ void sort_by_place(std::vector<cRef<gDocUnit>> & units, gSortMode mode) {
   Ranks const ranks = rank_files(units, mode);
   sort_by(units, [&](gDocUnit const & unit) {
     gLoc const & place = place_of(unit, mode);
-    return std::pair(ranks.at(&place.file().opath()), place.line());
+    bool const in_code = mode == gSortMode::ce_loc && unit.code_elem();
+    return std::tuple(ranks.at(&place.file().opath()), place.line(),
+                      in_code ? unit.code_elem()->column : 0);
   });
 }
 

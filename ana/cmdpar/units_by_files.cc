@@ -13,10 +13,33 @@ std::vector<gUnitsOfFile> units_by_files(gUnitRefs const & units) {
     gPathstring const & path = unit->code_loc().file().opath();
     auto const [at, is_new] = index.try_emplace(path, files.size());
     if (is_new)
-      files.push_back({path, {}});
+      files.push_back({path, {}, nullptr});
     files[at->second].units.push_back(unit);
   }
   return files;
+}
+
+void add_file_texts(gUnitRefs const & texts, std::vector<gUnitsOfFile> & files) {
+  std::map<gPathstring, cRef<gDocUnit>> by_path;
+  for (cRef<gDocUnit> const & text : texts)
+    by_path.try_emplace(text->loc().file().opath(), text);
+  for (gUnitsOfFile & file : files)
+    if (auto const found = by_path.find(file.path); found != by_path.end()) {
+      file.text = found->second;
+      by_path.erase(found);
+    }
+  std::vector<gUnitsOfFile> all;
+  auto left = by_path.begin();
+  auto const add_up_to = [&](gPathstring const * path) {
+    for (; left != by_path.end() && (!path || left->first < *path); ++left)
+      all.push_back({left->first, {}, left->second});
+  };
+  for (gUnitsOfFile & file : files) {
+    add_up_to(&file.path);
+    all.push_back(std::move(file));
+  }
+  add_up_to(nullptr);
+  files = std::move(all);
 }
 
 std::size_t common_folders(std::vector<gUnitsOfFile> const & files) {

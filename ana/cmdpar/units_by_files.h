@@ -12,6 +12,7 @@ using gUnitRefs = std::vector<cRef<gDocUnit>>;
 struct gUnitsOfFile {
   gPathstring path;
   gUnitRefs units;
+  cRef<gDocUnit> text; // what the file's comment says of it; null for nothing
 };
 
 // Functions, types and so on of one file: a stretch of them where there are very many.
@@ -22,6 +23,9 @@ struct gFilePart {
 
 // In the order in which the files come first.
 std::vector<gUnitsOfFile> units_by_files(gUnitRefs const & units);
+
+// Each text goes to its file; one without units of its own stands where its path belongs.
+void add_file_texts(gUnitRefs const & texts, std::vector<gUnitsOfFile> & files);
 
 // How much of the paths says nothing, since all begin with the same folders; in bytes.
 std::size_t common_folders(std::vector<gUnitsOfFile> const & files);

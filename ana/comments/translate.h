@@ -69,7 +69,7 @@ struct gTranslated {
   Kind kind = nothing;
   std::string name; // of the element, or the title of the topic
   std::string id;   // by which references find the topic
-  std::string sort; // of a topic: "topic", "page", "mainpage"; empty for others
+  std::string sort; // of a topic: "topic", "page", "mainpage", "file"; empty for others
   std::vector<gCommentPart> parts;
   std::vector<gCommentGroup> groups;
   std::map<std::string, std::size_t> unknown; // commands, with their numbers

@@ -38,7 +38,7 @@ void gCommentTranslator::take_topic(gCommand const & command, std::string_view r
   result_.kind = gTranslated::topic;
   if (command.kind == gCommandKind::group)
     result_.sort = "topic";
-  else if (command.name == "page" || command.name == "mainpage")
+  else if (command.name == "page" || command.name == "mainpage" || command.name == "file")
     result_.sort = command.name;
   if (command.name == "mainpage")
     result_.id = "index"; // references call it so

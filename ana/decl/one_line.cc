@@ -70,6 +70,7 @@ private:
   std::size_t at_ = 0;
   bool line_head_ = false; // a range begins within its line, so a "#" there is no directive
   bool gap_ = false;
+  bool remark_ = false; // in the gap
   std::string line_;
   std::vector<Mark> marks_;
 
@@ -99,6 +100,11 @@ private:
     gap_ = true;
   }
 
+  void skip_remark(std::size_t end) {
+    skip_to(end);
+    remark_ = true;
+  }
+
   bool blanks_or_comment() {
     char const c = text_[at_];
     if (!special_[static_cast<unsigned char>(c)])
@@ -107,9 +113,9 @@ private:
       line_head_ = line_head_ || c == '\n';
       skip_to(at_ + 1);
     } else if (starts("//"))
-      skip_to(line_end(at_));
+      skip_remark(line_end(at_));
     else if (cpp_ && starts("/*"))
-      skip_to(behind("*/", at_ + 2));
+      skip_remark(behind("*/", at_ + 2));
     else if (cpp_ && c == '\\' && (starts("\\\n") || starts("\\\r\n")))
       skip_to(at_ + 1);
     else if (cpp_ && c == '#' && line_head_)
@@ -117,7 +123,7 @@ private:
     else if (!cpp_ && c == '{')
       braces();
     else if (!cpp_ && starts("(*"))
-      skip_to(behind("*)", at_ + 2));
+      skip_remark(behind("*)", at_ + 2));
     else
       return false;
     return true;
@@ -135,7 +141,7 @@ private:
   // A comment, or a directive: again the first of the branches is shown.
   void braces() {
     std::string word = switch_word(at_);
-    skip_to(behind("}", at_ + 1));
+    skip_remark(behind("}", at_ + 1));
     if (!word.starts_with("else"))
       return;
     for (int depth = 1; depth > 0 && at_ < text_.size();) {
@@ -181,16 +187,20 @@ private:
     }
   }
 
+  // Parameters on lines of their own, and remarks, leave no blanks within the brackets.
+  bool is_tight() const {
+    char const next = text_[at_];
+    return ((line_head_ || remark_) && (line_.back() == '(' || next == ')')) ||
+           (remark_ && (next == ',' || next == ';'));
+  }
+
   void code() {
     std::size_t const end = token_end();
     settle(true, at_);
-    // Parameters on lines of their own leave no blanks within the brackets.
-    bool const at_bracket =
-        line_head_ && !line_.empty() && (line_.back() == '(' || text_[at_] == ')');
-    if (gap_ && !line_.empty() && !at_bracket)
+    if (gap_ && !line_.empty() && !is_tight())
       line_ += ' ';
     settle(false, at_);
-    gap_ = line_head_ = false;
+    gap_ = line_head_ = remark_ = false;
     std::size_t const begin = line_.size();
     line_ += text_.substr(at_, end - at_);
     bool const word = is_word(text_[at_]) && is_word(text_[end - 1]);

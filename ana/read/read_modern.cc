@@ -342,7 +342,8 @@ void gModernReader::File::note_topic(gTranslated const & text, gCommentBlock con
                                      gUnitFacts & unit) const {
   if (!text.sort.empty())
     unit.set_attribute("KIND", gString(text.sort));
-  if (!text.sort.empty() && !text.id.empty())
+  bool const several = !text.sort.empty() && text.sort != "file"; // comments may speak of it
+  if (several && !text.id.empty())
     unit.set_attribute("TOPIC", place_name(text.id));
   gString topics = topics_of(text.groups, gCommentGroup::member);
   if (std::string const & around = regions_->at(block.begin).topic; !around.empty())

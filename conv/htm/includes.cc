@@ -65,15 +65,17 @@ gIncludes::gIncludes(gSite const & site) : site_(site) {
     read(path);
 }
 
-// A heading is that of a source if all below it comes from there and it is its path.
+// A heading is that of a source if all below it comes from there and it is its path, or if it is
+// the text of the source.
 void gIncludes::find_pages() {
   for (int i = 0; i < static_cast<int>(site_.document.units.size()); ++i) {
     gUnitRecord const & unit = site_.unit(i);
-    if (unit.facts.known)
+    bool const text = unit.facts.kind == "file";
+    if (unit.facts.known && !text)
       pages_.try_emplace(unit.path, -1);
-    if (unit.facts.known || site_.pages.of(i) < 0)
+    if ((unit.facts.known && !text) || site_.pages.of(i) < 0)
       continue;
-    int const first = first_known_below(i);
+    int const first = text ? i : first_known_below(i);
     if (first < 0)
       continue;
     std::string_view const path = site_.unit(first).path;

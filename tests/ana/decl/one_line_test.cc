@@ -30,7 +30,7 @@ TEST(OneLine, OfPascal) {
             "procedure X (s: string = ' { '' } ')");
   EXPECT_EQ(
       line("X(a: {$ifdef Q}B{$else}{$IFDEF R}C{$ELSE}D{$ENDIF} E{$endif}; c: d)", gSyntax::pascal),
-      "X(a: B ; c: d)");
+      "X(a: B; c: d)");
 }
 
 TEST(OneLine, Names) {

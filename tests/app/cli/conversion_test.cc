@@ -181,6 +181,21 @@ TEST(conversion, quick_shows_properties_wherever_they_stand) {
   EXPECT_NE(box.read("doc/htm/b.pas.htm").find("It is known."), std::string::npos);
 }
 
+// Under its path, above what it declares, and alone where it declares nothing by itself.
+TEST(conversion, quick_shows_the_text_of_a_file_on_its_page) {
+  Sandbox box;
+  box.write("tree/a.h", "/** @file a.h\n * All of a. */\n#include \"b.h\"\nint y(); int x();\n");
+  box.write("tree/b.h", "/** @file\n * All of b. */\nclass B {};\n");
+  EXPECT_EQ(box.run("quick tree -o doc").status, 0);
+  std::string const page = box.read("doc/htm/a.h.htm");
+  std::size_t const text = page.find("All of a.");
+  ASSERT_NE(text, std::string::npos);
+  EXPECT_LT(text, page.find(">y<"));
+  EXPECT_LT(page.find(">y<"), page.find(">x<")); // in the order of the line
+  EXPECT_NE(page.find("b.h</"), std::string::npos);
+  EXPECT_NE(box.read("doc/htm/b.h.htm").find("All of b."), std::string::npos);
+}
+
 TEST(conversion, quick_tells_on_a_terminal_how_far_it_is) {
   Sandbox box;
   for (int i = 0; i < 30; ++i)
