@@ -3,6 +3,7 @@
 #include "ana/read/comment_blocks.h"
 
 #include <algorithm>
+#include <span>
 
 #include "vlb/gstring.h"
 
@@ -100,12 +101,13 @@ std::string_view closer_of(std::string_view comment, bool pascal) {
 struct Line {
   std::string_view text;
   bool inner = false; // not the first of its comment
+  bool framed = true; // has the frame, if there is one
 };
 
 void add_lines(std::vector<Line> & lines, std::string_view inside) {
   for (bool inner = false;; inner = true) {
     std::size_t const feed = inside.find('\n');
-    lines.push_back({inside.substr(0, feed), inner});
+    lines.push_back({inside.substr(0, feed), inner, true});
     if (feed == npos)
       return;
     inside.remove_prefix(feed + 1);
@@ -116,12 +118,44 @@ std::size_t indent_of(std::string_view line) {
   return std::min(line.find_first_not_of(" \t"), line.size());
 }
 
+bool has_command(std::string_view line, std::initializer_list<std::string_view> words) {
+  return std::ranges::any_of(words, [line](std::string_view word) {
+    std::size_t const at = line.find(word);
+    return at != npos && at > 0 && (line[at - 1] == '\\' || line[at - 1] == '@') &&
+           (at + word.size() == line.size() || !Vlb::is_letter(line[at + word.size()]));
+  });
+}
+
+// Programs are often pasted between framed lines as they are; a star in front of one of theirs is
+// no frame then.
+void find_bare_code(std::vector<Line> & lines) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::string_view const opener = lines[i].text;
+    if (!has_command(opener, {"code", "verbatim"}) ||
+        has_command(opener, {"endcode", "endverbatim"}))
+      continue;
+    std::size_t const begin = i + 1;
+    while (++i < lines.size() && !has_command(lines[i].text, {"endcode", "endverbatim"})) {
+    }
+    std::size_t const at = indent_of(opener);
+    if (i == lines.size() || !lines[begin - 1].inner)
+      continue;
+    auto const code = std::span(lines).subspan(begin, i - begin);
+    bool const bare = std::ranges::any_of(code, [&](Line const & line) {
+      std::size_t const first = indent_of(line.text);
+      return first < line.text.size() && line.text[first] != opener[at];
+    });
+    for (Line & line : code)
+      line.framed = !bare;
+  }
+}
+
 // The one character that begins all inner lines with text, if there is one.
 char frame_of(std::vector<Line> const & lines) {
   char frame = 0;
   for (Line const & line : lines) {
     std::size_t const at = indent_of(line.text);
-    if (!line.inner || at == line.text.size())
+    if (!line.inner || !line.framed || at == line.text.size())
       continue;
     char const c = line.text[at];
     if ((frame != 0 && c != frame) || (c != '*' && c != '|' && c != '#' && c != '!'))
@@ -198,6 +232,7 @@ std::string comment_text(std::string_view text, gCommentBlock const & block,
                          ? whole.substr(opener, whole.size() - opener - closer)
                          : std::string_view());
   }
+  find_bare_code(lines);
   char const frame = frame_of(lines);
   std::string_view const right_frame = right_frame_of(lines);
   std::string result;
@@ -205,7 +240,7 @@ std::string comment_text(std::string_view text, gCommentBlock const & block,
     if (&line != lines.data())
       result += '\n';
     std::string_view words = line.text;
-    if (line.inner && frame != 0)
+    if (line.inner && line.framed && frame != 0)
       words = without_frame(words, frame);
     result += without_right_frame(words, right_frame);
   }

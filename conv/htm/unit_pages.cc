@@ -53,7 +53,7 @@ gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & 
 gMadePage gUnitPages::make(int page) {
   page_ = page;
   parts_.clear();
-  short_rows_ = false;
+  short_rows_.clear();
   gPageFrame frame = set_page();
   if (PageParts::markup_of(frame.content) > gPageParts::most_markup && has_members_)
     frame = set_in_parts(std::move(frame));
@@ -224,7 +224,7 @@ bool gUnitPages::is_told(int unit) const {
 }
 
 gMemberRow gUnitPages::row_of(int unit, gRowPlace const & place) {
-  if (short_rows_ || parts_.of(unit))
+  if (short_rows_.contains(unit) || parts_.of(unit))
     return row_of_part(unit, place);
   gMemberRow row = setter_.row_of(unit, place);
   if (!row.is_all)

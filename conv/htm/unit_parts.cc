@@ -19,8 +19,10 @@ gPageFrame gUnitPages::set_in_parts(gPageFrame frame) {
   std::size_t in_texts = 0;
   for (auto const & [member, text] : texts_)
     in_texts += text.markup;
-  if (PageParts::markup_of(frame.content) > in_texts + gPageParts::most_markup) {
-    short_rows_ = true;
+  constexpr std::size_t lead = 60; // bytes by which a row grows that leads to another page
+  std::size_t const rows = PageParts::markup_of(frame.content) - in_texts + lead * texts_.size();
+  if (rows > gPageParts::most_markup) {
+    shorten_rows(rows - gPageParts::most_markup);
     frame = set_page();
   }
   parts_.plan(frame.file, listed_.groups, std::move(texts_));
@@ -30,12 +32,28 @@ gPageFrame gUnitPages::set_in_parts(gPageFrame frame) {
   return frame;
 }
 
+// The largest groups first: of a few constructors a reader wants to see the parameters.
+void gUnitPages::shorten_rows(std::size_t excess) {
+  constexpr std::size_t saved = 100; // bytes of a signature
+  std::vector<gListed::Group const *> groups;
+  for (gListed::Group const & group : listed_.groups)
+    groups.push_back(&group);
+  std::ranges::stable_sort(groups, std::ranges::greater(),
+                           [](gListed::Group const * one) { return one->units.size(); });
+  for (gListed::Group const * const group : groups) {
+    if (excess == 0)
+      break;
+    short_rows_.insert(group->units.begin(), group->units.end());
+    excess -= std::min(excess, saved * group->units.size());
+  }
+}
+
 // The row has all places of the text, which stay what links from elsewhere lead to.
 gMemberRow gUnitPages::row_of_part(int unit, gRowPlace const & place) {
   gMemberRow row;
   gPagePart const * const part = parts_.of(unit);
   std::string const to = part ? part->file + "#" + std::string(site_.addresses.anchor(unit)) : "";
-  if (!short_rows_)
+  if (!short_rows_.contains(unit))
     row = setter_.row_of(unit, place, to);
   row.is_all = false;
   row.details = to;
