@@ -148,10 +148,12 @@ bool gQuickProject::find_sources(std::string const & extensions) {
 }
 
 bool gQuickProject::take(Source const & source, std::string const & extensions) {
-  if (gFileSystem::file_exists(source.path))
-    return take_source(source.path, extensions, found_) ||
+  if (gFileSystem::file_exists(source.path)) {
+    // A Doxyfile lists texts among its sources.
+    return take_source(source.path, extensions, found_) || doxyfile_ ||
            refuse("'" + source.name + "' is no source. Sources have the extensions " + extensions +
                   ".");
+  }
   if (!gFileSystem::dir_exists(source.path))
     return refuse("Folder does not exist: " + source.name);
   walk_sources(source.path, out_, extensions, found_);
@@ -192,7 +194,10 @@ void gQuickProject::fill_project() const {
   gPathstring const & root = sources_.front().path;
   Vapp::options["inputcurdir"] =
       cat::make(gFileSystem::dir_exists(root) ? root : gPathstring(root.dir_name()));
-  if (gPathstring const text = start_text(root); !text.empty())
+  gPathstring text = start_text(root);
+  if (text.empty() && doxyfile_)
+    text = start_text(doxyfile_->folder());
+  if (!text.empty())
     Vapp::options.submap("htm")["start_text"] = cat::make(text);
   if (doxyfile_)
     Shell::take_doxyfile_options(*doxyfile_);

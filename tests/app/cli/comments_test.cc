@@ -184,12 +184,13 @@ TEST(comments, files_are_shown_from_the_named_folders_alone) {
 
 TEST(comments, a_doxyfile_says_what_counts_and_how) {
   Sandbox box;
-  box.write("lib/Doxyfile", "# Settings\nPROJECT_NAME = \"The Library\" # with a blank\n"
-                            "PROJECT_NUMBER=2.5\nINPUT = src \\\n  more\nRECURSIVE = YES\n"
-                            "EXCLUDE = src/left\nEXCLUDE_PATTERNS = */detail/* *_p.h\n"
-                            "FILE_PATTERNS = *.h\n@INCLUDE = common.cfg\n"
-                            "ALIASES += \"pair{2}=\\1 and; \\2\"\nENABLED_SECTIONS = EXTRA\n"
-                            "GENERATE_LATEX = NO\nOUTPUT_DIRECTORY = out\n");
+  box.write("lib/Doxyfile",
+            "# Settings\nPROJECT_NAME = \"The Library\" # with a blank\n"
+            "PROJECT_NUMBER=2.5\nINPUT = src \\\n  more README.md\nRECURSIVE = YES\n"
+            "EXCLUDE = src/left\nEXCLUDE_PATTERNS = */detail/* *_p.h\n"
+            "FILE_PATTERNS = *.h\n@INCLUDE = common.cfg\n"
+            "ALIASES += \"pair{2}=\\1 and; \\2\"\nENABLED_SECTIONS = EXTRA\n"
+            "GENERATE_LATEX = NO\nOUTPUT_DIRECTORY = out\n");
   box.write("lib/common.cfg", "ALIASES = \"effect=\\par Effects:^^\" nest=\\pair{a,b}\n"
                               "PREDEFINED = \"LIB_API=\" LIB_N=3\nINTERNAL_DOCS = YES\n");
   box.write(
@@ -200,6 +201,7 @@ TEST(comments, a_doxyfile_says_what_counts_and_how) {
   for (char const * name : {"src/a.cpp", "src/left/b.h", "src/detail/c.h", "src/d_p.h"})
     box.write("lib/" + std::string(name), "/** Left. */\nint left_out_thing();\n");
   box.write("lib/more/deep/e.h", "/** Deep. */\nint deep_thing();\n");
+  box.write("lib/README.md", "# Lib\n\nRead this first.\n");
   Answer const answer = box.run("quick --doxyfile lib/Doxyfile -v");
   EXPECT_EQ(answer.status, 0) << answer.err;
   EXPECT_NE(answer.err.find("Not taken over from the Doxyfile: GENERATE_LATEX"), answer.err.npos);
@@ -209,7 +211,8 @@ TEST(comments, a_doxyfile_says_what_counts_and_how) {
     EXPECT_NE(code.find(text), code.npos) << text << "\n" << code;
   EXPECT_EQ(code.find("left_out_thing"), code.npos);
   EXPECT_EQ(code.find("Never."), code.npos);
-  EXPECT_NE(box.read("lib/out/site/htm/index.htm").find("The Library"), code.npos);
+  for (char const * text : {"The Library", "Read this first."})
+    EXPECT_NE(box.read("lib/out/site/htm/index.htm").find(text), code.npos) << text;
 
   for (auto const & [text, told] : std::map<std::string, std::string>{
            {"INPUT = .\n@INCLUDE = ../other\n", "Doxyfile:2: '../other' doesn't lie in"},
