@@ -40,14 +40,15 @@ bool blocked(Table const & table, gSrcFile const & file, gLinePlace a, gLinePlac
 
 void generate_unit(cRef<gCodeElem> const & ce) {
   gSrcFile const & file = ce->loc.file();
-  auto unit = make_ref<gSyntUnit>(ce->names, file.name_sep(), file, ce->loc.line());
+  // It takes its names from the code.
+  auto unit = make_ref<gSyntUnit>(gStrList(), file.name_sep(), file, ce->loc.line());
   unit->bind(ce, 1);
   unit->update_from_code();
   gString const name = unit->name();
   if (auto * list = gGeneratedUnits.lookup(name))
-    list->push_back(unit);
+    list->push_back(std::move(unit));
   else
-    gGeneratedUnits.insert(name, {unit});
+    gGeneratedUnits.insert(name, {std::move(unit)});
 }
 
 } // namespace
@@ -62,6 +63,12 @@ gAllocOptions gAllocOptions::read() {
   options.gen_static = input.gen_static;
   options.gen_extern = input.gen_extern;
   return options;
+}
+
+gString const & gAssociation::Name::get() {
+  if (text.empty())
+    text = element.name();
+  return text;
 }
 
 template <class Text>
@@ -107,21 +114,23 @@ gFileUnits * gAssociation::units_of(gSrcFile const & file) {
   return units.get();
 }
 
-gAssociation::Outcome gAssociation::take_named(cRef<gCodeElem> const & ce, bool before, int rank) {
+gAssociation::Outcome gAssociation::take_named(cRef<gCodeElem> const & ce, Name & name, bool before,
+                                               int rank) {
   gFileUnits * units = units_of(ce->loc.file());
   if (!units)
     return {};
   constexpr gLinePlace last{std::numeric_limits<int>::max()};
   gLinePlace const place = ce->place();
-  gDocUnit * unit = units->find(ce->name(), ce->loc.file().name_sep(),
+  gDocUnit * unit = units->find(name.get(), ce->loc.file().name_sep(),
                                 before ? gLinePlace{1} : place, before ? place : last, rank);
   return unit ? take(*unit, ce, rank) : Outcome();
 }
 
-gAssociation::Outcome gAssociation::take_far(cRef<gCodeElem> const & ce, bool folders, int rank) {
+gAssociation::Outcome gAssociation::take_far(cRef<gCodeElem> const & ce, Name & name, bool folders,
+                                             int rank) {
   if (gUnitNames.empty())
     return {};
-  auto const * list = gUnitNames.lookup(ce->name());
+  auto const * list = gUnitNames.lookup(name.get());
   if (!list)
     return {};
   std::unique_ptr<gFarNamesakes> & units = far_units_[list->get()];
@@ -131,7 +140,8 @@ gAssociation::Outcome gAssociation::take_far(cRef<gCodeElem> const & ce, bool fo
   return unit ? take(*unit, ce, rank) : Outcome();
 }
 
-gAssociation::Outcome gAssociation::try_method(int method, cRef<gCodeElem> const & ce, int rank) {
+gAssociation::Outcome gAssociation::try_method(int method, cRef<gCodeElem> const & ce, Name & name,
+                                               int rank) {
   switch (method) {
   case comment_before:
   case comment_after:
@@ -141,19 +151,20 @@ gAssociation::Outcome gAssociation::try_method(int method, cRef<gCodeElem> const
     return take_near(gUnnamedUnits, ce, method == unnamed_before, false, rank);
   case named_before:
   case named_after:
-    return take_named(ce, method == named_before, rank);
+    return take_named(ce, name, method == named_before, rank);
   case other_file:
   case other_folder:
-    return take_far(ce, method == other_folder, rank);
+    return take_far(ce, name, method == other_folder, rank);
   }
   return {};
 }
 
 gAssociation::Outcome gAssociation::search(cRef<gCodeElem> const & ce) {
+  Name name{*ce, {}};
   for (std::size_t i = 0; i < options_.order.size(); ++i) {
     if (options_.prio[i] <= 0)
       continue;
-    Outcome outcome = try_method(options_.order[i], ce, options_.prio[i]);
+    Outcome outcome = try_method(options_.order[i], ce, name, options_.prio[i]);
     if (outcome.bound)
       return outcome;
   }

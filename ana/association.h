@@ -25,13 +25,19 @@ private:
     bool bound = false;
     cRef<gCodeElem> displaced;
   };
+  // The whole name of an element, joined when it is asked for.
+  struct Name {
+    gCodeElem const & element;
+    gString text;
+    gString const & get();
+  };
   template <class Text> static Outcome take(Text & text, cRef<gCodeElem> const & ce, int rank);
   template <class Table>
   Outcome take_near(Table const & table, cRef<gCodeElem> const & ce, bool before, bool comment,
                     int rank) const;
-  Outcome take_named(cRef<gCodeElem> const & ce, bool before, int rank);
-  Outcome take_far(cRef<gCodeElem> const & ce, bool folders, int rank);
-  Outcome try_method(int method, cRef<gCodeElem> const & ce, int rank);
+  Outcome take_named(cRef<gCodeElem> const & ce, Name & name, bool before, int rank);
+  Outcome take_far(cRef<gCodeElem> const & ce, Name & name, bool folders, int rank);
+  Outcome try_method(int method, cRef<gCodeElem> const & ce, Name & name, int rank);
   Outcome search(cRef<gCodeElem> const & ce);
   gFileUnits * units_of(gSrcFile const & file);
 

@@ -3,6 +3,7 @@
 #include "vlb/gstrlist.h"
 
 #include <algorithm>
+#include <iterator>
 
 gStrList::gStrList(gString const & text) {
   push_back(text);
@@ -41,36 +42,40 @@ gStrList & gStrList::operator<<(gStrList const & list) {
 }
 
 void gStrList::push_back(gString const & text) {
-  list::push_back(make_ref<gString>(text));
+  vector::push_back(make_ref<gString>(text));
 }
 
 void gStrList::push_back(gString && text) {
-  list::push_back(make_ref<gString>(std::move(text)));
+  vector::push_back(make_ref<gString>(std::move(text)));
 }
 
 void gStrList::push_back(cRef<gString> text) {
-  list::push_back(std::move(text));
+  vector::push_back(std::move(text));
 }
 
-void gStrList::push_front(gString const & text) {
-  list::push_front(make_ref<gString>(text));
+void gStrList::push_front(cRef<gString> text) {
+  insert(begin(), std::move(text));
+}
+
+void gStrList::pop_front() {
+  erase(begin());
 }
 
 void gStrList::append(gStrList const & list) {
-  insert(end(), list.begin(), list.end());
+  if (&list == this)
+    append(gStrList(list));
+  else
+    insert(end(), list.begin(), list.end());
 }
 
 void gStrList::append(gStrList && list) {
-  if (&list != this)
-    splice(end(), list);
-}
-
-gStrList::iterator gStrList::insert(const_iterator position, gString const & text) {
-  return list::insert(position, make_ref<gString>(text));
-}
-
-void gStrList::insert(const_iterator position, const_iterator first, const_iterator last) {
-  list::insert(position, first, last);
+  if (&list == this)
+    return;
+  if (empty())
+    swap(list);
+  else
+    insert(end(), std::move_iterator(list.begin()), std::move_iterator(list.end()));
+  list.clear();
 }
 
 void gStrList::set(iterator position, gString const & text) {
@@ -86,17 +91,22 @@ gStrList::const_iterator gStrList::find(std::string_view text) const {
 }
 
 gString gStrList::make_string(std::string_view sep) const {
+  gString joined;
+  join(sep, joined);
+  return joined;
+}
+
+void gStrList::join(std::string_view sep, std::string & joined) const {
   std::size_t length = 0;
   for (cRef<gString> const & element : *this)
     length += element->size() + sep.size();
-  gString joined;
+  joined.clear();
   joined.reserve(length);
-  for (auto element = begin(); element != end(); ++element) {
-    if (element != begin())
+  for (cRef<gString> const & element : *this) {
+    if (&element != data())
       joined += sep;
-    joined += static_cast<std::string const &>(**element);
+    joined += static_cast<std::string const &>(*element);
   }
-  return joined;
 }
 
 bool gStrList::is_wsp() const {

@@ -1,14 +1,15 @@
 // Text in several parts: the components of a name, the pieces of a marked-up text.
 #pragma once
 
-#include <list>
+#include <vector>
 
 #include "vlb/gstring.h"
 
 // A list of shared strings in text order. Copying a list shares its elements, so an element is
 // never changed in place once the list may have been copied: replace it with set().
-// An empty string in the list is a real element.
-class gStrList : public std::list<cRef<gString>> {
+// An empty string in the list is a real element. The elements lie side by side: who changes the
+// middle of a long list makes a new one.
+class gStrList : public std::vector<cRef<gString>> {
 public:
   gStrList() = default;
   gStrList(gString const & text);
@@ -28,12 +29,11 @@ public:
   void push_back(gString const & text);
   void push_back(gString && text);
   void push_back(cRef<gString> text);
-  void push_front(gString const & text);
+  void push_front(cRef<gString> text);
+  void pop_front();
   void append(gStrList const & list);
   // Moves all elements of `list` to the end of this one, without a copy.
   void append(gStrList && list);
-  iterator insert(const_iterator position, gString const & text);
-  void insert(const_iterator position, const_iterator first, const_iterator last);
   // Replaces an element; whoever shares the old one keeps it.
   void set(iterator position, gString const & text);
   // The first element equal to `text`, or end().
@@ -42,6 +42,8 @@ public:
 
   // All elements, with `sep` between two neighbours.
   gString make_string(std::string_view sep) const;
+  // The same, in place of what `joined` holds: its memory is used again.
+  void join(std::string_view sep, std::string & joined) const;
   // True if every element is empty or white space; also for an empty list.
   bool is_wsp() const;
 

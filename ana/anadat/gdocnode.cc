@@ -12,18 +12,21 @@
 namespace {
 
 // A running head belongs to no unit: an attribute has the text of its undefined value.
-gStrList settled(gStrList list) {
+gStrList settled(gStrList const & list) {
+  gStrList pieces;
   for (auto it = list.begin(); it != list.end(); ++it) {
     gPiece const kind = Vlb::piece_kind(**it);
     auto const next = std::next(it);
     if (kind == gPiece::index) {
-      list.set(it, Vlb::index_mark("xetplbkmk"));
+      pieces.push_back(Vlb::index_mark("xetplbkmk"));
     } else if (kind == gPiece::attribute && next != list.end()) {
-      list.set(it, Vlb::attribute_text(**next, "undefined"));
-      list.erase(next);
+      pieces.push_back(Vlb::attribute_text(**next, "undefined"));
+      it = next;
+    } else {
+      pieces.push_back(*it);
     }
   }
-  return list;
+  return pieces;
 }
 
 } // namespace

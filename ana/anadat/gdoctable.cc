@@ -42,19 +42,20 @@ bool has_bookmark(gDocUnit const & unit) {
 } // namespace
 
 void gDocTable::add(gDocUnit & unit) {
-  gString const name = unit.name();
   std::string_view const sep = unit.name_sep();
+  unit.names().join(sep, name_);
+  std::string_view const name = name_;
   if (name.empty())
     return;
-  std::vector<std::size_t> starts = {0};
+  starts_ = {0};
   if (!sep.empty())
     for (std::size_t at = name.find(sep); at != name.npos; at = name.find(sep, at + sep.size()))
-      starts.push_back(at + sep.size());
+      starts_.push_back(at + sep.size());
   std::uint64_t hash = hash_start;
   std::size_t end = name.size();
-  for (; !starts.empty(); starts.pop_back()) {
-    std::size_t const start = starts.back();
-    hash = add_to_hash(hash, std::string_view(name).substr(start, end - start));
+  for (; !starts_.empty(); starts_.pop_back()) {
+    std::size_t const start = starts_.back();
+    hash = add_to_hash(hash, name.substr(start, end - start));
     end = start;
     if (start < name.size())
       enter(hash, unit);

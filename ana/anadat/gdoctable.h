@@ -59,6 +59,8 @@ private:
   std::vector<Slot> slots_; // a power of two; first == 0 marks an empty one
   std::size_t used_ = 0;
   std::vector<Posting> postings_;
+  std::string name_;                // of the unit that is entered
+  std::vector<std::size_t> starts_; // of its tails
   // Made at the first reference to a long chain, by the number of its first posting.
   mutable std::unordered_map<std::uint32_t, Places> places_;
 };

@@ -41,9 +41,9 @@ public:
   // names, joined with name_sep.
   gString name() const;
   // The last part of the name; empty if there is none.
-  gString first_name() const;
+  gString const & first_name() const;
   // The second-to-last part; empty if there are fewer than two.
-  gString second_name() const;
+  gString const & second_name() const;
   gStrList const & names() const { return *names_; }
   gString const & name_sep() const { return *name_sep_; }
   void set_name_sep(gString const & sep);
@@ -53,7 +53,7 @@ public:
   // Appends to a subentry, or makes it.
   void add_subentry(gString const & name, gStrList text);
   // Replaces a subentry, or makes it.
-  void set_subentry(gString const & name, gStrList const & text);
+  void set_subentry(gString const & name, gStrList text);
   gSubEntries & subentries() { return subentries_; }
   gSubEntries const & subentries() const { return subentries_; }
 
@@ -99,8 +99,6 @@ public:
   // Settles tables and $curclass.
   virtual void expand_table(cRef<gOutState> & state);
   virtual void expand_subentries();
-  // Settles the piece at `it`, perhaps with the pieces behind it, and steps behind it.
-  virtual void expand_text(gStrList & list, gStrList::iterator & it, bool skip);
   virtual void write_head(std::ostream & stream) const;
 
 protected:
@@ -110,10 +108,10 @@ protected:
   void finish_copy();
   // Settles "@_vlbkmk" and "@_vlxe" in a list that may be shared; null stays null.
   static void settle_marks(cRef<gTextList> & list);
-  // Settles a whole list.
-  void expand(gStrList & list);
-  // Settles a list that may be shared. With `keep_references` they stay as they were written.
-  void expand(cRef<gTextList> & list, bool keep_references);
+  // Settles a whole list. With `keep_references` they stay as they were written.
+  void expand(gStrList & list, bool keep_references = false) const;
+  // Settles a list that may be shared.
+  void expand(cRef<gTextList> & list, bool keep_references) const;
   // Settles everything that is written with the head.
   void expand_links();
   void write_link_block(std::ostream & stream) const;
@@ -148,12 +146,15 @@ private:
   void merge_attr(gString const & name, gString const & code, gMessage const & message);
   void merge_text(gString const & subentry, gString const & code);
   void expand_tables(gSubText & text) const;
-  void expand_reference(gStrList & list, gStrList::iterator & it);
-  void expand_alias(gStrList & list, gStrList::iterator & it);
-  void expand_guess(gStrList & list, gStrList::iterator & it);
+  // Each settles the piece that a walk stands at, perhaps with the pieces behind it.
+  struct Walk;
+  void expand_piece(Walk & walk) const;
+  void expand_reference(Walk & walk) const;
+  void expand_alias(Walk & walk) const;
+  void expand_guess(Walk & walk) const;
   gString label_in_scope(std::string_view name) const;
-  void expand_attribute(gStrList & list, gStrList::iterator & it);
-  void expand_citation(gStrList & list, gStrList::iterator & it);
+  void expand_attribute(Walk & walk) const;
+  void expand_citation(Walk & walk) const;
   gString citation_text(gString const & name) const;
   // The plain value of a unit variable or $curclass.
   gString variable(std::string_view name) const;

@@ -104,10 +104,14 @@ public:
     own_map(file).set_all(entries);
   }
 
-  // The map of a file; null if the table has nothing of it.
+  // The map of a file; null if the table has nothing of it. One file is asked for many times in a
+  // row, so its path is looked up once.
   Map * map_of(gSrcFile const & file) const {
-    auto const * found = this->lookup(file.opath());
-    return found ? found->get() : nullptr;
+    if (&file.opath() != &last_.file.opath()) {
+      auto const * found = this->lookup(file.opath());
+      last_ = {file, found ? found->get() : nullptr};
+    }
+    return last_.map;
   }
   // The same; made if there is none.
   Map & own_map(gSrcFile const & file) {
@@ -116,8 +120,14 @@ public:
       auto made = make_ref<Map>();
       map = made.get();
       this->insert(file.opath(), std::move(made));
+      last_ = {file, map};
     }
     return *map;
+  }
+
+  void reset() override {
+    last_ = {};
+    gGlobalHash<cRef<Map>>::reset();
   }
 
   // Number of entries in all files.
@@ -127,4 +137,12 @@ public:
       sum += entry.value->size();
     return sum;
   }
+
+private:
+  // Holds the file, so that no other one gets its address.
+  struct Last {
+    gSrcFile file;
+    Map * map = nullptr;
+  };
+  mutable Last last_;
 };

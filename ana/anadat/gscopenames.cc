@@ -37,15 +37,18 @@ std::string_view outer_part(std::string_view name, std::string_view separator) {
 }
 
 void gScopeNames::add(std::string const & name) {
-  if (name.empty() || !names_.insert(name).second)
+  if (name.empty())
+    return;
+  auto const [place, is_new] = names_.insert(name);
+  if (!is_new)
     return;
   std::string_view const tail = last_part(name, separator_);
   auto found = tails_.find(tail);
   if (found == tails_.end())
-    found = tails_.emplace(tail, std::vector<std::string>()).first;
-  std::vector<std::string> & namesakes = found->second;
+    found = tails_.try_emplace(std::string(tail)).first;
+  std::vector<std::string const *> & namesakes = found->second;
   if (namesakes.size() < most_namesakes)
-    namesakes.push_back(name);
+    namesakes.push_back(&*place);
 }
 
 void gScopeNames::add_alias(std::string const & alias, std::string const & target) {
@@ -84,7 +87,8 @@ std::string gScopeNames::by_tail(std::string_view written) const {
   if (namesakes == tails_.end())
     return {};
   std::string const * only = nullptr;
-  for (std::string const & name : namesakes->second) {
+  for (std::string const * one : namesakes->second) {
+    std::string const & name = *one;
     std::size_t const before = name.size() - std::min(name.size(), written.size());
     bool const fits =
         name.ends_with(written) &&
@@ -92,7 +96,7 @@ std::string gScopeNames::by_tail(std::string_view written) const {
     if (fits && only)
       return {};
     if (fits)
-      only = &name;
+      only = one;
   }
   return only ? *only : std::string();
 }

@@ -38,7 +38,8 @@ private:
   std::string separator_;
   std::unordered_set<std::string, Hash, std::equal_to<>> names_;
   Map<std::string> aliases_;
-  Map<std::vector<std::string>> tails_; // full names by their last part
+  // Of `names_`, by their last part.
+  Map<std::vector<std::string const *>> tails_;
 };
 
 // "A<int>::B<T>" as "A::B".

@@ -53,19 +53,21 @@ std::string stripped(std::string_view piece, int n, std::string const & tab, Lin
 void gSubText::wsp_norm() {
   bool verbatim = false;
   bool in_run = true; // the start of the text counts as one: no white space there
-  for (iterator it = begin(); it != end();) {
-    if (verbatim ? Vlb::ends_verbatim(**it) : Vlb::begins_verbatim(**it))
+  auto const is_left_out = [&](cRef<gString> & piece) {
+    if (verbatim ? Vlb::ends_verbatim(*piece) : Vlb::begins_verbatim(*piece))
       verbatim = !verbatim;
-    bool const white = !verbatim && (*it)->wsp_only();
-    if (white && in_run) {
-      it = erase(it);
-      continue;
-    }
-    if (white && **it != " ")
-      set(it, " ");
+    bool const white = !verbatim && piece->wsp_only();
+    bool const left_out = white && in_run;
+    if (white && !left_out && *piece != " ")
+      piece = make_ref<gString>(" ");
     in_run = white;
-    ++it;
-  }
+    return left_out;
+  };
+  iterator kept = begin();
+  for (iterator it = begin(); it != end(); ++it)
+    if (!is_left_out(*it))
+      std::swap(*kept++, *it);
+  erase(kept, end());
 }
 
 int gSubText::common_indent(int tab_width) const {

@@ -36,7 +36,7 @@ void gDocUnit::merge_attr(gString const & name, gString const & code, gMessage c
 
 void gDocUnit::merge_text(gString const & subentry, gString const & code) {
   if (Vapp::config_automatic(gInput->digits(get_attr("UNITTYPE"), subentry)))
-    set_subentry(subentry, gStrList(Vlb::escape_atc(code)));
+    set_subentry(subentry, gStrList(make_ref<gString>(Vlb::escape_atc(code))));
 }
 
 void gDocUnit::update_from_code() {

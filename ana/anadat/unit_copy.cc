@@ -146,24 +146,28 @@ void gDocUnit::expand_table(cRef<gOutState> & state) {
 }
 
 void gDocUnit::expand_tables(gSubText & text) const {
+  gStrList settled;
+  settled.reserve(text.size());
   for (auto it = text.begin(); it != text.end(); ++it) {
     switch (Vlb::piece_kind(**it)) {
     case gPiece::curclass:
-      text.set(it, Vlb::escape_atc(variable("$curclass")));
+      settled.push_back(Vlb::escape_atc(variable("$curclass")));
       break;
     case gPiece::table:
-      text.set(it, "@b_table");
+      settled.push_back(gString("@b_table"));
       if (std::next(it) != text.end())
-        text.erase(std::next(it)); // "no"
+        ++it; // "no"
       break;
     case gPiece::table_row:
-      text.set(it, "@row ");
+      settled.push_back(gString("@row "));
       break;
     case gPiece::table_end:
-      text.set(it, "@e_table\n");
+      settled.push_back(gString("@e_table\n"));
       break;
     default:
+      settled.push_back(*it);
       break;
     }
   }
+  text = std::move(settled);
 }

@@ -13,6 +13,22 @@ gString quoted(gString const & text) {
 
 } // namespace
 
+// Along a list from what was written to what is shown, which is a list of its own.
+struct gDocUnit::Walk {
+  gStrList const & list;
+  gStrList settled;
+  std::size_t at = 0;
+
+  bool done() const { return at == list.size(); }
+  gString const & piece() const { return *list[at]; }
+  void keep() { settled.push_back(list[at++]); }
+  // Stands for the piece that is next.
+  void replace(gString text) {
+    settled.push_back(std::move(text));
+    ++at;
+  }
+};
+
 gString Vlb::macro_text(std::string_view variable) {
   return "@macro<cur_" + std::string(variable.substr(4)) + ">{} ";
 }
@@ -43,17 +59,23 @@ void gDocUnit::expand_subentries() {
   }
 }
 
-void gDocUnit::expand(gStrList & list) {
-  for (auto it = list.begin(); it != list.end();)
-    expand_text(list, it, false);
+void gDocUnit::expand(gStrList & list, bool keep_references) const {
+  Walk walk{list, {}};
+  walk.settled.reserve(list.size());
+  while (!walk.done()) {
+    if (keep_references && Vlb::piece_kind(walk.piece()) == gPiece::reference)
+      walk.keep();
+    else
+      expand_piece(walk);
+  }
+  list = std::move(walk.settled);
 }
 
-void gDocUnit::expand(cRef<gTextList> & list, bool keep_references) {
+void gDocUnit::expand(cRef<gTextList> & list, bool keep_references) const {
   if (!list || !Vlb::has_placeholder(list->list))
     return;
   list = make_ref<gTextList>(list->list);
-  for (auto it = list->list.begin(); it != list->list.end();)
-    expand_text(list->list, it, keep_references && Vlb::piece_kind(**it) == gPiece::reference);
+  expand(list->list, keep_references);
 }
 
 void gDocUnit::expand_links() {
@@ -61,46 +83,40 @@ void gDocUnit::expand_links() {
   expand(srclink_text_, false);
 }
 
-void gDocUnit::expand_text(gStrList & list, gStrList::iterator & it, bool skip) {
-  switch (skip ? gPiece::plain : Vlb::piece_kind(**it)) {
+void gDocUnit::expand_piece(Walk & walk) const {
+  gString const & piece = walk.piece();
+  switch (Vlb::piece_kind(piece)) {
   case gPiece::citation:
-    expand_citation(list, it);
-    return;
+    return expand_citation(walk);
   case gPiece::variable:
   case gPiece::curclass:
-    list.set(it, Vlb::escape_atc(variable(**it)));
-    break;
+    return walk.replace(Vlb::escape_atc(variable(piece)));
   case gPiece::macro:
-    list.set(it, Vlb::macro_text(**it));
-    break;
+    return walk.replace(Vlb::macro_text(piece));
   case gPiece::index:
-    list.set(it, Vlb::index_mark("xetplbkmk"));
-    break;
+    return walk.replace(Vlb::index_mark("xetplbkmk"));
   case gPiece::reference:
-    expand_reference(list, it);
-    return;
+    return expand_reference(walk);
   case gPiece::guess:
-    expand_guess(list, it);
-    return;
+    return expand_guess(walk);
   case gPiece::alias:
-    expand_alias(list, it);
-    return;
+    return expand_alias(walk);
   case gPiece::attribute:
-    expand_attribute(list, it);
-    return;
+    return expand_attribute(walk);
   default:
-    break;
+    return walk.keep();
   }
-  ++it;
 }
 
 // "@cref", the window type, the target: the text behind it is left to the next calls.
-void gDocUnit::expand_reference(gStrList & list, gStrList::iterator & it) {
-  auto const window = ++it;
-  if (it == list.end() || ++it == list.end())
+void gDocUnit::expand_reference(Walk & walk) const {
+  walk.keep();
+  if (walk.done())
     return;
-  auto const place = it++;
-  gString name = **place;
+  walk.keep();
+  if (walk.done())
+    return;
+  gString name = walk.piece();
   gPiece const kind = Vlb::piece_kind(name);
   if (kind == gPiece::variable || kind == gPiece::curclass) {
     gString const value = variable(name);
@@ -111,13 +127,11 @@ void gDocUnit::expand_reference(gStrList & list, gStrList::iterator & it) {
     name.unescape('\\');
   }
   gString target;
-  if (gDocManager.resolve_reference(outline_, name, target)) {
-    list.set(place, "<" + target + ">");
-    return;
-  }
+  if (gDocManager.resolve_reference(outline_, name, target))
+    return walk.replace("<" + target + ">");
   Msg::log(Msg::target_not_found, quoted(name), loc_);
-  list.set(window, "<void>");
-  list.set(place, "<>");
+  walk.settled.back() = make_ref<gString>("<void>");
+  walk.replace("<>");
 }
 
 // The label of the unit that a name means here: looked up from the inside out. A part of a name
@@ -142,61 +156,55 @@ gString gDocUnit::label_in_scope(std::string_view name) const {
 }
 
 // "@_vlguess", the name, "{@tt{" text "} } ".
-void gDocUnit::expand_guess(gStrList & list, gStrList::iterator & it) {
-  auto const command = it++;
-  if (it == list.end())
-    return;
-  auto const place = it++;
-  gString const label = label_in_scope(**place);
+void gDocUnit::expand_guess(Walk & walk) const {
+  if (walk.at + 1 == walk.list.size())
+    return walk.keep();
+  ++walk.at;
+  gString const label = label_in_scope(walk.piece());
   if (!label.empty()) {
-    list.set(command, "@cref<main>");
-    list.set(place, "<" + label + ">");
-    return;
+    walk.settled.push_back(gString("@cref<main>"));
+    return walk.replace("<" + label + ">");
   }
-  list.erase(command);
-  list.erase(place);
+  ++walk.at;
+  if (walk.done())
+    return;
   constexpr std::string_view name = "{@code{"; // stays program text
-  if (it != list.end() && it->get()->starts_with(name)) {
-    list.set(it, gString((*it)->substr(1, (*it)->size() - 3)));
-    ++it;
-    return;
-  }
   constexpr std::string_view open = "{@tt{", close = "} } ";
-  if (it == list.end() || !it->get()->starts_with(open) || !it->get()->ends_with(close))
-    return;
-  gString const text = (*it)->substr(open.size(), (*it)->size() - open.size() - close.size());
-  list.set(it, text);
-  ++it;
+  gString const & shown = walk.piece();
+  if (shown.starts_with(name))
+    walk.replace(gString(shown.substr(1, shown.size() - 3)));
+  else if (shown.starts_with(open) && shown.ends_with(close))
+    walk.replace(gString(shown.substr(open.size(), shown.size() - open.size() - close.size())));
 }
 
-void gDocUnit::expand_alias(gStrList & list, gStrList::iterator & it) {
-  auto const command = it++;
-  if (it == list.end())
-    return;
-  gString const upper = Vlb::to_upper(**it);
+void gDocUnit::expand_alias(Walk & walk) const {
+  if (walk.at + 1 == walk.list.size())
+    return walk.keep();
+  gString const & name = *walk.list[walk.at + 1];
+  gString const upper = Vlb::to_upper(name);
   if (gBookmarks.contains(upper)) {
-    list.set(it++, "<" + upper + ">");
-    return;
+    walk.keep();
+    return walk.replace("<" + upper + ">");
   }
-  Msg::log(Msg::target_not_found, quoted(**it), loc_);
-  list.set(command, "");
-  it = list.erase(it);
+  Msg::log(Msg::target_not_found, quoted(name), loc_);
+  walk.replace(gString());
+  ++walk.at;
 }
 
-void gDocUnit::expand_attribute(gStrList & list, gStrList::iterator & it) {
-  auto const command = it++;
-  if (it == list.end())
-    return;
-  list.set(command, Vlb::attribute_text(**it, get_attr(**it)));
-  it = list.erase(it);
+void gDocUnit::expand_attribute(Walk & walk) const {
+  if (walk.at + 1 == walk.list.size())
+    return walk.keep();
+  gString const & name = *walk.list[walk.at + 1];
+  walk.replace(Vlb::attribute_text(name, get_attr(name)));
+  ++walk.at;
 }
 
-void gDocUnit::expand_citation(gStrList & list, gStrList::iterator & it) {
-  list.set(it++, "@endp\n@b_verbatim\n");
-  if (it == list.end())
+void gDocUnit::expand_citation(Walk & walk) const {
+  walk.replace("@endp\n@b_verbatim\n");
+  if (walk.done())
     return;
-  list.set(it, citation_text(**it));
-  list.insert(++it, gString("\n@e_verbatim\n@endp\n"));
+  walk.replace(citation_text(walk.piece()));
+  walk.settled.push_back(gString("\n@e_verbatim\n@endp\n"));
 }
 
 gString gDocUnit::citation_text(gString const & name) const {

@@ -14,6 +14,11 @@ gStrList const & no_pieces() {
   return none;
 }
 
+gString const & no_text() {
+  static gString const none;
+  return none;
+}
+
 gStrList const & list_of(cRef<gTextList> const & list) {
   return list ? list->list : no_pieces();
 }
@@ -53,12 +58,12 @@ gString gDocUnit::name() const {
   return names_->make_string(*name_sep_);
 }
 
-gString gDocUnit::first_name() const {
-  return names_->empty() ? gString() : *names_->back();
+gString const & gDocUnit::first_name() const {
+  return names_->empty() ? no_text() : *names_->back();
 }
 
-gString gDocUnit::second_name() const {
-  return names_->size() < 2 ? gString() : **std::prev(names_->end(), 2);
+gString const & gDocUnit::second_name() const {
+  return names_->size() < 2 ? no_text() : **std::prev(names_->end(), 2);
 }
 
 void gDocUnit::set_name_sep(gString const & sep) {
@@ -72,7 +77,7 @@ gString gDocUnit::sort_key() const {
 gString gDocUnit::label() const {
   std::string stem;
   for (auto it = names_->begin(); it != names_->end() && stem.size() < label_length; ++it)
-    stem += **it;
+    stem.append(**it, 0, label_length);
   return make_label(stem, std::to_string(label_number_));
 }
 
@@ -80,8 +85,8 @@ void gDocUnit::add_subentry(gString const & name, gStrList text) {
   subentries_[name].append(std::move(text));
 }
 
-void gDocUnit::set_subentry(gString const & name, gStrList const & text) {
-  subentries_[name] = text;
+void gDocUnit::set_subentry(gString const & name, gStrList text) {
+  subentries_[name] = std::move(text);
 }
 
 gString const & gDocUnit::get_attr(std::string_view name) const {
@@ -100,8 +105,7 @@ void gDocUnit::bind(cRef<gCodeElem> const & ce, int rank) {
 }
 
 gString const & gDocUnit::style() const {
-  static gString const none;
-  return style_ ? *style_ : none;
+  return style_ ? *style_ : no_text();
 }
 
 void gDocUnit::set_style(gString const & style) {
@@ -153,8 +157,7 @@ void gSyntUnit::set_hierarchy(int up, int down) {
 }
 
 gString const & gSyntUnit::unit_template() const {
-  static gString const none;
-  return look() ? look()->unit_template : none;
+  return look() ? look()->unit_template : no_text();
 }
 
 gString gSyntUnit::style_name() const {

@@ -78,7 +78,7 @@ gStrList gTextParseBase::named_format(gParamList & params) {
 }
 
 gStrList gTextParseBase::code_text(gStrList pieces) {
-  pieces.push_front(gString("@code{"));
+  pieces.push_front(make_ref<gString>("@code{"));
   pieces.push_back(gString("} "));
   return pieces;
 }

@@ -244,7 +244,8 @@ enum class gSyntax : std::uint8_t { cpp, pascal };
 // space one blank, none at the ends. Of branches of the preprocessor the first is kept.
 std::string one_line(std::string_view text, gRange range, gSyntax syntax = gSyntax::cpp);
 // The same; the parts, ranges of the text, become ranges of the line. Those that lie outside of the
-// range become empty.
+// range become empty. No more than `most_parts`.
+constexpr std::size_t most_parts = 8;
 std::string one_line(std::string_view text, gRange range, gSyntax syntax,
                      std::initializer_list<gRange *> parts);
 // The name as it is shown: that which a macro brings, or the spelled one; of operators with one

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
+#include <span>
 
 namespace Decl {
 
@@ -47,13 +47,16 @@ public:
     std::uint32_t * place;
     bool ends;
   };
-  void follow(std::vector<Mark> marks) {
-    marks_ = std::move(marks);
-    std::stable_sort(marks_.begin(), marks_.end(),
-                     [](Mark const & a, Mark const & b) { return *a.place < *b.place; });
+  // The marks stay the caller's, who has few of them.
+  void follow(std::span<Mark> marks) {
+    marks_ = marks;
+    for (std::size_t i = 1; i < marks.size(); ++i)
+      for (std::size_t at = i; at > 0 && *marks[at].place < *marks[at - 1].place; --at)
+        std::swap(marks[at], marks[at - 1]);
   }
 
   std::string made() {
+    line_.reserve(text_.size());
     while (at_ < text_.size()) {
       if (!blanks_or_comment())
         code();
@@ -72,19 +75,20 @@ private:
   bool gap_ = false;
   bool remark_ = false; // in the gap
   std::string line_;
-  std::vector<Mark> marks_;
+  std::span<Mark> marks_; // that aren't settled yet, by place
 
   // The marks of one sort up to a place of the text stand at the end of the line.
   void settle(bool ends, std::size_t up_to) {
-    if (marks_.empty() || *marks_.front().place > up_to)
-      return;
-    auto const end = std::find_if(marks_.begin(), marks_.end(),
-                                  [&](Mark const & mark) { return *mark.place > up_to; });
-    auto const rest = std::stable_partition(marks_.begin(), end,
-                                            [&](Mark const & mark) { return mark.ends == ends; });
-    for (auto mark = marks_.begin(); mark != rest; ++mark)
-      *mark->place = static_cast<std::uint32_t>(line_.size());
-    marks_.erase(marks_.begin(), rest);
+    std::size_t settled = 0;
+    for (std::size_t i = 0; i < marks_.size() && *marks_[i].place <= up_to; ++i)
+      if (marks_[i].ends == ends) {
+        *marks_[i].place = static_cast<std::uint32_t>(line_.size());
+        std::rotate(marks_.begin() + static_cast<std::ptrdiff_t>(settled),
+                    marks_.begin() + static_cast<std::ptrdiff_t>(i),
+                    marks_.begin() + static_cast<std::ptrdiff_t>(i + 1));
+        ++settled;
+      }
+    marks_ = marks_.subspan(settled);
   }
 
   bool starts(std::string_view with) const { return text_.substr(at_).starts_with(with); }
@@ -243,6 +247,26 @@ private:
   }
 };
 
+// True if a text without literals is on one line already: most declarations are.
+bool is_line(std::string_view text, gSyntax syntax) {
+  auto const & special = special_of(syntax);
+  bool blank = true; // what stands in front is a blank or nothing
+  for (char const c : text) {
+    if (c == ' ' ? blank : special[static_cast<unsigned char>(c)] || c == '"' || c == '\'')
+      return false;
+    blank = c == ' ';
+  }
+  return !blank;
+}
+
+// Where such a text has a mark that needn't move.
+bool at_token(std::string_view line, Line::Mark const & mark) {
+  std::size_t const at = *mark.place;
+  bool const within = at > 0 && at < line.size() && is_word(line[at - 1]) && is_word(line[at]);
+  return !within &&
+         (mark.ends ? at > 0 && line[at - 1] != ' ' : at < line.size() && line[at] != ' ');
+}
+
 } // namespace
 
 std::string one_line(std::string_view text, gRange range, gSyntax syntax) {
@@ -251,22 +275,29 @@ std::string one_line(std::string_view text, gRange range, gSyntax syntax) {
   if (std::none_of(part.begin(), part.end(),
                    [&](char c) { return special[static_cast<unsigned char>(c)]; }))
     return std::string(part); // most names
+  if (is_line(part, syntax))
+    return std::string(part);
   return Line(range.of(text), syntax).made();
 }
 
 std::string one_line(std::string_view text, gRange range, gSyntax syntax,
                      std::initializer_list<gRange *> parts) {
-  Line line(range.of(text), syntax);
-  std::vector<Line::Mark> marks;
+  std::array<Line::Mark, 2 * most_parts> marks;
+  std::size_t count = 0;
   for (gRange * part : parts) {
     bool const inside = !part->empty() && part->begin >= range.begin && part->end <= range.end;
     *part = inside ? gRange{part->begin - range.begin, part->end - range.begin} : gRange();
-    if (inside) {
-      marks.push_back({&part->begin, false});
-      marks.push_back({&part->end, true});
+    if (inside && count < marks.size()) {
+      marks[count++] = {&part->begin, false};
+      marks[count++] = {&part->end, true};
     }
   }
-  line.follow(std::move(marks));
+  if (std::string_view const whole = range.of(text);
+      is_line(whole, syntax) && std::all_of(marks.begin(), marks.begin() + count,
+                                            [&](auto & mark) { return at_token(whole, mark); }))
+    return std::string(whole);
+  Line line(range.of(text), syntax);
+  line.follow({marks.data(), count});
   return line.made();
 }
 

@@ -28,7 +28,8 @@ public:
         found_(found),
         file_(file),
         pascal_(file.language() == gLanguage::pascal),
-        syntax_(pascal_ ? gSyntax::pascal : gSyntax::cpp) {}
+        syntax_(pascal_ ? gSyntax::pascal : gSyntax::cpp),
+        signatures_(text, found, pascal_) {}
 
   gReadElements run();
 
@@ -57,6 +58,7 @@ private:
   gSrcFile const & file_;
   bool pascal_;
   gSyntax syntax_;
+  gSignatures signatures_;
   std::vector<cRef<gString const>> conditions_;
   struct Scope {
     int depth = 0;
@@ -287,8 +289,8 @@ void Elements::enter(std::size_t index) {
   parts->condition = condition_of(one.condition);
   parts->seclusion = scopes_[index].seclusion;
   take_values(index, *parts);
-  if (std::string const what = signature(text_, found_, one, pascal_); !what.empty())
-    parts->signature = make_ref<gString const>(what);
+  if (std::string what = signatures_.of(one); !what.empty())
+    parts->signature = make_ref<gString const>(std::move(what));
   auto element =
       make_ref<gCodeElem>(gStrList(), file_, static_cast<int>(one.line), type, gString(),
                           gString(visibility_of(is_guest(one.kind) ? gAccess::none : one.access)),

@@ -24,7 +24,7 @@ std::size_t read_params(gTypeWords const & words, std::size_t at, Head & head) {
   int depth = 0;
   gTypeWords param;
   for (; at < words.size(); ++at) {
-    std::string const & word = words[at];
+    std::string_view const word = words[at];
     bool const end = depth == 0 && word == ">";
     if (end || (depth == 0 && word == ",")) {
       if (!param.empty())
@@ -56,9 +56,9 @@ std::vector<Head> heads_of(std::string_view template_head) {
 }
 
 // Cuts the default off; takes the name out and gives it back.
-std::string take_name(gTypeWords & param) {
+std::string_view take_name(gTypeWords & param) {
   int depth = 0;
-  auto const equals = std::find_if(param.begin(), param.end(), [&](std::string const & word) {
+  auto const equals = std::find_if(param.begin(), param.end(), [&](std::string_view word) {
     depth += (word == "<" || word == "(") - (word == ">" || word == ")");
     return depth == 0 && word == "=";
   });
@@ -68,21 +68,66 @@ std::string take_name(gTypeWords & param) {
                      param.back() != "typename";
   if (!named)
     return {};
-  std::string name = std::move(param.back());
+  std::string_view const name = param.back();
   param.pop_back();
   return name;
 }
 
+// The numbers of template parameters, by name.
+using Numbers = std::unordered_map<std::string_view, std::string>;
+
+// A head longer than this would cost its length again for each scope.
+constexpr std::uint32_t longest_head = 4096;
+constexpr std::size_t most_heads = 16;
+
+} // namespace
+
+struct gSignatures::Scope {
+  std::int32_t index;
+  Numbers numbers; // of all scopes around, too
+};
+
+namespace {
+
+// A name that an outer head has, too, keeps that one's number.
+void number_params(std::vector<Head> & heads, Numbers const & outer, Numbers & numbers) {
+  for (Head & head : heads)
+    for (gTypeWords & param : head.params)
+      if (std::string_view const name = take_name(param); !name.empty() && !outer.contains(name))
+        numbers.emplace(name, "$" + std::to_string(outer.size() + numbers.size()));
+}
+
+std::vector<Head> short_heads_of(std::string_view text, gRange range) {
+  return range.end - range.begin > longest_head ? std::vector<Head>() : heads_of(range.of(text));
+}
+
+Numbers numbers_around(std::string_view text, gFileDeclarations const & file, std::int32_t scope) {
+  std::vector<gRange> ranges;
+  while (scope >= 0 && ranges.size() + 1 < most_heads) {
+    gDeclaration const & outer = file.items[static_cast<std::size_t>(scope)];
+    ranges.push_back(outer.template_head);
+    scope = outer.scope;
+  }
+  Numbers numbers;
+  for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+    std::vector<Head> heads = short_heads_of(text, *range);
+    number_params(heads, {}, numbers);
+  }
+  return numbers;
+}
+
 class Signature {
 public:
-  Signature(std::string_view text, gFileDeclarations const & file, gDeclaration const & one)
+  Signature(std::string_view text, gFileDeclarations const & file, gDeclaration const & one,
+            Numbers const & outer)
       : text_(text),
         file_(file),
-        one_(one) {}
+        one_(one),
+        outer_(outer) {}
 
   std::string parameters(bool pascal);
   std::string qualifiers() const;
-  std::string of_template();
+  std::string of_template() const;
   void read_heads();
 
 private:
@@ -93,19 +138,21 @@ private:
   std::string_view text_;
   gFileDeclarations const & file_;
   gDeclaration const & one_;
+  Numbers const & outer_; // of the scopes around
+  Numbers numbers_;       // of its own heads
   std::vector<Head> own_; // of the function itself
-  std::unordered_map<std::string, std::string> numbers_;
 };
 
 gTypeWords Signature::numbered(gTypeWords words) const {
-  for (std::string & word : words)
-    if (auto const number = numbers_.find(word); number != numbers_.end())
-      word = number->second;
+  for (Numbers const * numbers : {&outer_, &numbers_}) {
+    if (numbers->empty())
+      continue;
+    for (std::string_view & word : words)
+      if (auto const number = numbers->find(word); number != numbers->end())
+        word = number->second;
+  }
   return words;
 }
-
-// A head longer than this would cost its length again for each member.
-constexpr std::uint32_t longest_head = 4096;
 
 // Parts of the qualifier with arguments have a head each: "template <class T> void A<T>::f()".
 std::size_t Signature::heads_of_classes() const {
@@ -119,24 +166,8 @@ std::size_t Signature::heads_of_classes() const {
 }
 
 void Signature::read_heads() {
-  constexpr std::size_t most_heads = 16;
-  std::vector<gRange> ranges = {one_.template_head};
-  for (std::int32_t at = one_.scope; at >= 0 && ranges.size() < most_heads;) {
-    gDeclaration const & outer = file_.items[static_cast<std::size_t>(at)];
-    ranges.push_back(outer.template_head);
-    at = outer.scope;
-  }
-  for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
-    if (range->end - range->begin > longest_head)
-      continue;
-    std::vector<Head> heads = heads_of(range->of(text_));
-    for (Head & head : heads)
-      for (gTypeWords & param : head.params)
-        if (std::string name = take_name(param); !name.empty())
-          numbers_.emplace(std::move(name), "$" + std::to_string(numbers_.size()));
-    if (range + 1 == ranges.rend())
-      own_ = std::move(heads);
-  }
+  own_ = short_heads_of(text_, one_.template_head);
+  number_params(own_, outer_, numbers_);
   own_.erase(own_.begin(),
              own_.begin() + static_cast<std::ptrdiff_t>(std::min(own_.size(), heads_of_classes())));
 }
@@ -148,8 +179,9 @@ std::string type_text(std::string_view text, gParam const & param) {
   if (param.name.empty() || param.name.begin < param.whole.begin || param.name.end > end)
     type = gRange{param.whole.begin, end}.of(text);
   else
-    type = std::string(gRange{param.whole.begin, param.name.begin}.of(text)) + " " +
-           std::string(gRange{param.name.end, end}.of(text));
+    type.append(gRange{param.whole.begin, param.name.begin}.of(text))
+        .append(" ")
+        .append(gRange{param.name.end, end}.of(text));
   std::size_t const last = type.find_last_not_of(" \t\n=:");
   type.resize(last == std::string::npos ? 0 : last + 1);
   return type;
@@ -159,18 +191,20 @@ std::string Signature::parameters(bool pascal) {
   std::string result = "(";
   for (std::uint32_t i = 0; i < one_.params; ++i) {
     gParam const & param = file_.parameters[one_.first_param + i];
+    std::string const whole = pascal ? std::string() : type_text(text_, param);
     std::string const type = pascal ? Vlb::to_lower(joined_words(type_words(param.type.of(text_))))
-                                    : parameter_type(numbered(type_text(text_, param)));
+                                    : parameter_type(numbered(whole));
     if (type == "void" && one_.params == 1)
       break;
-    result += (i > 0 ? "," : "") + type;
+    result += i > 0 ? "," : "";
+    result += type;
   }
   return result + ')';
 }
 
 std::string Signature::qualifiers() const {
   std::string result;
-  for (std::string const & word : type_words(one_.trailing.of(text_))) {
+  for (std::string_view const word : type_words(one_.trailing.of(text_))) {
     if (word != "const" && word != "volatile" && word != "&")
       break;
     result += word;
@@ -179,12 +213,14 @@ std::string Signature::qualifiers() const {
 }
 
 // Without defaults, which only the first declaration has.
-std::string Signature::of_template() {
-  std::string result;
+std::string Signature::of_template() const {
+  if (own_.empty())
+    return {};
+  std::string result = "\n";
   for (Head const & head : own_) {
     result += '<';
     for (gTypeWords const & param : head.params) {
-      bool const type = param[0] == "class" || param[0] == "typename";
+      bool const type = !param.empty() && (param[0] == "class" || param[0] == "typename");
       result += (type ? "class" + joined_words({param.begin() + 1, param.end()})
                       : plain_type(numbered(param))) +
                 ',';
@@ -199,16 +235,22 @@ std::string Signature::of_template() {
 
 } // namespace
 
-std::string signature(std::string_view text, gFileDeclarations const & file,
-                      gDeclaration const & one, bool pascal) {
+gSignatures::gSignatures(std::string_view text, gFileDeclarations const & file, bool pascal)
+    : text_(text),
+      file_(file),
+      pascal_(pascal),
+      scope_(new Scope{-1, {}}) {}
+
+gSignatures::~gSignatures() = default;
+
+std::string gSignatures::of(gDeclaration const & one) {
   if (one.parameter_list.empty() && one.params == 0)
     return {};
-  Signature all(text, file, one);
-  if (pascal)
+  if (!pascal_ && scope_->index != one.scope)
+    *scope_ = {one.scope, numbers_around(text_, file_, one.scope)};
+  Signature all(text_, file_, one, scope_->numbers);
+  if (pascal_)
     return all.parameters(true);
   all.read_heads();
-  std::string result = all.parameters(false) + all.qualifiers();
-  if (std::string const more = all.of_template(); more[0] == '<')
-    result += '\n' + more;
-  return result;
+  return all.parameters(false) + all.qualifiers() + all.of_template();
 }

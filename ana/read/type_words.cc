@@ -3,12 +3,13 @@
 #include "ana/read/type_words.h"
 
 #include <algorithm>
+#include <list>
 
 #include "vlb/gstring.h"
 
 namespace {
 
-bool is_one_of(std::string const & word, std::initializer_list<std::string_view> list) {
+bool is_one_of(std::string_view word, std::initializer_list<std::string_view> list) {
   return std::find(list.begin(), list.end(), word) != list.end();
 }
 
@@ -16,7 +17,7 @@ bool is_one_of(std::string const & word, std::initializer_list<std::string_view>
 constexpr int deepest_arguments = 20;
 
 // Says nothing about which type it is.
-bool is_noise(std::string const & word) {
+bool is_noise(std::string_view word) {
   return is_one_of(word, {"struct", "class", "enum", "union", "typename", "register", "volatile",
                           "restrict", "__restrict", "__restrict__", "inline", "extern"});
 }
@@ -52,7 +53,8 @@ std::string arguments(gTypeWords const & words, std::size_t begin, std::size_t e
   for (std::size_t i = begin + 1; i < end; ++i) {
     bool const last = i + 1 == end;
     if (last || (nested == 0 && words[i] == ",")) {
-      text += type(part(words, from, i), false, depth + 1) + words[i];
+      text += type(part(words, from, i), false, depth + 1);
+      text += words[i];
       from = i + 1;
     }
     nested += is_one_of(words[i], {"<", "(", "["}) - is_one_of(words[i], {">", ")", "]"});
@@ -62,11 +64,11 @@ std::string arguments(gTypeWords const & words, std::size_t begin, std::size_t e
 
 // "int" says nothing beside "unsigned" and "long".
 void drop_int(gTypeWords & core) {
-  auto const sized = [](std::string const & word) {
+  auto const sized = [](std::string_view word) {
     return is_one_of(word, {"unsigned", "long", "short"});
   };
   if (std::any_of(core.begin(), core.end(), sized))
-    std::erase_if(core, [](std::string const & word) { return word == "int" || word == "signed"; });
+    std::erase_if(core, [](std::string_view word) { return word == "int" || word == "signed"; });
 }
 
 // Pointers in brackets of their own, "(*)[3]" and "(*)(int)", lose them: nothing else can be meant
@@ -92,13 +94,15 @@ void decay(gTypeWords & signs) {
 std::string type(gTypeWords words, bool copied, int depth) {
   std::erase_if(words, is_noise);
   gTypeWords core;
+  core.reserve(words.size() + 1);
+  std::list<std::string> made; // arguments, which the core borrows
   bool constant = false;
   std::size_t at = 0;
   for (; at < words.size(); ++at) {
-    std::string const & word = words[at];
+    std::string_view const word = words[at];
     std::size_t const behind = word == "<" ? behind_arguments(words, at) : at;
     if (behind != at) {
-      core.push_back(arguments(words, at, behind, depth));
+      core.push_back(made.emplace_back(arguments(words, at, behind, depth)));
       at = behind - 1;
     } else if (word == "const") {
       constant = true;
@@ -125,6 +129,7 @@ std::string type(gTypeWords words, bool copied, int depth) {
 
 gTypeWords type_words(std::string_view text) {
   gTypeWords words;
+  words.reserve(text.size() / 3 + 1);
   for (std::size_t at = 0; at < text.size();) {
     char const c = text[at];
     if (c == '/' && text.substr(at).starts_with("/*")) {
@@ -136,11 +141,11 @@ gTypeWords type_words(std::string_view text) {
       std::size_t end = at;
       while (end < text.size() && Vlb::is_word(text[end]))
         ++end;
-      words.emplace_back(text.substr(at, end - at));
+      words.push_back(text.substr(at, end - at));
       at = end;
     } else {
       if (static_cast<unsigned char>(c) > ' ' && c != '\\')
-        words.emplace_back(1, c);
+        words.push_back(text.substr(at, 1));
       ++at;
     }
   }
@@ -149,7 +154,7 @@ gTypeWords type_words(std::string_view text) {
 
 std::string joined_words(gTypeWords const & words) {
   std::string text;
-  for (std::string const & word : words) {
+  for (std::string_view const word : words) {
     if (!text.empty() && !word.empty() && Vlb::is_word(text.back()) && Vlb::is_word(word[0]))
       text += ' ';
     text += word;

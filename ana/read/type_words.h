@@ -7,7 +7,8 @@
 
 #include "ana/decl/declaration.h"
 
-using gTypeWords = std::vector<std::string>;
+// They borrow from the text that was read.
+using gTypeWords = std::vector<std::string_view>;
 
 // Words and single signs; comments go.
 gTypeWords type_words(std::string_view text);

@@ -69,13 +69,16 @@ TEST(gStrList, a_copy_keeps_its_text_when_the_original_is_normalised_or_set) {
   EXPECT_EQ(copy.make_string(""), " a  b ");
 }
 
-TEST(gStrList, appends_and_inserts_parts_of_itself) {
+TEST(gStrList, appends_itself_and_what_another_list_gives_away) {
   gStrList list("b");
-  list.insert(list.begin(), "a");
+  list.push_front(make_ref<gString>("a"));
   list.append(list);
   EXPECT_EQ(list.make_string(","), "a,b,a,b");
-  list.insert(std::next(list.begin()), std::prev(list.end()), list.end());
-  EXPECT_EQ(list.make_string(","), "a,b,b,a,b");
+  gStrList given("c");
+  gStrList const shared = given;
+  list.append(std::move(given));
+  EXPECT_EQ(list.make_string(","), "a,b,a,b,c");
+  EXPECT_EQ(list.back(), shared.front());
   EXPECT_EQ(std::distance(list.begin(), list.find("b")), 1);
 }
 

@@ -470,7 +470,7 @@ conv_word: global_opt nested_opt name { $$ = full_name($1, $2, $3); } ;
 
 ptr_ops:
     %empty
-  | ptr_ops ptr_op { $$ = std::move($1); $$.push_front($2); check_length($$.size()); }
+  | ptr_ops ptr_op { $$ = std::move($1); $$.push_front(make_ref<gString>($2)); check_length($$.size()); }
   ;
 
 // Functions

@@ -27,7 +27,7 @@ gString cpp_parse_base::asm_definition(gString const & text) {
 
 gStrList cpp_parse_base::named_key(gString const & key, gStrList & scope, gString & name) {
   gStrList list = std::move(scope);
-  list.push_front(key);
+  list.push_front(make_ref<gString>(key));
   list.push_back(std::move(name));
   return list;
 }

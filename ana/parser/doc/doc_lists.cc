@@ -20,7 +20,7 @@ gStrList doc_parse_base::item(List & list, gStrList text) {
     head += ">\n";
   }
   head += list.item;
-  text.std::list<cRef<gString>>::push_front(piece(head));
+  text.push_front(piece(head));
   list.is_new = lookahead() != list.token;
   if (list.is_new)
     text.push_back(piece(list.end));

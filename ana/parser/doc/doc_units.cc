@@ -160,7 +160,7 @@ gStrList doc_parse_base::running_element(gStrList element) {
     return element;
   }
   text_pending_ = false;
-  element.std::list<Doc::Text>::push_front(piece("@text\n"));
+  element.push_front(piece("@text\n"));
   return element;
 }
 
