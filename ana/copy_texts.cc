@@ -210,7 +210,7 @@ void TextCopies::add_entries(gDocUnit & unit, gDocUnit const & source) {
     if (!take_room(unit, text))
       return;
     if (!entry.text.empty() && entry.text.front()->starts_with(exact))
-      text.push_front(gString(exact));
+      text.push_front(make_ref<gString>(exact));
     unit.set_subentry(*entry.name, text);
   }
 }

@@ -77,7 +77,8 @@ void put_range(std::ostream & stream, Decl::gRange const & range) {
 // The ranges hold for the code's own text alone, and not for what an author wrote in its place.
 bool shows_own_text(gDocUnit const & unit, gString const & text) {
   gSubText const * const shown = unit.subentries().find("@declaration");
-  return shown && shown->size() == 1 && *shown->front() == Vlb::escape_atc(text);
+  bool const may_be = shown && shown->size() == 1 && shown->front()->size() >= text.size();
+  return may_be && *shown->front() == Vlb::escape_atc(text);
 }
 
 void put_number_or_nothing(std::ostream & stream, int number) {
@@ -152,9 +153,11 @@ void put_groups(std::ostream & stream, gDocUnit const & unit) {
   if (groups)
     for (gString const & topic : groups->topics)
       put_topic(stream, topic);
-  std::istringstream named(unit.get_attr("TOPICS"));
-  for (gString topic; named >> topic && topic != "undefined";)
-    put_topic(stream, topic);
+  if (gString const & topics = unit.get_attr("TOPICS"); topics != "undefined") {
+    std::istringstream named(topics);
+    for (gString topic; named >> topic && topic != "undefined";)
+      put_topic(stream, topic);
+  }
   if (!groups || groups->heading.empty())
     return;
   Vlb::put(stream, "@_heading<");

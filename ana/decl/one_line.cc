@@ -305,7 +305,9 @@ std::string shown_name(std::string_view text, gFileDeclarations const & file,
                        gDeclaration const & one, gSyntax syntax) {
   if (one.spelled >= 0)
     return file.spelled[static_cast<std::size_t>(one.spelled)];
-  std::string const line = one_line(text, one.name, syntax);
+  std::string line = one_line(text, one.name, syntax);
+  if (line.find(' ') == line.npos)
+    return line;
   std::string name;
   for (std::size_t at = 0; at < line.size(); ++at) {
     bool const between_words = at > 0 && at + 1 < line.size() && is_word(line[at - 1]) &&
