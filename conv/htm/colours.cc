@@ -4,6 +4,7 @@
 #include "conv/htm/colours.h"
 
 #include <algorithm>
+#include <array>
 
 #include "conv/htm/html_text.h"
 #include "vlb/gstring.h"
@@ -81,6 +82,21 @@ std::size_t quoted_length(std::string_view text, bool escapes) {
     else if (text[i] == text[0])
       return i + 1;
   return text.size();
+}
+
+// Signs that begin nothing but themselves, in any language.
+constexpr auto is_sign = [] {
+  std::array<bool, 256> signs{};
+  for (char const c : std::string_view(" \t,;:)=<>&*+-!?|~^%[]"))
+    signs[static_cast<unsigned char>(c)] = true;
+  return signs;
+}();
+
+std::size_t signs_length(std::string_view text) {
+  std::size_t length = 0;
+  while (length < text.size() && is_sign[static_cast<unsigned char>(text[length])])
+    ++length;
+  return length;
 }
 
 bool starts_number(std::string_view text) {
@@ -185,7 +201,9 @@ void gColours::split(gLanguage language, std::string_view line, gState & state,
     if (language == gLanguage::cpp ? take_cpp(scan, state) : take_pascal(scan, state))
       continue;
     std::string_view const rest = scan.rest();
-    if (is_word_start(rest[0])) {
+    if (std::size_t const signs = signs_length(rest); signs > 0) {
+      scan.take(signs, gColour::none);
+    } else if (is_word_start(rest[0])) {
       std::size_t const length = word_length(rest);
       scan.take(length,
                 is_keyword(language, rest.substr(0, length)) ? gColour::keyword : gColour::word);

@@ -8,7 +8,7 @@ void Html::escape(std::string_view text, std::string & out) {
   std::size_t begin = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
     char const c = text[i];
-    if (c != '&' && c != '<' && c != '>' && c != '"')
+    if (c > '>' || (c != '&' && c != '<' && c != '>' && c != '"'))
       continue;
     out += text.substr(begin, i - begin);
     out += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&quot;";

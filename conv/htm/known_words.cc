@@ -48,7 +48,10 @@ gKnownWords::gKnownWords(gSite const & site) {
   }
 }
 
+// Most words don't even look like one that is known.
 int gKnownWords::unit_of(std::string_view word) const {
+  if (!looks_like_type(word))
+    return -1;
   auto const found = units_.find(word);
   return found == units_.end() ? -1 : found->second;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 #include "conv/htm/former_addresses.h"
 #include "conv/htm/index_page.h"
@@ -109,16 +110,15 @@ bool write_site(gConversion & conversion) {
   search.write(conversion);
   Pages::write_sources(conversion, site, colours, navigation, includes);
   write_lists(conversion, site);
-  gFormerAddresses former(site);
+  std::optional<gFormerAddresses> former;
   if (!input.addresses.empty()) {
-    former.read(input.addresses);
-    former.write_pages(writer, navigation);
+    former.emplace(site).read(input.addresses);
+    former->write_pages(writer, navigation);
   }
   if (!copy_helpers(conversion))
     return false;
   link_check.report(conversion);
-  return conversion.finish("index.htm") &&
-         (input.addresses.empty() || former.write(input.addresses));
+  return conversion.finish("index.htm") && (!former || former->write(input.addresses));
 }
 
 bool make_html(gConversion & conversion) {

@@ -34,6 +34,14 @@ std::string cut(std::string_view title) {
 
 } // namespace
 
+gNavigation::gNavigation(gSite const & site, gContents const & contents, gScopes const & scopes)
+    : site_(site),
+      contents_(contents),
+      scopes_(scopes) {
+  for (int page = 0; page < site.pages.size(); ++page)
+    titles_.push_back(Html::breakable(cut(title_of(page))));
+}
+
 // Below its scope a name needs no more than its last part.
 std::string_view gNavigation::title_of(int page) const {
   gUnitRecord const & head = site_.head(page);
@@ -141,7 +149,7 @@ void gNavigation::add_item(int page, gWay const & way, std::size_t level, std::s
   std::string below;
   if (on_way)
     below = is_scoped(way) ? scope_list(way, level + 1) : list(page, way, level + 1);
-  std::string const text = Html::breakable(cut(title_of(page)));
+  std::string const & text = titles_[static_cast<std::size_t>(page)];
   std::string const depth = std::to_string(level + 1);
   std::string const same = Site::count_of(static_cast<std::size_t>(site_.pages[page].same));
   gKind const & what = site_.kinds.of(site_.pages[page].first);

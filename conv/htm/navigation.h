@@ -12,10 +12,7 @@ struct gNeighbour {
 
 class gNavigation {
 public:
-  gNavigation(gSite const & site, gContents const & contents, gScopes const & scopes)
-      : site_(site),
-        contents_(contents),
-        scopes_(scopes) {}
+  gNavigation(gSite const & site, gContents const & contents, gScopes const & scopes);
 
   // The start page, the pages above a page, and that page itself.
   std::string crumbs(int page) const;
@@ -47,6 +44,7 @@ private:
   gSite const & site_;
   gContents const & contents_;
   gScopes const & scopes_;
+  std::vector<std::string> titles_; // of pages in the tree, finished: each stands on many pages
 };
 
 // The places on a page, in their order.

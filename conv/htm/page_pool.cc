@@ -26,7 +26,7 @@ void Pages::write_units(gConversion & conversion, gSite & site, gColours const &
     gMadePage made = pages.next();
     made.reports.hand_on(site.reports);
     for (gMadePage::Unit & one : made.units) {
-      search.add(one.unit, one.body);
+      search.add(one.unit, one.text);
       for (gSearchValue & value : one.values)
         search.add_value(std::move(value));
     }

@@ -33,6 +33,16 @@ void add_kind(std::string_view word, std::string_view css, std::string & out) {
   out += ']';
 }
 
+// The types of a declaration are found as such; as words they would hide what texts tell.
+void add_text(gNodeList const & nodes, std::string_view declaration, std::string & text) {
+  for (gNode const & node : nodes)
+    if (node.kind == gNodeKind::subentry)
+      add_text(node.children, declaration, text);
+    else if (node.kind != gNodeKind::link_line &&
+             (node.kind != gNodeKind::verbatim || node.text != declaration))
+      (text += plain_text(std::span(&node, 1))) += ' ';
+}
+
 gSearchEntry entry_of(gSite const & site, int unit) {
   gUnitRecord const & record = site.unit(unit);
   return {unit,
@@ -45,23 +55,19 @@ gSearchEntry entry_of(gSite const & site, int unit) {
 
 } // namespace
 
-void gSearchIndex::add(int unit, gNodeList const & body) {
+void gSearchIndex::add(int unit, std::string_view text) {
   gUnitRecord const & record = site_.unit(unit);
   if (record.title != record.name && record.title != name_of(record))
     texts_.note(record.title, 3);
   texts_.note(record.summary, 2);
-  note_text(body, record.declaration);
+  texts_.note(text, 1);
   texts_.finish_unit(unit);
 }
 
-// The types of a declaration are found as such; as words they would hide what texts tell.
-void gSearchIndex::note_text(gNodeList const & nodes, std::string_view declaration) {
-  for (gNode const & node : nodes)
-    if (node.kind == gNodeKind::subentry)
-      note_text(node.children, declaration);
-    else if (node.kind != gNodeKind::link_line &&
-             (node.kind != gNodeKind::verbatim || node.text != declaration))
-      texts_.note(plain_text(std::span(&node, 1)), 1);
+std::string gSearchIndex::text_of(gUnitRecord const & record, gNodeList const & body) {
+  std::string text;
+  add_text(body, record.declaration, text);
+  return text;
 }
 
 // Values stand behind their unit; units that aren't shown have no entry.

@@ -45,14 +45,15 @@ class gSearchIndex {
 public:
   explicit gSearchIndex(gSite const & site) : site_(site) {}
 
-  // A unit with its content. Units come in the order of the document.
-  void add(int unit, gNodeList const & body);
+  // The words that a unit says, to be found by them.
+  static std::string text_of(gUnitRecord const & record, gNodeList const & body);
+  // A unit with its text. Units come in the order of the document.
+  void add(int unit, std::string_view text);
   // Behind its unit.
   void add_value(gSearchValue value) { values_.push_back(std::move(value)); }
   void write(gConversion & conversion);
 
 private:
-  void note_text(gNodeList const & nodes, std::string_view declaration);
   // The number of the entry of each unit.
   std::vector<std::uint32_t> entries_of_units() const;
   void write_entries(class gSearchEntries & entries) const;

@@ -160,9 +160,9 @@ void gUnitPages::set_parts(int number, gUnitText const & text, gParts & parts) {
   setter_.set(text.subject, parts.subject);
   for (gNode const & node : text.body)
     if (node.kind != gNodeKind::link_line) {
-      setter_.set({node}, parts.body);
+      setter_.set(node, parts.body);
     } else {
-      setter_.set({node}, parts.links);
+      setter_.set(node, parts.links);
       gNode const * const source = find_source_link(node.children);
       if (source && parts.source.empty()) {
         parts.source = setter_.source_href(source->param(0), source->param(1));
@@ -227,13 +227,15 @@ gMemberRow gUnitPages::row_of(int unit, gRowPlace const & place) {
   if (short_rows_.contains(unit) || parts_.of(unit))
     return row_of_part(unit, place);
   gMemberRow row = setter_.row_of(unit, place);
+  row.is_all = row.is_all && is_told(unit);
   if (!row.is_all)
     return row;
-  auto const words = RowWords::of(site_.document.text_of(unit));
-  row.is_all = words && is_told(unit);
+  gUnitText const text = site_.document.text_of(unit);
+  auto const words = RowWords::of(text);
+  row.is_all = words.has_value();
   if (!row.is_all)
     return row;
-  told_.insert(unit);
+  told_.emplace(unit, gSearchIndex::text_of(site_.unit(unit), text.body));
   row.summary = setter_.words_of(unit, *words);
   return row;
 }
@@ -244,8 +246,8 @@ std::string gUnitPages::place_of(int unit) const {
 }
 
 // Each value of an enumeration is found by itself, where it stands in the table.
-void gUnitPages::enter_search(int unit, gNodeList said) {
-  gMadePage::Unit & found = made_.units.emplace_back(unit, std::move(said));
+void gUnitPages::enter_search(int unit, std::string text) {
+  gMadePage::Unit & found = made_.units.emplace_back(unit, std::move(text));
   gUnitRecord const & record = site_.unit(unit);
   for (gValueFact const & value : record.facts.values)
     found.values.push_back({unit, value.name, setter_.made_anchor(value.name), {}});
@@ -271,10 +273,10 @@ void gUnitPages::add_groups(gListed listed) {
 
 void gUnitPages::add_unit(int unit, std::string & out) {
   gUnitRecord const & record = site_.unit(unit);
+  if (auto const told = told_.find(unit); told != told_.end())
+    return enter_search(unit, std::move(told->second));
   gUnitText text = site_.document.text_of(unit);
-  gNodeList said = text.body;
-  if (told_.contains(unit))
-    return enter_search(unit, std::move(said));
+  std::string said = gSearchIndex::text_of(record, text.body);
   EnumTable::set_into(record, site_.rules, true, text.body);
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.

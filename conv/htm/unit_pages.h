@@ -15,9 +15,9 @@
 struct gMadePage {
   // What can be searched for in a unit.
   struct Unit {
-    Unit(int unit, gNodeList body) : unit(unit), body(std::move(body)) {}
+    Unit(int unit, std::string text) : unit(unit), text(std::move(text)) {}
     int unit;
-    gNodeList body;
+    std::string text; // what it says
     std::vector<gSearchValue> values;
   };
   gReportList reports;
@@ -47,7 +47,7 @@ private:
   void add_with_below(int unit, std::string & out);
   void add_unit(int unit, std::string & out);
   std::string place_of(int unit) const;
-  void enter_search(int unit, gNodeList said);
+  void enter_search(int unit, std::string text);
   void add_groups(gListed listed);
   void add_members(std::string & out);
   gMemberRow row_of(int unit, gRowPlace const & place);
@@ -68,7 +68,7 @@ private:
   gIncludes const & includes_;
   gUses const & uses_;
   gListed listed_;                   // below the unit that the page begins with
-  std::set<int> told_;               // units of which their rows say all
+  std::map<int, std::string> told_;  // units of which their rows say all, with what they say
   std::map<int, gMemberText> texts_; // of members that stand in lists
   gPageParts parts_;                 // empty if all texts stand on the page itself
   bool has_members_ = false;         // in lists on the page at work

@@ -1,8 +1,11 @@
 // Entries become lines of key and phrase, which are sorted; equal neighbours then share a line.
+// Lines are large, and there are several for each unit: what is sorted are their first letters as
+// numbers, which tell most of them apart.
 
 #include "conv/set/index_lines.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 #include <tuple>
 
@@ -51,7 +54,34 @@ auto order_of(gLine const & line) {
                          std::string_view(line.wording.phrase));
 }
 
-std::vector<gLine> sorted_lines(gDocument const & document, std::string_view place_holder) {
+struct gRank {
+  std::uint64_t first; // letters
+  std::uint32_t line;
+};
+
+// Ordered as the beginnings of what order_of() compares.
+std::uint64_t first_letters(gLine const & line) {
+  std::uint64_t letters = line.letter != "#" ? 1 : 0;
+  for (std::size_t i = 0; i < 7; ++i)
+    letters = letters << 8 | (i < line.sort.size() ? static_cast<unsigned char>(line.sort[i]) : 0);
+  return letters;
+}
+
+std::vector<gRank> ranks_of(std::vector<gLine> const & lines) {
+  std::vector<gRank> ranks;
+  ranks.reserve(lines.size());
+  for (gLine const & line : lines)
+    ranks.push_back({first_letters(line), static_cast<std::uint32_t>(ranks.size())});
+  std::ranges::sort(ranks, [&lines](gRank const & a, gRank const & b) {
+    if (a.first != b.first)
+      return a.first < b.first;
+    auto const one = order_of(lines[a.line]), other = order_of(lines[b.line]);
+    return one != other ? one < other : a.line < b.line;
+  });
+  return ranks;
+}
+
+std::vector<gLine> lines_of(gDocument const & document, std::string_view place_holder) {
   std::vector<gLine> lines;
   lines.reserve(document.index_entries.size());
   for (gIndexEntry const & entry : document.index_entries) {
@@ -67,7 +97,6 @@ std::vector<gLine> sorted_lines(gDocument const & document, std::string_view pla
       lines.push_back(std::move(line));
     }
   }
-  std::ranges::stable_sort(lines, {}, order_of);
   return lines;
 }
 
@@ -97,7 +126,9 @@ std::vector<Index::gWording> Index::wordings_of(std::string const (&fields)[5],
 
 std::vector<gIndexKey> Index::keys_of(gDocument const & document, std::string_view place_holder) {
   std::vector<gIndexKey> keys;
-  for (gLine & line : sorted_lines(document, place_holder)) {
+  std::vector<gLine> lines = lines_of(document, place_holder);
+  for (gRank const & rank : ranks_of(lines)) {
+    gLine & line = lines[rank.line];
     if (keys.empty() || keys.back().text != line.wording.key)
       keys.push_back({line.wording.key, line.letter, {}, {}});
     gIndexKey & key = keys.back();

@@ -35,6 +35,7 @@ public:
   void report_to(gReportSink & sink) { reports_ = &sink; }
   // Appends the nodes as target text.
   void set(gNodeList const & nodes, std::string & out);
+  void set(gNode const & node, std::string & out) { set_node(node, out); }
   std::string set(gNodeList const & nodes);
   // Appends plain text with the target's special characters escaped.
   virtual void escape(std::string_view text, std::string & out) const = 0;
