@@ -3,6 +3,7 @@
 #include "conv/htm/scopes.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "conv/atc/qualified_name.h"
 
@@ -65,6 +66,33 @@ gScopes::gScopes(gSite const & site) : site_(site) {
     enter_page(site.pages[page].first);
   for (auto & [scope, units] : pages_)
     std::stable_partition(units.begin(), units.end(), [&](int one) { return is_scope(one); });
+  find_friends();
+}
+
+// A friend belongs to a namespace by its name; the class is the innermost one whose lines are
+// around it.
+void gScopes::find_friends() {
+  std::vector<int> found; // classes and friends
+  for (int i = 0; i < static_cast<int>(site_.document.units.size()); ++i) {
+    gUnitRecord const & unit = site_.unit(i);
+    if (site_.pages.of(i) >= 0 && (is_class(unit) || unit.facts.kind == "friend"))
+      found.push_back(i);
+  }
+  std::ranges::stable_sort(found, {}, [&](int i) {
+    gUnitRecord const & unit = site_.unit(i);
+    return std::tuple(std::string_view(unit.path), unit.source_line, !is_class(unit));
+  });
+  std::vector<int> around;
+  for (int const i : found) {
+    gUnitRecord const & unit = site_.unit(i);
+    while (!around.empty() && (site_.unit(around.back()).path != unit.path ||
+                               site_.unit(around.back()).facts.end_line < unit.source_line))
+      around.pop_back();
+    if (is_class(unit))
+      around.push_back(i);
+    else if (!around.empty())
+      friends_[around.back()].push_back(i);
+  }
 }
 
 void gScopes::enter_page(int unit) {
@@ -101,6 +129,11 @@ std::span<int const> gScopes::of(int unit) const {
 std::span<int const> gScopes::members(int topic) const {
   auto const found = members_.find(topic);
   return found == members_.end() ? std::span<int const>() : std::span<int const>(found->second);
+}
+
+std::span<int const> gScopes::friends(int unit) const {
+  auto const found = friends_.find(unit);
+  return found == friends_.end() ? std::span<int const>() : std::span<int const>(found->second);
 }
 
 std::span<int const> gScopes::specialisations(int unit) const {

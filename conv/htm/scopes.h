@@ -29,8 +29,11 @@ public:
   // Of a template: the classes and functions that it has for some arguments. Overloads of one name
   // have them in common, and only the first tells them.
   std::span<int const> specialisations(int unit) const;
+  // Of a class: the functions that it declares as its friends, which stand beside it.
+  std::span<int const> friends(int unit) const;
 
 private:
+  void find_friends();
   bool is_scope(int unit) const;
   void enter_page(int unit);
 
@@ -42,4 +45,5 @@ private:
   std::unordered_map<std::string_view, int> heads_;   // scopes and classes that begin pages
   std::unordered_map<int, std::vector<int>> pages_;   // by the scopes
   std::unordered_map<int, std::vector<int>> members_; // by topics
+  std::unordered_map<int, std::vector<int>> friends_; // by classes
 };

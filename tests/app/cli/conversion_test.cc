@@ -181,6 +181,20 @@ TEST(conversion, quick_shows_properties_wherever_they_stand) {
   EXPECT_NE(box.read("doc/htm/b.pas.htm").find("It is known."), std::string::npos);
 }
 
+TEST(conversion, classes_list_the_friends_that_they_declare) {
+  Sandbox box;
+  box.write("tree/a.h",
+            "class A {\npublic:\n  class Inner {\n    friend void of_inner(Inner);\n  };\n"
+            "  /// Compares.\n  friend bool same(A, A);\n};\nfriend void nobody();\n");
+  EXPECT_EQ(box.run("quick tree -o doc").status, 0);
+  std::string const page = box.read("doc/htm/A.htm");
+  std::size_t const friends = page.find(">Friends<");
+  ASSERT_NE(friends, std::string::npos);
+  EXPECT_NE(page.find("same</", friends), std::string::npos);
+  EXPECT_EQ(page.find("of_inner", friends), std::string::npos);
+  EXPECT_EQ(page.find("nobody", friends), std::string::npos);
+}
+
 // Under its path, above what it declares, and alone where it declares nothing by itself.
 TEST(conversion, quick_shows_the_text_of_a_file_on_its_page) {
   Sandbox box;
