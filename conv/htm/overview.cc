@@ -98,7 +98,7 @@ gListed gOverview::within(std::span<int const> units, int page, int level,
   }
   out.text = lists(rows, page, level, !routines.empty());
   for (gMemberGroup const & group : Members::groups_of(site_, routines))
-    add_heading(group, level, false, member_items(group, {}, false, signatures), out);
+    add_heading(group, level, false, member_items(group, {}, false, page, signatures), out);
   if (all > rows.size()) {
     std::string const left = site_.number(all - rows.size());
     site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, left), out.text);
@@ -110,17 +110,18 @@ gListed gOverview::members(std::span<int const> units, int level,
                            gMemberRows const & signatures) const {
   std::vector<gMemberGroup> const groups = Members::groups_of(site_, units);
   std::string_view const scope = Members::common_scope(site_, units);
+  int const page = site_.pages.of(units.front());
   gListed out;
   for (gMemberGroup const & group : groups) {
     bool const mixed = groups.size() == 1 || group.name == "detail";
-    add_heading(group, level, true, member_items(group, scope, mixed, signatures), out);
+    add_heading(group, level, true, member_items(group, scope, mixed, page, signatures), out);
   }
   return out;
 }
 
 // Overloads have a row each; what has no signature is told from its namesakes by nothing.
 std::string gOverview::member_items(gMemberGroup const & group, std::string_view scope, bool mixed,
-                                    gMemberRows const & signatures) const {
+                                    int page, gMemberRows const & signatures) const {
   std::string out;
   auto const & units = group.units;
   for (std::size_t begin = 0, end = 0; begin < units.size(); begin = end) {
@@ -147,7 +148,7 @@ std::string gOverview::member_items(gMemberGroup const & group, std::string_view
       }
     }
     if (row.unit >= 0)
-      add_item(row, site_.pages.of(row.unit), mixed, {}, out, plain);
+      add_item(row, page, mixed, {}, out, plain);
   }
   return out;
 }

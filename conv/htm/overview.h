@@ -66,7 +66,7 @@ private:
   std::string folded(std::string_view selector, std::vector<gRow> const & rows, int page) const;
   std::string plain_lists(std::vector<gRow> const & rows, int page, int level, bool titled) const;
   gListed members(std::span<int const> units, int level, gMemberRows const & rows) const;
-  std::string member_items(gMemberGroup const & group, std::string_view scope, bool mixed,
+  std::string member_items(gMemberGroup const & group, std::string_view scope, bool mixed, int page,
                            gMemberRows const & rows) const;
   void add_member(int unit, gMemberRow const & row, bool kinds, bool again,
                   std::string & out) const;

@@ -199,7 +199,7 @@ gListed gUnitPages::overview_of(int unit, int level) {
     return overview_.within(within, site_.pages.of(unit), level, rows);
   gListed listed = overview_.of(unit, level, rows);
   listed.text +=
-      overview_.group("friend", scopes_.friends(unit), setter_.link_page(), level) +
+      overview_.group("friends_of", scopes_.friends(unit), setter_.link_page(), level) +
       relations_.inherited(unit, level) +
       overview_.group("specialisation", scopes_.specialisations(unit), setter_.link_page(), level);
   if (auto const members = scopes_.members(unit); !members.empty()) {

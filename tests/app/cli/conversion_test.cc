@@ -195,6 +195,18 @@ TEST(conversion, classes_list_the_friends_that_they_declare) {
   EXPECT_EQ(page.find("nobody", friends), std::string::npos);
 }
 
+// What is too long for a row is a link to where it stands, also from the page of its namespace.
+TEST(conversion, long_signatures_are_links_to_their_pages) {
+  Sandbox box;
+  std::string const types(400, 'T');
+  box.write("tree/a.h",
+            "/// All.\nnamespace n {\n/// Long.\nvoid far(" + types + " a);\nint g();\n}\n");
+  Answer const answer = box.run("quick tree -o doc");
+  EXPECT_EQ(answer.status, 0);
+  EXPECT_EQ(answer.err.find("532"), std::string::npos) << answer.err;
+  EXPECT_NE(box.read("doc/htm/n.htm").find("a.h.htm#"), std::string::npos);
+}
+
 // Under its path, above what it declares, and alone where it declares nothing by itself.
 TEST(conversion, quick_shows_the_text_of_a_file_on_its_page) {
   Sandbox box;
