@@ -299,6 +299,13 @@ std::string gOverview::counts_below(int unit) const {
   return counts_of(counts);
 }
 
+std::string gOverview::counts_within(int scope) const {
+  std::map<std::size_t, std::size_t> counts;
+  for (int const one : scopes_->of(scope))
+    ++counts[site_.kinds.index_of(one)];
+  return counts_of(counts);
+}
+
 std::string gOverview::counts_of(std::map<std::size_t, std::size_t> const & counts) const {
   std::vector<std::pair<std::size_t, std::size_t>> sorted(counts.begin(), counts.end());
   std::ranges::stable_sort(sorted, std::ranges::greater(),
@@ -361,6 +368,8 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   gKind const & what = site_.kinds.of(row.unit);
   if (line.empty() && below > 0 && !record.facts.known)
     line = counts_below(row.unit);
+  else if (line.empty() && scopes_)
+    line = counts_within(row.unit);
   gVltValues values;
   values.set(V::href, to).set(V::title, text).set(V::summary, line).set(V::name, full);
   values.set(V::scope, within).set(V::aliases, shown.places);

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "conv/htm/contents.h"
+#include "conv/htm/scopes.h"
 
 struct gMemberGroup;
 
@@ -38,7 +39,11 @@ class gOverview {
 public:
   using gMemberRows = std::function<gMemberRow(int unit, gRowPlace const & place)>;
 
-  gOverview(gSite const & site, gContents const & contents) : site_(site), contents_(contents) {}
+  // Without `scopes` rows don't tell what a namespace holds.
+  gOverview(gSite const & site, gContents const & contents, gScopes const * scopes = nullptr)
+      : site_(site),
+        contents_(contents),
+        scopes_(scopes) {}
 
   // For the page of the unit. `level` is that of its headings. Units on the same page are shown
   // with their signatures, in groups as readers look for them. Empty if there is too little below
@@ -61,6 +66,7 @@ public:
 
 private:
   std::string counts_below(int unit) const;
+  std::string counts_within(int scope) const;
   using gParts = std::map<std::string, std::vector<gRow>>; // by their titles
 
   std::string folded(std::string_view selector, std::vector<gRow> const & rows, int page) const;
@@ -79,4 +85,5 @@ private:
 
   gSite const & site_;
   gContents const & contents_;
+  gScopes const * scopes_;
 };

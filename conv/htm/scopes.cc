@@ -50,7 +50,8 @@ gScopes::gScopes(gSite const & site) : site_(site) {
         members_[owner].push_back(i);
     if (std::string_view const name = template_of(unit); !name.empty())
       specialisations_[name].push_back(i);
-    names_.try_emplace(unit.name, i);
+    if (!unit.name.empty()) // texts have none
+      names_.try_emplace(unit.name, i);
     if (site.pages.begins(i) && !unit.name.empty() && (is_name_space(unit) || is_class(unit)))
       heads_.try_emplace(unit.name, i);
   }

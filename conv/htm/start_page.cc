@@ -25,7 +25,7 @@ class gStartPage {
 public:
   gStartPage(gSite const & site, gContents const & contents)
       : site_(site),
-        overview_(site, contents),
+        overview_(site, contents, &scopes_),
         scopes_(site) {}
 
   // Units with something below them are chapters; the others between them are listed.

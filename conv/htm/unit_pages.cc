@@ -39,7 +39,7 @@ gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & 
       writer_(conversion, site),
       setter_(site, colours),
       navigation_(navigation),
-      overview_(site, contents),
+      overview_(site, contents, &scopes),
       relations_(site, setter_, overview_),
       scopes_(scopes),
       includes_(includes),

@@ -83,6 +83,7 @@ TEST(comments, topics_have_pages_with_their_members) {
   EXPECT_NE(measures.find("#radius"), circle.npos);
   EXPECT_EQ(measures.find("#draw"), circle.npos);
   EXPECT_EQ(circle.find("@{"), circle.npos);
+  EXPECT_NE(box.read("doc/htm/deep.htm").find(">inside<"), std::string::npos);
 }
 
 TEST(comments, private_stretches_are_not_published) {
