@@ -13,7 +13,6 @@
 namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
-constexpr std::size_t farthest = 4000; // a closing word is looked for
 
 // "name}{ ... ", as it stands behind "\f{".
 std::string environment(std::string_view text) {
@@ -319,109 +318,6 @@ bool gInlineCommands::command() {
   if (found.kind == gCommandKind::none && is_word && behind_blank() && text_[at_] != '@')
     ++unknown_[std::string(text_.substr(at_, end - at_))];
   return false;
-}
-
-// {@link Name text}, {@code text}
-bool gInlineCommands::braced_command() {
-  if (at(at_ + 1) != '@')
-    return false;
-  std::size_t name_end = at_ + 2;
-  while (is_letter(at(name_end)))
-    ++name_end;
-  std::size_t const from = at_;
-  std::string_view const whole = braced();
-  if (at_ == from || name_end >= at_)
-    return false;
-  std::string_view const name = text_.substr(from + 2, name_end - from - 2);
-  std::string_view const inner = trimmed(whole.substr(std::min(name.size() + 1, whole.size())));
-  if (name == "link" || name == "linkplain") {
-    std::size_t const space = std::min(inner.find_first_of(" \t\n"), inner.size());
-    std::string const target = reference_target(inner.substr(0, space));
-    std::string const shown(trimmed(inner.substr(space)));
-    if (is_web_address(inner.substr(0, space)))
-      put({gToken::link,
-           std::string(inner.substr(0, space)),
-           shown.empty() ? std::string(inner) : shown,
-           {}},
-          from);
-    else if (target.empty())
-      put({gToken::text, std::string(inner), {}, {}}, from);
-    else if (shown.empty())
-      put({gToken::reference, target, std::string(inner), {}}, from);
-    else
-      put({gToken::reference_text, target, shown, {}}, from);
-  } else if (name == "code" || name == "literal" || name == "value") {
-    put({gToken::code, tokens_.plain(inner), {}, {}}, from);
-  } else if (name == "inheritDoc") {
-    put({gToken::copy_all, {}, {}, {}}, from);
-  } else if (name == "docRoot" || name == "index") {
-    // says nothing by itself
-  } else {
-    put({gToken::text, std::string(inner), {}, {}}, from);
-  }
-  return true;
-}
-
-// A run of backticks up to one as long; as it stands.
-bool gInlineCommands::program_text() {
-  std::size_t const count = std::min(text_.find_first_not_of('`', at_), text_.size()) - at_;
-  std::string_view const mark = text_.substr(at_, count);
-  std::size_t end = at_ + count;
-  if (count > 2 || no_close_[3] > at_) {
-    out_ += mark;
-    at_ = end;
-    return true;
-  }
-  std::string_view const near = text_.substr(0, at_ + farthest);
-  while ((end = near.find(mark, end)) != npos && at(end + count) == '`')
-    end = std::min(near.find_first_not_of('`', end), near.size());
-  std::size_t const quote =
-      count == 1 ? near.substr(0, near.find_first_of(" \n", at_)).find('\'', at_) : npos;
-  std::size_t const from = at_;
-  if (quote != npos && quote < end && quote > at_ + 1) { // `name'
-    at_ = quote + 1;
-    put({gToken::code, std::string(text_.substr(from + 1, quote - from - 1)), {}, {}}, from);
-  } else if (end == npos || text_.substr(at_, end - at_).find("\n\n") != npos) {
-    no_close_[3] = end == npos ? at_ + farthest / 2 : 0;
-    out_ += mark;
-    at_ += count;
-  } else {
-    at_ = end + count;
-    out_ += text_.substr(from, at_ - from);
-  }
-  return true;
-}
-
-bool gInlineCommands::element() {
-  if (std::string_view const near = text_.substr(at_, farthest); near.starts_with("<![CDATA[")) {
-    std::size_t const end = near.find("]]>");
-    if (end == npos)
-      return false;
-    std::size_t const from = std::exchange(at_, at_ + end + 3);
-    put({gToken::text, Html::program_text(near.substr(0, end + 3)), {}, {}}, from);
-    return true;
-  }
-  if (text_.substr(at_, farthest).starts_with("<!--") == false && !is_letter(at(at_ + 1)) &&
-      at(at_ + 1) != '/')
-    return false;
-  gHtmlTag const tag = Html::tag_at(text_.substr(at_));
-  if (tag.length == 0 || (tag.name != "!--" && !Html::is_known(tag.name)) ||
-      (!tag.closing && behind_word() && tag.name.size() == 1) ||
-      (tag.name == "a" && !tag.closing && tag.attributes.empty()))
-    return false;
-  std::size_t const from = at_;
-  at_ += tag.length;
-  if (tag.name == "inheritdoc") {
-    std::string name = Html::attribute(tag.attributes, "cref");
-    if (name.size() > 2 && name[1] == ':') // "M:" of a method
-      name.erase(0, 2);
-    std::size_t length = 0;
-    if (!tag.closing)
-      put({gToken::copy_all, overload_target(name, length), {}, {}}, from);
-    return true;
-  }
-  put({gToken::element, std::string(text_.substr(from, tag.length)), {}, {}}, from);
-  return true;
 }
 
 // Between words it is a product, or a pointer.

@@ -23,6 +23,8 @@ public:
   std::vector<std::string> const & pages_below() const { return pages_below_; }
 
 private:
+  static constexpr std::size_t farthest = 4000; // a closing word is looked for
+
   char at(std::size_t i) const { return i < text_.size() ? text_[i] : '\0'; }
   bool behind_word() const;
   bool behind_blank() const;

@@ -47,6 +47,13 @@ Name constant(std::string_view text, std::size_t at) {
 
 } // namespace
 
+std::string_view Comments::name_described_in(std::string_view line) {
+  std::size_t const end = line.starts_with('@') ? word_end(line, 1) : 0;
+  std::string_view const behind = line.substr(end);
+  bool const described = end > 1 && behind.starts_with(':') && !behind.starts_with("::");
+  return described ? line.substr(1, end - 1) : std::string_view();
+}
+
 std::string Comments::from_name_marks(std::string_view line,
                                       std::function<bool(std::string_view)> const & is_command) {
   std::string out;

@@ -7,21 +7,8 @@
 #include "ana/comments/commands.h"
 #include "ana/comments/name_marks.h"
 #include "ana/comments/words.h"
-#include "vlb/gstring.h"
 
 namespace {
-
-// The name in "@name: text"; empty for other lines.
-std::string_view described(std::string_view line) {
-  if (!line.starts_with('@'))
-    return {};
-  std::size_t end = 1;
-  while (end < line.size() && Vlb::is_word(line[end]))
-    ++end;
-  std::string_view const behind = line.substr(end);
-  return behind.starts_with(':') && !behind.starts_with("::") ? line.substr(1, end - 1)
-                                                              : std::string_view();
-}
 
 bool is_command(std::string_view word) {
   return Commands::find(word).kind != gCommandKind::none;
@@ -39,7 +26,7 @@ take_field_texts(std::string & comment, std::set<std::string, std::less<>> const
     std::string_view const whole = std::string_view(comment).substr(at, end - at);
     std::string_view line = trimmed(whole);
     at = end + 1;
-    std::string_view const name = described(line);
+    std::string_view const name = Comments::name_described_in(line);
     if (!name.empty() && fields.contains(name)) {
       taken.emplace_back(name, "");
       line = trimmed(line.substr(name.size() + 2));

@@ -100,7 +100,7 @@ bool write_site(gConversion & conversion) {
   gSearchIndex search(site);
 
   Pages::write_units(conversion, site, colours, navigation, contents, scopes, includes, search);
-  Pages::write_start(writer, site, colours, input.start_text, navigation, contents);
+  Pages::write_start(writer, site, colours, input.start_text, navigation, contents, scopes);
   Pages::write_for_servers(conversion, writer, site);
   Pages::write_contents(writer, site, navigation, contents);
   Pages::write_similar(writer, site, navigation);

@@ -39,7 +39,7 @@ namespace Pages {
 // `text`: a file in Markdown that belongs to the sources; empty for none.
 void write_start(gPageWriter & writer, gSite & site, gColours const & colours,
                  gPathstring const & text, gNavigation const & navigation,
-                 gContents const & contents);
+                 gContents const & contents, gScopes const & scopes);
 // What only a server needs: a map of the site and a page for addresses that aren't there. Nothing
 // if the address of the site isn't known.
 void write_for_servers(gConversion & conversion, gPageWriter & writer, gSite const & site);

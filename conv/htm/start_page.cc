@@ -23,10 +23,10 @@ constexpr std::size_t samples = 12; // of a chapter
 
 class gStartPage {
 public:
-  gStartPage(gSite const & site, gContents const & contents)
+  gStartPage(gSite const & site, gContents const & contents, gScopes const & scopes)
       : site_(site),
-        overview_(site, contents, &scopes_),
-        scopes_(site) {}
+        overview_(site, contents, &scopes),
+        scopes_(scopes) {}
 
   // Units with something below them are chapters; the others between them are listed.
   std::string items() const {
@@ -104,7 +104,7 @@ private:
 
   gSite const & site_;
   gOverview overview_;
-  gScopes scopes_;
+  gScopes const & scopes_;
 };
 
 // The text that a comment gives for this page.
@@ -216,8 +216,8 @@ std::string share_of(gSite const & site) {
 
 void Pages::write_start(gPageWriter & writer, gSite & site, gColours const & colours,
                         gPathstring const & text, gNavigation const & navigation,
-                        gContents const & contents) {
-  std::string const items = gStartPage(site, contents).items();
+                        gContents const & contents, gScopes const & scopes) {
+  std::string const items = gStartPage(site, contents, scopes).items();
   std::string const tree = navigation.tree(-1);
   std::string const title = Html::escaped(site.title);
   std::string const units = site.number(site.document.units.size());
