@@ -6,7 +6,6 @@
 #include <cctype>
 #include <utility>
 
-#include "ana/comments/html_elements.h"
 #include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
