@@ -21,6 +21,7 @@
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
+#include "vlb/ordered.h"
 #include "vlb/outside.h"
 
 namespace fs = std::filesystem;
@@ -221,7 +222,7 @@ bool gConversion::start() {
   if (!gFileSystem::mk_dir(work_))
     return report_unwritable(work_, errno);
   gPathstring const & code = input_.code;
-  if (!gAtcReader().read(code, document_)) {
+  if (!gAtcReader(Vlb::thread_count(input_.jobs)).read(code, document_)) {
     if (!document_.files.empty())
       Msg::log(Msg::no_text_unit, code);
     return false;

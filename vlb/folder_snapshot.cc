@@ -73,11 +73,12 @@ gFolderSnapshot gFolderSnapshot::take(gPathstring const & folder,
 }
 
 bool gFolderSnapshot::holds(gPathstring const & folder) const {
-  return take(folder).tops == tops && bytes_hold(folder);
+  return take(folder).tops == tops && std::ranges::all_of(young, [&](auto const & one) {
+           return hash_of_bytes(gPathstring(folder).append(one.first)) == one.second;
+         });
 }
 
-bool gFolderSnapshot::bytes_hold(gPathstring const & folder) const {
-  return std::ranges::all_of(young, [&](auto const & one) {
-    return hash_of_bytes(gPathstring(folder).append(one.first)) == one.second;
-  });
+void gFolderSnapshot::add(gFolderSnapshot other) {
+  tops.merge(other.tops);
+  young.merge(other.young);
 }

@@ -17,6 +17,6 @@ struct gFolderSnapshot {
                               std::set<std::string> const & left_out = {});
   // True if all is as it was at take(folder).
   bool holds(gPathstring const & folder) const;
-  // True if the young files have the bytes that they had.
-  bool bytes_hold(gPathstring const & folder) const;
+  // What another one has found in other entries of the same folder.
+  void add(gFolderSnapshot other);
 };

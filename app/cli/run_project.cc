@@ -159,13 +159,13 @@ int run_all(gRunOptions const & options, std::vector<std::string> const & target
             gRunStamp const & stamp, ReportCopy & copy, gCommandContext & context,
             Msg::type & worst, std::set<std::string> & files) {
   std::string const facts_key = options.facts.empty() ? std::string() : key_of_reading();
-  gRunRecorder recorder(stamp, context.outside, copy.sink());
+  gRunRecorder recorder(stamp, context.outside, copy.sink(), !options.no_cache);
   Run run(options, facts_key, recorder);
   int status = run.analyze();
   if (status == exit_ok)
     status = run.convert(targets);
   worst = run.worst();
-  if (status == exit_ok && !options.no_cache)
+  if (status == exit_ok)
     recorder.keep(worst);
   files = recorder.files();
   // Without the reports the reason would be nowhere on the screen.

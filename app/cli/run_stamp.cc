@@ -1,6 +1,6 @@
 // Whoever changes a file while the run is at work is noticed in one of three ways: the witness has
-// seen two things, what is left of a part has changed by the end, or the state of a file isn't the
-// one that was read.
+// seen two things, the state of a file isn't the one that was read, or what a part has left isn't
+// as it was when the part was done: the next run looks.
 #include "app/cli/run_stamp.h"
 
 #include <algorithm>
@@ -88,10 +88,12 @@ void gRunStamp::keep(gKeptRun run) const {
   cache_.write(Vlb::content_hash(out_dir_).text(), bytes_of_run(run));
 }
 
-gRunRecorder::gRunRecorder(gRunStamp const & stamp, gCliOutside & outside, gReportSink * next)
+gRunRecorder::gRunRecorder(gRunStamp const & stamp, gCliOutside & outside, gReportSink * next,
+                           bool keeps)
     : stamp_(stamp),
       outside_(outside),
       next_(next),
+      keeps_(keeps),
       witness_(stamp.out_dir()) {
   Vlb::set_witness(&witness_);
   outside_.keep_lines(&run_.lines);
@@ -117,6 +119,8 @@ void gRunRecorder::take(gReport report) {
 }
 
 void gRunRecorder::settle(std::string const & target) try {
+  if (!keeps_)
+    return;
   std::set<std::string> left_out = {gFolderRecord::file_name};
   if (target.empty()) {
     left_out.merge(names_of_targets());
@@ -125,30 +129,22 @@ void gRunRecorder::settle(std::string const & target) try {
       if (entry.name != target && entry.name != target + ".log")
         left_out.insert(entry.name);
   }
-  gFolderSnapshot part = gFolderSnapshot::take(stamp_.out_dir(), left_out);
-  settled_.tops.merge(part.tops);
-  settled_.young.merge(part.young);
+  run_.left.add(gFolderSnapshot::take(stamp_.out_dir(), left_out));
 } catch (std::bad_alloc const &) {
   witness_.give_up();
-}
-
-bool gRunRecorder::untouched() const {
-  return settled_.bytes_hold(stamp_.out_dir()) &&
-         std::ranges::all_of(settled_.tops, [&](auto const & one) {
-           auto const now = run_.left.tops.find(one.first);
-           return now != run_.left.tops.end() && now->second == one.second;
-         });
 }
 
 void gRunRecorder::keep(Msg::type worst) try {
   bool const all_lines = outside_.keep_lines(nullptr);
   std::optional<gWitness::gSights> sights = witness_.sights();
-  if (!all_lines || !sights || reports_ > most_reports || output_folder() != stamp_.out_dir())
+  if (!keeps_ || !all_lines || !sights || reports_ > most_reports ||
+      output_folder() != stamp_.out_dir())
     return;
   run_.sights = std::move(*sights);
-  run_.left = gFolderSnapshot::take(stamp_.out_dir());
-  if (!untouched())
-    return;
+  std::set<std::string> settled;
+  for (auto const & [name, hash] : run_.left.tops)
+    settled.insert(name);
+  run_.left.add(gFolderSnapshot::take(stamp_.out_dir(), settled));
   run_.analysis = gRun::last_result();
   run_.last = gConversionRun::last_result();
   run_.worst = worst;

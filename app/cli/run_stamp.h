@@ -31,15 +31,16 @@ private:
 // Watches a run for its stamp, and hands its reports to one more taker as they come.
 class gRunRecorder : public gReportSink {
 public:
-  // `next`: null for none. Nothing of the three is owned.
-  gRunRecorder(gRunStamp const & stamp, gCliOutside & outside, gReportSink * next);
+  // `next`: null for none. Nothing of the three is owned. Without `keeps` it only hands on, and
+  // tells what was read.
+  gRunRecorder(gRunStamp const & stamp, gCliOutside & outside, gReportSink * next, bool keeps);
   ~gRunRecorder() override;
   gRunRecorder(gRunRecorder const &) = delete;
   gRunRecorder & operator=(gRunRecorder const &) = delete;
 
   void take(gReport report) override;
-  // A part of the run is done: the analysis, or the conversion to a target. What it has left is
-  // not to be touched from now on.
+  // A part of the run is done: the analysis, or the conversion to a target. Where what it has left
+  // is touched from now on, the run isn't found again.
   void settle(std::string const & target = {});
   // All is done, and went well. The folder of the run is still locked.
   void keep(Msg::type worst);
@@ -47,13 +48,11 @@ public:
   std::set<std::string> files() const { return witness_.files(); }
 
 private:
-  bool untouched() const; // what was settled
-
   gRunStamp const & stamp_;
   gCliOutside & outside_;
   gReportSink * next_;
+  bool const keeps_;
   gWitness witness_;
   gKeptRun run_;
   std::size_t reports_ = 0; // all, those for which there was no room, too
-  gFolderSnapshot settled_;
 };

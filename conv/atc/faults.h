@@ -4,13 +4,14 @@
 #include <string>
 #include <string_view>
 
-#include "vlb/gmessage.h"
+#include "vlb/greport.h"
 
 // Reports at lines of one file. What comes after the first faults of a unit is most often their
 // echo, so a unit has a limit.
 class gAtcFaults {
 public:
-  explicit gAtcFaults(std::string path) : path_(std::move(path)) {}
+  // `sink` isn't owned.
+  gAtcFaults(std::string path, gReportSink & sink) : path_(std::move(path)), sink_(sink) {}
 
   void report(gMessage const & message, std::string_view argument, int line);
   void begin_unit() { left_ = per_unit; }
@@ -18,5 +19,6 @@ public:
 private:
   static constexpr int per_unit = 20;
   std::string path_;
+  gReportSink & sink_;
   int left_ = per_unit;
 };

@@ -2,12 +2,13 @@
 // stands in. Each part is read on its own.
 #include "conv/atc/reader.h"
 
-#include <charconv>
+#include <algorithm>
 
 #include "conv/atc/encoding.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
+#include "vlb/ordered.h"
 
 namespace {
 
@@ -61,7 +62,6 @@ bool gAtcReader::read(gPathstring const & atc_file, gDocument & document) {
 
 bool gAtcReader::read(std::string text, gPathstring const & name, gOpen open, void * context,
                       gDocument & document) {
-  *this = gAtcReader();
   document_ = &document;
   open_ = open;
   context_ = context;
@@ -92,20 +92,52 @@ std::vector<gAtcReader::Part> gAtcReader::split(std::string_view text) {
 }
 
 void gAtcReader::read_file(std::string text, gPathstring const & path, bool included) {
-  File file{static_cast<int>(document_->files.size()), included, gAtcFaults(path), {}};
+  File file{static_cast<int>(document_->files.size()), path, included, {path, Msg::log}, {}};
   file.parts = split(text);
   make_utf8(text, file.parts, path);
   make_room(text, file.parts.size());
   auto stored = std::make_unique<gAtcText>();
   stored->path = path;
   stored->text = std::move(text);
-  std::size_t const size = stored->text.size();
   document_->files.push_back(std::move(stored));
-  for (std::size_t i = 0; i < file.parts.size(); ++i)
-    read_part(file, file.parts[i], i + 1 < file.parts.size() ? file.parts[i + 1].begin : size);
+  read_parts(file);
   if (!file.ended) {
     incomplete_ = true;
     Msg::log(Msg::atc_truncated, path, {path, file.parts.back().line});
+  }
+}
+
+// Units are read in batches, since one is too little work for a turn of a thread. All else is read
+// when it is its turn.
+void gAtcReader::read_parts(File & file) {
+  constexpr std::size_t batch = 64;
+  std::string_view const text = document_->files[file.index]->text;
+  auto const end_of = [&](std::size_t part) {
+    return part + 1 < file.parts.size() ? file.parts[part + 1].begin : text.size();
+  };
+  std::vector<std::size_t> units;
+  for (std::size_t i = 0; i < file.parts.size(); ++i)
+    if (file.parts[i].command == gAtcCommand::unit)
+      units.push_back(i);
+  Vlb::gOrdered<std::vector<gReadUnit>> batches(
+      threads_, (units.size() + batch - 1) / batch, [&](unsigned, std::size_t item) {
+        std::vector<gReadUnit> read;
+        for (std::size_t i = item * batch; i < std::min(units.size(), (item + 1) * batch); ++i) {
+          Part const & part = file.parts[units[i]];
+          read.push_back(Atc::read_unit(text, part.begin, end_of(units[i]), part.line, file.path));
+        }
+        return read;
+      });
+  std::vector<gReadUnit> read;
+  std::size_t done = 0;
+  for (std::size_t i = 0; i < file.parts.size(); ++i) {
+    if (file.parts[i].command != gAtcCommand::unit) {
+      read_part(file, file.parts[i], end_of(i));
+      continue;
+    }
+    if (done % batch == 0)
+      read = batches.next();
+    enter_unit(file, file.parts[i], std::move(read[done++ % batch]));
   }
 }
 
@@ -161,29 +193,11 @@ void gAtcReader::read_part(File & file, Part const & part, std::size_t end) {
   case gAtcCommand::incl_atx:
     include(file, scanner);
     break;
-  case gAtcCommand::unit:
-    read_unit(file, scanner);
-    break;
   default:
     file.ended = file.ended || ends;
     break;
   }
-  expect_nothing(scanner);
-}
-
-// Reports the first of what else stands in a part.
-void gAtcReader::expect_nothing(gAtcScanner & scanner) {
-  scanner.skip_white();
-  switch (scanner.next(false)) {
-  case gAtcScanner::command:
-    scanner.report(Msg::atc_misplaced, "@" + std::string(scanner.info().name), scanner.line());
-    break;
-  case gAtcScanner::text:
-    scanner.report(Msg::atc_text_outside, gString(scanner.text_value()).wsp_trim(), scanner.line());
-    break;
-  default:
-    break;
-  }
+  Atc::expect_nothing(scanner);
 }
 
 void gAtcReader::read_head(gAtcScanner & scanner) {
@@ -217,7 +231,7 @@ bool gAtcReader::read_head_command(gAtcScanner & scanner) {
     document_->wintypes[params[0]] = params[1];
     break;
   case gAtcCommand::unitcount:
-    announced_units_ = number(scanner, params[0], 0, 1 << 30);
+    announced_units_ = Atc::number(scanner, params[0], 0, 1 << 30);
     break;
   case gAtcCommand::atxfile:
     announce(params[0]);
@@ -238,18 +252,9 @@ bool gAtcReader::read_head_command(gAtcScanner & scanner) {
 
 void gAtcReader::take_skipped(gAtcScanner & scanner) {
   std::vector<std::string> const params = scanner.params();
-  int const first = number(scanner, params[1], 1, 1 << 30);
-  int const last = number(scanner, params[2], 1, 1 << 30);
+  int const first = Atc::number(scanner, params[1], 1, 1 << 30);
+  int const last = Atc::number(scanner, params[2], 1, 1 << 30);
   document_->skipped.push_back({params[0], first, std::max(first, last), params[3], params[4]});
-}
-
-int gAtcReader::number(gAtcScanner & scanner, std::string const & text, int least, int most) {
-  int value = 0;
-  auto const [last, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error == std::errc() && last == text.data() + text.size() && value >= least && value <= most)
-    return value;
-  scanner.report(Msg::atc_number, text, scanner.line());
-  return 1;
 }
 
 // The line has the output as the script wrote it, with an extension that the file hasn't.

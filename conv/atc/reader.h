@@ -7,12 +7,17 @@
 #include "conv/atc/document.h"
 #include "conv/atc/faults.h"
 #include "conv/atc/scanner.h"
+#include "conv/atc/unit_reader.h"
 
 // Total: whatever is damaged gives a report with file and line, and the rest is still read. Text
 // that is no valid UTF-8 is taken as Windows-1252, unit by unit; the log names each source once.
 class gAtcReader {
 public:
-  // False if the file can't be read at all, which is reported, or if there is no unit in it.
+  // `threads`: how many read units at the same time; reports and result are the same with any.
+  explicit gAtcReader(unsigned threads = 1) : threads_(threads) {}
+
+  // Once for each reader. False if the file can't be read at all, which is reported, or if there is
+  // no unit in it.
   bool read(gPathstring const & atc_file, gDocument & document);
   // The same from memory; the files that @incl_atx names are asked for by `open`, which answers
   // false if there is no such file.
@@ -30,6 +35,7 @@ private:
   // One file while it is read.
   struct File {
     int index; // in the document
+    gPathstring path;
     bool included;
     gAtcFaults faults;
     std::vector<Part> parts;
@@ -38,6 +44,7 @@ private:
   };
 
   static std::vector<Part> split(std::string_view text);
+  void read_parts(File & file);
   void read_file(std::string text, gPathstring const & path, bool included);
   void make_utf8(std::string & text, std::vector<Part> & parts, gPathstring const & path);
   void make_room(std::string_view text, std::size_t units);
@@ -50,19 +57,12 @@ private:
   void announce(gPathstring path);
   gPathstring announced_path(gString const & name);
   void include(File & file, gAtcScanner & scanner);
-  void read_unit(File & file, gAtcScanner & scanner);
-  gUnitRecord unit_record(gAtcScanner & scanner);
-  void read_unit_head(gAtcScanner & scanner, gUnitRecord & unit);
-  void read_facts(gAtcScanner & scanner, gUnitRecord & unit);
-  bool take_further_fact(gAtcScanner & scanner, gKnownFacts & facts);
-  void automatic_entry(gAtcScanner & scanner, gUnitRecord & unit);
-  void read_content(gAtcScanner & scanner, gUnitRecord & unit);
-  void enter_marks(gUnitText const & text, gUnitRecord const & unit);
+  void enter_unit(File & file, Part const & part, gReadUnit read);
+  void enter_marks(gReadUnit & read);
   void place(gUnitRecord & unit);
   void begin_section(File & file, std::string style);
-  void expect_nothing(gAtcScanner & scanner);
-  int number(gAtcScanner & scanner, std::string const & text, int least, int most);
 
+  unsigned const threads_;
   gDocument * document_ = nullptr;
   gOpen open_ = nullptr;
   void * context_ = nullptr;

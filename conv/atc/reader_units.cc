@@ -1,16 +1,8 @@
-// Sections and units of the set.
+// Sections of the set, and the places of units in it.
 #include "conv/atc/node_parser.h"
 #include "conv/atc/reader.h"
-#include "conv/atc/unit_facts.h"
+#include "vlb/gmsghandler.h"
 #include "vlb/messages.h"
-
-namespace {
-
-bool is_command(gAtcScanner & scanner, gAtcCommand command) {
-  return scanner.next(false) == gAtcScanner::command && scanner.info().command == command;
-}
-
-} // namespace
 
 void gAtcReader::begin_section(File & file, std::string style) {
   int const first = static_cast<int>(document_->units.size());
@@ -62,129 +54,32 @@ void gAtcReader::read_running_head(gSectionRecord & section, gAtcScanner & scann
   place = gNodeParser(scanner).braced_text();
 }
 
-void gAtcReader::read_unit(File & file, gAtcScanner & scanner) {
-  if (!file.in_section) {
-    scanner.report(Msg::atc_misplaced, "@unit", scanner.line());
+void gAtcReader::enter_unit(File & file, Part const & part, gReadUnit read) {
+  if (file.ended || !file.in_section) {
+    file.faults.begin_unit();
+    file.faults.report(Msg::atc_misplaced, "@unit", part.line);
+  }
+  if (!file.in_section)
     begin_section(file, {});
-  }
-  gUnitRecord unit = unit_record(scanner);
-  unit.file = file.index;
-  read_unit_head(scanner, unit);
-  unit.begin = scanner.position();
-  unit.content_line = scanner.position_line();
-  read_content(scanner, unit);
-  place(unit);
+  read.reports.hand_on(Msg::log);
+  incomplete_ = incomplete_ || !read.whole;
+  read.unit.file = file.index;
+  enter_marks(read);
+  place(read.unit);
 }
 
-gUnitRecord gAtcReader::unit_record(gAtcScanner & scanner) {
-  constexpr int deepest = 255;
-  constexpr int last_line = 1 << 30;
-  gUnitRecord unit;
-  std::vector<std::string> params = std::move(scanner.params());
-  unit.line = scanner.line();
-  unit.level = number(scanner, params[0], 1, deepest);
-  unit.wintype = std::move(params[1]);
-  unit.style = std::move(params[2]);
-  unit.path = std::move(params[4]);
-  unit.source_line = number(scanner, params[5], 0, last_line);
-  unit.label = std::move(params[6]);
-  return unit;
-}
-
-// Lines that begin with "@_" are for readers that know them.
-void gAtcReader::read_facts(gAtcScanner & scanner, gUnitRecord & unit) {
-  while (scanner.skip_unknown_line())
-    ;
-  if (!is_command(scanner, gAtcCommand::facts)) {
-    scanner.back();
-    return;
-  }
-  if (!Atc::read_facts(scanner.params(), unit.facts))
-    scanner.report(Msg::atc_parameters, "@_facts", scanner.line());
-  unit.name = std::move(scanner.params()[1]);
-  do
-    while (scanner.skip_unknown_line())
-      ;
-  while (take_further_fact(scanner, unit.facts));
-}
-
-// Lines behind that of the facts, in any order.
-bool gAtcReader::take_further_fact(gAtcScanner & scanner, gKnownFacts & facts) {
-  bool const is_known = scanner.next(false) == gAtcScanner::command;
-  gAtcCommand const command = is_known ? scanner.info().command : gAtcCommand::unit;
-  std::vector<std::string> & params = scanner.params();
-  if (command == gAtcCommand::signature) {
-    facts.signature = std::move(params[0]);
-    return true;
-  }
-  if (command == gAtcCommand::heading) {
-    facts.heading = std::move(params[0]);
-    return true;
-  }
-  if (command == gAtcCommand::topic) {
-    facts.topics.push_back(std::move(params[0]));
-    return true;
-  }
-  if (command == gAtcCommand::value) {
-    facts.values.push_back({std::move(params[0]), std::move(params[1]), std::move(params[2])});
-    return true;
-  }
-  scanner.back();
-  return false;
-}
-
-// What the reader of the source knew, the unit's own bookmark and its one or two automatic index
-// entries.
-void gAtcReader::read_unit_head(gAtcScanner & scanner, gUnitRecord & unit) {
-  read_facts(scanner, unit);
-  if (!is_command(scanner, gAtcCommand::bkmk) || scanner.params()[0] != unit.label) {
-    scanner.back();
-    return;
-  }
-  scanner.skip('\n');
-  while (is_command(scanner, gAtcCommand::xe) && scanner.params()[0] == unit.label) {
-    automatic_entry(scanner, unit);
-    scanner.skip('\n');
-  }
-  scanner.back();
-}
-
-void gAtcReader::automatic_entry(gAtcScanner & scanner, gUnitRecord & unit) {
-  gIndexEntry entry;
-  entry.unit = static_cast<int>(document_->units.size());
-  for (std::size_t i = 0; i < 5; ++i)
-    entry.fields[i] = scanner.params()[i + 1];
-  if (unit.name.empty() && !unit.facts.known)
-    unit.name = entry.fields[1];
-  document_->index_entries.push_back(std::move(entry));
-}
-
-void gAtcReader::read_content(gAtcScanner & scanner, gUnitRecord & unit) {
-  gNodeParser parser(scanner);
-  gUnitText const text = parser.unit_text();
-  unit.end = parser.end_position();
-  if (!parser.ended() && !text.body.empty() && text.body.back().kind != gNodeKind::link_line) {
-    incomplete_ = true;
-    scanner.report(Msg::atc_unclosed, "@unit", unit.line);
-  }
-  Atc::take_facts(text, unit);
-  enter_marks(text, unit);
-}
-
-void gAtcReader::enter_marks(gUnitText const & text, gUnitRecord const & unit) {
+void gAtcReader::enter_marks(gReadUnit & read) {
   int const number = static_cast<int>(document_->units.size());
-  Atc::gMarks marks;
-  Atc::take_marks(text, marks);
-  for (std::string & name : marks.bookmarks)
-    if (name != unit.label)
+  for (std::string & name : read.marks.bookmarks)
+    if (name != read.unit.label)
       document_->bookmarks_.push_back({number, std::move(name)});
-  for (std::string & name : marks.help_ids)
+  for (std::string & name : read.marks.help_ids)
     document_->help_ids.push_back(std::move(name));
-  for (std::string & name : marks.help_aliases)
+  for (std::string & name : read.marks.help_aliases)
     document_->help_aliases.emplace_back(std::move(name), gTarget{number, {}});
-  for (gIndexEntry & entry : marks.entries) {
+  for (gIndexEntry & entry : read.marks.entries) {
     entry.unit = number;
-    if (entry.label == unit.label)
+    if (entry.label == read.unit.label)
       entry.label.clear();
     document_->index_entries.push_back(std::move(entry));
   }

@@ -318,6 +318,37 @@ TEST(Facts, RangesHoldInWhatIsRead) {
     EXPECT_NE(report.find("Windows-1252"), std::string::npos) << report;
 }
 
+// Many damaged units, some of them behind the end of a section's file: the same records, the same
+// reports in the same order.
+TEST(reader, threads_make_no_difference) {
+  std::string text = "@verinfo<VL_10>\n@b_section<>\n@e_secthead\n";
+  for (int i = 0; i < 700; ++i) {
+    std::string const number = std::to_string(i);
+    text += "@unit<" + std::to_string(1 + i % 3) + "><main><s><pos><a.h><7><L" + number +
+            ">\n@bkmk<L" + number + ">\n@xe<L" + number + "><><n" + number + "><><><>\n@hdline{h" +
+            number + (i % 7 == 0 ? "" : "}") + "\n@subentry<1> @subtitle{T} @bkmk<B" + number +
+            "> a\n\n" + (i % 11 == 0 ? "@nothing<x>" : "b") + "\n@end\n" +
+            (i % 13 == 0 ? "left over\n" : "") + (i == 400 ? "@e_atc\n" : "");
+  }
+  std::vector<std::string> seen;
+  for (unsigned const threads : {1U, 4U}) {
+    TestOutside outside;
+    gDocument document;
+    gAtcReader(threads).read(text, "m.atc", nullptr, nullptr, document);
+    std::string all;
+    for (gUnitRecord const & unit : document.units)
+      all += record(unit);
+    for (gIndexEntry const & entry : document.index_entries)
+      all += std::to_string(entry.unit) + entry.fields[1] + "\n";
+    for (std::string const & report : outside.reports)
+      all += report + "\n";
+    all += std::to_string(document.find_label("b699").unit);
+    seen.push_back(all);
+  }
+  EXPECT_GT(std::ranges::count(seen[0], '\n'), 1400);
+  EXPECT_EQ(seen[0], seen[1]);
+}
+
 // What says two things is reported, and ranges outside of the text are none.
 TEST(Facts, DamageIsReported) {
   TestOutside outside;
