@@ -91,15 +91,27 @@ gChain gCppReader::class_name(std::uint32_t first, std::uint32_t last,
   return name;
 }
 
+// "DECLARE_INTERFACE_(A, B) {": the name, and in front of its base a ",".
+gChain gCppReader::name_in_call(gExtent const & extent, std::uint32_t & bases) const {
+  std::uint32_t const first = extent.key + 2;
+  gChain const name = read_chain(source_, first, extent.open);
+  if (!name.empty() && source_.type(name.last) == ',')
+    bases = name.last;
+  return name;
+}
+
 void gCppReader::class_contents(gExtent const & extent, gHead const & head) {
   static constexpr gKind kinds[] = {gKind::class_, gKind::struct_, gKind::union_, gKind::enum_};
   bool const enumeration = source_.is_word(extent.key, gWord::enum_);
   bool const strong = enumeration && is_class_key(source_.word(extent.key + 1));
+  gWord const word =
+      is_class_key(source_.word(extent.key)) ? source_.word(extent.key) : gWord::struct_;
   gKind const kind =
-      strong ? gKind::enum_class
-             : kinds[static_cast<int>(source_.word(extent.key)) - static_cast<int>(gWord::class_)];
+      strong ? gKind::enum_class : kinds[static_cast<int>(word) - static_cast<int>(gWord::class_)];
   std::uint32_t bases = extent.open;
   gChain name = class_name(extent.key + (strong ? 2 : 1), extent.open, bases);
+  if (name.empty() && extent.key + 1 < extent.open && source_.type(extent.key + 1) == '(')
+    name = name_in_call(extent, bases);
   gDeclaration item = make(kind, extent, head);
   bool const plain_tail = extent.tail < extent.last && source_.type(extent.tail) != ';';
   bool nameless = name.empty();
@@ -118,7 +130,9 @@ void gCppReader::class_contents(gExtent const & extent, gHead const & head) {
   for (std::uint32_t at = extent.key; at < bases; ++at)
     if (source_.is_word(at, gWord::final_) && source_[at].begin != item.name.begin)
       item.marks |= mark_final;
-  if (bases < extent.open)
+  if (bases < extent.open && source_.type(bases) == ',')
+    item.bases = source_.range(bases + 1, bases + 2);
+  else if (bases < extent.open)
     item.bases = source_.range(bases + 1, extent.open);
   item.body = source_.range(extent.open, std::max(extent.tail, extent.open + 1));
   std::int32_t const index = add(item);

@@ -56,9 +56,16 @@ bool gDeclaratorReader::wraps_name(std::uint32_t close) const {
   // Directly behind a name they are parameters, unless a list follows: "T (*name)(int)".
   if (sign)
     return list || (types_ > 0 && (name_.empty() || name_.last != at_));
-  // "int (name)(int)", "MACRO(name)(int)".
-  return list && close == at + 1 && source_.is_name(at) && !is_lone_name(close + 1) &&
-         (types_ > 0 || !name_.empty() || macros_);
+  // "int (name)(int)", "MACRO(name)(int)", "MACRO(type, name)(int)".
+  return list && first_in_group(close) + 1 == close && source_.is_name(close - 1) &&
+         !is_lone_name(close + 1) && (types_ > 0 || !name_.empty() || macros_);
+}
+
+// Where the declarator in parentheses begins: behind the type in a macro's "(type, name)".
+std::uint32_t gDeclaratorReader::first_in_group(std::uint32_t close) const {
+  bool const typed = !name_.empty() && name_.last == at_ && source_.is_capital(name_.name_first) &&
+                     close > at_ + 2 && type(close - 2) == ',';
+  return typed ? close - 1 : at_ + 1;
 }
 
 // "(name)" with a list behind it.
@@ -87,11 +94,11 @@ bool gDeclaratorReader::has_pointer_sign(std::uint32_t at, std::uint32_t close, 
 }
 
 void gDeclaratorReader::wrapped(std::uint32_t close) {
-  bool const sign = has_pointer_sign(at_ + 1, close, true);
+  bool const sign = has_pointer_sign(first_in_group(close), close, true);
   gDeclaratorPlace inner_place;
   inner_place.type_known = true;
   inner_place.depth = place_.depth + 1;
-  gDeclarator const inner = read_declarator(source_, at_ + 1, close, inner_place);
+  gDeclarator const inner = read_declarator(source_, first_in_group(close), close, inner_place);
   result_.name = inner.name;
   result_.pointer = sign && !inner.function;
   result_.function = inner.function || (!sign && type(close + 1) == '(');

@@ -45,6 +45,7 @@ private:
   std::uint32_t next_comma(std::uint32_t at) const;
   void variable(std::uint32_t end_at);
   bool is_reserved(gChain const & name) const;
+  bool is_reserved_macro(gChain const & name) const;
   bool is_macro_behind_name() const;
   void end(std::uint32_t at);
 
@@ -52,6 +53,7 @@ private:
   void group();
   void open_group();
   bool wraps_name(std::uint32_t close) const;
+  std::uint32_t first_in_group(std::uint32_t close) const;
   bool is_lone_name(std::uint32_t at) const;
   bool has_pointer_sign(std::uint32_t at, std::uint32_t close, bool list) const;
   void wrapped(std::uint32_t close);

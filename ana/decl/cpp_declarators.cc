@@ -123,7 +123,7 @@ void gDeclaratorReader::chain() {
     return;
   }
   if (!name_.empty()) {
-    if (!source_.is_attribute_macro(name_.name_first))
+    if (!source_.is_attribute_macro(name_.name_first) && !is_reserved_macro(name_))
       ++types_;
     before_ = name_;
   }
@@ -176,12 +176,20 @@ bool gDeclaratorReader::is_reserved(gChain const & name) const {
   return source_.spelling(name.name_first).starts_with("__");
 }
 
+// "__IO uint32_t MODE": such a word in front of a type is a macro for "volatile" or the like.
+bool gDeclaratorReader::is_reserved_macro(gChain const & name) const {
+  return is_reserved(name) && source_.is_capital(name.name_first) &&
+         name.name_last - name.first == 1;
+}
+
 bool gDeclaratorReader::is_macro_behind_name() const {
   if (before_.empty() || name_.empty() || before_.last != name_.first || types_ < 2 ||
       name_.name_last - name_.first != 1)
     return false;
   if (source_.is_known_attribute(name_.name_first))
     return true;
+  if (source_.spelling(before_.name_first).ends_with("_t"))
+    return false;
   bool const looks_so =
       (source_.is_capital(name_.name_first) && !source_.is_capital(before_.name_first)) ||
       (is_reserved(name_) && !is_reserved(before_));

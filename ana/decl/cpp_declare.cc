@@ -360,6 +360,8 @@ void gCppReader::trailing_marks(gDeclaration & item, std::uint32_t first, std::u
       item.marks |= mark_noexcept;
       break;
     default:
+      if (source_.spelling(at) == "PURE") // "= 0" in headers of interfaces
+        mark_pure_method(item);
       break;
     }
     std::uint8_t const type = source_.type(at);

@@ -104,10 +104,25 @@ private:
   }
 
   void colon() {
+    if (is_base_clause()) {
+      key_ = at_ - 2;
+      group_ = no_token;
+      return;
+    }
     if (group_ == no_token || key_ != no_token || equals_ || !angles_.empty() || initialisers_)
       return;
     initialisers_ = true;
     extent_.head_end = at_;
+  }
+
+  // "INTERFACE(x) A : public B {", where a macro stands for the word of a class.
+  bool is_base_clause() const {
+    gWord const next = source_.word(at_ + 1);
+    return key_ == no_token && !equals_ && !initialisers_ && angles_.empty() &&
+           at_ >= extent_.first + 2 && source_.is_name(at_ - 1) &&
+           (type(at_ - 2) == ')' || source_.is_name(at_ - 2)) &&
+           (next == gWord::public_ || next == gWord::protected_ || next == gWord::private_) &&
+           type(at_ + 2) == token_word;
   }
 
   void word() {

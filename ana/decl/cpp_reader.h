@@ -98,6 +98,7 @@ private:
   void open_scope(Scope inner, gExtent const & extent);
   gChain class_name(std::uint32_t first, std::uint32_t last, std::uint32_t & name_end) const;
   gChain name_in_tail(gExtent const & extent) const;
+  gChain name_in_call(gExtent const & extent, std::uint32_t & bases) const;
   void tail(Scope const & closed);
   void enumerator();
   bool names_value(std::uint32_t angle) const;

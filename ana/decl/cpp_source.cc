@@ -63,9 +63,11 @@ bool is_attribute_shape(std::string_view text) {
       "NORETURN",    "NODISCARD", "ATTR",     "DECL",   "EXTERN",     "NOEXCEPT",
       "CONSTEXPR",   "OVERRIDE",  "CALLBACK", "_CALL",  "PURE",       "UNUSED",
       "WARN_UNUSED", "VISIB",     "HIDDEN",   "PUBLIC", "ALWAYS",     "FINAL"};
-  return Decl::is_capital(text) && std::ranges::any_of(parts, [&](std::string_view part) {
-           return text.find(part) != text.npos;
-         });
+  // "DECLARE_MAP(x)" is a declaration of its own.
+  bool const declares = text.starts_with("DECLARE") || text.find("_DECLARE") != text.npos;
+  return !declares && Decl::is_capital(text) &&
+         std::ranges::any_of(parts,
+                             [&](std::string_view part) { return text.find(part) != text.npos; });
 }
 
 gMacroSense gSource::sense(std::uint32_t at) const {

@@ -147,6 +147,12 @@ constexpr Row rows[] = {
     {"Q_FLAG_NS", gWord::qt_statement},
     {"Q_INTERFACES", gWord::qt_statement},
     {"Q_CLASSINFO", gWord::qt_statement},
+    // Heads of interfaces, whose definitions lie in headers of the system.
+    {"MIDL_INTERFACE", gWord::struct_},
+    {"DECLARE_INTERFACE", gWord::struct_},
+    {"DECLARE_INTERFACE_", gWord::struct_},
+    {"DECLARE_INTERFACE_IID", gWord::struct_},
+    {"DECLARE_INTERFACE_IID_", gWord::struct_},
     {"Q_PLUGIN_METADATA", gWord::qt_statement},
     {"Q_DISABLE_COPY", gWord::qt_statement},
     {"Q_DISABLE_COPY_MOVE", gWord::qt_statement},

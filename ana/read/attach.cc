@@ -125,6 +125,8 @@ gLeftOut Attaching::noise(std::size_t block) const {
     return gLeftOut::taken;
   if (comment.code_before == 0 && heads_the_file(block, whole))
     return gLeftOut::licence;
+  if (comment.line_start && is_caption(whole))
+    return gLeftOut::heading;
   std::string const text = words(block);
   if (is_tool_switch(text, pascal_))
     return gLeftOut::tool_switch;
@@ -145,7 +147,9 @@ std::int32_t Attaching::before(std::size_t block) const {
   if (one.behind || last.place == gComment::body)
     return -1;
   std::int32_t const macro = places_.first_macro(one.end, last.code_behind);
-  std::int32_t const found = macro >= 0 ? macro : places_.beginning_at(last.code_behind);
+  std::int32_t found = macro >= 0 ? macro : places_.beginning_at(last.code_behind);
+  if (found < 0)
+    found = places_.behind_annotations(last.code_behind);
   if (found < 0)
     return -1;
   std::uint32_t const code = std::min(places_.item(found).whole.begin, last.code_behind);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "ana/decl/cpp_words.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -27,6 +28,48 @@ bool is_section_word(std::string_view text) {
       "class type"};
   std::string const lower = Vlb::to_lower(text.substr(0, text.find_last_not_of(" \t") + 1));
   return std::find(words.begin(), words.end(), lower) != words.end();
+}
+
+// Behind the ")" that closes the "(" at `at`; npos if there is none.
+std::size_t behind_arguments(std::string_view text, std::size_t at) {
+  int depth = 0;
+  for (; at < text.size(); ++at) {
+    if (text[at] == '"') {
+      for (++at; at < text.size() && text[at] != '"'; ++at)
+        at += text[at] == '\\' ? 1 : 0;
+    } else if (text[at] == '(') {
+      ++depth;
+    } else if (text[at] == ')' && --depth == 0) {
+      return at + 1;
+    }
+  }
+  return text.npos;
+}
+
+// What opens or closes a stretch, or declares something by itself, isn't about what follows.
+bool may_annotate(std::string_view macro) {
+  static constexpr std::array<std::string_view, 5> parts = {"BEGIN", "END", "DECLARE", "REGISTER",
+                                                            "NAMESPACE"};
+  return is_capital(macro) && word_of(macro) == gWord::name &&
+         std::ranges::none_of(parts, [&](auto part) { return macro.find(part) != macro.npos; });
+}
+
+// Lines that hold the call of a macro each, the next line behind the last one at once.
+bool are_annotations(std::string_view text) {
+  while (!text.empty()) {
+    std::size_t const open = std::min(text.find_first_of("( \t\r\n"), text.size());
+    std::size_t const begin = text.find_first_not_of(" \t", open);
+    if (begin == text.npos || text[begin] != '(' || !may_annotate(text.substr(0, open)))
+      return false;
+    std::size_t const end = behind_arguments(text, begin);
+    if (end == text.npos)
+      return false;
+    std::size_t const next = std::min(text.find_first_not_of(" \t\r\n", end), text.size());
+    if (std::ranges::count(text.substr(end, next - end), '\n') != 1)
+      return false;
+    text.remove_prefix(next);
+  }
+  return true;
 }
 
 } // namespace
@@ -85,6 +128,15 @@ std::int32_t gAttachPlaces::beginning_at(std::uint32_t offset) const {
   if (at != by_begin_.end() && item(*at).whole.begin == offset)
     return *at;
   return pascal_ ? behind_section_word(offset) : -1;
+}
+
+std::int32_t gAttachPlaces::behind_annotations(std::uint32_t offset) const {
+  constexpr std::uint32_t longest = 2000;
+  auto const at =
+      std::ranges::upper_bound(by_begin_, offset, {}, [&](auto i) { return item(i).whole.begin; });
+  if (pascal_ || at == by_begin_.end() || item(*at).whole.begin > offset + longest)
+    return -1;
+  return are_annotations(gRange{offset, item(*at).whole.begin}.of(text_)) ? *at : -1;
 }
 
 std::int32_t gAttachPlaces::behind_section_word(std::uint32_t offset) const {

@@ -15,6 +15,9 @@ public:
   // The first declaration that begins at an offset. Of those that share their begin it is the
   // outermost. Pascal's "const" or "type" in front of it on its line belongs to it.
   std::int32_t beginning_at(std::uint32_t offset) const;
+  // The first declaration behind lines such as "UPROPERTY(x)" that begin at an offset: calls of
+  // macros that annotate it.
+  std::int32_t behind_annotations(std::uint32_t offset) const;
   // The first of the statement that ends at an offset, but for signs, within the same scope.
   std::int32_t ending_at(std::uint32_t offset, std::int32_t scope) const;
   // The first macro that is defined in a stretch of text, and the last one that ends in it.

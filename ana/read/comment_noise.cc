@@ -56,6 +56,13 @@ bool is_directive(std::string_view line) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+// How many equal signs of a drawn line end a text.
+std::size_t rule_behind(std::string_view words) {
+  if (words.empty() || std::string_view("-=*#~/_+").find(words.back()) == npos)
+    return 0;
+  return words.size() - (words.find_last_not_of(words.back()) + 1);
+}
+
 // A sentence may end with ";", too: a statement has signs, or is short.
 bool is_statement(std::string_view line, bool pascal) {
   static constexpr std::array<std::string_view, 11> heads = {
@@ -86,6 +93,26 @@ bool has_words(std::string_view text) {
   return std::any_of(text.begin(), text.end(), [](char c) {
     return Vlb::is_letter(c) || Vlb::is_digit(c) || static_cast<unsigned char>(c) >= 0x80;
   });
+}
+
+// "/* Exported types -------*/", "// === Helpers ===": all on one line, so the rule is no frame.
+bool is_caption(std::string_view comment) {
+  constexpr std::size_t one_side = 8, both_sides = 3;
+  if (comment.starts_with("//~")) // marks a stretch of overrides of one base
+    return true;
+  if (comment.size() < 4 || comment.find('\n') != npos)
+    return false;
+  std::string_view words = trimmed(comment.substr(comment[0] == '/' ? 2 : 1));
+  for (std::string_view const closer : {"*/", "*)", "}"})
+    if (words.ends_with(closer)) {
+      words = trimmed(words.substr(0, words.size() - closer.size()));
+      break;
+    }
+  if (words.empty() || std::string_view("-=*#~/_+").find(words.front()) == npos)
+    return rule_behind(words) >= one_side;
+  std::size_t const front = std::min(words.find_first_not_of(words.front()), words.size());
+  return front >= one_side || rule_behind(words) >= one_side ||
+         (front >= both_sides && rule_behind(words) >= both_sides);
 }
 
 bool is_tool_switch(std::string_view words, bool pascal) {

@@ -9,6 +9,8 @@
 bool is_licence(std::string_view words);
 // A description may speak of licences, too: this one may be either.
 bool may_be_licence(std::string_view words);
+// A heading for a stretch of the file. `comment` is whole, with opener and closer.
+bool is_caption(std::string_view comment);
 bool has_words(std::string_view text);
 // For a formatter, a checker or an editor, or a note of what is left to do.
 bool is_tool_switch(std::string_view words, bool pascal);

@@ -95,8 +95,9 @@ void Vapp::choose_modern(cMapObj & options) {
   constexpr int all_types = 511;
   cMapObj & ana = options.submap("ana");
   ana["dialect"] = cat::make("modern");
-  ana["cpp_ext"] = cat::make("c; cc; cpp; cxx; h; hh; hpp; hxx; inl; ipp; tpp");
-  ana["pas_ext"] = cat::make("p; pas; pp; dpr");
+  ana["cpp_ext"] =
+      cat::make("c; cc; cpp; cppm; cu; cuh; cxx; h; hh; hpp; hxx; inl; ipp; ixx; tcc; tpp; txx");
+  ana["pas_ext"] = cat::make("p; pas; pp; dpr; lpr");
   ana["alloc"]["gen_unit"] = cat::make(all_types);
   ana["alloc"]["gen_extern"] = cat::make(true);
 }
