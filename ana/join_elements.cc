@@ -9,10 +9,10 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/base_clauses.h"
-#include "ana/join_conditions.h"
 #include "ana/join_keys.h"
 #include "ana/join_scopes.h"
 #include "ana/join_tags.h"
+#include "ana/merge_elements.h"
 #include "ana/read/type_words.h"
 #include "ana/stages.h"
 
@@ -32,13 +32,6 @@ struct Item {
 bool is_inside_class(gCodeElem const & element) {
   return (element.type == ut_method || element.type == ut_member) &&
          !has_mark(element, Decl::mark_out_of_class);
-}
-
-// Tells that something exists, and leaves it to another place to define it.
-bool announces(gCodeElem const & element) {
-  if (family_of(element) == 'c')
-    return element.kind == gKind::typedef_ || has_mark(element, Decl::mark_forward);
-  return !has_mark(element, Decl::mark_definition) && !has_mark(element, Decl::mark_out_of_class);
 }
 
 // Users see the text of a header, and rather one that was written for them.
@@ -63,6 +56,7 @@ private:
   void join_classes(Group const & group);
   void join_declarations(Group const & group);
   void join_alike(std::vector<Group> const & namesakes);
+  void join_without_parameters(std::vector<Group> const & namesakes);
   bool is_alike(gCodeElem const & definition, gCodeElem const & declaration) const;
   void merge(std::size_t into, std::size_t from);
   bool are_two(std::size_t a, std::size_t b) const;
@@ -143,8 +137,10 @@ void Joining::join_namesakes(gJoinKeys::const_iterator first, gJoinKeys::const_i
       join(group);
   // In the order of the sources.
   std::sort(groups.begin(), groups.end());
-  if (groups.size() > 1 && family_of(element(first->item)) == 'f')
+  if (groups.size() > 1 && family_of(element(first->item)) == 'f') {
+    join_without_parameters(groups);
     join_alike(groups);
+  }
 }
 
 // Of functions and variables the declaration that users include; of classes the definition.
@@ -158,37 +154,11 @@ std::size_t Joining::principal(Group const & group) const {
                            [&](std::size_t a, std::size_t b) { return rank(a) < rank(b); });
 }
 
-// The topics of all places count.
-void join_groups(gCodeElem & kept, gCodeElem const & gone) {
-  if (!gone.groups)
-    return;
-  auto both = make_ref<gElemGroups>(kept.groups ? *kept.groups : *gone.groups);
-  for (gString const & topic : gone.groups->topics)
-    if (std::ranges::find(both->topics, topic) == both->topics.end())
-      both->topics.push_back(topic);
-  if (both->heading.empty())
-    both->heading = gone.groups->heading;
-  kept.groups = std::move(both);
-}
-
-// Where two places say the same, users have it if one of them does. Of a definition it isn't known
-// who sees it, and of what is spelled in two ways the shown one has its own condition.
-void join_conditions(gCodeElem & kept, gCodeElem const & gone) {
-  bool const alike = family_of(kept) == 'f' || std::string_view(kept.decl) == gone.decl;
-  if (!alike || announces(kept) != announces(gone) || !kept.parts || !kept.parts->condition ||
-      !gone.parts)
-    return;
-  auto parts = std::make_unique<gDeclParts>(*kept.parts);
-  parts->condition = either_condition(kept.parts->condition, gone.parts->condition);
-  kept.parts = std::move(parts);
-}
-
 void Joining::merge(std::size_t into, std::size_t from) {
   Item & kept = items_[into];
   Item & gone = items_[from];
   gone.dropped = true;
-  join_groups(*kept.element, *gone.element);
-  join_conditions(*kept.element, *gone.element);
+  merge_elements(*kept.element, *gone.element);
   if (worth_of_text(gone) <= worth_of_text(kept))
     return;
   gone.unit->bind(kept.element, gone.unit->rank());
@@ -320,6 +290,37 @@ void Joining::join_alike(std::vector<Group> const & namesakes) {
       for (std::size_t const i : group)
         merge(fitting.front(), i);
   }
+}
+
+// "int f();" of C says nothing of its parameters, "int f(void);" says that there are none.
+bool leaves_parameters_open(gCodeElem const & element) {
+  return element.type == ut_function && element.parts && announces(element) &&
+         element.parts->parameters.of(element.decl) == "()";
+}
+
+// Where C has one function of a name, an announcement without parameters means it. If nothing else
+// announces it, readers are shown what its definition says.
+void Joining::join_without_parameters(std::vector<Group> const & namesakes) {
+  if (namesakes.size() != 2)
+    return;
+  bool const first_open = leaves_parameters_open(element(namesakes[0].front()));
+  Group const & open = namesakes[first_open ? 0 : 1];
+  Group const & known = namesakes[first_open ? 1 : 0];
+  bool const c = std::ranges::any_of(
+      known, [&](std::size_t i) { return is_c_source(element(i)) && !announces(element(i)); });
+  bool const all_open =
+      std::ranges::all_of(open, [&](std::size_t i) { return leaves_parameters_open(element(i)); });
+  auto const left = [&](std::size_t i) { return !items_[i].dropped; };
+  if (!c || !all_open || std::ranges::count_if(known, left) != 1)
+    return;
+  std::size_t const one = *std::ranges::find_if(known, left);
+  bool const announced = announces(element(one));
+  std::size_t const kept = announced ? one : *std::ranges::find_if(open, left);
+  if (!announced)
+    take_shape(*items_[kept].element, element(one));
+  for (std::size_t const other : announced ? open : known)
+    if (!items_[other].dropped)
+      merge(kept, other);
 }
 
 // What one source keeps to itself, announcements of what no input defines, and lists of constants

@@ -71,6 +71,10 @@ char family_of(gCodeElem const & element) {
   }
 }
 
+bool is_c_source(gCodeElem const & element) {
+  return element.loc.file().opath().ends_with(".c");
+}
+
 bool is_local(gCodeElem const & element) {
   bool const linked_inside = element.type == ut_function || element.type == ut_var ||
                              (element.type == ut_class && is_unnamed(element));

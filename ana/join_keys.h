@@ -10,6 +10,7 @@ bool has_mark(gCodeElem const & element, std::uint32_t mark);
 bool is_unnamed(gCodeElem const & element);
 // What kinds of things can be one. 0: nothing else is ever the same thing.
 char family_of(gCodeElem const & element);
+bool is_c_source(gCodeElem const & element);
 // Known to one source alone.
 bool is_local(gCodeElem const & element);
 // What tells overloads apart; empty for all but functions.

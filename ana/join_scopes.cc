@@ -10,11 +10,6 @@ namespace {
 
 using Decl::gKind;
 
-// A C source keeps its types to itself, and no definition of C++ can mean them.
-bool is_c_source(gSrcFile const & file) {
-  return file.opath().ends_with(".c");
-}
-
 std::string without_blanks(std::string text) {
   std::erase(text, ' ');
   return text;
@@ -59,7 +54,8 @@ std::string known_scope(gScopeNames const & names, std::string_view written,
 
 void gJoinScopes::add(gCodeElem const & element, std::string const & name) {
   Language & all = of(element.loc.file());
-  if (has_mark(element, Decl::mark_out_of_class) || is_c_source(element.loc.file()))
+  // A C source keeps its types to itself, and no definition of C++ can mean them.
+  if (has_mark(element, Decl::mark_out_of_class) || is_c_source(element))
     return;
   if (!is_type(element)) {
     if (element.type == ut_method || element.type == ut_member)

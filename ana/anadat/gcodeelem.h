@@ -47,6 +47,17 @@ enum class gSeclusion : std::uint8_t {
   unnamed, // in an unnamed namespace
 };
 
+// A definition of a macro, and when it holds.
+struct gMacroVariant {
+  gString condition, text;
+};
+
+// What few declarations have.
+struct gDeclLists : cShared {
+  std::vector<gString> friends;        // of a class: the types that it lets in, as they are written
+  std::vector<gMacroVariant> variants; // of a macro that has several definitions: all of them
+};
+
 // What a reader knows of a declaration beyond its text. The ranges lie in that text.
 struct gDeclParts {
   Decl::gRange name;
@@ -59,6 +70,7 @@ struct gDeclParts {
   cRef<gString const> signature; // what tells overloads apart; null for none
   cRef<gString const> condition; // of the preprocessor; shared by all that it guards, null for none
   std::vector<Decl::gEnumValue> values; // of an enumeration
+  cRef<gDeclLists const> lists;         // null: all are empty
 };
 
 // Where readers find a thing beside its scope.

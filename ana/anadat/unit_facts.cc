@@ -138,6 +138,21 @@ void put_values(std::ostream & stream, gDeclParts const & parts) {
   }
 }
 
+void put_lists(std::ostream & stream, gDeclLists const & lists) {
+  for (gString const & one : lists.friends) {
+    Vlb::put(stream, "@_friend<");
+    Vlb::put_escaped(stream, one);
+    Vlb::put(stream, ">\n");
+  }
+  for (gMacroVariant const & one : lists.variants) {
+    Vlb::put(stream, "@_variant<");
+    Vlb::put_escaped(stream, one.condition);
+    Vlb::put(stream, "><");
+    Vlb::put_escaped(stream, one.text);
+    Vlb::put(stream, ">\n");
+  }
+}
+
 void put_topic(std::ostream & stream, gString const & topic) {
   int const * const placed = gBookmarks.lookup(topic);
   if (!placed || *placed == 0)
@@ -192,6 +207,8 @@ void gDocUnit::write_facts(std::ostream & stream) const {
   if (code_elem_ && code_elem_->parts) {
     put_signature(stream, *code_elem_);
     put_values(stream, *code_elem_->parts);
+    if (code_elem_->parts->lists)
+      put_lists(stream, *code_elem_->parts->lists);
   }
   put_groups(stream, *this);
 }

@@ -337,6 +337,9 @@ void gCppReader::function_parts(gDeclaration & item, gDeclarator const & one,
   if (extent.shape != gExtent::function)
     return;
   item.marks |= mark_definition;
+  bool const old_style = extent.open > extent.head_end && source_.type(extent.open - 1) == ';';
+  if (old_style && one.parameters != no_token)
+    old_style_parameters(item, extent.head_end, extent.open);
   if (source_.type(extent.open) == '{')
     item.body = source_.range(extent.open, std::max(extent.tail, extent.open + 1));
 }

@@ -143,6 +143,10 @@ private:
 
   bool template_head() {
     std::uint32_t at = head_.next;
+    if (head_.macro_head) { // what is shown has no place for both
+      head_.macro_head = false;
+      head_.template_last = 0;
+    }
     if (source_.type(at + 1) != '<') {
       head_.instantiation = true;
       head_.marks |= mark_specialisation;
@@ -197,7 +201,17 @@ private:
     if (arguments && !source_.is_capital(at) && !source_.is_known_attribute(at))
       return false;
     head_.looked_through = true;
+    if (!arguments && head_.template_last == 0 && stands_for_head(at)) {
+      head_.template_first = at;
+      head_.template_last = behind;
+      head_.macro_head = true;
+    }
     return to(behind);
+  }
+
+  bool stands_for_head(std::uint32_t at) const {
+    gMacroFact const * const fact = source_.macros.find(source_.spelling(at));
+    return fact && is_template_head(fact->body);
   }
 };
 

@@ -12,6 +12,7 @@ struct gHead {
   std::uint32_t attributes_first = 0, attributes_last = 0;
   bool instantiation = false;  // "template class X<int>;"
   bool looked_through = false; // a macro stands among them
+  bool macro_head = false;     // the template head is a macro that stands for one
 };
 
 gHead read_head(gSource const & source, std::uint32_t first, std::uint32_t last);

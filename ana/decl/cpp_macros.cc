@@ -112,7 +112,7 @@ gMacroSense sense_of(std::vector<gToken> const & tokens, std::string_view text,
   }
   if (depth != 0)
     return depth > 0 ? gMacroSense::opens : gMacroSense::closes;
-  if (all_attributes(tokens))
+  if (all_attributes(tokens) || is_template_head(text.substr(tokens.front().begin)))
     return gMacroSense::attribute;
   if (is_type(tokens) || takes_type(tokens, text, parameters))
     return gMacroSense::type;
@@ -213,6 +213,23 @@ std::string_view next_name(std::string_view & body, bool & fits) {
 }
 
 } // namespace
+
+bool is_template_head(std::string_view body) {
+  constexpr std::size_t longest = 1000;
+  constexpr std::string_view word = "template";
+  if (body.size() > longest || !body.starts_with(word))
+    return false;
+  body.remove_prefix(word.size());
+  body.remove_prefix(std::min(body.find_first_not_of(' '), body.size()));
+  body = body.substr(0, body.find_last_not_of(" \t\r\n") + 1);
+  int depth = 0;
+  for (std::size_t at = 0; at < body.size(); ++at) {
+    depth += (body[at] == '<') - (body[at] == '>');
+    if (depth <= 0)
+      return depth == 0 && at + 1 == body.size();
+  }
+  return false;
+}
 
 void gMacroTable::collect(std::string_view text) {
   for (std::size_t at = text.find('#'); at != text.npos; at = text.find('#', at)) {

@@ -28,6 +28,9 @@ struct gMacroFact {
       body; // of the first definition that isn't empty, on one line; empty beyond 4096 bytes
 };
 
+// The body of a macro is "template <...>", and short enough to be shown in its place.
+bool is_template_head(std::string_view body);
+
 // A table that all inputs fill before the reading, and that no reading changes. Merging in file
 // order gives the same table for any number of threads.
 class gMacroTable {

@@ -334,10 +334,21 @@ gDeclaration gCppReader::make(gKind kind, gExtent const & extent, gHead const & 
                          source_.type(extent.last - 1) == ';';
   item.text = source_.range(extent.first, semicolon ? extent.last - 1 : extent.head_end);
   item.template_head = source_.range(head.template_first, head.template_last);
+  if (head.macro_head)
+    item.spelled_head = head_of_macro(head.template_first);
   item.attributes = source_.range(head.attributes_first, head.attributes_last);
   item.name = {item.whole.begin, item.whole.begin};
   item.first_param = static_cast<std::uint32_t>(out_.parameters.size());
   return item;
+}
+
+std::int32_t gCppReader::head_of_macro(std::uint32_t at) {
+  auto const [known, fresh] = heads_.try_emplace(source_.spelling(at), 0);
+  if (fresh) {
+    known->second = static_cast<std::int32_t>(out_.spelled.size());
+    out_.spelled.push_back(source_.macros.find(source_.spelling(at))->body);
+  }
+  return known->second;
 }
 
 void gCppReader::set_name(gDeclaration & item, gChain const & name) {

@@ -48,7 +48,8 @@ private:
   std::size_t directive_ = 0;
   std::uint32_t passed_ = 0;        // the end of the last extent that wasn't entered
   std::uint32_t angles_linked_ = 0; // of the enumeration that is read, up to this token
-  std::unordered_map<std::size_t, std::int32_t> seen_; // declarations in branches, by hash
+  std::unordered_map<std::string_view, std::int32_t> heads_; // of macros: places in `spelled`
+  std::unordered_map<std::size_t, std::int32_t> seen_;       // declarations in branches, by hash
   std::map<std::pair<std::int32_t, std::int32_t>, std::int32_t> either_; // of conditions
   std::unordered_map<std::int32_t, std::vector<std::string>> disjuncts_; // of joined conditions
 
@@ -92,6 +93,9 @@ private:
   void trailing_marks(gDeclaration & item, std::uint32_t first, std::uint32_t last);
   void value_marks(gDeclaration & item, gDeclarator const & one);
 
+  // cpp_old_style.cc
+  void old_style_parameters(gDeclaration & item, std::uint32_t first, std::uint32_t last);
+
   // cpp_contents.cc
   void contents(gExtent const & extent, gHead const & head);
   void class_contents(gExtent const & extent, gHead const & head);
@@ -106,6 +110,7 @@ private:
   // A new item of the current scope, its name and place set.
   gDeclaration make(gKind kind, gExtent const & extent, gHead const & head);
   void set_name(gDeclaration & item, gChain const & name);
+  std::int32_t head_of_macro(std::uint32_t at);
 
   // cpp_twins.cc
   std::int32_t add(gDeclaration & item);

@@ -163,6 +163,10 @@ struct gDeclaration {
   // A name that no stretch of the text spells, since a macro brings it, such as that of a namespace
   // which a macro opens: index into gFileDeclarations::spelled; -1 where `name` has it.
   std::int32_t spelled = -1;
+  // Where `template_head` holds a macro that stands for one, and where `parameter_list` holds names
+  // whose types stand behind it, as in C before 1989: what a reader is to see in their place, as
+  // indices into gFileDeclarations::spelled; -1 for what the ranges hold.
+  std::int32_t spelled_head = -1, spelled_list = -1;
 };
 
 // A comment, with what stands around it. Positions of code are those of tokens.
@@ -233,7 +237,7 @@ struct gFileDeclarations {
   std::vector<gSkipped> skipped;
   std::vector<gInclude> includes;   // #include; of Pascal {$I file}
   std::vector<gRange> uses;         // Pascal: units of the uses clauses
-  std::vector<std::string> spelled; // names that macros bring
+  std::vector<std::string> spelled; // what no stretch of the text spells
   std::int32_t guard = -1;          // index of the macro that keeps the file from being read twice
 };
 
@@ -248,6 +252,11 @@ std::string one_line(std::string_view text, gRange range, gSyntax syntax = gSynt
 constexpr std::size_t most_parts = 8;
 std::string one_line(std::string_view text, gRange range, gSyntax syntax,
                      std::initializer_list<gRange *> parts);
+// What `template_head` and `parameter_list` hold or stand for.
+std::string_view template_head(std::string_view text, gFileDeclarations const & file,
+                               gDeclaration const & one);
+std::string_view parameter_list(std::string_view text, gFileDeclarations const & file,
+                                gDeclaration const & one);
 // The name as it is shown: that which a macro brings, or the spelled one; of operators with one
 // blank between words and none before signs.
 std::string shown_name(std::string_view text, gFileDeclarations const & file,

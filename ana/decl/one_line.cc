@@ -301,6 +301,18 @@ std::string one_line(std::string_view text, gRange range, gSyntax syntax,
   return line.made();
 }
 
+std::string_view template_head(std::string_view text, gFileDeclarations const & file,
+                               gDeclaration const & one) {
+  return one.spelled_head < 0 ? one.template_head.of(text)
+                              : file.spelled[static_cast<std::size_t>(one.spelled_head)];
+}
+
+std::string_view parameter_list(std::string_view text, gFileDeclarations const & file,
+                                gDeclaration const & one) {
+  return one.spelled_list < 0 ? one.parameter_list.of(text)
+                              : file.spelled[static_cast<std::size_t>(one.spelled_list)];
+}
+
 std::string shown_name(std::string_view text, gFileDeclarations const & file,
                        gDeclaration const & one, gSyntax syntax) {
   if (one.spelled >= 0)

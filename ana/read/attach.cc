@@ -10,6 +10,7 @@
 #include "ana/comments/translate.h"
 #include "ana/comments/words.h"
 #include "ana/read/attach_choice.h"
+#include "ana/read/attach_headings.h"
 #include "ana/read/attach_places.h"
 #include "ana/read/comment_noise.h"
 #include "ana/read/unit_kinds.h"
@@ -396,6 +397,7 @@ std::vector<gAttachment> Attaching::run() {
   for (std::size_t i = 0; i < blocks_.size(); ++i)
     found.push_back(decide(i));
   choose_attachments(found, blocks_, places_);
+  find_headings(text_, file_, blocks_, pascal_, places_, found);
   return found;
 }
 

@@ -25,6 +25,8 @@ struct gAttachment {
   gLeftOut left_out = gLeftOut::nothing_near;
   std::int32_t declaration = -1; // index of the first one that it belongs to, of a statement
   std::int32_t param = -1;       // index of its parameter that the block is about; -1 for none
+  // Of a heading: the first and the last declaration that it stands above; -1 for none.
+  std::int32_t first_headed = -1, last_headed = -1;
 };
 
 // One for each block. Pure: it depends on its arguments alone.

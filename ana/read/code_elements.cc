@@ -39,6 +39,7 @@ private:
   int type_of(std::size_t index) const;
   gDeclaration const * namer_of(std::size_t index) const;
   void take_values(std::size_t index, gDeclParts & parts);
+  void note_friend(gDeclaration const & one);
   bool repeats_its_tag(std::size_t index) const;
   bool is_version(gDeclaration const & one) const;
   gStrList const & scope_names(std::int32_t scope);
@@ -68,6 +69,7 @@ private:
   std::unordered_map<std::int32_t, gStrList> scope_names_; // by scope: the names around its members
   // By declaration without a name: what gives it one, -1 for nothing.
   std::vector<std::int32_t> namers_;
+  std::unordered_map<std::int32_t, cRef<gDeclLists>> lists_; // by declaration
   std::int32_t valued_ = -1; // the last enumeration whose values something has taken
   gReadElements result_;
 };
@@ -215,12 +217,32 @@ void Elements::note_namer(std::size_t index) {
     namers_[static_cast<std::size_t>(one.statement)] = -1; // the variable has the comment
 }
 
+bool is_friend_type(gDeclaration const & one) {
+  return one.kind == gKind::friend_ && one.parameter_list.empty();
+}
+
+// "class lib::B<T>" of "template <class T> friend class lib::B<T>;".
+void Elements::note_friend(gDeclaration const & one) {
+  constexpr std::string_view word = "friend ";
+  std::string const line = one_line(text_, one.text.empty() ? one.whole : one.text, syntax_);
+  std::size_t const at = line.find(word);
+  if (one.scope < 0 || at == line.npos)
+    return;
+  std::string_view type = std::string_view(line).substr(at + word.size());
+  cRef<gDeclLists> & lists = lists_[one.scope];
+  if (!lists)
+    lists = make_ref<gDeclLists>();
+  lists->friends.emplace_back(type.substr(0, type.find_last_not_of(" ;") + 1));
+}
+
 // A scope stands in front of its members, so one pass is enough.
 void Elements::measure_scopes() {
   scopes_.resize(found_.items.size());
   namers_.assign(found_.items.size(), -1);
   for (std::size_t i = 0; i < found_.items.size(); ++i) {
     note_namer(i);
+    if (is_friend_type(found_.items[i]))
+      note_friend(found_.items[i]);
     std::int32_t const outer = found_.items[i].scope;
     if (outer < 0 || static_cast<std::size_t>(outer) >= i)
       continue;
@@ -252,10 +274,10 @@ int Elements::type_of(std::size_t index) const {
 
 bool Elements::is_left_out(std::size_t index) const {
   gDeclaration const & one = found_.items[index];
-  bool const friend_class = one.kind == gKind::friend_ && one.parameter_list.empty();
   bool const nameless = one.name.empty() && namers_[index] < 0;
-  return nameless || friend_class || scopes_[index].depth > most_scopes || repeats_its_tag(index) ||
-         is_version(one) || static_cast<std::int32_t>(index) == found_.guard;
+  return nameless || is_friend_type(one) || scopes_[index].depth > most_scopes ||
+         repeats_its_tag(index) || is_version(one) ||
+         static_cast<std::int32_t>(index) == found_.guard;
 }
 
 // Of "typedef enum {...} A, B" the first name has the values.
@@ -289,6 +311,8 @@ void Elements::enter(std::size_t index) {
   parts->condition = condition_of(one.condition);
   parts->seclusion = scopes_[index].seclusion;
   take_values(index, *parts);
+  if (auto const found = lists_.find(static_cast<std::int32_t>(index)); found != lists_.end())
+    parts->lists = found->second;
   if (std::string what = signatures_.of(one); !what.empty())
     parts->signature = make_ref<gString const>(std::move(what));
   auto element =

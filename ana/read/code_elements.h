@@ -15,8 +15,9 @@ struct gReadElements {
   std::int32_t too_deep = -1;
 };
 
-// `file` is the user's file, whose language tells the syntax. A using-declaration and a friend
-// class make no element, and no more does what has no name, but where something else names it: the
-// structure of "struct {...} pos" is "pos" as well, a list of constants is the first of them.
+// `file` is the user's file, whose language tells the syntax. A using-declaration and a type
+// that is a friend make no element, and no more does what has no name, but where something else
+// names it: the structure of "struct {...} pos" is "pos" as well, a list of constants is the first
+// of them.
 gReadElements make_code_elements(std::string_view text, Decl::gFileDeclarations const & found,
                                  gSrcFile const & file);

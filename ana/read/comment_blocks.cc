@@ -37,7 +37,8 @@ Opener opener_of(std::string_view comment, bool pascal) {
   };
   opener.line = comment.starts_with("//");
   // A rule of slashes or stars is drawing.
-  bool const rule = comment.starts_with("////") || comment.starts_with("/***");
+  bool const rule = comment.starts_with("////") || comment.starts_with("/***") ||
+                    (pascal && (comment.starts_with("{****") || comment.starts_with("(****")));
   if (!rule) {
     take("///", true);
     take("//!", true);
@@ -45,9 +46,9 @@ Opener opener_of(std::string_view comment, bool pascal) {
     take("/*!", true);
   }
   if (pascal) {
-    take("{**", true);
+    take("{**", !rule);
     take("{!", true);
-    take("(**", comment.size() > 3 && comment[3] != ')');
+    take("(**", !rule && comment.size() > 3 && comment[3] != ')');
     take("(*!", true);
     take("(*", false);
     take("{", false);

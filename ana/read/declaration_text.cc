@@ -40,6 +40,7 @@ private:
   std::string contents(gRange body, bool shown) const;
   void add(gRange range);
   void add(std::string_view line);
+  void replace(gRange * part, std::string_view by);
 
   std::string_view text_;
   gFileDeclarations const & found_;
@@ -125,7 +126,24 @@ gString Text::made() {
                     one_.kind == gKind::enumerator || unit_type_of(one_.kind, false) == ut_unit;
   if (!ends && !line_.empty())
     line_ += ';';
+  if (one_.spelled_list >= 0)
+    replace(parts_[2], parameter_list(text_, found_, one_));
+  if (one_.spelled_head >= 0)
+    replace(parts_[1], template_head(text_, found_, one_));
   return std::move(line_);
+}
+
+// What stands behind moves along.
+void Text::replace(gRange * part, std::string_view by) {
+  gRange const old = *part;
+  if (old.empty())
+    return;
+  line_.replace(old.begin, old.end - old.begin, by);
+  std::uint32_t const end = old.begin + static_cast<std::uint32_t>(by.size());
+  part->end = end;
+  for (gRange * const other : parts_)
+    if (other != part && !other->empty() && other->begin >= old.end)
+      *other = {other->begin - old.end + end, other->end - old.end + end};
 }
 
 } // namespace

@@ -55,6 +55,21 @@ void note_regions(gCommentRegions const & regions, Decl::gFileDeclarations const
   });
 }
 
+void note_heading(std::string const & heading, Decl::gFileDeclarations const & found,
+                  gAttachment const & attachment, gReadElements & elements) {
+  auto const first = static_cast<std::size_t>(attachment.first_headed);
+  auto const last = static_cast<std::size_t>(attachment.last_headed);
+  std::uint32_t const end = found.items[last].whole.end;
+  for (std::size_t i = first; i < found.items.size() && found.items[i].whole.begin < end; ++i) {
+    bool const sibling = found.items[i].scope == found.items[first].scope;
+    if (!sibling || elements.of[i] < 0)
+      continue;
+    gCodeElem & element = *elements.elements[static_cast<std::size_t>(elements.of[i])];
+    if (!element.groups || element.groups->heading.empty())
+      put(element, gString(), gString(heading));
+  }
+}
+
 void add_topics(gCodeElem & element, std::vector<gCommentGroup> const & groups) {
   for (gCommentGroup const & group : groups)
     if (group.kind == gCommentGroup::member)

@@ -1,6 +1,7 @@
 // Topics, headings and what isn't shown, as the comments of a file say of its declarations.
 #pragma once
 
+#include "ana/read/attach.h"
 #include "ana/read/code_elements.h"
 #include "ana/read/comment_regions.h"
 
@@ -8,6 +9,11 @@
 // something that does so itself. A namespace isn't a member, what it holds is.
 void note_regions(gCommentRegions const & regions, Decl::gFileDeclarations const & found,
                   gReadElements & elements);
+
+// Enters what a comment says that stands above several declarations. A heading between brackets
+// that open a group, which an author has put more clearly, stays.
+void note_heading(std::string const & heading, Decl::gFileDeclarations const & found,
+                  gAttachment const & attachment, gReadElements & elements);
 
 // Enters the topics that a comment names.
 void add_topics(gCodeElem & element, std::vector<gCommentGroup> const & groups);

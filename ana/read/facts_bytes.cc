@@ -12,7 +12,7 @@ namespace {
 using Facts::gReader;
 using Facts::gWriter;
 
-constexpr std::string_view form = "VLF4";
+constexpr std::string_view form = "VLF5";
 constexpr int most = 100'000'000; // lines, columns and numbers within a file
 
 std::uint64_t sum_of(std::string_view text, std::uint64_t sum = 0xCBF29CE484222325u) {
@@ -176,6 +176,19 @@ void shared(gReader & archive, cRef<gString const> & text) {
     text = archive.shared_text();
 }
 
+// What else may stand in the lists, a run finds out.
+void friends(gWriter & archive, gDeclParts const & parts) {
+  archive.many(parts.lists ? parts.lists->friends : std::vector<gString>(),
+               [&](gString const & one) { archive.text(one); });
+}
+
+void friends(gReader & archive, gDeclParts & parts) {
+  auto lists = make_ref<gDeclLists>();
+  archive.many(lists->friends, [&](gString & one) { archive.text(one); });
+  if (!lists->friends.empty())
+    parts.lists = std::move(lists);
+}
+
 void known_parts(gWriter & archive, gCodeElem const & element) {
   archive.flag(element.parts != nullptr);
   if (!element.parts)
@@ -184,6 +197,7 @@ void known_parts(gWriter & archive, gCodeElem const & element) {
   archive.number(static_cast<int>(element.parts->seclusion));
   shared(archive, element.parts->signature);
   shared(archive, element.parts->condition);
+  friends(archive, *element.parts);
 }
 
 void known_parts(gReader & archive, gCodeElem & element) {
@@ -198,6 +212,7 @@ void known_parts(gReader & archive, gCodeElem & element) {
   known->seclusion = static_cast<gSeclusion>(archive.good() ? seclusion : 0);
   shared(archive, known->signature);
   shared(archive, known->condition);
+  friends(archive, *known);
   element.parts = std::move(known);
 }
 

@@ -2,7 +2,7 @@
 // is known before it is parsed.
 #include "ana/comments/commands.h"
 #include "ana/comments/words.h"
-#include "ana/read/attach_places.h"
+#include "ana/read/attach_headings.h"
 #include "ana/read/element_groups.h"
 #include "ana/read/modern_file.h"
 #include "ana/read/rich_pieces.h"
@@ -183,6 +183,8 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
       take_value(attachment.declaration, words);
     return take_words(attachment.declaration, words, block);
   }
+  if (attachment.first_headed >= 0)
+    note_heading(heading_of(words), found_, attachment, elements_);
   if (hidden || !block.documenting || comment_subject(words).kind == gTranslated::unit)
     return;
   gTranslated text = translate(words, nullptr, options_);

@@ -4,6 +4,7 @@
 #include "ana/read/signature.h"
 
 #include <algorithm>
+#include <span>
 #include <unordered_map>
 
 #include "ana/read/type_words.h"
@@ -77,7 +78,7 @@ std::string_view take_name(gTypeWords & param) {
 using Numbers = std::unordered_map<std::string_view, std::string>;
 
 // A head longer than this would cost its length again for each scope.
-constexpr std::uint32_t longest_head = 4096;
+constexpr std::size_t longest_head = 4096;
 constexpr std::size_t most_heads = 16;
 
 } // namespace
@@ -97,20 +98,20 @@ void number_params(std::vector<Head> & heads, Numbers const & outer, Numbers & n
         numbers.emplace(name, "$" + std::to_string(outer.size() + numbers.size()));
 }
 
-std::vector<Head> short_heads_of(std::string_view text, gRange range) {
-  return range.end - range.begin > longest_head ? std::vector<Head>() : heads_of(range.of(text));
+std::vector<Head> short_heads_of(std::string_view head) {
+  return head.size() > longest_head ? std::vector<Head>() : heads_of(head);
 }
 
 Numbers numbers_around(std::string_view text, gFileDeclarations const & file, std::int32_t scope) {
-  std::vector<gRange> ranges;
-  while (scope >= 0 && ranges.size() + 1 < most_heads) {
+  std::vector<std::string_view> all;
+  while (scope >= 0 && all.size() + 1 < most_heads) {
     gDeclaration const & outer = file.items[static_cast<std::size_t>(scope)];
-    ranges.push_back(outer.template_head);
+    all.push_back(template_head(text, file, outer));
     scope = outer.scope;
   }
   Numbers numbers;
-  for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
-    std::vector<Head> heads = short_heads_of(text, *range);
+  for (auto head = all.rbegin(); head != all.rend(); ++head) {
+    std::vector<Head> heads = short_heads_of(*head);
     number_params(heads, {}, numbers);
   }
   return numbers;
@@ -166,10 +167,29 @@ std::size_t Signature::heads_of_classes() const {
 }
 
 void Signature::read_heads() {
-  own_ = short_heads_of(text_, one_.template_head);
+  own_ = short_heads_of(template_head(text_, file_, one_));
   number_params(own_, outer_, numbers_);
   own_.erase(own_.begin(),
              own_.begin() + static_cast<std::ptrdiff_t>(std::min(own_.size(), heads_of_classes())));
+}
+
+// The types of "(int a, char * b[2])", whose names are known.
+std::string old_style_types(std::string_view list, std::string_view text,
+                            std::span<gParam const> params) {
+  std::string types;
+  for (gParam const & param : params) {
+    std::string_view const name = param.name.of(text);
+    gTypeWords words;
+    int depth = 0;
+    std::size_t at = std::min<std::size_t>(1, list.size());
+    for (; at < list.size() && (depth > 0 || (list[at] != ',' && list[at] != ')')); ++at)
+      depth += (list[at] == '(') - (list[at] == ')');
+    words = type_words(list.substr(1, at - std::min<std::size_t>(1, at)));
+    std::erase(words, name);
+    types += (types.empty() ? "" : ",") + parameter_type(std::move(words));
+    list.remove_prefix(at);
+  }
+  return types;
 }
 
 // The whole parameter without its name and default.
@@ -189,6 +209,11 @@ std::string type_text(std::string_view text, gParam const & param) {
 
 std::string Signature::parameters(bool pascal) {
   std::string result = "(";
+  if (one_.spelled_list >= 0)
+    return result +
+           old_style_types(parameter_list(text_, file_, one_), text_,
+                           std::span(file_.parameters).subspan(one_.first_param, one_.params)) +
+           ')';
   for (std::uint32_t i = 0; i < one_.params; ++i) {
     gParam const & param = file_.parameters[one_.first_param + i];
     std::string const whole = pascal ? std::string() : type_text(text_, param);

@@ -11,11 +11,13 @@ using K = gNodeKind;
 
 constexpr gAtcCommandInfo commands[] = {
     {"_facts", C::facts, 10, 10, false, '\n'},
+    {"_friend", C::friend_type, 1, 1, false, '\n'},
     {"_heading", C::heading, 1, 1, false, '\n'},
     {"_signature", C::signature, 1, 1, false, '\n'},
     {"_skipped", C::skipped, 5, 5, false, '\n'},
     {"_topic", C::topic, 1, 1, false, '\n'},
     {"_value", C::value, 3, 3, false, '\n'},
+    {"_variant", C::variant, 2, 2, false, '\n'},
     {"atxfile", C::atxfile, 1, 1, false, '\n'},
     {"b", C::format, 0, 0, true, ' ', K::bold},
     {"b_atxfiles", C::b_atxfiles, 0, 0, false, '\n'},

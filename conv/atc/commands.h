@@ -73,6 +73,8 @@ enum class gAtcCommand : unsigned char {
   facts,
   signature,
   heading,
+  friend_type,
+  variant,
   topic,
   skipped,
   value,

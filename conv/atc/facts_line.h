@@ -24,6 +24,11 @@ struct gValueFact {
   std::string number;  // decimal; empty if it isn't sure
 };
 
+// A definition of a macro, and when it holds: the condition may be empty.
+struct gVariantFact {
+  std::string condition, text;
+};
+
 struct gKnownFacts {
   bool known = false;           // the line was there
   std::uint32_t last_part = 0;  // bytes of the last part of the unit's name
@@ -37,9 +42,11 @@ struct gKnownFacts {
   std::uint32_t size = 0;
   gStretch name, template_head, parameters, bases, result;
 
-  std::vector<gValueFact> values;  // of an enumeration
-  std::vector<std::string> topics; // places of the topics that the unit belongs to
-  std::string heading;             // over the unit and its neighbours
+  std::vector<gValueFact> values;     // of an enumeration
+  std::vector<std::string> topics;    // places of the topics that the unit belongs to
+  std::vector<std::string> friends;   // of a class: the types that it lets in, as they are written
+  std::vector<gVariantFact> variants; // of a macro that has several definitions: all of them
+  std::string heading;                // over the unit and its neighbours
 
   bool has_mark(std::string_view word) const;
 };

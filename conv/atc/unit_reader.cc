@@ -86,6 +86,14 @@ bool UnitReader::take_further_fact() {
     read_.unit.facts.heading = std::move(params[0]);
     return true;
   }
+  if (command == gAtcCommand::friend_type) {
+    read_.unit.facts.friends.push_back(std::move(params[0]));
+    return true;
+  }
+  if (command == gAtcCommand::variant) {
+    read_.unit.facts.variants.push_back({std::move(params[0]), std::move(params[1])});
+    return true;
+  }
   if (command == gAtcCommand::topic) {
     read_.unit.facts.topics.push_back(std::move(params[0]));
     return true;

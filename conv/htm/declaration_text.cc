@@ -68,7 +68,8 @@ public:
         continue;
       }
       bool const is_word = stretches[i].colour == gColour::word;
-      std::size_t const end = is_word ? name_end(stretches, i) : i + 1;
+      std::size_t const stop = found ? text_.size() : own->place.begin;
+      std::size_t const end = is_word ? name_end(stretches, i, stop) : i + 1;
       std::string_view const name(stretches[i].text.data(),
                                   static_cast<std::size_t>(stretches[end - 1].text.data() +
                                                            stretches[end - 1].text.size() -
@@ -99,10 +100,11 @@ private:
   std::size_t offset_of(gColoured const & stretch) const {
     return static_cast<std::size_t>(stretch.text.data() - text_.data());
   }
-  // Behind a qualified name that begins here.
-  static std::size_t name_end(std::vector<gColoured> const & stretches, std::size_t i) {
+  // Behind a qualified name that begins here, as far as it stands in front of `stop`.
+  std::size_t name_end(std::vector<gColoured> const & stretches, std::size_t i,
+                       std::size_t stop) const {
     while (i + 2 < stretches.size() && stretches[i + 1].text == "::" &&
-           stretches[i + 2].colour == gColour::word)
+           stretches[i + 2].colour == gColour::word && offset_of(stretches[i + 2]) != stop)
       i += 2;
     return i + 1;
   }

@@ -35,11 +35,13 @@ constexpr std::string_view group_order[] = {
     "property",   "event",       "signal", "slot",     "member",   "enum",     "type",
     "alias",      "concept",     "var",    "constant", "macro"};
 
-std::size_t rank_of_group(std::string_view group) {
+// Groups with a heading stand behind constructors, but for values: those are looked up seldom.
+std::size_t rank_of_group(std::string_view group, std::string_view kind) {
   if (group == "detail")
     return std::size(group_order) + 1;
+  bool const values = kind == "constant" || kind == "macro" || kind == "var";
   if (group.starts_with(headed))
-    group = group_order[1]; // behind these
+    group = values ? kind : group_order[1];
   return static_cast<std::size_t>(std::ranges::find(group_order, group) - std::begin(group_order));
 }
 
@@ -72,8 +74,9 @@ std::vector<gMemberGroup> Members::groups_of(gSite const & site, std::span<int c
       groups.push_back({name, {}});
     groups[group->second].units.push_back(unit);
   }
-  std::ranges::stable_sort(groups, {},
-                           [](gMemberGroup const & one) { return rank_of_group(one.name); });
+  std::ranges::stable_sort(groups, {}, [&](gMemberGroup const & one) {
+    return rank_of_group(one.name, site.kinds.of(one.units.front()).selector);
+  });
   for (gMemberGroup & group : groups)
     sort_members(site, group.units);
   return groups;

@@ -35,7 +35,7 @@ std::string_view without_value(std::string_view text, gKnownFacts const & facts,
              : without_end(text.substr(0, value), " ");
 }
 
-// "detail::" of "lib::detail::f", where the declaration doesn't name it already.
+// "detail::" of "lib::detail::f".
 std::string scope_in_front(gUnitRecord const & unit) {
   std::string_view const scope = Atc::scope_of(unit);
   std::string_view const last = Atc::last_component(scope);
@@ -105,8 +105,9 @@ gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place, std::string con
   DeclarationText::gOwnName own{moved(facts.name, head), {}};
   std::string const name = escaped(facts.name.of(whole));
   std::string const own_place = to.empty() ? link_to(unit, {}).href : to;
+  bool const is_named = whole.substr(0, facts.name.begin).ends_with("::");
   std::string const before =
-      place.names_scope ? Html::escaped(scope_in_front(record)) : std::string();
+      place.names_scope && !is_named ? Html::escaped(scope_in_front(record)) : std::string();
   rules().apply(gVltRule::own_name,
                 gVltValues().set(V::text, name).set(V::href, own_place).set(V::scope, before),
                 own.shown);

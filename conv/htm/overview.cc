@@ -201,15 +201,19 @@ void gOverview::add_member(int unit, gMemberRow const & row, bool kinds, bool ag
 }
 
 std::string gOverview::group(std::string_view selector, std::span<int const> units, int page,
-                             int level) const {
+                             int level, std::span<std::string const> named) const {
   std::vector<gRow> rows = Site::rows_of(site_, units);
   std::string out;
-  if (rows.empty())
+  if (rows.empty() && named.empty())
     return out;
-  std::string const count = site_.number(rows.size());
+  std::string const count = site_.number(rows.size() + named.size());
   std::size_t const left = rows.size() - std::min(rows.size(), most_of_group);
   rows.resize(rows.size() - left);
-  std::string const inner = links(rows, page), depth = std::to_string(level);
+  std::string inner = links(rows, page);
+  for (std::string const & one : named)
+    site_.rules.apply(gVltRule::overview_item, selector, gVltValues().set(V::signature, one),
+                      inner);
+  std::string const depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, inner).set(V::level, depth).set(V::count, count).set(V::title, count);
   site_.rules.apply(gVltRule::overview, selector, values, out);

@@ -70,14 +70,40 @@ gScopes::gScopes(gSite const & site) : site_(site) {
   find_friends();
 }
 
+// "class lib::B<T>" names "lib::B". Of a template's own parameter nobody knows what it stands for.
+int gScopes::friend_type(int unit, std::string_view written) const {
+  gUnitRecord const & record = site_.unit(unit);
+  for (std::string_view const key : {"class ", "struct ", "union ", "enum ", "typename ", "::"})
+    if (written.starts_with(key))
+      written.remove_prefix(key.size());
+  std::string_view const name = written.substr(0, written.find_first_of("< "));
+  std::string_view const head = record.facts.template_head.of(record.declaration);
+  bool const bound = head.find(" " + std::string(name)) != head.npos;
+  int const found = bound ? -1 : site_.document.find_word(unit, name);
+  return found >= 0 && site_.pages.of(found) >= 0 ? found : -1;
+}
+
+std::vector<std::string_view> gScopes::strange_friends(int unit) const {
+  std::vector<std::string_view> strange;
+  for (std::string const & written : site_.unit(unit).facts.friends)
+    if (friend_type(unit, written) < 0)
+      strange.push_back(written);
+  return strange;
+}
+
 // A friend belongs to a namespace by its name; the class is the innermost one whose lines are
 // around it.
 void gScopes::find_friends() {
   std::vector<int> found; // classes and friends
   for (int i = 0; i < static_cast<int>(site_.document.units.size()); ++i) {
     gUnitRecord const & unit = site_.unit(i);
-    if (site_.pages.of(i) >= 0 && (is_class(unit) || unit.facts.kind == "friend"))
+    if (site_.pages.of(i) < 0)
+      continue;
+    if (is_class(unit) || unit.facts.kind == "friend")
       found.push_back(i);
+    for (std::string const & written : unit.facts.friends)
+      if (int const other = friend_type(i, written); other >= 0 && other != i)
+        friends_[i].push_back(other);
   }
   std::ranges::stable_sort(found, {}, [&](int i) {
     gUnitRecord const & unit = site_.unit(i);

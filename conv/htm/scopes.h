@@ -29,11 +29,15 @@ public:
   // Of a template: the classes and functions that it has for some arguments. Overloads of one name
   // have them in common, and only the first tells them.
   std::span<int const> specialisations(int unit) const;
-  // Of a class: the functions that it declares as its friends, which stand beside it.
+  // Of a class: the types that it names as its friends, then the functions that it declares as
+  // such, which stand beside it.
   std::span<int const> friends(int unit) const;
+  // The friends of a class that have no page, as they are written: "class lib::Other".
+  std::vector<std::string_view> strange_friends(int unit) const;
 
 private:
   void find_friends();
+  int friend_type(int unit, std::string_view written) const;
   bool is_scope(int unit) const;
   void enter_page(int unit);
 

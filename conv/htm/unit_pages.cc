@@ -12,6 +12,7 @@
 #include "conv/htm/unit_head.h"
 #include "conv/set/enum_table.h"
 #include "conv/set/enumerators.h"
+#include "conv/set/macro_variants.h"
 #include "conv/set/relation_text.h"
 
 namespace {
@@ -191,6 +192,13 @@ void gUnitPages::add_place(int unit) {
       places_.add_headline(headline.anchor, headline.title, headline.level + (begins_page ? 0 : 1));
 }
 
+std::string gUnitPages::friends_of(int unit, int level) const {
+  std::vector<std::string> named;
+  for (std::string_view const one : scopes_.strange_friends(unit))
+    named.push_back(Html::escaped(one));
+  return overview_.group("friends_of", scopes_.friends(unit), setter_.link_page(), level, named);
+}
+
 // What stands below the unit on its page, or what its namespace holds.
 gListed gUnitPages::overview_of(int unit, int level) {
   auto const within = scopes_.of(unit);
@@ -199,8 +207,7 @@ gListed gUnitPages::overview_of(int unit, int level) {
     return overview_.within(within, site_.pages.of(unit), level, rows);
   gListed listed = overview_.of(unit, level, rows);
   listed.text +=
-      overview_.group("friends_of", scopes_.friends(unit), setter_.link_page(), level) +
-      relations_.inherited(unit, level) +
+      friends_of(unit, level) + relations_.inherited(unit, level) +
       overview_.group("specialisation", scopes_.specialisations(unit), setter_.link_page(), level);
   if (auto const members = scopes_.members(unit); !members.empty()) {
     gListed more = overview_.within(members, site_.pages.of(unit), level, rows);
@@ -214,9 +221,9 @@ gListed gUnitPages::overview_of(int unit, int level) {
 bool gUnitPages::is_told(int unit) const {
   gUnitRecord const & record = site_.unit(unit);
   gInheritance const & all = site_.inheritance;
-  if (!record.facts.known || !record.facts.values.empty() || site_.pages.units().below(unit) > 0 ||
-      site_.pages.of(unit) != page_ || all.explained_by(unit) >= 0 ||
-      !all.overridden(unit).empty() || !all.overriders(unit).empty())
+  if (!record.facts.known || !record.facts.values.empty() || !record.facts.variants.empty() ||
+      site_.pages.units().below(unit) > 0 || site_.pages.of(unit) != page_ ||
+      all.explained_by(unit) >= 0 || !all.overridden(unit).empty() || !all.overriders(unit).empty())
     return false;
   bool const same_condition =
       record.parent >= 0 && site_.unit(record.parent).facts.condition == record.facts.condition;
@@ -279,6 +286,7 @@ void gUnitPages::add_unit(int unit, std::string & out) {
   gUnitText text = site_.document.text_of(unit);
   std::string said = gSearchIndex::text_of(record, text.body);
   EnumTable::set_into(record, site_.rules, true, text.body);
+  MacroVariants::set_into(record, site_.rules, text.body);
   bool const begins_page = site_.pages.begins(unit);
   // Levels may leave out numbers; headings of a page must not.
   int const level = begins_page ? 1 : std::clamp(site_.pages.depth(unit) + 1 + deeper_, 2, 6);

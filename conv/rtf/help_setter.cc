@@ -8,6 +8,7 @@
 #include "conv/atc/unit_facts.h"
 #include "conv/rtf/rtf_marks.h"
 #include "conv/set/enum_table.h"
+#include "conv/set/macro_variants.h"
 #include "conv/set/relation_text.h"
 
 using V = gVltValue;
@@ -26,7 +27,9 @@ gUnitText gHelpSetter::begin(int unit) {
   entries_.clear();
   last_place_ = contexts_.of_unit(unit);
   gUnitText text = document().text_of(unit);
-  EnumTable::set_into(document().units[static_cast<std::size_t>(unit)], rules(), false, text.body);
+  gUnitRecord const & record = document().units[static_cast<std::size_t>(unit)];
+  EnumTable::set_into(record, rules(), false, text.body);
+  MacroVariants::set_into(record, rules(), text.body);
   RelationText::set_into(document(), inheritance_, rules(), unit, text.body);
   for (gNodeList * const nodes : {&text.toc_title, &text.title, &text.subject, &text.body})
     settle(*nodes);

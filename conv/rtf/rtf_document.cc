@@ -9,6 +9,7 @@
 #include "conv/rtf/rtf_marks.h"
 #include "conv/rtf/rtf_text.h"
 #include "conv/set/enum_table.h"
+#include "conv/set/macro_variants.h"
 #include "conv/set/relation_text.h"
 
 namespace {
@@ -107,6 +108,7 @@ void gRtfDocument::add_unit(int unit, std::string & out) {
   gUnitRecord const & record = document_.units[static_cast<std::size_t>(unit)];
   gUnitText text = document_.text_of(unit);
   EnumTable::set_into(record, rules_, false, text.body);
+  MacroVariants::set_into(record, rules_, text.body);
   RelationText::set_into(document_, inheritance_, rules_, unit, text.body);
   bool const titled = !text.title.empty();
   mark_unit(unit, text);

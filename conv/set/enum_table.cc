@@ -7,29 +7,13 @@
 #include <unordered_map>
 #include <utility>
 
+#include "conv/set/new_nodes.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 using gNames = std::unordered_map<std::string, std::string_view>;
 using gTexts = std::unordered_map<std::string_view, gNodeList>; // by the names of values
-
-gNode made(gNodeKind kind, gNodeList children = {}) {
-  gNode node;
-  node.kind = kind;
-  node.children = std::move(children);
-  return node;
-}
-
-gNode text_node(std::string text) {
-  gNode node = made(gNodeKind::text);
-  node.text = std::move(text);
-  return node;
-}
-
-gNode code_node(std::string text) {
-  return made(gNodeKind::tt, {text_node(std::move(text))});
-}
 
 bool is_blank(gNode const & node) {
   return node.kind == gNodeKind::text && std::ranges::all_of(node.text, Vlb::is_space);
@@ -64,16 +48,16 @@ bool take_texts(gNode & list, gNames const & names, gTexts & texts) {
 }
 
 gNode cell(gNodeList children) {
-  return made(gNodeKind::cell, std::move(children));
+  return NewNode::of(gNodeKind::cell, std::move(children));
 }
 
 // What is written says more than a number; where both are known and differ, both are shown.
 gNodeList number_of(gValueFact const & value) {
   if (value.written.empty())
-    return {text_node(value.number)};
-  gNodeList nodes{code_node(value.written)};
+    return {NewNode::text(value.number)};
+  gNodeList nodes{NewNode::code(value.written)};
   if (!value.number.empty() && value.number != value.written)
-    nodes.push_back(text_node(" (" + value.number + ")"));
+    nodes.push_back(NewNode::text(" (" + value.number + ")"));
   return nodes;
 }
 
@@ -81,11 +65,12 @@ gNode table_of(std::vector<gValueFact> const & values, gTexts & texts, gVltRules
                bool anchors) {
   bool const numbers = std::ranges::any_of(
       values, [](gValueFact const & v) { return !v.written.empty() || !v.number.empty(); });
-  gNode table = made(gNodeKind::table);
-  gNode head = made(gNodeKind::row, {cell({text_node(rules.setting("value_title", "Value"))})});
+  gNode table = NewNode::of(gNodeKind::table);
+  gNode head =
+      NewNode::of(gNodeKind::row, {cell({NewNode::text(rules.setting("value_title", "Value"))})});
   std::string widths = "*";
   auto const column = [&](std::string title) {
-    head.children.push_back(cell({text_node(std::move(title))}));
+    head.children.push_back(cell({NewNode::text(std::move(title))}));
     widths += ",*";
   };
   if (numbers)
@@ -95,9 +80,9 @@ gNode table_of(std::vector<gValueFact> const & values, gTexts & texts, gVltRules
   table.params = {"values", widths, "1", "first"};
   table.children.push_back(std::move(head));
   for (gValueFact const & value : values) {
-    gNode row = made(gNodeKind::row, {cell({code_node(value.name)})});
+    gNode row = NewNode::of(gNodeKind::row, {cell({NewNode::code(value.name)})});
     if (anchors) {
-      gNode mark = made(gNodeKind::bookmark);
+      gNode mark = NewNode::of(gNodeKind::bookmark);
       mark.params = {value.name};
       row.children[0].children.insert(row.children[0].children.begin(), std::move(mark));
     }
@@ -131,7 +116,8 @@ void EnumTable::set_into(gUnitRecord const & unit, gVltRules const & rules, bool
           child = table_of(values, texts, rules, anchors);
           return;
         }
-  gNode title = made(gNodeKind::title, {text_node(rules.setting("values_title", "Values"))});
-  body.push_back(
-      made(gNodeKind::subentry, {std::move(title), table_of(values, texts, rules, anchors)}));
+  gNode title =
+      NewNode::of(gNodeKind::title, {NewNode::text(rules.setting("values_title", "Values"))});
+  body.push_back(NewNode::of(gNodeKind::subentry,
+                             {std::move(title), table_of(values, texts, rules, anchors)}));
 }

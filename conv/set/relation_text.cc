@@ -4,22 +4,11 @@
 
 #include <algorithm>
 
+#include "conv/set/new_nodes.h"
+
 namespace {
 
 constexpr std::size_t most_methods = 20;
-
-gNode made(gNodeKind kind, gNodeList children = {}) {
-  gNode node;
-  node.kind = kind;
-  node.children = std::move(children);
-  return node;
-}
-
-gNode text_node(std::string text) {
-  gNode node;
-  node.text = std::move(text);
-  return node;
-}
 
 bool is_code(gNode const & node) {
   return node.kind == gNodeKind::verbatim ||
@@ -56,44 +45,44 @@ public:
     gNodeList links;
     for (int const unit : units.first(std::min(units.size(), most))) {
       if (!links.empty())
-        links.push_back(text_node(", "));
+        links.push_back(NewNode::text(", "));
       links.push_back(link_to(unit));
     }
     if (units.size() > most)
-      links.push_back(text_node(", \u2026"));
-    add_entry({text_node(rules_.setting(setting, fallback))},
-              {made(gNodeKind::paragraph, std::move(links))});
+      links.push_back(NewNode::text(", \u2026"));
+    add_entry({NewNode::text(rules_.setting(setting, fallback))},
+              {NewNode::of(gNodeKind::paragraph, std::move(links))});
   }
   void add_part(gInherited const & part) {
     gNodeList links;
     for (int const member : part.members) {
       if (!links.empty())
-        links.push_back(text_node(", "));
+        links.push_back(NewNode::text(", "));
       gNode link = link_to(member);
       std::string const & title = record(member).title;
       std::string const & name = record(member).name;
-      link.children = {text_node(
+      link.children = {NewNode::text(
           title == name ? name.substr(name.size() - record(member).facts.last_part) : title)};
       links.push_back(std::move(link));
     }
-    add_entry(
-        {text_node(rules_.setting("inherited_title", "Inherited from") + " "), link_to(part.from)},
-        {made(gNodeKind::paragraph, std::move(links))});
+    add_entry({NewNode::text(rules_.setting("inherited_title", "Inherited from") + " "),
+               link_to(part.from)},
+              {NewNode::of(gNodeKind::paragraph, std::move(links))});
   }
   void add_condition(std::string const & condition) {
-    gNode code = made(gNodeKind::tt, {text_node(condition)});
-    body_.insert(
-        body_.begin(),
-        made(gNodeKind::paragraph,
-             {text_node(rules_.setting("condition_title", "Only where") + " "), std::move(code)}));
+    gNode code = NewNode::of(gNodeKind::tt, {NewNode::text(condition)});
+    body_.insert(body_.begin(),
+                 NewNode::of(gNodeKind::paragraph,
+                             {NewNode::text(rules_.setting("condition_title", "Only where") + " "),
+                              std::move(code)}));
   }
   void add_text(int source) {
     gNodeList blocks = RelationText::explanation(document_.text_of(source));
     body_.insert(body_.end(), std::make_move_iterator(blocks.begin()),
                  std::make_move_iterator(blocks.end()));
-    body_.push_back(
-        made(gNodeKind::paragraph,
-             {text_node(rules_.setting("borrowed_title", "Text of") + " "), link_to(source)}));
+    body_.push_back(NewNode::of(
+        gNodeKind::paragraph,
+        {NewNode::text(rules_.setting("borrowed_title", "Text of") + " "), link_to(source)}));
   }
 
 private:
@@ -101,13 +90,13 @@ private:
     return document_.units[static_cast<std::size_t>(unit)];
   }
   gNode link_to(int unit) const {
-    gNode link = made(gNodeKind::reference, {text_node(record(unit).name)});
+    gNode link = NewNode::of(gNodeKind::reference, {NewNode::text(record(unit).name)});
     link.params = {record(unit).wintype, record(unit).label, ""};
     return link;
   }
   void add_entry(gNodeList title, gNodeList blocks) {
-    blocks.insert(blocks.begin(), made(gNodeKind::title, std::move(title)));
-    body_.push_back(made(gNodeKind::subentry, std::move(blocks)));
+    blocks.insert(blocks.begin(), NewNode::of(gNodeKind::title, std::move(title)));
+    body_.push_back(NewNode::of(gNodeKind::subentry, std::move(blocks)));
   }
 
   gDocument const & document_;
@@ -124,7 +113,7 @@ bool RelationText::says_something(gNodeList const & body) {
 gNodeList RelationText::explanation(gUnitText const & text) {
   gNodeList blocks;
   if (!text.subject.empty())
-    blocks.push_back(made(gNodeKind::paragraph, text.subject));
+    blocks.push_back(NewNode::of(gNodeKind::paragraph, text.subject));
   std::ranges::copy_if(text.body, std::back_inserter(blocks), is_explanation);
   drop_marks(blocks);
   return blocks;

@@ -74,7 +74,11 @@ std::string shown(std::string_view text, gFileDeclarations const & file, gDeclar
   for (std::int32_t at = one.scope; at >= 0; at = file.items[static_cast<std::size_t>(at)].scope)
     name = own_name(text, file, file.items[static_cast<std::size_t>(at)], syntax) + "::" + name;
   std::string line = std::string(kind_word(one.kind)) + " " + name;
-  if (!one.parameter_list.empty()) {
+  if (one.spelled_head >= 0)
+    line = std::string(template_head(text, file, one)) + " " + line;
+  if (one.spelled_list >= 0)
+    line += parameter_list(text, file, one);
+  else if (!one.parameter_list.empty()) {
     line += "(";
     for (std::uint32_t at = 0; at < one.params; ++at)
       line += (at ? ", " : "") + parameter(text, file.parameters[one.first_param + at], syntax);

@@ -23,7 +23,15 @@ std::string target(std::string_view text, Decl::gFileDeclarations const & file,
   return shown;
 }
 
-// "LINE -> LINE name, rule" for each comment; "-" for one that is left out. A first line "pascal"
+std::string lines_of(Decl::gFileDeclarations const & file, gAttachment const & one) {
+  auto const line = [&](std::int32_t i) {
+    return std::to_string(file.items[static_cast<std::size_t>(i)].line);
+  };
+  return line(one.first_headed) + " to " + line(one.last_headed);
+}
+
+// "LINE -> LINE name, rule" for each comment; "-" for one that is left out,
+// "heads LINE to LINE" for one above several declarations. A first line "pascal"
 // tells the language.
 std::string attached(std::string const & input) {
   bool const pascal = input.starts_with("pascal\n");
@@ -35,9 +43,10 @@ std::string attached(std::string const & input) {
   std::string out;
   for (std::size_t i = 0; i < blocks.size(); ++i)
     out += std::to_string(blocks[i].line) + " -> " +
-           (found[i].declaration < 0 ? "-"
-                                     : target(text, file, found[i]) + ", " +
-                                           rules[static_cast<std::size_t>(found[i].rule)]) +
+           (found[i].first_headed >= 0 ? "heads " + lines_of(file, found[i])
+            : found[i].declaration < 0 ? "-"
+                                       : target(text, file, found[i]) + ", " +
+                                             rules[static_cast<std::size_t>(found[i].rule)]) +
            "\n";
   return out;
 }

@@ -311,8 +311,10 @@ TEST_F(HtmSite, RowsOfMembersSayWhatDetailsNeedNot) {
   units += known(3, "enum", "n::C::E", "E", "", "enum E { one, two };", "@_value<one><><0>");
   units +=
       known(3, "member", "n::C::data", "data", "", "int data[] = {" + std::string(200, '1') + "};");
+  units += known(3, "method", "n::C::in::make", "make", "", "void in::make(D d);");
   convert(units);
   std::string const page = file("n.C.htm");
+  EXPECT_NE(page.find("</b> in::<a class=\"own\""), std::string::npos) << page;
   expect_in_order(page, {"On this page", "#g-method", "#bare", "#g-enum", "#E"});
   expect_in_order(page, {"id=\"g-method\">Methods", "<li id=\"bare\"", "class=\"arrow\">-&gt;<",
                          ", <span class=\"differs\"><b>char</b>* b</span>)",
@@ -396,6 +398,34 @@ TEST_F(HtmSite, EnumerationsAreTables) {
                                   "red &gt; 1", "(0)", "id=\"b-odd\"", "f()"});
   expect_in_order(file("F.htm"), {"Values", "id=\"b-one\"", "<td>1"});
   EXPECT_EQ(file("F.htm").find("Meaning"), std::string::npos);
+}
+
+// Whom a class lets in is found by scope, and never taken for a template's own parameter.
+TEST_F(HtmSite, ClassesTellTheirFriends) {
+  std::string const friends = "@_friend<class R>\n@_friend<n::in::G<int\\>>\n@_friend<T>\n"
+                              "@_friend<class x::Elsewhere>\n";
+  convert(known(2, "class", "n::C", "C", "", "template <class T> class C", friends) +
+          known(2, "class", "n::R", "R", "", "class R") +
+          known(2, "class", "R", "R", "", "class R") +
+          known(2, "struct", "n::in::G", "G", "", "struct G") +
+          known(2, "class", "n::T", "T", "", "class T"));
+  std::string const page = file("n.C.htm");
+  expect_in_order(page, {">Friends<", "href=\"n.R.htm\"", "href=\"n.in.G.htm\"",
+                         "\"signature\">T</code>", "\"signature\">class x::Elsewhere</code>"});
+  std::string const list = page.substr(page.find(">Friends<"));
+  EXPECT_EQ(list.substr(0, list.find("</ul>")).find("n.T.htm"), std::string::npos) << list;
+}
+
+// A switch has two values, and a reader must see both.
+TEST_F(HtmSite, MacrosTellAllTheirDefinitions) {
+  std::string const both = "@_variant<defined(W)><#define M 1>\n@_variant<><#define M <2\\>>\n";
+  convert(known(2, "macro", "M", "M", "", "#define M 1",
+                both + "\n@subentry<1> @subtitle{}\n"
+                       "@b_verbatim\n#define M 1\n"
+                       "@e_verbatim\n\nSays so.\n"));
+  expect_in_order(file("M.htm"),
+                  {">#define</span> M", ">Where<", "#define M 1</code>", "defined(W)</code>",
+                   "#define M &lt;2&gt;</code>", "anywhere", "Says so."});
 }
 
 // Scopes, headers and warnings on the first screen; what isn't meant for users behind the rest.
