@@ -5,6 +5,9 @@
 #include <array>
 #include <iterator>
 
+#include "ana/comments/words.h"
+#include "vlb/gstring.h"
+
 namespace {
 
 constexpr gCommand rows[] = {
@@ -36,6 +39,22 @@ gCommand Commands::find(std::string_view name) {
       table.begin(), table.end(), name,
       [](gCommand const & row, std::string_view wanted) { return row.name < wanted; });
   return at != table.end() && at->name == name ? *at : gCommand();
+}
+
+gCommand Commands::at(std::string_view text, std::size_t & length) {
+  length = 1;
+  if (text.size() < 2 || (text[0] != '@' && text[0] != '\\'))
+    return {};
+  while (length < text.size() && is_letter(text[length]))
+    ++length;
+  if (length == 2 && text[1] == 'f' && length < text.size() && is_one_of(text[2], "[{("))
+    ++length;
+  else
+    while (length > 1 && length < text.size() && Vlb::is_digit(text[length]))
+      ++length;
+  if (length < text.size() && Vlb::is_word(text[length]))
+    return {};
+  return find(text.substr(1, length - 1));
 }
 
 bool Commands::begins_part(gCommandKind kind) {

@@ -52,6 +52,8 @@ namespace Commands {
 // Without "@" or "\". The kind `none` for a word that isn't known. Case counts.
 gCommand find(std::string_view name);
 std::span<gCommand const> all();
+// "@name" or "\name" at the head of a text; how much of it that takes in `length`.
+gCommand at(std::string_view text, std::size_t & length);
 // Whether it begins a new part of the comment wherever it stands.
 bool begins_part(gCommandKind kind);
 } // namespace Commands

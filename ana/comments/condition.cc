@@ -15,6 +15,7 @@ public:
       : text_(text),
         names_(names) {}
   bool any(int depth);
+  std::string_view rest() const { return text_; }
 
 private:
   bool all(int depth);
@@ -26,11 +27,11 @@ private:
 };
 
 bool Condition::take(std::string_view word) {
-  text_ = trimmed(text_);
-  bool const found = text_.starts_with(word);
-  if (found)
-    text_.remove_prefix(word.size());
-  return found;
+  std::string_view const behind = trimmed(text_);
+  if (!behind.starts_with(word))
+    return false;
+  text_ = behind.substr(word.size());
+  return true;
 }
 
 bool Condition::any(int depth) {
@@ -58,13 +59,26 @@ bool Condition::one(int depth) {
   } else {
     text_ = trimmed(text_);
     std::size_t const end = std::min(text_.find_first_of(" \t()|&!"), text_.size());
-    result = end > 0 && names_.contains(text_.substr(0, end));
+    std::string_view name = text_.substr(0, end);
     text_.remove_prefix(end);
+    if (name == "defined" && text_.starts_with('(')) { // "defined(name)"
+      std::size_t const last = std::min(text_.find(')'), text_.size() - 1);
+      name = trimmed(text_.substr(1, last - 1));
+      text_.remove_prefix(last + 1);
+    }
+    result = !name.empty() && names_.contains(name);
   }
   return result != negated;
 }
 
 } // namespace
+
+std::size_t condition_length(std::string_view text) {
+  std::set<std::string, std::less<>> const none;
+  Condition condition(text, none);
+  condition.any(0);
+  return text.size() - condition.rest().size();
+}
 
 bool condition_holds(std::string_view condition, std::set<std::string, std::less<>> const & names) {
   return !trimmed(condition).empty() && Condition(condition, names).any(0);

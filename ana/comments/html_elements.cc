@@ -25,6 +25,7 @@ enum class Does : unsigned char {
   definition,
   quote,
   table,
+  caption,
   row,
   head_cell,
   cell,
@@ -32,6 +33,9 @@ enum class Does : unsigned char {
   image,
   see,
   name,
+  list_head, // of a list that may be a table
+  list_term,
+  list_text,
   label, // a paragraph with a word in front of it
 };
 
@@ -53,15 +57,16 @@ constexpr Row rows[] = {
     {"blockquote", Does::quote},
     {"br", Does::line_break},
     {"c", Does::format, "tt"},
-    {"caption", Does::paragraph},
+    {"caption", Does::caption},
     {"center", Does::paragraph},
     {"cite", Does::format, "em"},
     {"code", Does::format, "tt"},
     {"col", Does::nothing},
     {"colgroup", Does::nothing},
+    {"completionlist", Does::nothing},
     {"dd", Does::definition},
     {"del", Does::format, "del"},
-    {"description", Does::nothing},
+    {"description", Does::list_text},
     {"details", Does::paragraph},
     {"dfn", Does::format, "em"},
     {"div", Does::paragraph},
@@ -88,7 +93,7 @@ constexpr Row rows[] = {
     {"kbd", Does::format, "kbd"},
     {"li", Does::item},
     {"list", Does::list},
-    {"listheader", Does::item},
+    {"listheader", Does::list_head},
     {"main", Does::paragraph},
     {"mark", Does::format, "mark"},
     {"nav", Does::paragraph},
@@ -117,7 +122,7 @@ constexpr Row rows[] = {
     {"table", Does::table},
     {"tbody", Does::nothing},
     {"td", Does::cell},
-    {"term", Does::format, "b"},
+    {"term", Does::list_term},
     {"tfoot", Does::nothing},
     {"th", Does::head_cell},
     {"thead", Does::nothing},
@@ -190,11 +195,16 @@ void set_block(Row const & row, gHtmlTag const & tag, gRichText & out) {
     return out.rule();
   case Does::list:
   case Does::numbering: {
-    bool const numbered =
-        row.does == Does::numbering || Html::attribute(tag.attributes, "type") == "number";
-    return tag.closing ? out.close_list() : out.open_list(numbered);
+    std::string const type = Html::attribute(tag.attributes, "type");
+    if (tag.closing)
+      return row.name == "list" && out.in_table() ? out.close_table() : out.close_list();
+    return row.name == "list" && type == "table"
+               ? out.open_table()
+               : out.open_list(row.does == Does::numbering || type == "number");
   }
   case Does::item:
+    if (row.name == "item" && out.in_table())
+      return tag.closing ? out.close_cell() : out.open_row(false);
     return tag.closing ? out.close_item() : out.open_item();
   case Does::term:
     if (tag.closing)
@@ -206,16 +216,33 @@ void set_block(Row const & row, gHtmlTag const & tag, gRichText & out) {
     return tag.closing ? out.end_paragraph() : out.text(" ");
   case Does::quote:
     return tag.closing ? out.close_quote() : out.open_quote();
+  case Does::caption:
+    return tag.closing ? out.close_caption() : out.open_caption();
   case Does::table:
     return tag.closing ? out.close_table() : out.open_table();
   case Does::row:
     return tag.closing ? void() : out.open_row(false);
   case Does::head_cell:
   case Does::cell:
-    return tag.closing ? out.close_cell() : out.open_cell();
+    return tag.closing ? out.close_cell() : out.open_cell(row.does == Does::head_cell);
   default:
     return;
   }
+}
+
+// Lists of XML comments hold terms and their descriptions: cells of a table, or parts of an item.
+void set_list_part(Row const & row, bool closing, gRichText & out) {
+  bool const cells = out.in_table();
+  if (row.does == Does::list_head)
+    return cells     ? closing ? out.close_cell() : out.open_row(true)
+               : closing ? out.close_item()
+                     : out.open_item();
+  if (cells)
+    return closing ? out.close_cell() : out.open_cell();
+  if (row.does == Does::list_term)
+    return closing ? out.close_format("b") : out.open_format("b");
+  if (!closing)
+    out.text(" ");
 }
 
 } // namespace
@@ -342,6 +369,11 @@ bool Html::set(gHtmlTag const & tag, gRichText & out) {
       out.text(": ");
     }
     break;
+  case Does::list_head:
+  case Does::list_term:
+  case Does::list_text:
+    set_list_part(*row, tag.closing, out);
+    break;
   case Does::nothing:
     break;
   default:
@@ -379,55 +411,4 @@ std::string Html::entity_at(std::string_view text, std::size_t & length) {
     return {}; // no name of one
   length = end + 1;
   return std::string(character);
-}
-
-// The lines of "<pre>...</pre>", with the language that "<code>" in it names; the length of all.
-std::size_t Html::set_program(std::string_view text, gRichText & out) {
-  std::size_t const begin = tag_at(text).length;
-  std::size_t const end = text.find("</pre>", begin);
-  if (end == text.npos)
-    return 0;
-  std::string_view inner = text.substr(begin, end - begin);
-  std::string lines, language;
-  for (std::size_t length = 0; !inner.empty(); inner.remove_prefix(length)) {
-    gHtmlTag const tag = inner[0] == '<' ? tag_at(inner) : gHtmlTag();
-    length = tag.length;
-    if (tag.name == "code" && !tag.closing)
-      language = attribute(tag.attributes, "class");
-    if (length > 0 && is_known(tag.name))
-      continue;
-    std::string const character = inner[0] == '&' ? entity_at(inner, length) : std::string();
-    lines += inner[0] == '&' && length > 0 ? character : inner.substr(0, 1);
-    length = std::max<std::size_t>(inner[0] == '&' ? length : 0, 1);
-  }
-  lines.erase(0, lines.starts_with('\n'));
-  constexpr std::string_view prefix = "language-";
-  out.block(lines, language.starts_with(prefix) ? language.substr(prefix.size()) : "");
-  return end + std::string_view("</pre>").size();
-}
-
-void Html::set_text(std::string_view text, gRichText & out) {
-  bool closed_pre = true; // none is looked for twice
-  while (!text.empty()) {
-    std::size_t const plain = std::min(text.find_first_of("<&"), text.size());
-    out.text(text.substr(0, plain));
-    text.remove_prefix(plain);
-    if (text.empty())
-      return;
-    std::size_t length = 0;
-    if (text[0] == '<') {
-      gHtmlTag const tag = tag_at(text);
-      if (tag.name == "pre" && tag.length > 0 && !tag.closing && closed_pre) {
-        length = set_program(text, out);
-        closed_pre = length > 0;
-      }
-      if (length == 0 && tag.length > 0 && set(tag, out))
-        length = tag.length;
-    } else if (std::string const character = entity_at(text, length); length > 0) {
-      out.text(character);
-    }
-    if (length == 0)
-      out.text(text.substr(0, 1));
-    text.remove_prefix(std::max<std::size_t>(length, 1));
-  }
 }

@@ -6,6 +6,7 @@
 #include <cctype>
 #include <utility>
 
+#include "ana/comments/html_elements.h"
 #include "ana/comments/words.h"
 #include "vlb/gstring.h"
 
@@ -20,6 +21,17 @@ std::string environment(std::string_view text) {
   std::string_view body = trimmed(text.substr(std::min(end + 1, text.size())));
   body.remove_prefix(body.starts_with('{'));
   return "\\begin{" + name + "}" + std::string(body) + "\\end{" + name + "}";
+}
+
+// "0xE9" and "233" as HTML has them.
+std::string character_name(std::string_view number) {
+  bool const hexadecimal = number.starts_with("0x") || number.starts_with("0X");
+  return hexadecimal ? "&#x" + std::string(number.substr(2)) + ";"
+                     : "&#" + std::string(number) + ";";
+}
+
+bool is_text_format(std::string_view target) {
+  return target == "b" || target == "em" || target == "tt";
 }
 
 } // namespace
@@ -72,11 +84,26 @@ std::string_view gInlineCommands::braced() {
   return {};
 }
 
+// The words of toolkits stand in braces, with or without a blank in front.
+bool gInlineCommands::at_braces(gCommand const & command) const {
+  std::size_t const open = at_ + (at(at_) == ' ');
+  bool const may = command.kind == gCommandKind::brace || command.kind == gCommandKind::bracket ||
+                   command.where.find('q') != npos || command.where == "c";
+  return may && at(open) == '{' && at(open + 1) != '}' && at(open + 1) != '@' &&
+         text_.substr(open, 400).find('}') != npos;
+}
+
+std::string_view gInlineCommands::braced_words() {
+  at_ += at(at_) == ' ';
+  return braced();
+}
+
 bool gInlineCommands::word_format(gCommand const & command, std::size_t end) {
   std::size_t const from = at_;
   at_ = end;
-  std::string_view const word =
-      at(at_) == '{' && command.kind == gCommandKind::brace ? braced() : take_word();
+  std::string_view word = at_braces(command) ? braced_words() : take_word();
+  if (command.target == "second" && at_braces(command)) // what it looks like stood in front
+    word = braced_words();
   if (word.empty()) {
     at_ = from;
     return false;
@@ -92,8 +119,17 @@ bool gInlineCommands::word_format(gCommand const & command, std::size_t end) {
   case gCommandKind::bold_word:
     put({gToken::format, words, "b", {}}, from);
     break;
+  case gCommandKind::bracket:
+    put({gToken::format, words, std::string(command.target), {}}, from);
+    break;
   case gCommandKind::brace:
-    put({command.target.empty() ? gToken::text : gToken::format,
+    if (command.target == "character") {
+      std::size_t length = 0;
+      std::string const shown = Html::entity_at(character_name(word), length);
+      put({gToken::text, length > 0 ? shown : words, {}, {}}, from);
+      break;
+    }
+    put({command.target.empty() || command.target == "second" ? gToken::text : gToken::format,
          words,
          std::string(command.target),
          {}},
@@ -147,7 +183,7 @@ bool gInlineCommands::closed(gCommand const & command, std::size_t end) {
          shown.empty() ? name : shown,
          {}},
         from);
-  } else {
+  } else if (command.kind == gCommandKind::block) {
     put({gToken::code, std::string(trimmed(inner)), {}, {}}, from);
   }
   return true;
@@ -164,7 +200,7 @@ bool gInlineCommands::reference(gCommand const & command, std::size_t end) {
     target = braced();
     if (at(at_) == '[') // the place of the target
       at_ = std::min(text_.find(']', at_), text_.size() - 1) + 1;
-    shown = at(at_) == '{' ? braced() : std::string_view();
+    shown = at(at_ + (at(at_) == ' ')) == '{' ? braced_words() : std::string_view();
   } else {
     target = take_word();
     std::size_t const quote = at_ + (at(at_) == ' ');
@@ -179,7 +215,8 @@ bool gInlineCommands::reference(gCommand const & command, std::size_t end) {
     at_ = from;
     return false;
   }
-  std::string const name = reference_target(target);
+  bool const title = command.kind == gCommandKind::target && target.find(' ') != npos;
+  std::string const name = title ? title_id(target) : reference_target(target);
   if (command.name == "subpage")
     pages_below_.emplace_back(target);
   std::string const words(shown.empty() ? target : shown);
@@ -187,7 +224,7 @@ bool gInlineCommands::reference(gCommand const & command, std::size_t end) {
     put({gToken::link, std::string(target), words, {}}, from);
   else if (name.empty())
     put({gToken::text, words, {}, {}}, from);
-  else if (shown.empty())
+  else if (shown.empty() && !title)
     put({gToken::reference, name, words, {}}, from);
   else
     put({gToken::reference_text, name, words, {}}, from);
@@ -220,7 +257,14 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
   case bold_word:
   case word:
   case anchor:
-    return ends_word(at(behind)) && word_format(command, behind);
+    return (ends_word(at(behind)) || at(behind) == '{') && word_format(command, behind);
+  case bracket:
+    if (!ends_word(at(behind)) && at(behind) != '{')
+      return false;
+    if (is_text_format(command.target))
+      return word_format(command, behind);
+    at_ = behind;
+    return true;
   case brace:
     return word_format(command, behind);
   case ref:
@@ -296,8 +340,13 @@ bool gInlineCommands::command() {
     return false;
   if (symbol())
     return true;
-  if (behind_word() || (at_ > 0 && text_[at_ - 1] == '\\'))
+  if (at_ > 0 && text_[at_ - 1] == '\\')
     return false;
+  if (behind_word()) { // "H\sub{2}O"
+    std::size_t const open = std::min(text_.find('{', at_), at_ + 20);
+    gCommand const inside = Commands::find(text_.substr(at_ + 1, open - at_ - 1));
+    return text_[at_] == '\\' && inside.kind == gCommandKind::brace && known(inside, open);
+  }
   if (parameter())
     return true;
   std::size_t end = at_ + 1;

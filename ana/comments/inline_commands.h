@@ -30,6 +30,8 @@ private:
   bool behind_blank() const;
   std::string_view take_word();
   std::string_view braced();
+  bool at_braces(gCommand const & command) const;
+  std::string_view braced_words();
   void put(gToken token, std::size_t from);
   bool step();
   bool program_text();

@@ -11,6 +11,22 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 
+// Lines lose the blanks that all of them have in front, and the empty ones in front of them.
+std::string without_margin(std::string_view lines) {
+  lines.remove_prefix(std::min(lines.find_first_not_of(" \t"), lines.size()));
+  lines.remove_prefix(lines.starts_with('\n'));
+  std::size_t const margin = std::min(lines.find_first_not_of(" \t"), lines.size());
+  std::string result;
+  for (std::size_t at = 0; at < lines.size();) {
+    std::size_t const end = std::min(lines.find('\n', at), lines.size());
+    std::string_view const line = lines.substr(at, end - at);
+    std::size_t const blanks = std::min(line.find_first_not_of(" \t"), line.size());
+    (result += line.substr(std::min(blanks, margin))) += '\n';
+    at = end + 1;
+  }
+  return result;
+}
+
 } // namespace
 
 // {@link Name text}, {@code text}
@@ -42,8 +58,20 @@ bool gInlineCommands::braced_command() {
       put({gToken::reference, target, std::string(inner), {}}, from);
     else
       put({gToken::reference_text, target, shown, {}}, from);
-  } else if (name == "code" || name == "literal" || name == "value") {
+  } else if (name == "value" && !reference_target(inner).empty()) {
+    put({gToken::reference,
+         reference_target(inner),
+         std::string(inner.substr(inner.starts_with('#'))),
+         {}},
+        from);
+  } else if (name == "code" || name == "literal" || name == "value" || name == "systemProperty") {
     put({gToken::code, tokens_.plain(inner), {}, {}}, from);
+  } else if (name == "return") {
+    put({gToken::text, "Returns " + std::string(inner) + ".", {}, {}}, from);
+  } else if (name == "snippet") {
+    std::size_t const colon = inner.find(':'); // attributes stand in front
+    if (colon != npos)
+      put({gToken::block, without_margin(tokens_.plain(inner.substr(colon + 1))), {}, {}}, from);
   } else if (name == "inheritDoc") {
     put({gToken::copy_all, {}, {}, {}}, from);
   } else if (name == "docRoot" || name == "index") {

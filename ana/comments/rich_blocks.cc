@@ -199,7 +199,29 @@ void gRichText::open_table() {
   blocks_.push_back(table);
 }
 
+bool gRichText::in_table() const {
+  for (std::size_t i = blocks_.size(); i > 0; --i)
+    if (Block const block = blocks_[i - 1].block; block == Block::table || block == Block::list)
+      return block == Block::table;
+  return false;
+}
+
+void gRichText::open_caption() {
+  if (in(Block::table) && blocks_.back().first_row) {
+    blocks_.pop_back(); // it begins behind its caption
+    in_caption_ = true;
+  }
+  open_format("b");
+}
+
+void gRichText::close_caption() {
+  close_format("b");
+  if (std::exchange(in_caption_, false))
+    open_table();
+}
+
 void gRichText::open_row(bool head) {
+  in_caption_ = false;
   if (!close_blocks_to(Block::table))
     open_table();
   if (!in(Block::table))
@@ -214,7 +236,7 @@ void gRichText::open_row(bool head) {
   put("@row ");
 }
 
-void gRichText::open_cell() {
+void gRichText::open_cell(bool head) {
   if (!close_blocks_to(Block::row))
     open_row(false);
   if (!in(Block::row))
@@ -222,6 +244,11 @@ void gRichText::open_cell() {
   std::size_t const cells = ++blocks_.back().cells;
   Open & table = blocks_[blocks_.size() - 2];
   table.columns = std::max(table.columns, cells);
+  Open & row = blocks_.back();
+  if (row.first_row && head && cells == 1)
+    table.head = row.head = true;
+  else if (row.head && !head)
+    table.head = false;
   Open cell{Block::cell};
   cell.formats = formats_.size();
   blocks_.push_back(cell);

@@ -66,8 +66,14 @@ public:
   void close_quote();
   // A table's columns are counted by its first row.
   void open_table();
+  // A paragraph in bold letters, in front of the table whose first row comes.
+  void open_caption();
+  void close_caption();
+  // The innermost list or table is a table.
+  bool in_table() const;
   void open_row(bool head);
-  void open_cell();
+  // Those of a first row make it a head.
+  void open_cell(bool head = false);
   void close_cell();
   void close_table();
   // What another element says: a paragraph of its own but for the brief text. A cell of a table
@@ -126,6 +132,7 @@ private:
   bool behind_paragraph_ = false; // a paragraph ended and no block came
   bool blank_pending_ = false;
   bool joins_ = false;
+  bool in_caption_ = false; // of a table that begins behind it
   bool fresh_line_ = false; // nothing stands in the line
   bool exact_ = false;      // formats stand in each other
 };

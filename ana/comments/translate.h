@@ -16,6 +16,7 @@ struct gCommentHints {
   enum Declared { other, routine, enumeration };
   Declared declared = other;
   std::string name;                              // without scopes
+  std::string scope;                             // the name of the class around it
   std::set<std::string, std::less<>> parameters; // their names
   bool titles = true;                            // "# Title" is one, and not a number
   bool pascal = false;
@@ -67,9 +68,11 @@ struct gTranslated {
     topic    // a text of its own
   };
   Kind kind = nothing;
-  std::string name; // of the element, or the title of the topic
-  std::string id;   // by which references find the topic
-  std::string sort; // of a topic: "topic", "page", "mainpage", "file"; empty for others
+  std::string name;      // of the element, or the title of the topic
+  std::string id;        // by which references find the topic
+  std::string title_id;  // the same, by its title; mostly empty
+  std::string sort;      // of a topic: "topic", "page", "mainpage", "file"; empty for others
+  bool excluded = false; // what it describes isn't shown
   std::vector<gCommentPart> parts;
   std::vector<gCommentGroup> groups;
   std::map<std::string, std::size_t> unknown; // commands, with their numbers
@@ -85,7 +88,7 @@ struct gCommentSubject {
   gTranslated::Kind kind = gTranslated::unit; // nothing if it opens or closes a group
   std::string name;
 };
-gCommentSubject comment_subject(std::string_view comment);
+gCommentSubject comment_subject(std::string_view comment, bool pascal = false);
 
 // The names behind "@param" and its kin.
 std::set<std::string, std::less<>> described_parameters(std::string_view comment);

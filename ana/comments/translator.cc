@@ -6,36 +6,18 @@
 #include <algorithm>
 
 #include "ana/comments/brackets.h"
-#include "ana/comments/condition.h"
 #include "ana/comments/html_elements.h"
 #include "ana/comments/markdown.h"
 #include "ana/comments/name_marks.h"
 #include "ana/comments/restructured.h"
 #include "ana/comments/words.h"
+#include "ana/comments/xml_blocks.h"
 #include "vlb/gstring.h"
 
 namespace {
 
 constexpr std::string_view description = "@description";
 constexpr auto npos = std::string_view::npos;
-
-// "@name" or "\name" at the head of a text; its length in `length`.
-gCommand command_at(std::string_view text, std::size_t & length) {
-  length = 1;
-  if (text.size() < 2 || (text[0] != '@' && text[0] != '\\'))
-    return {};
-  while (length < text.size() && is_letter(text[length]))
-    ++length;
-  if (length == 2 && text[1] == 'f' && length < text.size() &&
-      std::string_view("[{(").find(text[2]) != npos)
-    ++length;
-  else
-    while (length > 1 && length < text.size() && Vlb::is_digit(text[length]))
-      ++length;
-  if (length < text.size() && Vlb::is_word(text[length]))
-    return {};
-  return Commands::find(text.substr(1, length - 1));
-}
 
 bool is_rule(std::string_view line) {
   return line.size() > 2 && line.find_first_not_of("=-~_*#/+. ") == npos;
@@ -52,9 +34,11 @@ bool is_item(std::string_view line) {
          line[digits + 1] == ' ';
 }
 
-// What a line is read apart for.
-bool begins_piece(gCommand const & command) {
-  return Commands::begins_part(command.kind) ||
+// What a line is read apart for; in lists and tables of commands their parts, too.
+bool begins_piece(gCommand const & command, bool in_list) {
+  using enum gCommandKind;
+  bool const part = command.kind == item || command.kind == begin || command.kind == end;
+  return Commands::begins_part(command.kind) || (in_list && part) ||
          (command.kind == gCommandKind::group && command.target == "member");
 }
 
@@ -95,8 +79,9 @@ gCommentTranslator::gCommentTranslator(std::string_view comment, gCommentHints c
       hints_(hints),
       options_(options),
       inline_(tokens_, hints, result_.unknown) {
+  comment_ = without_xml_blocks(comment_, tokens_);
   if (hints && hints->pascal)
-    comment_ = without_brackets(comment_, tokens_);
+    comment_ = without_brackets(comment_, *hints, tokens_);
   split();
   measure();
   parts_.push_back({std::string(description), gRichText(), false});
@@ -124,70 +109,6 @@ void gCommentTranslator::measure() {
     line.indent = &line == &lines_[0] || line.indent < least ? 0 : line.indent - least;
 }
 
-bool gCommentTranslator::is_set(std::string_view condition) const {
-  return condition_holds(condition, options_.sections);
-}
-
-void gCommentTranslator::condition(std::string_view word, std::string_view rest) {
-  bool const outer = conditions_.size() < 2 || conditions_[conditions_.size() - 2];
-  if (word == "if" || word == "ifnot") {
-    bool const shown = conditions_.empty() || conditions_.back();
-    conditions_.push_back(shown && is_set(rest) == (word == "if"));
-  } else if (conditions_.empty()) {
-    return;
-  } else if (word == "endif") {
-    conditions_.pop_back();
-  } else if (word == "else") {
-    conditions_.back() = outer && !conditions_.back();
-  } else {
-    conditions_.back() = outer && !conditions_.back() && is_set(rest);
-  }
-}
-
-// Lines that aren't for readers. Their end may be missing.
-bool gCommentTranslator::hide(std::size_t & i) {
-  std::string_view const text = lines_[i].text;
-  std::size_t length = 0;
-  gCommand const command = described_name(text).empty() ? command_at(text, length) : gCommand();
-  std::string_view const rest =
-      command.kind == gCommandKind::none ? "" : trimmed(text.substr(length));
-  if (command.kind == gCommandKind::branch) {
-    condition(command.name, rest);
-    return true;
-  }
-  if (!conditions_.empty() && !conditions_.back())
-    return true;
-  bool const hidden = command.kind == gCommandKind::hidden;
-  if (!hidden && command.kind != gCommandKind::dropped)
-    return false;
-  bool const shown = hidden && (options_.internal || (command.name == "cond" && is_set(rest)));
-  if (shown && command.name == "cond")
-    result_.groups.push_back({gCommentGroup::hide, {}, {}});
-  else if (shown && !rest.empty())
-    add(rest, lines_[i].indent);
-  if (shown)
-    return true;
-  flush();
-  std::string const end = std::string(command.target);
-  std::size_t depth = 1;
-  for (; i < lines_.size(); ++i) {
-    std::string_view const line = lines_[i].text;
-    if (end.empty())
-      continue;
-    std::size_t const at = line.find(end);
-    if (at != npos && at > 0 && (line[at - 1] == '@' || line[at - 1] == '\\') && --depth == 0)
-      return true;
-    std::size_t other = 0;
-    if (depth > 0 && at == npos && command_at(line, other).name == command.name &&
-        &line != &lines_[i].text)
-      depth += hidden && i > 0 && &lines_[i] != &lines_[0] && line.data() != text.data();
-  }
-  // What isn't closed in the comment goes on behind it.
-  for (; command.name == "cond" && depth > 0; --depth)
-    result_.groups.push_back({gCommentGroup::hide, "cond", {}});
-  return true;
-}
-
 // ``` or ~~~, @code ... @endcode, <pre> ... </pre>
 bool gCommentTranslator::read_block(std::size_t & i) {
   std::string_view const head = lines_[i].text;
@@ -199,7 +120,7 @@ bool gCommentTranslator::read_block(std::size_t & i) {
   } else if (head == "<pre>" || head == "<code>" || head == "<pre><code>" ||
              head == "<pre>{@code") {
     close = head == "<code>" ? "</code>" : "</pre>";
-  } else if (gCommand const command = command_at(head, length);
+  } else if (gCommand const command = Commands::at(head, length);
              command.kind == gCommandKind::block || command.name == "f[" || command.name == "f{") {
     close = head[0] + std::string(command.target);
     std::string_view const rest = head.substr(length);
@@ -234,7 +155,9 @@ bool gCommentTranslator::read_block(std::size_t & i) {
               lines_[i].indent);
   std::string_view const behind =
       trimmed(lines_[end].text.substr(lines_[end].text.find(close) + close.size()));
-  i = end;
+  i = close.ends_with("newcode") ? end - 1 : end; // the new one follows the old
+  if (close.ends_with("newcode"))
+    return true;
   if (!behind.empty() && behind != "</pre>" && behind.find_first_not_of(close[0]) != npos)
     add(behind, lines_[end].indent);
   return true;
@@ -242,7 +165,7 @@ bool gCommentTranslator::read_block(std::size_t & i) {
 
 bool gCommentTranslator::read_command(std::string_view text, std::size_t indent) {
   std::size_t length = 0;
-  gCommand const command = command_at(text, length);
+  gCommand const command = Commands::at(text, length);
   switch (command.kind) {
   case gCommandKind::none:
   case gCommandKind::block:
@@ -305,8 +228,8 @@ void gCommentTranslator::read_pieces(Line const & line) {
   for (std::size_t at = 1; at < text.size(); ++at) {
     std::size_t length = 0;
     if ((text[at] != '@' && text[at] != '\\') || text[at - 1] != ' ' ||
-        !begins_piece(command_at(text.substr(at), length)) || at + length >= text.size() ||
-        (text[at + length] != ' ' && text[at + length] != '['))
+        !begins_piece(Commands::at(text.substr(at), length), !opened_.empty()) ||
+        at + length >= text.size() || (text[at + length] != ' ' && text[at + length] != '['))
       continue;
     read_piece(trimmed(text.substr(0, at)), line.indent);
     text = text.substr(at);
@@ -315,37 +238,47 @@ void gCommentTranslator::read_pieces(Line const & line) {
   read_piece(text, line.indent);
 }
 
-void gCommentTranslator::read_line(std::size_t & i) {
-  if (hide(i))
-    return;
-  Line const & line = lines_[i];
-  if (line.text.empty()) {
-    break_pending_ = true;
-    return;
-  }
-  if (read_block(i))
-    return;
-  if (is_rule(line.text)) {
-    // Under a line of text it makes a title of it, and a table needs it.
-    bool const below =
-        !break_pending_ && !blank_body() && line.text.find_first_not_of("=-") == npos;
-    if (below && hints_ && hints_->titles && part().entry == description)
-      add(line.text.substr(0, 3), line.indent);
-    else
-      break_pending_ = true;
-    return;
-  }
+// The text of a line, or what is left of one.
+void gCommentTranslator::read_words(std::string_view words, Line const & line) {
   auto const is_command = [&](std::string_view word) {
     return !hints_->parameters.contains(word) && Commands::find(word).kind != gCommandKind::none;
   };
-  std::string const text =
-      headed_ ? Comments::from_name_marks(line.text, is_command) : from_xml(line.text);
+  std::string const text = headed_ ? Comments::from_name_marks(words, is_command) : from_xml(words);
   std::size_t const end = brackets_behind(text);
   std::string_view const marks = std::string_view(text).substr(end);
-  std::string_view const words = brackets_in_front(trimmed(std::string_view(text).substr(0, end)));
+  words = brackets_in_front(trimmed(std::string_view(text).substr(0, end)));
   if (!words.empty())
     read_pieces({words, line.whole, line.indent});
   brackets_in_front(trimmed(marks));
+}
+
+bool gCommentTranslator::read_rule(Line const & line) {
+  if (!is_rule(line.text))
+    return false;
+  // Under a line of text it makes a title of it, and a table needs it.
+  bool const below = !break_pending_ && !blank_body() && line.text.find_first_not_of("=-") == npos;
+  if (below && hints_ && hints_->titles && part().entry == description)
+    add(line.text.substr(0, 3), line.indent);
+  else
+    break_pending_ = true;
+  return true;
+}
+
+void gCommentTranslator::read_line(std::size_t & i) {
+  if (lines_[i].text.empty()) {
+    break_pending_ = break_pending_ || is_shown();
+    return;
+  }
+  do {
+    std::size_t const first = i;
+    lines_[i].text = shown_of(lines_[i].text);
+    while (i == first && !lines_[i].text.empty() && hide(i)) {
+    }
+    if (i == first)
+      break;
+  } while (i < lines_.size());
+  if (i < lines_.size() && !lines_[i].text.empty() && !read_block(i) && !read_rule(lines_[i]))
+    read_words(lines_[i].text, lines_[i]);
 }
 
 gTranslated gCommentTranslator::read() {

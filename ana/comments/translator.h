@@ -22,13 +22,19 @@ private:
     bool listed = false; // a list of named items is open
   };
 
+  struct Condition {
+    bool around = true; // what stands around it is shown
+    bool shown = false; // what stands there now
+    bool held = false;  // one of its branches
+  };
+
   void split();
   void measure();
 
   // Lines
   void read_line(std::size_t & i);
-  bool hide(std::size_t & i);
-  bool skip_to(std::string_view close, std::size_t & i, std::size_t from);
+  void read_words(std::string_view words, Line const & line);
+  bool read_rule(Line const & line);
   bool read_block(std::size_t & i);
   std::string_view brackets_in_front(std::string_view text);
   void read_pieces(Line const & line);
@@ -39,13 +45,26 @@ private:
   std::size_t behind_dash(std::string_view text) const;
   bool read_label(std::string_view text, std::size_t indent);
   std::string from_xml(std::string_view text) const;
+
+  // What isn't for all readers
   void condition(std::string_view word, std::string_view rest);
+  bool is_set(std::string_view condition) const;
+  bool is_shown() const;
+  std::string_view shown_of(std::string_view text);
+  bool skip_hidden(gCommand const & command, std::size_t & i, std::size_t from,
+                   std::size_t & depth);
+  bool hide(std::size_t & i);
 
   // Commands
   void take_command(gCommand const & command, std::string_view rest, std::size_t indent);
   void take_topic(gCommand const & command, std::string_view rest);
   void take_group(gCommand const & command, std::string_view rest);
-  void take_about(std::string_view rest);
+  void take_about(gCommand const & command, std::string_view rest);
+  void take_title(gCommand const & command, std::string_view rest);
+  void put_heading(int level, std::string_view words);
+  void take_entry(gCommand const & command, std::string_view rest);
+  std::string_view in_parblock(std::string_view text);
+  void take_see(std::string_view word);
   void take_references(std::string_view rest);
   void take_file(gCommand const & command, std::string_view rest, std::size_t indent);
   std::string read_file(std::string_view name);
@@ -63,10 +82,10 @@ private:
   void add_block(std::string lines, std::string_view language, std::size_t indent);
   void flush();
   void set_running(std::string_view text, gRichText & out);
+  bool in_table() const { return !opened_.empty() && opened_.back(); }
   Part & part() { return parts_[part_]; }
   bool has_text() const { return !parts_[part_].text.empty() || !blank_body(); }
   bool blank_body() const { return body_.find_first_not_of(" \n") == body_.npos; }
-  bool is_set(std::string_view condition) const;
 
   std::string comment_;
   gCommentHints const * hints_;
@@ -81,12 +100,15 @@ private:
   std::size_t body_indent_ = 0;                 // that its lines lose
   bool indent_known_ = false;                   // by the first line that goes on
   std::set<std::string, std::less<>> unclosed_; // ends of blocks that don't come any more
-  std::vector<bool> conditions_;                // open ones: whether what stands there is shown
+  std::vector<Condition> conditions_;           // that are open
+  bool other_language_ = false;                 // what comes isn't English
+  std::deque<std::string> kept_;                // texts of lines that aren't shown wholly
   bool headed_ = false;                         // by "name:", so that "Since:" is an entry
   bool break_pending_ = false;                  // an empty line came
   bool in_item_ = false;
   std::size_t part_indent_ = 0, item_indent_ = 0;
-  std::size_t lists_ = 0; // open by commands
+  std::vector<bool> opened_;  // lists and tables that commands opened; true for a table
+  std::size_t parblocks_ = 0; // that are open: their paragraphs belong to the part
   bool sections_ = false;
   // The file that "\dontinclude" opened, and how far it was shown.
   std::string file_, file_name_;

@@ -30,6 +30,25 @@ std::string_view without_braces(std::string_view text) {
   return text;
 }
 
+// Such a text never goes on with a part.
+bool describes(std::string_view command) {
+  static constexpr std::string_view words[] = {"brief", "short", "details", "abstract"};
+  return std::ranges::find(words, command) != std::end(words);
+}
+
+// The name in "name rest" or, where a type stands in front, in "int Type::name(int x)".
+std::string_view named_in(std::string_view text, bool typed) {
+  std::string_view const head = trimmed(text.substr(0, text.find('(')));
+  std::size_t const space = head.find_last_of(" *&");
+  return typed && space != npos ? head.substr(space + 1) : head.substr(0, head.find(' '));
+}
+
+// "{1,2} text": a cell's size, and what a row or a division looks like.
+std::string_view without_attributes(std::string_view text) {
+  return text.starts_with('{') ? trimmed(text.substr(std::min(text.find('}'), text.size() - 1) + 1))
+                               : text;
+}
+
 } // namespace
 
 void gCommentTranslator::take_topic(gCommand const & command, std::string_view rest) {
@@ -45,7 +64,7 @@ void gCommentTranslator::take_topic(gCommand const & command, std::string_view r
   if (command.target == "id" || command.kind == gCommandKind::group)
     result_.id = take_word(rest);
   else if (!command.target.empty())
-    result_.id = rest.substr(0, rest.find_first_of(" ("));
+    result_.id = named_in(rest, command.name.starts_with("qml"));
   bool const titled =
       command.target == "id" || command.target.empty() || command.kind == gCommandKind::group;
   std::string_view const title = without_quotes(rest);
@@ -75,7 +94,13 @@ void gCommentTranslator::take_group(gCommand const & command, std::string_view r
 }
 
 // The name in "void ns::A::f(int)" or "Name header.h".
-void gCommentTranslator::take_about(std::string_view rest) {
+void gCommentTranslator::take_about(gCommand const & command, std::string_view rest) {
+  // A type stands in front of what has one.
+  static constexpr std::string_view typed[] = {"var", "variable", "property", "typedef"};
+  if (std::ranges::find(typed, command.name) != std::end(typed) && rest.find('(') == npos) {
+    rest = trimmed(rest.substr(0, rest.find_first_of("=[;{")));
+    rest = rest.substr(rest.find_last_of(" \t") + 1);
+  }
   std::size_t const op = rest.find("operator");
   std::string_view const head = rest.substr(0, rest.find('(', op == npos ? 0 : op + 10));
   std::size_t const space = trimmed(head).rfind(' ');
@@ -91,51 +116,92 @@ void gCommentTranslator::take_about(std::string_view rest) {
   result_.name = target;
 }
 
-// Words that are names become references, commas stay between them.
+// One of the things that "\sa" refers to: a name with or without words, an address, a title in
+// braces, or text.
+void gCommentTranslator::take_see(std::string_view word) {
+  gRichText & out = part().text;
+  std::size_t length = 0;
+  std::string const target = reference_target(word);
+  std::string const first = overload_target(word, length);
+  std::string_view const behind = trimmed(word.substr(std::min(length, word.size())));
+  if (is_web_address(word) && word.find_first_of(" <") == npos) {
+    out.open_link(word);
+    out.text(word);
+    out.close_link();
+  } else if (word.find(' ') == npos && !target.empty() && word[0] != '{') {
+    while (word.starts_with('#'))
+      word.remove_prefix(1);
+    out.reference(target, word);
+  } else if (word.substr(0, length).find('#') != npos && !first.empty() && !behind.empty()) {
+    out.open_reference(reference_target(word.substr(0, length)));
+    set_running(behind, out); // "Name#member(int) words", as Java has it
+    out.close_link();
+  } else {
+    std::string const text =
+        inline_.read(word[0] == '{' ? "\\l" + std::string(word) : std::string(word));
+    tokens_.set(text, out,
+                [this](std::string_view words, gRichText & to) { set_running(words, to); });
+  }
+}
+
+// Commas part what is referred to, but for those in brackets.
 void gCommentTranslator::take_references(std::string_view rest) {
   if (part().entry != "@see" || break_pending_)
     open_part("@see", part_indent_);
   flush();
-  gRichText & out = part().text;
-  for (std::size_t begin = 0; begin < rest.size();) {
-    std::size_t const comma = rest.find(',', begin);
-    std::size_t const bracket = rest.find('(', begin);
-    std::size_t const inner = bracket < comma ? rest.find(')', bracket) : npos;
-    std::size_t const end = std::min(inner == npos ? comma : rest.find(',', inner), rest.size());
-    std::string_view word = trimmed(rest.substr(begin, end - begin));
-    begin = end + 1;
+  int depth = 0;
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i <= rest.size(); ++i) {
+    char const c = i < rest.size() ? rest[i] : ',';
+    depth += is_one_of(c, "({") ? 1 : is_one_of(c, ")}") && depth > 0 ? -1 : 0;
+    if (c != ',' || (depth > 0 && i < rest.size()))
+      continue;
+    std::string_view const word = trimmed(rest.substr(begin, i - begin));
+    begin = i + 1;
     if (word.empty())
       continue;
-    if (!out.at_begin())
-      out.text(", ");
-    std::string const target = reference_target(word);
-    if (is_web_address(word) && word.find_first_of(" <") == npos) {
-      out.open_link(word);
-      out.text(word);
-      out.close_link();
-    } else if (word.find(' ') == npos && !target.empty()) {
-      while (word.starts_with('#'))
-        word.remove_prefix(1);
-      out.reference(target, word);
-    } else {
-      std::string const text = inline_.read(word);
-      tokens_.set(text, out,
-                  [this](std::string_view words, gRichText & to) { set_running(words, to); });
-    }
+    if (!part().text.at_begin())
+      part().text.text(", ");
+    take_see(word);
+  }
+}
+
+// The title of a topic, of a paragraph, or words that stand below a title or a picture.
+void gCommentTranslator::take_title(gCommand const & command, std::string_view rest) {
+  if (command.target == "text") {
+    body_ += "\n\n";
+    add_token({gToken::format, std::string(rest), "em", {}}, part_indent_);
+    body_ += "\n\n";
+  } else if (command.name == "title" && result_.kind == gTranslated::topic && !has_text()) {
+    result_.name = rest;
+    for (gCommentGroup & group : result_.groups)
+      if (group.kind == gCommentGroup::topic && group.id == result_.id)
+        group.title = rest;
+    result_.title_id = title_id(rest);
+  } else if (rest.empty()) {
+    body_ += "\n\n"; // another paragraph
+  } else {
+    take_heading({}, "{" + std::string(rest) + "}");
   }
 }
 
 void gCommentTranslator::take_heading(std::string_view level, std::string_view rest) {
   std::string const words(rest);
   flush();
+  if (part().entry != "@description" && parblocks_ == 0)
+    open_part("@description", part_indent_);
   std::string_view title = words;
   std::string_view const id = take_word(title);
   bool const braced = id.starts_with('{') || title.empty();
   if (!braced && !title.starts_with('{'))
     part().text.anchor(id);
   std::string_view const shown = braced ? without_braces(words) : without_braces(title);
-  part().text.open_heading(level.empty() ? 3 : level[0] - '0');
-  set_running(shown.empty() ? id : shown, part().text);
+  put_heading(level.empty() ? 3 : level[0] - '0', shown.empty() ? id : shown);
+}
+
+void gCommentTranslator::put_heading(int level, std::string_view words) {
+  part().text.open_heading(level);
+  set_running(words, part().text);
   part().text.close_heading();
 }
 
@@ -173,16 +239,46 @@ void gCommentTranslator::begin_or_end(gCommand const & command, std::string_view
   else
     does = command.target == "head" ? open_head : open_row;
   if (begins && (does == open_list || does == open_numbering || does == open_table))
-    ++lists_;
+    opened_.push_back(does == open_table);
   break_pending_ = false;
   body_ += "\n\n";
   add_token({does, {}, {}, {}}, indent);
-  body_ += "\n";
-  if (does == open_head || does == open_row)
+  body_ += "\n\n";
+  if (does == open_head || does == open_row) {
+    rest = without_attributes(rest);
     if (!rest.empty())
-      read_piece(rest, indent);
-  if (!begins && lists_ > 0 && does != close_quote)
-    --lists_;
+      read_pieces({rest, rest, indent});
+  }
+  if (!begins && does != close_quote && !opened_.empty() && opened_.back() == (does == close_table))
+    opened_.pop_back();
+}
+
+// What stands behind "@parblock", if a text begins so: its paragraphs belong to the part.
+std::string_view gCommentTranslator::in_parblock(std::string_view text) {
+  std::size_t length = 0;
+  if (Commands::at(text, length).name != "parblock")
+    return text;
+  ++parblocks_;
+  return trimmed(text.substr(length));
+}
+
+void gCommentTranslator::take_entry(gCommand const & command, std::string_view rest) {
+  if (command.name == "xrefitem") { // key "Title" "Title of the list" text
+    take_word(rest);
+    std::size_t const first = rest.find('"', 1), second = rest.find('"', first + 1);
+    std::size_t const last = second == npos ? npos : rest.find('"', second + 1);
+    if (rest.starts_with('"') && last != npos) {
+      body_ = "**" + std::string(rest.substr(1, first - 1)) + ":** ";
+      rest = trimmed(rest.substr(last + 1));
+    }
+  }
+  if (std::size_t const end = rest.find(']'); rest.starts_with('[') && end != npos) // "[5.15] text"
+    rest = (kept_.emplace_back(rest.substr(1, end - 1)) += ": ") += trimmed(rest.substr(end + 1));
+  body_ += in_parblock(rest);
+  // A version is all that such a line says; a sentence below is about something else.
+  bool const digits = !rest.empty() && Vlb::is_digit(rest.back());
+  if (command.name == "since" && digits && std::ranges::count(rest, ' ') < 3)
+    break_pending_ = true;
 }
 
 void gCommentTranslator::take_command(gCommand const & command, std::string_view rest,
@@ -191,11 +287,9 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
   switch (command.kind) {
   case entry:
     open_part(command.target, indent);
-    if (command.name == "xrefitem")
-      take_word(rest);
     if (rest.starts_with(": "))
       rest = trimmed(rest.substr(1));
-    body_ = rest;
+    take_entry(command, rest);
     break;
   case named:
     open_named(command.target, rest, indent);
@@ -206,18 +300,25 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
     break_pending_ = true;
     break;
   case title:
-    take_heading({}, "{" + std::string(rest) + "}");
+    take_title(command, rest);
     break;
   case heading:
-    // Those with a number in their names have no identifier.
-    take_heading(command.target, Vlb::is_digit(command.name.back()) ? "{" + std::string(rest) + "}"
-                                                                    : std::string(rest));
+    if (Vlb::is_digit(command.name.back())) { // those have no identifier, and are found by words
+      flush();
+      part().text.anchor(title_id(rest));
+      put_heading(command.target[0] - '0', rest);
+    } else {
+      take_heading(command.target, rest);
+    }
     break;
   case item:
-    if (lists_ > 0) {
+    if (!opened_.empty()) {
       body_ += "\n\n";
       break_pending_ = false;
-      add(tokens_.add({gToken::open_item, {}, {}, {}}) + " " + std::string(rest), indent);
+      gToken::Does const does = in_table() ? gToken::open_cell : gToken::open_item;
+      add(tokens_.add({does, {}, {}, {}}) + " " +
+              std::string(in_table() ? without_attributes(rest) : rest),
+          indent);
     } else {
       add("- " + std::string(rest), indent);
     }
@@ -226,13 +327,13 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
     take_topic(command, rest);
     break;
   case about:
-    take_about(rest);
+    take_about(command, rest);
     break;
   case group:
     take_group(command, rest);
     break;
   case text:
-    if (break_pending_ && part().entry != "@description")
+    if (part().entry != "@description" && (break_pending_ || describes(command.name)))
       open_part("@description", indent);
     if (command.name == "details")
       body_ += "\n\n";
@@ -242,7 +343,14 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
   case switch_:
     if (command.name == "endcond")
       result_.groups.push_back({gCommentGroup::show, {}, {}});
-    if (!rest.empty())
+    if (command.name == "parblock")
+      ++parblocks_;
+    if (command.name == "endparblock" && parblocks_ > 0) {
+      --parblocks_;
+      break_pending_ = true;
+    }
+    // The line of an overload may hold the whole declaration.
+    if (!rest.empty() && (command.name != "overload" || !rest.ends_with(')')))
       read_piece(rest, indent);
     break;
   case begin:
@@ -266,67 +374,4 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
 gTranslated translate(std::string_view comment, gCommentHints const * hints,
                       gCommentOptions const & options) {
   return gCommentTranslator(comment, hints, options).read();
-}
-
-std::set<std::string, std::less<>> described_parameters(std::string_view comment) {
-  std::set<std::string, std::less<>> names;
-  for (std::size_t at = 0; (at = comment.find("param", at)) != npos;) {
-    bool const command = at > 0 && (comment[at - 1] == '@' || comment[at - 1] == '\\');
-    at += std::string_view("param").size();
-    if (!command)
-      continue;
-    std::string_view rest = comment.substr(at, comment.find('\n', at) - at);
-    if (rest.starts_with('['))
-      rest.remove_prefix(std::min(rest.find(']'), rest.size() - 1) + 1);
-    rest = trimmed(rest.substr(rest.starts_with('(')));
-    std::size_t end = 0;
-    while (end < rest.size() && Vlb::is_word(rest[end]))
-      ++end;
-    names.emplace(rest.substr(0, end));
-  }
-  return names;
-}
-
-namespace {
-
-bool tells_subject(std::string_view word, std::string_view next) {
-  if (word.empty())
-    return next == "{" || next == "}";
-  gCommandKind const kind = Commands::find(word).kind;
-  return kind == gCommandKind::topic || kind == gCommandKind::about ||
-         kind == gCommandKind::group || word == "cond" || word == "endcond";
-}
-
-// The heading of a group, or nothing but what opens or closes one.
-bool is_about_what_follows(gTranslated const & text) {
-  return std::ranges::any_of(text.groups, [&](gCommentGroup const & one) {
-    return one.kind == gCommentGroup::heading ||
-           (one.kind != gCommentGroup::member && text.parts.empty());
-  });
-}
-
-} // namespace
-
-// Few comments have such a command, and only those are read twice.
-gCommentSubject comment_subject(std::string_view comment) {
-  for (std::size_t at = comment.find_first_of("@\\"); at != npos;
-       at = comment.find_first_of("@\\", at + 1)) {
-    std::size_t end = at + 1;
-    while (end < comment.size() && std::isalpha(static_cast<unsigned char>(comment[end])))
-      ++end;
-    if (!tells_subject(comment.substr(at + 1, end - at - 1), comment.substr(end, 1)))
-      continue;
-    std::string_view const front = comment.substr(0, at);
-    bool const at_head = trimmed(front.substr(front.find_last_of('\n') + 1)).empty();
-    // "@file: text" describes a parameter, unless the comment begins with it.
-    bool const parameter = comment.substr(end).starts_with(':') && !trimmed(front).empty();
-    if (!at_head || parameter)
-      continue;
-    gTranslated text = translate(comment, nullptr, {});
-    bool const names = text.kind == gTranslated::about || text.kind == gTranslated::topic;
-    if (!names && is_about_what_follows(text))
-      return {gTranslated::nothing, {}};
-    return names ? gCommentSubject{text.kind, std::move(text.name)} : gCommentSubject();
-  }
-  return {};
 }

@@ -1,6 +1,7 @@
 // Programs that are shown come from files that the project names; without them nothing is shown.
 #include <algorithm>
 
+#include "ana/comments/brackets.h"
 #include "ana/comments/translator.h"
 #include "ana/comments/words.h"
 
@@ -85,6 +86,9 @@ std::string gCommentTranslator::next_lines(std::string_view how, std::string_vie
 // The lines of a file of text, as if they stood here.
 void gCommentTranslator::add_text(std::string_view text, std::size_t indent) {
   break_pending_ = true;
+  std::string const own =
+      hints_ && hints_->pascal ? without_brackets(text, *hints_, tokens_) : std::string(text);
+  text = own;
   while (!text.empty()) {
     std::size_t const end = std::min(text.find('\n'), text.size());
     std::string_view const line = text.substr(0, end);

@@ -116,7 +116,13 @@ std::string gCommentTranslator::from_xml(std::string_view text) const {
     std::string const close = "</" + tag.name + ">";
     if (rest.ends_with(close))
       rest.remove_suffix(close.size());
-    return std::string(command) + name + " " + std::string(rest);
+    if (tag.name == "permission")
+      name = "`" + name + "`";
+    std::string const address = Html::attribute(tag.attributes, "href");
+    if (tag.name == "seealso" && !trimmed(rest).empty())
+      return std::string(command) + "\\l{" + (name.empty() ? address : name) + "}{" +
+             std::string(rest) + "}";
+    return std::string(command) + (name.empty() ? address : name) + " " + std::string(rest);
   }
   for (std::string_view const close :
        {"</param>", "</typeparam>", "</exception>", "</returns>", "</remarks>", "</value>",

@@ -11,6 +11,18 @@ namespace {
 constexpr std::string_view description = "@description";
 constexpr auto npos = std::string_view::npos;
 
+// Several parameters may share a text: "x,y the place".
+void put_names(std::string_view names, gRichText & text) {
+  bool const several = names.find_first_of("(<\"'") == npos;
+  for (std::size_t begin = 0; begin < names.size();) {
+    std::size_t const end = std::min(several ? names.find(',', begin) : npos, names.size());
+    if (begin > 0)
+      text.text(", ");
+    text.code(names.substr(begin, end - begin));
+    begin = end + 1;
+  }
+}
+
 } // namespace
 
 void gCommentTranslator::set_running(std::string_view text, gRichText & out) {
@@ -31,7 +43,7 @@ void gCommentTranslator::flush() {
     };
     std::size_t const depth = part().text.depth();
     set_markdown(markdown, options, part().text);
-    if (lists_ == 0)
+    if (opened_.empty())
       part().text.close_to(depth);
   }
   body_.clear();
@@ -42,10 +54,11 @@ void gCommentTranslator::flush() {
 void gCommentTranslator::open_part(std::string_view entry, std::size_t indent) {
   flush();
   in_item_ = break_pending_ = false;
+  parblocks_ = 0;
   part_indent_ = indent;
-  if (lists_ > 0)
+  if (!opened_.empty())
     part().text.close_to(0);
-  lists_ = 0;
+  opened_.clear();
   auto const at = std::ranges::find(parts_, entry, &Part::entry);
   part_ = static_cast<std::size_t>(at - parts_.begin());
   if (at == parts_.end())
@@ -61,6 +74,10 @@ void gCommentTranslator::open_named(std::string_view entry, std::string_view res
   auto const [direction, name, words] = named_item(rest);
   if (name.empty())
     return;
+  if (entry == "@parameter" && name.size() > 2 && name.front() == '<' && name.back() == '>')
+    return open_named("@tparam",
+                      std::string(name.substr(1, name.size() - 2)) + " " + std::string(words),
+                      indent); // "<T>", as Java has it
   flush();
   if (part().entry != entry || !part().listed)
     open_part(entry, indent);
@@ -74,20 +91,21 @@ void gCommentTranslator::open_named(std::string_view entry, std::string_view res
   if (entry == "@throws" && !reference_target(name).empty())
     text.reference(reference_target(name), name, gRichText::Sure::name);
   else
-    text.code(tokens_.plain(name));
+    put_names(tokens_.plain(name), text);
   text.text(" ");
   if (!direction.empty())
     text.text("(" + std::string(direction) + ") ");
   text.join();
   in_item_ = true;
   part_indent_ = item_indent_ = indent;
-  body_ = words;
+  body_ = in_parblock(words);
 }
 
 // A line of text. Behind an empty line it is another paragraph, or the part has ended.
 void gCommentTranslator::add(std::string_view text, std::size_t indent) {
   if (break_pending_) {
-    bool const goes_on = indent > (in_item_ ? item_indent_ : part_indent_) || lists_ > 0;
+    bool const goes_on =
+        indent > (in_item_ ? item_indent_ : part_indent_) || !opened_.empty() || parblocks_ > 0;
     if (part().entry != description && !goes_on)
       open_part(description, indent);
     else if (!body_.empty())
@@ -103,7 +121,7 @@ void gCommentTranslator::add(std::string_view text, std::size_t indent) {
   }
   std::size_t blanks = indent - std::min(indent, body_indent_);
   bool const tag = text[0] == '<' && Html::is_block(Html::tag_at(text).name);
-  if (tag || lists_ > 0)
+  if (tag || !opened_.empty())
     blanks = 0;
   body_.append(blanks, ' ');
   body_ += text;

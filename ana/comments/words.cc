@@ -28,6 +28,12 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
 }
 
+std::string title_id(std::string_view title) {
+  std::string id(title);
+  std::ranges::replace(id, ' ', '-');
+  return id;
+}
+
 std::string_view without_annotations(std::string_view text) {
   std::string_view rest = text;
   while (rest.starts_with('(')) {

@@ -1,6 +1,7 @@
 // What the readers of comments know of words.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 bool is_letter(char c);
@@ -12,6 +13,9 @@ bool ends_word(char c);
 bool is_one_of(char c, std::string_view set);
 // Without blanks, tabs and ends of lines at both ends.
 std::string_view trimmed(std::string_view text);
+
+// The name by which references find a title: blanks would end it.
+std::string title_id(std::string_view title);
 
 // What stands behind notes to tools such as "(transfer none) (nullable): ".
 std::string_view without_annotations(std::string_view text);

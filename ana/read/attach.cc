@@ -122,6 +122,8 @@ gLeftOut Attaching::noise(std::size_t block) const {
   std::string_view const whole = text_.substr(one.begin, one.end - one.begin);
   if (!has_words(whole))
     return gLeftOut::drawing;
+  if (!one.behind && is_part_mark(whole))
+    return gLeftOut::tool_switch;
   if (one.documenting)
     return gLeftOut::taken;
   if (comment.code_before == 0 && heads_the_file(block, whole))
@@ -383,7 +385,7 @@ gAttachment Attaching::decide(std::size_t block) const {
     if (declaration < 0)
       continue;
     if (!says_nothing_about(block, declaration, rule) &&
-        is_about(comment_subject(words(block)), declaration))
+        is_about(comment_subject(words(block), pascal_), declaration))
       found = {rule, gLeftOut::taken, declaration, -1};
     break;
   }

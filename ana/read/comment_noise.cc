@@ -128,6 +128,13 @@ bool is_tool_switch(std::string_view words, bool pascal) {
          is_note_to_self(words) || (pascal && words.starts_with('$'));
 }
 
+bool is_part_mark(std::string_view comment) {
+  std::string_view const words =
+      trimmed(comment.substr(std::min(comment.find_first_not_of("/!#"), comment.size())));
+  return words.size() > 2 && words.size() < 200 && words[0] == '[' &&
+         words.find(']') == words.size() - 1 && comment.starts_with("//");
+}
+
 bool is_dead_code(std::string_view words, bool pascal) {
   std::string_view rest = trimmed(words), last;
   while (!rest.empty()) {

@@ -12,6 +12,8 @@ bool may_be_licence(std::string_view words);
 // A heading for a stretch of the file. `comment` is whole, with opener and closer.
 bool is_caption(std::string_view comment);
 bool has_words(std::string_view text);
+// "//! [name]" with its opener: where a part of an example begins or ends.
+bool is_part_mark(std::string_view comment);
 // For a formatter, a checker or an editor, or a note of what is left to do.
 bool is_tool_switch(std::string_view words, bool pascal);
 // Code that is commented out: all lines end like code.

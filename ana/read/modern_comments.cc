@@ -1,5 +1,7 @@
 // Each comment is parsed by itself, so that a fault in it costs nothing else, and what it documents
 // is known before it is parsed.
+#include <algorithm>
+
 #include "ana/comments/commands.h"
 #include "ana/comments/words.h"
 #include "ana/read/attach_headings.h"
@@ -13,6 +15,14 @@
 namespace {
 
 constexpr std::string_view special = "@_vlukwd ";
+
+// "@deprecated use b" within running text.
+std::string as_remark(std::string_view line) {
+  std::size_t const end = std::min(line.find(' '), line.size());
+  std::string word(line.substr(1, end - 1));
+  word[0] = Vlb::upper(word[0]);
+  return "\\n **" + word + (end < line.size() ? ":**" : "**") + std::string(line.substr(end));
+}
 
 } // namespace
 
@@ -132,10 +142,13 @@ void gModernReader::File::take_value(std::int32_t enumerator, std::string const 
     std::size_t const end = std::min(words.find('\n', at), words.size());
     std::string_view const line = trimmed(std::string_view(words).substr(at, end - at));
     std::string_view const word = line.substr(0, line.find_first_of(" \t["));
-    if (word.size() > 1 && (word[0] == '@' || word[0] == '\\') &&
-        Commands::begins_part(Commands::find(word.substr(1)).kind))
+    gCommand const command = word.size() > 1 && (word[0] == '@' || word[0] == '\\')
+                                 ? Commands::find(word.substr(1))
+                                 : gCommand();
+    if (command.kind == gCommandKind::named)
       break;
-    values += (at > 0 ? "    " : "") + std::string(line) + "\n";
+    values += (at > 0 ? "    " : "") +
+              (Commands::begins_part(command.kind) ? as_remark(line) : std::string(line)) + "\n";
     at = end + 1;
   }
   values += "\n";
@@ -166,6 +179,13 @@ void gModernReader::File::leave_out(gCommentBlock const & block, gLeftOut reason
       {place_of(block), static_cast<int>(found_.comments[block.last].end_line), reason});
 }
 
+bool gModernReader::File::declares_namespace(std::string_view name) const {
+  std::string_view const last = name.substr(name.find_last_of(':') + 1);
+  return std::ranges::any_of(found_.items, [&](Decl::gDeclaration const & one) {
+    return one.kind == Decl::gKind::name_space && one.name.of(text_) == last;
+  });
+}
+
 void gModernReader::File::take_block(gCommentBlock const & block, gAttachment const & attachment) {
   if (regions_->at(block.begin).hidden)
     return leave_out(block, gLeftOut::in_code_out);
@@ -185,10 +205,16 @@ void gModernReader::File::take_block(gCommentBlock const & block, gAttachment co
   }
   if (attachment.first_headed >= 0)
     note_heading(heading_of(words), found_, attachment, elements_);
-  if (hidden || !block.documenting || comment_subject(words).kind == gTranslated::unit)
+  if (hidden || !block.documenting || comment_subject(words, pascal_).kind == gTranslated::unit)
     return;
   gTranslated text = translate(words, nullptr, options_);
   note_unknown(text, static_cast<int>(block.line));
+  constexpr std::string_view space = "Namespace ";
+  if (text.kind == gTranslated::topic && text.name.starts_with(space) &&
+      declares_namespace(std::string_view(text.name).substr(space.size()))) {
+    text.kind = gTranslated::about;
+    text.name.erase(0, space.size());
+  }
   if (text.kind == gTranslated::topic)
     make_topic(std::move(text), block);
   else if (text.kind == gTranslated::about)

@@ -57,6 +57,7 @@ private:
                   std::int32_t declaration) const;
   void parse_own(gCommentBlock const & block, std::string const & words);
   void hand_down_fields();
+  bool is_excluded(std::int32_t declaration) const;
   void make_units();
   void note_unknown(gTranslated const & text, int line);
   static void note(std::vector<gUnknownWord> & list,
@@ -64,6 +65,7 @@ private:
   std::vector<std::int32_t> sharing(std::int32_t declaration, std::size_t length) const;
   void make_unit(std::int32_t declaration, gTranslated text, gLinePlace place);
   void make_topic(gTranslated text, gCommentBlock const & block);
+  bool declares_namespace(std::string_view name) const;
   void make_about(gTranslated text, gCommentBlock const & block);
   void note_topic(gTranslated const & text, gCommentBlock const & block, gUnitFacts & unit) const;
   void add_parts(int unit, gTranslated text);
@@ -90,6 +92,7 @@ private:
   gReadElements elements_;
   std::vector<std::int32_t> next_;      // by declaration: of the same statement
   std::map<std::int32_t, Words> words_; // by declaration
+  std::set<std::int32_t> excluded_;     // declarations that comments keep from being shown
   gCommentOptions options_;
   std::pair<std::string, std::string> example_; // the last one: its name and text
   std::size_t example_bytes_ = 0;               // that were looked at

@@ -160,6 +160,8 @@ gCommentHints gModernReader::File::hints_for(std::int32_t declaration, Words con
   gCommentHints hints;
   hints.pascal = pascal_;
   hints.name = shown_name(text_, found_, one);
+  if (pascal_ && one.scope >= 0)
+    hints.scope = shown_name(text_, found_, item(one.scope));
   hints.titles = words.titles;
   for (std::uint32_t i = 0; i < one.params; ++i)
     hints.parameters.emplace(found_.parameters[one.first_param + i].name.of(text_));
@@ -227,6 +229,16 @@ std::optional<std::string> gModernReader::File::read(std::string_view name) {
   return example_bytes_ <= most_example_bytes ? std::optional(example_.second) : std::nullopt;
 }
 
+// It, or something around it, has a comment that says that it isn't shown.
+bool gModernReader::File::is_excluded(std::int32_t declaration) const {
+  if (excluded_.empty())
+    return false;
+  for (std::int32_t i = declaration; i >= 0; i = item(i).scope)
+    if (excluded_.contains(i))
+      return true;
+  return false;
+}
+
 void gModernReader::File::make_units() {
   hand_down_fields();
   for (auto & [declaration, words] : words_) {
@@ -234,13 +246,17 @@ void gModernReader::File::make_units() {
     gCommentHints const hints = hints_for(declaration, words);
     if (!words.values.empty())
       words.text = without_indent(words.text) + "\n" + words.values;
+    if (is_excluded(declaration))
+      continue;
     gTranslated const text = translate(words.text, &hints, options_);
+    if (text.excluded)
+      excluded_.insert(declaration);
     note_unknown(text, words.place.line);
     std::vector<std::int32_t> const all = sharing(declaration, words.text.size());
     for (std::int32_t one : all)
       if (std::int32_t const element = elements_.of[static_cast<std::size_t>(one)]; element >= 0)
         add_topics(*elements_.elements[static_cast<std::size_t>(element)], text.groups);
-    if (text.parts.empty())
+    if (text.parts.empty() || text.excluded)
       continue;
     for (std::int32_t one : all)
       make_unit(one, text, one == all.front() ? words.place : gLinePlace());

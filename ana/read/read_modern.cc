@@ -100,7 +100,10 @@ gModernFile gModernReader::File::read(gStrList const & scope,
   make_units();
   report_skipped();
   add_includes(scope);
-  std::vector<bool> const hidden = hidden_elements(*regions_, found_, elements_);
+  std::vector<bool> hidden = hidden_elements(*regions_, found_, elements_);
+  for (std::size_t i = 0; !excluded_.empty() && i < elements_.of.size(); ++i)
+    if (elements_.of[i] >= 0 && is_excluded(static_cast<std::int32_t>(i)))
+      hidden[static_cast<std::size_t>(elements_.of[i])] = true;
   for (std::size_t i = 0; i < hidden.size(); ++i) {
     cRef<gCodeElem> & element = elements_.elements[i];
     if (hidden[i])

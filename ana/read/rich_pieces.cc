@@ -87,7 +87,10 @@ gStrList text_pieces(gRichPieces && text, gTextFacts & facts) {
 gStrList topic_pieces(gTranslated && text, gTextFacts & facts) {
   gStrList pieces;
   // Several comments of a source may be about one topic; the first that is shown gets its place.
-  if (gString const place = place_name(text.id); !text.id.empty()) {
+  for (std::string const & id : {text.id, text.title_id}) {
+    if (id.empty())
+      continue;
+    gString const place = place_name(id);
     put_place(place, pieces);
     if (std::ranges::find(facts.bookmarks, place) == facts.bookmarks.end())
       facts.bookmarks.push_back(place);

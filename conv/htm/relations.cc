@@ -46,7 +46,8 @@ void gRelations::add(std::string_view what, std::span<int const> methods, std::s
 std::vector<int> gRelations::topics_of(int unit) const {
   std::vector<int> topics;
   for (std::string const & place : site_.unit(unit).facts.topics)
-    if (int const topic = site_.document.find_label(place).unit; topic >= 0 && topic != unit)
+    if (int const topic = site_.document.find_label(place).unit;
+        topic >= 0 && topic != unit && site_.unit(topic).facts.kind == "topic")
       topics.push_back(topic);
   return topics;
 }

@@ -55,6 +55,8 @@ TEST(translate, text) {
 TEST(translate, brackets) {
   gCommentHints hints;
   hints.pascal = true;
+  hints.name = "Grow";
+  hints.scope = "TBox";
   check_cases(CASE_DIR "/brackets.cases",
               [&](std::string const & comment) { return translated(comment, &hints); });
 }
@@ -189,7 +191,12 @@ TEST(translate, long_comments_take_linear_time) {
                             "@if a\n",
                             "<td>",
                             "<!--",
-                            "f() "}) {
+                            "f() ",
+                            "<![CDATA[",
+                            "<code>\n",
+                            "@internal x ",
+                            "\\if a ",
+                            "@item "}) {
     std::string comment;
     for (std::size_t i = 0; i < many; ++i)
       comment += part;
