@@ -329,7 +329,9 @@ void Joining::leave_out_local() {
   for (Item & item : items_) {
     gCodeElem const & element = *item.element;
     bool const macro = family_of(element) == 'm';
-    bool const own = is_local(element) && !macro && !is_header(element.loc.file()) &&
+    bool const inside =
+        has_mark(element, Decl::mark_implementation) && !has_mark(element, Decl::mark_out_of_class);
+    bool const own = (is_local(element) || inside) && !macro && !is_header(element.loc.file()) &&
                      !gInput->association.gen_static;
     bool const type = element.type == ut_class || element.type == ut_type;
     bool const empty = type && (has_mark(element, Decl::mark_forward) ||

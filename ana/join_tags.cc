@@ -33,16 +33,24 @@ bool is_structure(gCodeElem const & element) {
 
 using gNames = std::unordered_map<std::string, std::string>;
 
-// Tags with the one name that each has; those with several keep their tags.
+bool share_line(gCodeElem const & a, gCodeElem const & b) {
+  return a.loc.line() == b.loc.line() && a.loc.file().opath() == b.loc.file().opath();
+}
+
+// Tags with the one name that each has; those with several keep their tags. Of the names that one
+// statement gives the first counts.
 gNames names_of_tags(std::vector<gCodeElem *> const & elements) {
   gNames names;
+  gCodeElem const * before = nullptr;
   for (gCodeElem const * const one : elements) {
     std::string_view const tag = one->names.size() == 1 ? named_tag(*one) : std::string_view();
     std::string const name = tag.empty() ? std::string() : std::string(*one->names.back());
     if (tag.empty() || name == tag || stem_of(tag) != stem_of(name))
       continue;
     auto const [known, added] = names.try_emplace(std::string(tag), name);
-    if (!added && known->second != name)
+    bool const further = before && !added && share_line(*before, *one);
+    before = one;
+    if (!added && !further && known->second != name)
       known->second.clear();
   }
   std::unordered_set<std::string_view> structures;

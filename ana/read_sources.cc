@@ -157,16 +157,21 @@ gPathstring SourceReading::find_include(gIncludeRequest const & request) const {
   return input == by_name_.end() ? gPathstring() : input->second.path();
 }
 
-// The first one that takes a file in gives it its scope. What isn't there costs nothing.
+// The first one that takes a file in gives it its scope, those first that let others see it. What
+// isn't there costs nothing.
 std::vector<SourceReading::Include>
 SourceReading::choose_includes(std::vector<gIncludeRequest> const & requests) {
+  using enum Decl::gPascalContext::Section;
   std::vector<Include> chosen;
-  for (gIncludeRequest const & request : requests) {
-    gPathstring path = find_include(request);
-    bool const declares = request.context.section != Decl::gPascalContext::body;
-    if (declares && !path.empty() && taken_.insert(path).second)
-      chosen.push_back({&request, std::move(path)});
-  }
+  for (bool const hidden : {false, true})
+    for (gIncludeRequest const & request : requests) {
+      auto const section = request.context.section;
+      if (section == body || (section == implementation) != hidden)
+        continue;
+      gPathstring path = find_include(request);
+      if (!path.empty() && taken_.insert(path).second)
+        chosen.push_back({&request, std::move(path)});
+    }
   return chosen;
 }
 

@@ -73,6 +73,7 @@ private:
   bool behind_the_brace(std::size_t block) const;
   bool documented_between(std::size_t block, std::uint32_t code) const;
   bool names_it_alone(std::size_t block, std::int32_t declaration, gAttachRule rule) const;
+  std::int32_t unit_above(std::size_t block) const;
   bool says_nothing_about(std::size_t block, std::int32_t declaration, gAttachRule rule) const;
   bool is_about(gCommentSubject const & subject, std::int32_t declaration) const;
 
@@ -287,6 +288,8 @@ std::int32_t Attaching::below(std::size_t block) const {
   if (!first.line_start || first.code_before == 0 ||
       places_.line_feeds(first.code_before, first.whole.begin) != 1)
     return -1;
+  if (std::int32_t const unit = unit_above(block); unit >= 0)
+    return unit;
   gComment const & last = tail(block);
   bool const alone = places_.line_feeds(last.whole.end, last.code_behind) > 1 ||
                      last.code_behind >= text_.size() || text_[last.code_behind] == '}';
@@ -305,11 +308,26 @@ bool Attaching::names_it_alone(std::size_t block, std::int32_t declaration,
          (rule == gAttachRule::plain_before && types_.contains(name));
 }
 
+// Between "unit a;" and "interface" a text is the unit's; the unit, or -1.
+std::int32_t Attaching::unit_above(std::size_t block) const {
+  constexpr std::string_view word = "interface";
+  gCommentBlock const & one = blocks_[block];
+  std::string_view const whole = text_.substr(one.begin, one.end - one.begin);
+  if (!pascal_ || Vlb::to_lower(text_.substr(tail(block).code_behind, word.size())) != word ||
+      may_be_licence(whole) || std::ranges::count(whole, ' ') < 4)
+    return -1;
+  auto const unit = std::ranges::find_if(file_.items, is_file);
+  return unit != file_.items.end() && unit->name.end <= head(block).code_before
+             ? static_cast<std::int32_t>(unit - file_.items.begin())
+             : -1;
+}
+
 bool Attaching::says_nothing_about(std::size_t block, std::int32_t declaration,
                                    gAttachRule rule) const {
   return !blocks_[block].documenting &&
          (names_it_alone(block, declaration, rule) ||
-          (rule != gAttachRule::plain_before && is_file(places_.item(declaration))));
+          (is_file(places_.item(declaration)) && rule != gAttachRule::plain_before &&
+           unit_above(block) != declaration));
 }
 
 // The name that the comment says, but for its scopes, is one that the statement declares.

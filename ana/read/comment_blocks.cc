@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <span>
 
+#include "ana/read/comment_noise.h"
 #include "vlb/gstring.h"
 
 namespace {
@@ -78,6 +79,27 @@ bool below_each_other(std::string_view text, gComment const & one, gComment cons
          column_of(text, one, 4) == column_of(text, other, 4);
 }
 
+// On one line that has no code, and no switch for the compiler.
+bool is_row(std::string_view text, gComment const & one) {
+  std::string_view const whole = one.whole.of(text);
+  bool const is_switch = whole.starts_with("{$") || whole.starts_with("(*$");
+  return one.line == one.end_line && one.line_start && !is_switch;
+}
+
+// "/* one */" above "/* two */": the rows of a box are equally long; others have words, and neither
+// is a heading.
+bool go_on_as_rows(std::string_view text, gComment const & one, gComment const & next) {
+  if (one.column != next.column || text[one.whole.begin] != text[next.whole.begin])
+    return false;
+  std::string_view const first = one.whole.of(text), second = next.whole.of(text);
+  if (first.size() == second.size() && first.size() > 20)
+    return true;
+  auto const says = [](std::string_view row) {
+    return has_words(row) && !is_caption(row) && std::ranges::count(row, ' ') > 2;
+  };
+  return says(first) && says(second);
+}
+
 // Behind code the column tells what goes on from what stands in front of the next declaration.
 bool continues(std::string_view text, gComment const & head, gComment const & before,
                Opener const & first, gComment const & next, Opener const & opener) {
@@ -85,7 +107,8 @@ bool continues(std::string_view text, gComment const & head, gComment const & be
       first.documenting != opener.documenting || (opener.behind && !first.behind))
     return false;
   if (head.line_start)
-    return first.line;
+    return first.line || (!first.documenting && is_row(text, before) && is_row(text, next) &&
+                          go_on_as_rows(text, before, next));
   return (first.behind && opener.behind) || below_each_other(text, before, next);
 }
 

@@ -3,7 +3,9 @@
 #include "ana/read/declaration_text.h"
 
 #include <array>
+#include <span>
 
+#include "ana/read/own_declarator.h"
 #include "ana/read/unit_kinds.h"
 
 namespace {
@@ -25,8 +27,11 @@ public:
         one_(one),
         syntax_(syntax),
         pascal_(syntax == gSyntax::pascal),
-        parts_{&parts.name, &parts.template_head, &parts.parameters, &parts.bases, &parts.result},
-        source_{one.name, one.template_head, one.parameter_list, one.bases, one.result} {
+        parts_{&parts.name,  &parts.template_head, &parts.parameters,
+               &parts.bases, &parts.result,        &first_},
+        source_{one.name, one.template_head, one.parameter_list, one.bases, one.result, {}} {
+    if (gDeclaration const * const other = first_name())
+      source_.back() = other->name;
     for (gRange * part : parts_)
       *part = {};
   }
@@ -35,6 +40,7 @@ public:
 
 private:
   gDeclaration const & first() const;
+  gDeclaration const * first_name() const;
   bool stands_behind(gDeclaration const & first) const;
   bool shows_contents() const;
   std::string contents(gRange body, bool shown) const;
@@ -47,8 +53,9 @@ private:
   gDeclaration const & one_;
   gSyntax syntax_;
   bool pascal_;
-  std::array<gRange *, 5> parts_;
-  std::array<gRange, 5> source_;
+  gRange first_; // of the line: the first name of several; empty for one
+  std::array<gRange *, 6> parts_;
+  std::array<gRange, 6> source_;
   gString line_;
 };
 
@@ -65,9 +72,10 @@ void Text::add(std::string_view line) {
 }
 
 void Text::add(gRange range) {
-  std::array<gRange, 5> places = source_;
+  std::array<gRange, 6> places = source_;
   std::string const line =
-      one_line(text_, range, syntax_, {&places[0], &places[1], &places[2], &places[3], &places[4]});
+      one_line(text_, range, syntax_,
+               {&places[0], &places[1], &places[2], &places[3], &places[4], &places[5]});
   add(line);
   auto const begin = static_cast<std::uint32_t>(line_.size() - line.size());
   for (std::size_t i = 0; i < places.size(); ++i)
@@ -81,6 +89,24 @@ gDeclaration const & Text::first() const {
   return one_.statement >= 0 && at < found_.items.size() ? found_.items[at] : one_;
 }
 
+// Of several names of one statement the first that isn't written in front of a body; null for one
+// name alone. A type with contents is shown with all that follows it.
+gDeclaration const * Text::first_name() const {
+  if (is_class_like(one_.kind) || is_enumeration(one_.kind) || one_.name.empty())
+    return nullptr;
+  auto const own = static_cast<std::size_t>(&one_ - found_.items.data());
+  auto const begin = static_cast<std::int32_t>(&first() - found_.items.data());
+  auto const is_of_statement = [&](std::size_t i) {
+    gDeclaration const & item = found_.items[i];
+    bool const of_it = static_cast<std::int32_t>(i) == begin || item.statement == begin;
+    return of_it && (item.body.empty() || item.name.begin >= item.body.end);
+  };
+  for (auto i = static_cast<std::size_t>(begin); i < own; ++i)
+    if (is_of_statement(i))
+      return &found_.items[i];
+  return own + 1 < found_.items.size() && is_of_statement(own + 1) ? &one_ : nullptr;
+}
+
 // "struct A {...} b": b stands behind a body that isn't its own.
 bool Text::stands_behind(gDeclaration const & first) const {
   return !pascal_ && &first != &one_ && !first.body.empty() &&
@@ -91,9 +117,11 @@ bool Text::stands_behind(gDeclaration const & first) const {
 bool Text::shows_contents() const {
   if (one_.body.empty() || one_.body.end > one_.whole.end)
     return false;
-  if (pascal_)
-    return !is_class_like(one_.kind) && unit_type_of(one_.kind, false) != ut_unit &&
-           one_.parameter_list.empty();
+  if (pascal_) {
+    auto const type = unit_type_of(one_.kind, false);
+    return !is_class_like(one_.kind) && type != ut_unit && type != ut_function &&
+           type != ut_method && one_.parameter_list.empty();
+  }
   bool const fields =
       (one_.kind == gKind::struct_ || one_.kind == gKind::union_) &&
       ((one_.marks & mark_unnamed) != 0 || one_.whole.of(text_).starts_with("typedef"));
@@ -121,6 +149,8 @@ gString Text::made() {
   } else {
     add(one_.text.empty() ? one_.whole : one_.text);
   }
+  if (!first_.empty() && !parts_[0]->empty())
+    cut_to_declarator(line_, first_, *parts_[0], syntax_, std::span(parts_).first(5));
   bool const ends = line_.ends_with(';') || line_.ends_with('}') || is_class_like(one_.kind) ||
                     one_.kind == gKind::macro || one_.kind == gKind::function_macro ||
                     one_.kind == gKind::enumerator || unit_type_of(one_.kind, false) == ut_unit;

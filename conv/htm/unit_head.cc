@@ -41,13 +41,13 @@ std::string linked_name(gSite const & site, gHtmSetter const & setter, int unit)
       continue;
     std::string_view const scope = name.substr(0, at - separator);
     int const found = site.document.find_word(unit, scope);
+    // "App" of a unit "App.Orders" is no scope.
+    if (found < 0 || site.unit(found).name != scope || site.pages.of(found) < 0)
+      continue;
     std::string const text = Html::escaped(name.substr(begin, at - separator - begin));
-    if (found >= 0 && site.unit(found).name == scope && site.pages.of(found) >= 0)
-      site.rules.apply(gVltRule::name_link,
-                       gVltValues().set(V::text, text).set(V::href, setter.link_to(found, {}).href),
-                       out);
-    else
-      out += text;
+    site.rules.apply(gVltRule::name_link,
+                     gVltValues().set(V::text, text).set(V::href, setter.link_to(found, {}).href),
+                     out);
     Html::escape(name.substr(at - separator, separator), out);
     begin = at;
   }
@@ -55,11 +55,20 @@ std::string linked_name(gSite const & site, gHtmSetter const & setter, int unit)
   return out;
 }
 
+// The unit that something of Pascal stands in: the name of a unit may have dots itself.
+std::string_view unit_around(gSite const & site, std::string_view name) {
+  for (std::size_t at = name.find('.'); at != name.npos; at = name.find('.', at + 1))
+    if (int const found = site.document.find_type(name.substr(0, at));
+        found >= 0 && is_scope(site.unit(found)))
+      return name.substr(0, at);
+  return name.substr(0, name.find('.'));
+}
+
 std::string include_of(gSite const & site, gIncludes const & includes, gUnitRecord const & record) {
   std::string out;
   if (gColours::language_of(record.path) == gLanguage::pascal) {
     std::string_view name = record.name;
-    std::string const unit = Html::escaped(name.substr(0, name.find('.')));
+    std::string const unit = Html::escaped(unit_around(site, name));
     if (record.facts.kind != "unit" && name.find('.') != name.npos)
       site.rules.apply(gVltRule::include, "pascal", gVltValues().set(V::name, unit), out);
     return out;
