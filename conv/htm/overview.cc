@@ -8,6 +8,7 @@
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/member_groups.h"
+#include "conv/htm/page_parts.h"
 
 namespace {
 
@@ -70,7 +71,34 @@ gListed gOverview::of(int unit, int level, gMemberRows const & signatures) const
       site_.rules.apply(gVltRule::overview, "part", gVltValues().set(V::items, ranges), out.text);
       return out;
     }
-  out.text = lists(rows, page, level);
+  out.text = fitting_lists(rows, {rows.size(), 0}, page, level, false);
+  return out;
+}
+
+// Those with a text come first where there isn't room for all. How long addresses are is known only
+// when they are set.
+std::string gOverview::fitting_lists(std::vector<gRow> rows, gRoom room, int page, int level,
+                                     bool titled) const {
+  std::size_t const most_bytes =
+      gPageParts::most_markup - std::min(room.taken, gPageParts::most_markup / 2);
+  std::size_t const all = rows.size();
+  std::string out;
+  while (true) {
+    if (rows.size() > room.rows) {
+      std::stable_partition(rows.begin(), rows.end(),
+                            [](gRow const & row) { return !row.summary.empty(); });
+      rows.resize(room.rows);
+      std::ranges::sort(rows, {}, &gRow::unit);
+    }
+    out = lists(rows, page, level, titled);
+    std::size_t const bytes = PageParts::markup_of(out);
+    if (bytes <= most_bytes || rows.size() <= few)
+      break;
+    room.rows = rows.size() * most_bytes / bytes;
+  }
+  std::string const left = site_.number(all - rows.size());
+  if (all > rows.size())
+    site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, left), out);
   return out;
 }
 
@@ -88,21 +116,11 @@ gListed gOverview::within(std::span<int const> units, int page, int level,
     others.assign(units.begin(), units.end());
     routines.clear();
   }
-  std::vector<gRow> rows = Site::rows_of(site_, others);
-  std::size_t const all = rows.size();
-  if (all > most) {
-    std::stable_partition(rows.begin(), rows.end(),
-                          [](gRow const & row) { return !row.summary.empty(); });
-    rows.resize(most);
-    std::ranges::sort(rows, {}, &gRow::unit);
-  }
-  out.text = lists(rows, page, level, !routines.empty());
   for (gMemberGroup const & group : Members::groups_of(site_, routines))
     add_heading(group, level, false, member_items(group, {}, false, page, signatures), out);
-  if (all > rows.size()) {
-    std::string const left = site_.number(all - rows.size());
-    site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, left), out.text);
-  }
+  std::size_t const taken = PageParts::markup_of(out.text);
+  out.text.insert(0, fitting_lists(Site::rows_of(site_, others), {most, taken}, page, level,
+                                   !routines.empty()));
   return out;
 }
 
@@ -142,13 +160,18 @@ std::string gOverview::member_items(gMemberGroup const & group, std::string_view
         row = {row.unit < 0 ? unit : row.unit, row.unit < 0 ? 1 : row.count + 1, row.summary};
         if (row.summary.empty())
           row.summary = site_.summary_of(unit);
-        plain.places += shown.places;
-        if (row.count == 1)
+        if (row.count == 1) {
           plain.details = shown.details;
+          plain.id = shown.id;
+          plain.is_brief = shown.is_brief;
+        } else if (!shown.id.empty()) {
+          site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, shown.id), plain.places);
+        }
+        plain.places += shown.places;
       }
     }
     if (row.unit >= 0)
-      add_item(row, page, mixed, {}, out, plain);
+      add_item(row, page, mixed, plain.id, out, plain);
   }
   return out;
 }
@@ -382,5 +405,6 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
   values.set(V::number, number).set(V::count, same).set(V::id, id);
   values.set(V::named, Site::is_named(record) ? "1" : "");
   values.set(V::deprecated, record.facts.has_mark("deprecated") ? "1" : "");
-  site_.rules.apply(gVltRule::overview_item, what.selector, values, out);
+  std::string_view const selector = shown.is_brief ? std::string_view("brief") : what.selector;
+  site_.rules.apply(gVltRule::overview_item, selector, values, out);
 }

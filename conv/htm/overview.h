@@ -12,11 +12,13 @@ struct gMemberGroup;
 struct gMemberRow {
   std::string signature; // empty where there is none to show
   std::string template_head;
-  bool is_all = false; // there is nothing more to say about it
-  std::string summary; // if it isn't the first sentence as plain text
-  std::string details; // link to its text, if that stands on another page
-  std::string places;  // where that text could be reached on the page of the row
-  std::string source;  // link to its source
+  bool is_all = false;   // there is nothing more to say about it
+  std::string summary;   // if it isn't the first sentence as plain text
+  std::string details;   // link to its text, if that stands on another page
+  std::string places;    // where that text could be reached on the page of the row
+  std::string id;        // the first of these, which the row itself has
+  bool is_brief = false; // one of so many that each tag counts
+  std::string source;    // link to its source
 };
 // What a row depends on beside its member.
 struct gRowPlace {
@@ -71,6 +73,12 @@ private:
   using gParts = std::map<std::string, std::vector<gRow>>; // by their titles
 
   std::string folded(std::string_view selector, std::vector<gRow> const & rows, int page) const;
+  struct gRoom {
+    std::size_t rows;  // that may stand on the page
+    std::size_t taken; // bytes of tags that others need
+  };
+  std::string fitting_lists(std::vector<gRow> rows, gRoom room, int page, int level,
+                            bool titled) const;
   std::string plain_lists(std::vector<gRow> const & rows, int page, int level, bool titled) const;
   gListed members(std::span<int const> units, int level, gMemberRows const & rows) const;
   std::string member_items(gMemberGroup const & group, std::string_view scope, bool mixed, int page,

@@ -55,6 +55,7 @@ gMadePage gUnitPages::make(int page) {
   page_ = page;
   parts_.clear();
   short_rows_.clear();
+  rows_are_brief_ = false;
   gPageFrame frame = set_page();
   if (PageParts::markup_of(frame.content) > gPageParts::most_markup && has_members_)
     frame = set_in_parts(std::move(frame));

@@ -42,7 +42,7 @@ private:
   gPageFrame set_page();
   gPageFrame set_in_parts(gPageFrame frame);
   void add_parts(gPageFrame const & main);
-  void shorten_rows(std::size_t excess);
+  bool shorten_rows(std::size_t excess);
   gMemberRow row_of_part(int unit, gRowPlace const & place);
   void add_with_below(int unit, std::string & out);
   void add_unit(int unit, std::string & out);
@@ -74,6 +74,7 @@ private:
   gPageParts parts_;                 // empty if all texts stand on the page itself
   bool has_members_ = false;         // in lists on the page at work
   std::set<int> short_rows_;         // members with names alone, where signatures are too much
+  bool rows_are_brief_ = false;      // and with as few tags as can be
   std::vector<gPageFrame> beside_;   // further pages that belong to the page at work
   int page_ = -1;
   int deeper_ = 0; // by how much headings stand deeper than their units do

@@ -16,13 +16,16 @@ using V = gVltValue;
 gPageFrame gUnitPages::set_in_parts(gPageFrame frame) {
   gReportList again;
   setter_.report_to(again);
-  std::size_t in_texts = 0;
-  for (auto const & [member, text] : texts_)
-    in_texts += text.markup;
-  constexpr std::size_t lead = 60; // bytes by which a row grows that leads to another page
-  std::size_t const rows = PageParts::markup_of(frame.content) - in_texts + lead * texts_.size();
-  if (rows > gPageParts::most_markup) {
-    shorten_rows(rows - gPageParts::most_markup);
+  while (true) {
+    std::size_t in_texts = 0, leads = 0;
+    // A row grows by the link to its text, and by the places that it had.
+    for (auto const & [member, text] : texts_) {
+      in_texts += text.markup;
+      leads += frame.file.size() + 2 * site_.addresses.anchor(member).size() + 30;
+    }
+    std::size_t const rows = PageParts::markup_of(frame.content) - in_texts + leads;
+    if (rows <= gPageParts::most_markup || !shorten_rows(rows - gPageParts::most_markup))
+      break;
     frame = set_page();
   }
   parts_.plan(frame.file, listed_.groups, std::move(texts_));
@@ -32,12 +35,14 @@ gPageFrame gUnitPages::set_in_parts(gPageFrame frame) {
   return frame;
 }
 
-// The largest groups first: of a few constructors a reader wants to see the parameters.
-void gUnitPages::shorten_rows(std::size_t excess) {
+// The largest groups first: of a few constructors a reader wants to see the parameters. Rows that
+// are short already have nothing left but their tags. False if there is no more to save.
+bool gUnitPages::shorten_rows(std::size_t excess) {
   constexpr std::size_t saved = 100; // bytes of a signature
   std::vector<gListed::Group const *> groups;
   for (gListed::Group const & group : listed_.groups)
-    groups.push_back(&group);
+    if (!group.units.empty() && !short_rows_.contains(group.units.front()))
+      groups.push_back(&group);
   std::ranges::stable_sort(groups, std::ranges::greater(),
                            [](gListed::Group const * one) { return one->units.size(); });
   for (gListed::Group const * const group : groups) {
@@ -46,6 +51,7 @@ void gUnitPages::shorten_rows(std::size_t excess) {
     short_rows_.insert(group->units.begin(), group->units.end());
     excess -= std::min(excess, saved * group->units.size());
   }
+  return !groups.empty() || !std::exchange(rows_are_brief_, true);
 }
 
 // The row has all places of the text, which stay what links from elsewhere lead to.
@@ -57,9 +63,14 @@ gMemberRow gUnitPages::row_of_part(int unit, gRowPlace const & place) {
     row = setter_.row_of(unit, place, to);
   row.is_all = false;
   row.details = to;
+  row.is_brief = rows_are_brief_ && row.signature.empty();
   if (part)
-    for (std::string const & anchor : parts_.text_of(unit).anchors)
-      site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, anchor), row.places);
+    for (std::string const & anchor : parts_.text_of(unit).anchors) {
+      if (row.id.empty() && row.signature.empty())
+        row.id = anchor;
+      else
+        site_.rules.apply(gVltRule::bkmk, gVltValues().set(V::id, anchor), row.places);
+    }
   return row;
 }
 

@@ -76,9 +76,16 @@
   // What is wider than its place can be scrolled by keyboard, too.
   const start_scrolling = () => {
     const observer = new ResizeObserver((entries) => {
-      for (const { target } of entries)
-        if (target.scrollWidth > target.clientWidth || target.scrollHeight > target.clientHeight) target.tabIndex = 0;
+      for (const { target } of entries) {
+        const cut = target.scrollWidth > target.clientWidth || target.scrollHeight > target.clientHeight;
+        if (cut) target.tabIndex = 0;
         else target.removeAttribute("tabindex");
+        // What takes the focus has to say which one it is.
+        if (cut && target.matches("div")) {
+          target.role = "region";
+          target.ariaLabel = `Table ${$$("div.scroll").indexOf(target) + 1}`;
+        }
+      }
     });
     for (const block of $$("pre, .scroll, .tree-lines")) observer.observe(block);
   };

@@ -1,19 +1,14 @@
 // A browser for tests, and pages in it that are read from files, without a network. SITES names the
 // folders of the sites.
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
-import { createRequire } from "node:module";
 import { join } from "node:path";
 import { after, before } from "node:test";
 import { pathToFileURL } from "node:url";
-import { chromium } from "playwright-core";
+import { launch, wide } from "./page_faults.mjs";
 
 export const sites = process.env.SITES.split(":");
 export const [example, folder, odd] = sites;
-export const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 export const address = (site, name) => pathToFileURL(join(site, name)).href;
-export const wide = { width: 1440, height: 900 };
-export const phone = { width: 390, height: 844 };
 let browser;
 
 // Calls `work` with a fresh page of its own; a script error or a request to another machine is a fault.
@@ -30,11 +25,5 @@ export const on_page = async (url, options, work) => {
   assert.deepEqual(faults, []);
 };
 
-before(async () => {
-  browser = await chromium.launch({
-    executablePath: process.env.CHROMIUM || "/usr/bin/chromium",
-    args: ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
-      "--disable-background-networking", "--disable-component-update", "--disable-sync"],
-  });
-});
+before(async () => { browser = await launch(); });
 after(() => browser.close());

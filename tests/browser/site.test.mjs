@@ -3,9 +3,9 @@ import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { join } from "node:path";
 import { describe, test } from "node:test";
-import { HtmlValidate } from "html-validate";
-import { address, axe, folder, odd, on_page, phone, sites, wide } from "./browser.mjs";
+import { address, folder, odd, on_page, sites } from "./browser.mjs";
 import { check_site, files_of } from "./check_site.mjs";
+import { axe, barriers_of, invalid_places_of, phone, wide } from "./page_faults.mjs";
 
 const pages_of = (site) => files_of(site).filter((name) => name.endsWith(".htm"));
 const page_of_kind = (site, kind) => pages_of(site).find((name) =>
@@ -29,38 +29,16 @@ for (const site of sites) {
     });
 
     test("valid HTML", async () => {
-      const validator = new HtmlValidate({ extends: ["html-validate:standard", "html-validate:a11y"],
-        rules: { "long-title": "off", "no-inline-style": "off" } });
       const faults = [];
-      for (const name of new Set([...samples_of(site), ...pages_of(site).slice(0, 60)])) {
-        const report = await validator.validateFile(join(site, name));
-        for (const result of report.results)
-          for (const m of result.messages) faults.push(`${name}:${m.line}:${m.column} ${m.ruleId} ${m.message}`);
-      }
+      for (const name of new Set([...samples_of(site), ...pages_of(site).slice(0, 60)]))
+        faults.push(...await invalid_places_of(site, name));
       assert.deepEqual(faults.slice(0, 20), []);
     });
 
     test("no barrier: light and dark, wide and phone, nothing cut off", async () => {
       const faults = [];
       for (const name of samples_of(site))
-        await on_page(address(site, name), {}, async (page) => {
-          await page.evaluate(axe);
-          for (const viewport of [wide, phone])
-            for (const colorScheme of ["light", "dark"]) {
-              await page.setViewportSize(viewport);
-              await page.emulateMedia({ colorScheme, reducedMotion: "reduce" });
-              // Blocks that can be scrolled at the new size take the focus from the next frame on.
-              await page.evaluate(() => new Promise((done) =>
-                requestAnimationFrame(() => requestAnimationFrame(done))));
-              const where = `${name} ${colorScheme} ${viewport.width}`;
-              // Nothing but colours differs in the dark.
-              const rules = colorScheme === "dark" ? { runOnly: "color-contrast" } : {};
-              const { violations } = await page.evaluate((options) => window.axe.run(options), rules);
-              for (const v of violations) faults.push(`${where}: ${v.id} ${v.nodes[0].html.slice(0, 200)}`);
-              const over = await page.evaluate(() => document.documentElement.scrollWidth - innerWidth);
-              if (over > 0) faults.push(`${where}: ${over} pixels too wide`);
-            }
-        });
+        await on_page(address(site, name), {}, async (page) => { faults.push(...await barriers_of(page, name)); });
       assert.deepEqual(faults, []);
     });
   });

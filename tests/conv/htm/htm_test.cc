@@ -765,6 +765,31 @@ TEST_F(HtmSite, HeavyPagesAreSetInParts) {
     EXPECT_LT(markup_of(one), 102400U);
 }
 
+// Where even the rows are too many they get shorter, and lists of what stands elsewhere end.
+TEST_F(HtmSite, RowsNeverMakeAPageHeavy) {
+  std::string const room(85, 'x');
+  std::string units = known(2, "namespace", "n", "n", "", "namespace n");
+  for (int i = 0; i < 690; ++i) {
+    std::string const name = "C" + std::to_string(i) + room;
+    units += known(2, "class", "n::" + name, name, "", "class " + name);
+  }
+  units += known(2, "class", "E", "E", "", "class E");
+  for (int i = 0; i < 850; ++i) {
+    std::string const name = "get_it" + std::to_string(i);
+    units += known(3, "method", "E::" + name, name, "", "int " + name + "(int, long);",
+                   "\n\nSays @bkmk<M" + name + "> much.\n");
+  }
+  convert(units);
+  EXPECT_EQ(outside_.report_text().find("532:"), std::string::npos) << outside_.report_text();
+  std::string const members = file("E.htm"), listed = file("n.htm");
+  expect_in_order(members,
+                  {"<li id=\"get_it0\">", "<a href=\"E--method.htm#get_it0\">E::get_it0</a>",
+                   "<li id=\"get_it849\">", "<a href=\"E--method-"});
+  expect_in_order(listed, {"n.C0x", "n.C300x", "more are found"});
+  EXPECT_LT(markup_of(members), 102400U);
+  EXPECT_LT(markup_of(listed), 102400U);
+}
+
 // A class template with a member: bytes of facts are those of the declarations.
 TEST_F(HtmSite, OnlySureNamesAreLinks) {
   auto const told = [](int level, std::string const & name, std::string const & last, int line,
