@@ -1,7 +1,8 @@
 // Nearly all sources pair by counting. Where curly brackets do and others don't, the others are
 // mended within them. Where curly ones don't, columns tell: a "}" at the head of a line closes the
 // bracket whose statement begins in its column, and a line that begins a declaration in an outer
-// column stands in no inner bracket.
+// column stands in no inner bracket. Which "}" is one too many is doubtful where contents aren't
+// indented, so several readings are tried, and the one that blames the fewest brackets counts.
 #include "ana/decl/cpp_brackets.h"
 
 #include <algorithm>
@@ -70,11 +71,19 @@ int link_curly(std::vector<gToken> & tokens) {
   return surplus == 0 ? 1 : surplus;
 }
 
+// Where there are more "}" than "{": which of those that could close something are surplus.
+struct Reading {
+  bool flat = false; // one in the column of a namespace, unless the namespace could end there
+  bool tail = false; // "return a; }" behind the line that its "{" would stand on
+};
+
 class Repair {
 public:
-  Repair(std::vector<gToken> & tokens, gLines const & lines)
+  Repair(std::vector<gToken> & tokens, gLines const & lines, std::string_view text, Reading reading)
       : tokens_(tokens),
         lines_(lines),
+        text_(text),
+        reading_(reading),
         surplus_(link_curly(tokens)),
         curly_known_(surplus_ == 0) {}
 
@@ -85,18 +94,26 @@ public:
       give_up(static_cast<std::uint32_t>(tokens_.size() - 1));
     return std::move(faults_);
   }
+  bool lacks_opener() const { return lacks_opener_; }
+  // How much has to be wrong for this reading to be right: comments say what a bracket closes, too.
+  std::size_t blame() const { return blame_; }
 
 private:
   struct Open {
     std::uint32_t token;
     std::uint32_t column; // of its statement
     bool flat;            // contents may stand in the same column
+    bool members;         // of a namespace or class, each of which ends with a sign
   };
 
   std::vector<gToken> & tokens_;
   gLines const & lines_;
+  std::string_view text_;
+  Reading const reading_;
   int surplus_; // of "{" without "}" that aren't found yet, below 0 of "}"
   bool const curly_known_;
+  bool const lacks_opener_ = surplus_ < 0;
+  std::size_t blame_ = 0;
   std::uint32_t at_ = 0;
   std::uint32_t line_column_ = 1;
   std::uint32_t statement_ = 0; // first token of the statement
@@ -111,7 +128,7 @@ private:
   void token() {
     gToken const & one = tokens_[at_];
     if (one.line_head)
-      line_column_ = lines_.column(one.begin);
+      line_column_ = column_of(one.begin);
     if (at_ == 0 || type(at_ - 1) == ';' || type(at_ - 1) == '{' || type(at_ - 1) == '}' ||
         is_behind_section()) {
       statement_ = at_;
@@ -129,6 +146,15 @@ private:
       statement_end();
   }
 
+  // Of the first token of its line. Tabs reach to every eighth column, since those who mix them
+  // with blanks have them so.
+  std::uint32_t column_of(std::uint32_t position) const {
+    std::uint32_t column = 0;
+    for (std::uint32_t at = position - (lines_.column(position) - 1); at < position; ++at)
+      column += text_[at] == '\t' ? 8 - column % 8 : 1;
+    return column + 1;
+  }
+
   bool is_behind_section() const { // "public:"
     gWord const word = at_ > 1 ? tokens_[at_ - 2].word : gWord::name;
     return type(at_ - 1) == ':' && word >= gWord::public_ && word <= gWord::slots;
@@ -141,16 +167,32 @@ private:
     }
     bool const own_line = tokens_[at_].line_head;
     open_curly_ += type(at_) == '{' ? 1 : 0;
-    open_.push_back({at_, own_line ? line_column_ : statement_column_, is_flat()});
+    bool const flat = is_flat();
+    open_.push_back(
+        {at_, own_line ? line_column_ : statement_column_, flat, flat || is_class_head()});
+  }
+
+  bool is_class_head() const {
+    constexpr std::uint32_t most = 64;
+    if (type(at_) != '{' || at_ - statement_ > most)
+      return false;
+    for (std::uint32_t at = statement_; at < at_; ++at)
+      if (type(at) == '=' || (type(at) == token_word && tokens_[at].word == gWord::enum_))
+        return false;
+      else if (type(at) == token_word && is_class_key(tokens_[at].word) && type(at + 1) != '>')
+        return type(at_ - 1) != ')';
+    return false;
   }
 
   bool is_flat() const {
     if (type(at_) != '{')
       return false;
-    // "namespace a::b {", "extern \"C\" {"; what stands in front may be a macro without ";".
+    // "namespace a::b {", "extern \"C\" {", "namespace std VISIBLE(x) {"; what stands in front may
+    // be a macro without ";".
     for (std::uint32_t back = 1; back <= most_head_words && at_ - back + 1 > statement_; ++back) {
       gToken const & one = tokens_[at_ - back];
-      if (one.type != token_word && one.type != token_scope && one.type != token_string)
+      if (one.type != token_word && one.type != token_scope && one.type != token_string &&
+          one.type != '(' && one.type != ')')
         return false;
       if (one.type == token_word && (one.word == gWord::namespace_ || one.word == gWord::extern_))
         return true;
@@ -185,8 +227,16 @@ private:
     open_.pop_back();
   }
 
+  // "} // namespace x"
+  bool says_namespace() const {
+    std::size_t const end = std::min(text_.find('\n', tokens_[at_].end), text_.size());
+    std::string_view const behind = text_.substr(tokens_[at_].end, end - tokens_[at_].end);
+    return behind.find("namespace") != behind.npos && behind.find('/') != behind.npos;
+  }
+
   void pair() {
     std::uint32_t const token = open_.back().token;
+    blame_ += type(at_) == '}' && !open_.back().flat && says_namespace() ? 1 : 0;
     tokens_[token].link = at_;
     tokens_[at_].link = token;
     pop();
@@ -224,13 +274,17 @@ private:
   }
 
   void close_brace() {
-    if (open_curly_ == 0)
+    if (open_curly_ == 0) {
+      ++blame_; // something in front of it is wrong
       return stray_brace();
+    }
     std::size_t top = open_.size();
     while (top > 0 && type(open_[top - 1].token) != '{')
       --top;
-    if (!curly_known_ && is_surplus(open_[top - 1]))
+    if (!curly_known_ && is_surplus(open_[top - 1])) {
+      blame_ += open_[top - 1].flat && tokens_[at_].line_head ? 1 : 0; // it could as well be right
       return stray_brace();
+    }
     if (tokens_[at_].line_head && !curly_known_) {
       std::size_t partner = top;
       std::size_t const least = top - std::min(top, most_levels);
@@ -249,6 +303,7 @@ private:
 
   void stray_brace() {
     ++surplus_;
+    blame_ += says_namespace() ? 1 : 0;
     stray("`}` without `{`");
   }
 
@@ -258,12 +313,17 @@ private:
   bool is_surplus(Open const & top) const {
     if (surplus_ >= 0)
       return false;
-    if (!tokens_[at_].line_head)
-      return at_ > 0 && type(at_ - 1) == '}' && tokens_[at_ - 1].end == tokens_[at_].begin &&
+    if (!tokens_[at_].line_head) {
+      if (at_ == 0)
+        return false;
+      bool const doubled = type(at_ - 1) == '}' && tokens_[at_ - 1].end == tokens_[at_].begin;
+      bool const tail = reading_.tail && (top.members || type(at_ - 1) == ';');
+      return (doubled || tail) &&
              lines_.line(tokens_[top.token].begin) != lines_.line(tokens_[at_].begin);
+    }
     std::uint8_t const next = type(at_ + 1);
-    return top.flat && line_column_ == top.column && next != '}' && next != token_end &&
-           tokens_[at_ + 1].word != gWord::namespace_;
+    return reading_.flat && top.flat && line_column_ == top.column && next != '}' &&
+           next != token_end && tokens_[at_ + 1].word != gWord::namespace_;
   }
 
   void close_other() {
@@ -281,6 +341,7 @@ private:
   void stray(std::string_view reason) { report({at_, reason}); }
 
   void report(gBracketFault fault) {
+    ++blame_;
     if (faults_.size() < most_faults)
       faults_.push_back(fault);
   }
@@ -288,10 +349,29 @@ private:
 
 } // namespace
 
-std::vector<gBracketFault> link_brackets(std::vector<gToken> & tokens, gLines const & lines) {
+std::vector<gBracketFault> link_brackets(std::vector<gToken> & tokens, gLines const & lines,
+                                         std::string_view text) {
   if (link_plainly(tokens))
     return {};
-  return Repair(tokens, lines).run();
+  constexpr Reading readings[] = {{true, false}, {false, false}, {true, true}, {false, true}};
+  Reading best = readings[0], last = best;
+  std::size_t least = std::string_view::npos;
+  std::vector<gBracketFault> faults;
+  for (Reading const & reading : readings) {
+    Repair repair(tokens, lines, text, reading);
+    std::vector<gBracketFault> found = repair.run();
+    last = reading;
+    if (repair.blame() < least) {
+      least = repair.blame();
+      best = reading;
+      faults = std::move(found);
+    }
+    if (!repair.lacks_opener() || least <= 1)
+      break;
+  }
+  if (last.flat != best.flat || last.tail != best.tail)
+    Repair(tokens, lines, text, best).run();
+  return faults;
 }
 
 } // namespace Decl

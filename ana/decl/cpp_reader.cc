@@ -363,7 +363,7 @@ gFileDeclarations read_cpp(std::string_view text, gMacroTable const & macros) {
   gTokens tokens = read_tokens(text);
   gLines const lines(text);
   gBranches branches(text, tokens);
-  std::vector<gBracketFault> const faults = link_brackets(tokens.tokens, lines);
+  std::vector<gBracketFault> const faults = link_brackets(tokens.tokens, lines, text);
   gSource const source{text, tokens.tokens, lines, macros};
   out.conditions = std::move(branches.conditions);
   gCppReader(source, tokens.directives, branches, out).run();

@@ -100,11 +100,20 @@ bool go_on_as_rows(std::string_view text, gComment const & one, gComment const &
   return says(first) && says(second);
 }
 
+// "/// @{": what stands below it is about the first thing between the brackets.
+bool is_bracket(std::string_view text, gComment const & comment) {
+  std::string_view words = comment.whole.of(text);
+  words.remove_prefix(std::min(words.find_first_not_of("/! \t"), words.size()));
+  words = words.substr(0, words.find_last_not_of(" \t\r") + 1);
+  return words == "@{" || words == "@}" || words == "\\{" || words == "\\}";
+}
+
 // Behind code the column tells what goes on from what stands in front of the next declaration.
 bool continues(std::string_view text, gComment const & head, gComment const & before,
                Opener const & first, gComment const & next, Opener const & opener) {
   if (first.line != opener.line || next.line != before.end_line + 1 || !next.line_start ||
-      first.documenting != opener.documenting || (opener.behind && !first.behind))
+      first.documenting != opener.documenting || (opener.behind && !first.behind) ||
+      is_bracket(text, before))
     return false;
   if (head.line_start)
     return first.line || (!first.documenting && is_row(text, before) && is_row(text, next) &&

@@ -3,7 +3,6 @@
 #include "conv/htm/scopes.h"
 
 #include <algorithm>
-#include <tuple>
 
 #include "conv/atc/qualified_name.h"
 
@@ -12,14 +11,6 @@ namespace {
 bool is_name_space(gUnitRecord const & unit) {
   for (std::string_view const kind :
        {"namespace", "module", "unit", "program", "library", "package"})
-    if (unit.facts.kind == kind)
-      return true;
-  return false;
-}
-
-bool is_class(gUnitRecord const & unit) {
-  for (std::string_view const kind : {"class", "struct", "union", "interface", "record", "object",
-                                      "dispinterface", "class helper", "record helper"})
     if (unit.facts.kind == kind)
       return true;
   return false;
@@ -36,7 +27,9 @@ std::string_view template_of(gUnitRecord const & unit) {
 
 } // namespace
 
-gScopes::gScopes(gSite const & site) : site_(site) {
+gScopes::gScopes(gSite const & site)
+    : site_(site),
+      friends_(site.document, [&site](int unit) { return site.pages.of(unit) >= 0; }) {
   for (gUnitRecord const & unit : site.document.units)
     if (is_name_space(unit))
       within_.try_emplace(unit.name);
@@ -52,7 +45,7 @@ gScopes::gScopes(gSite const & site) : site_(site) {
       specialisations_[name].push_back(i);
     if (!unit.name.empty()) // texts have none
       names_.try_emplace(unit.name, i);
-    if (site.pages.begins(i) && !unit.name.empty() && (is_name_space(unit) || is_class(unit)))
+    if (site.pages.begins(i) && !unit.name.empty() && (is_name_space(unit) || is_class_like(unit)))
       heads_.try_emplace(unit.name, i);
   }
   for (int i = 0; i < static_cast<int>(site.document.units.size()); ++i) {
@@ -67,59 +60,6 @@ gScopes::gScopes(gSite const & site) : site_(site) {
     enter_page(site.pages[page].first);
   for (auto & [scope, units] : pages_)
     std::stable_partition(units.begin(), units.end(), [&](int one) { return is_scope(one); });
-  find_friends();
-}
-
-// "class lib::B<T>" names "lib::B". Of a template's own parameter nobody knows what it stands for.
-int gScopes::friend_type(int unit, std::string_view written) const {
-  gUnitRecord const & record = site_.unit(unit);
-  for (std::string_view const key : {"class ", "struct ", "union ", "enum ", "typename ", "::"})
-    if (written.starts_with(key))
-      written.remove_prefix(key.size());
-  std::string_view const name = written.substr(0, written.find_first_of("< "));
-  std::string_view const head = record.facts.template_head.of(record.declaration);
-  bool const bound = head.find(" " + std::string(name)) != head.npos;
-  int const found = bound ? -1 : site_.document.find_word(unit, name);
-  return found >= 0 && site_.pages.of(found) >= 0 ? found : -1;
-}
-
-std::vector<std::string_view> gScopes::strange_friends(int unit) const {
-  std::vector<std::string_view> strange;
-  for (std::string const & written : site_.unit(unit).facts.friends)
-    if (friend_type(unit, written) < 0)
-      strange.push_back(written);
-  return strange;
-}
-
-// A friend belongs to a namespace by its name; the class is the innermost one whose lines are
-// around it.
-void gScopes::find_friends() {
-  std::vector<int> found; // classes and friends
-  for (int i = 0; i < static_cast<int>(site_.document.units.size()); ++i) {
-    gUnitRecord const & unit = site_.unit(i);
-    if (site_.pages.of(i) < 0)
-      continue;
-    if (is_class(unit) || unit.facts.kind == "friend")
-      found.push_back(i);
-    for (std::string const & written : unit.facts.friends)
-      if (int const other = friend_type(i, written); other >= 0 && other != i)
-        friends_[i].push_back(other);
-  }
-  std::ranges::stable_sort(found, {}, [&](int i) {
-    gUnitRecord const & unit = site_.unit(i);
-    return std::tuple(std::string_view(unit.path), unit.source_line, !is_class(unit));
-  });
-  std::vector<int> around;
-  for (int const i : found) {
-    gUnitRecord const & unit = site_.unit(i);
-    while (!around.empty() && (site_.unit(around.back()).path != unit.path ||
-                               site_.unit(around.back()).facts.end_line < unit.source_line))
-      around.pop_back();
-    if (is_class(unit))
-      around.push_back(i);
-    else if (!around.empty())
-      friends_[around.back()].push_back(i);
-  }
 }
 
 void gScopes::enter_page(int unit) {
@@ -158,16 +98,11 @@ std::span<int const> gScopes::members(int topic) const {
   return found == members_.end() ? std::span<int const>() : std::span<int const>(found->second);
 }
 
-std::span<int const> gScopes::friends(int unit) const {
-  auto const found = friends_.find(unit);
-  return found == friends_.end() ? std::span<int const>() : std::span<int const>(found->second);
-}
-
 std::span<int const> gScopes::specialisations(int unit) const {
   gUnitRecord const & record = site_.unit(unit);
   auto const found = specialisations_.find(record.name);
   bool const first =
-      is_class(record) || (names_.contains(record.name) && names_.at(record.name) == unit);
+      is_class_like(record) || (names_.contains(record.name) && names_.at(record.name) == unit);
   return found == specialisations_.end() || !first ? std::span<int const>()
                                                    : std::span<int const>(found->second);
 }

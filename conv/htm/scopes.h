@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "conv/htm/site.h"
+#include "conv/set/friends.h"
 
 class gScopes {
 public:
@@ -29,15 +30,9 @@ public:
   // Of a template: the classes and functions that it has for some arguments. Overloads of one name
   // have them in common, and only the first tells them.
   std::span<int const> specialisations(int unit) const;
-  // Of a class: the types that it names as its friends, then the functions that it declares as
-  // such, which stand beside it.
-  std::span<int const> friends(int unit) const;
-  // The friends of a class that have no page, as they are written: "class lib::Other".
-  std::vector<std::string_view> strange_friends(int unit) const;
+  gFriends const & friends() const { return friends_; }
 
 private:
-  void find_friends();
-  int friend_type(int unit, std::string_view written) const;
   bool is_scope(int unit) const;
   void enter_page(int unit);
 
@@ -49,5 +44,5 @@ private:
   std::unordered_map<std::string_view, int> heads_;   // scopes and classes that begin pages
   std::unordered_map<int, std::vector<int>> pages_;   // by the scopes
   std::unordered_map<int, std::vector<int>> members_; // by topics
-  std::unordered_map<int, std::vector<int>> friends_; // by classes
+  gFriends friends_;
 };

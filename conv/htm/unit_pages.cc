@@ -195,9 +195,10 @@ void gUnitPages::add_place(int unit) {
 
 std::string gUnitPages::friends_of(int unit, int level) const {
   std::vector<std::string> named;
-  for (std::string_view const one : scopes_.strange_friends(unit))
+  for (std::string_view const one : scopes_.friends().strange(unit))
     named.push_back(Html::escaped(one));
-  return overview_.group("friends_of", scopes_.friends(unit), setter_.link_page(), level, named);
+  return overview_.group("friends_of", scopes_.friends().of(unit), setter_.link_page(), level,
+                         named);
 }
 
 // What stands below the unit on its page, or what its namespace holds.

@@ -17,7 +17,7 @@ gHelpSetter::gHelpSetter(gDocument const & document, gVltRules const & rules, gK
                          gHelpContexts & contexts, gHelpKeywords const & keywords,
                          gHelpLooks const & looks)
     : gRtfSetter(document, rules, kinds, looks.text_width, looks.font_size),
-      inheritance_(document),
+      relations_(document),
       contexts_(contexts),
       keywords_(keywords),
       looks_(looks) {}
@@ -30,7 +30,7 @@ gUnitText gHelpSetter::begin(int unit) {
   gUnitRecord const & record = document().units[static_cast<std::size_t>(unit)];
   EnumTable::set_into(record, rules(), false, text.body);
   MacroVariants::set_into(record, rules(), text.body);
-  RelationText::set_into(document(), inheritance_, rules(), unit, text.body);
+  RelationText::set_into(document(), relations_, rules(), unit, text.body);
   for (gNodeList * const nodes : {&text.toc_title, &text.title, &text.subject, &text.body})
     settle(*nodes);
   Rtf::sink_marks(text.body);

@@ -4,7 +4,7 @@
 #include "conv/rtf/help_contexts.h"
 #include "conv/rtf/help_keywords.h"
 #include "conv/rtf/rtf_setter.h"
-#include "conv/set/inheritance.h"
+#include "conv/set/relation_text.h"
 
 // A topic that a text gives away: a note as a pop-up, or a class hierarchy.
 struct gHelpAside {
@@ -52,7 +52,7 @@ private:
   void settle_window(gNode & reference) const;
   void settle_help_id(gNode & node);
 
-  gInheritance const inheritance_;
+  gBookRelations const relations_;
   gHelpContexts & contexts_;
   gHelpKeywords const & keywords_;
   gHelpLooks const & looks_;

@@ -39,7 +39,7 @@ gRtfDocument::gRtfDocument(gConversion & conversion, gRtfTemplate & style)
       style_(style),
       kinds_(document_, rules_),
       sources_(document_),
-      inheritance_(document_),
+      relations_(document_),
       setter_(document_, rules_, kinds_, style.text_width(), style.font_size(),
               conversion.input().index_separator, conversion.input().index_place_holder),
       heads_differ_(running_heads_differ()),
@@ -109,7 +109,7 @@ void gRtfDocument::add_unit(int unit, std::string & out) {
   gUnitText text = document_.text_of(unit);
   EnumTable::set_into(record, rules_, false, text.body);
   MacroVariants::set_into(record, rules_, text.body);
-  RelationText::set_into(document_, inheritance_, rules_, unit, text.body);
+  RelationText::set_into(document_, relations_, rules_, unit, text.body);
   bool const titled = !text.title.empty();
   mark_unit(unit, text);
   setter_.begin_unit(unit, titled ? record.level : record.level - 1);

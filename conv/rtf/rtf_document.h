@@ -8,7 +8,7 @@
 #include "conv/rtf/rtf_setter.h"
 #include "conv/rtf/rtf_template.h"
 #include "conv/set/index_lines.h"
-#include "conv/set/inheritance.h"
+#include "conv/set/relation_text.h"
 #include "conv/set/sources.h"
 
 class gRtfDocument {
@@ -39,7 +39,7 @@ private:
   gRtfTemplate & style_;
   gKinds const kinds_;
   gSources const sources_;
-  gInheritance const inheritance_;
+  gBookRelations const relations_;
   gRtfSetter setter_;
   bool heads_differ_;
   int contents_levels_;

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr std::size_t most_methods = 20;
+constexpr std::size_t most_held = 300;
 
 bool is_code(gNode const & node) {
   return node.kind == gNodeKind::verbatim ||
@@ -54,20 +55,30 @@ public:
               {NewNode::of(gNodeKind::paragraph, std::move(links))});
   }
   void add_part(gInherited const & part) {
-    gNodeList links;
-    for (int const member : part.members) {
-      if (!links.empty())
-        links.push_back(NewNode::text(", "));
-      gNode link = link_to(member);
-      std::string const & title = record(member).title;
-      std::string const & name = record(member).name;
-      link.children = {NewNode::text(
-          title == name ? name.substr(name.size() - record(member).facts.last_part) : title)};
-      links.push_back(std::move(link));
-    }
     add_entry({NewNode::text(rules_.setting("inherited_title", "Inherited from") + " "),
                link_to(part.from)},
+              {NewNode::of(gNodeKind::paragraph, short_links(part.members))});
+  }
+  // Their scope is plain from where they are listed.
+  void add_held(std::span<int const> units) {
+    if (units.empty())
+      return;
+    gNodeList links = short_links(units.first(std::min(units.size(), most_held)));
+    if (units.size() > most_held)
+      links.push_back(NewNode::text(", \u2026"));
+    add_entry({NewNode::text(rules_.setting("holds_title", "Contents"))},
               {NewNode::of(gNodeKind::paragraph, std::move(links))});
+  }
+  void add_friends(gFriends const & friends, int unit) {
+    gNodeList links = short_links(friends.of(unit));
+    for (std::string_view const one : friends.strange(unit)) {
+      if (!links.empty())
+        links.push_back(NewNode::text(", "));
+      links.push_back(NewNode::code(std::string(one)));
+    }
+    if (!links.empty())
+      add_entry({NewNode::text(rules_.setting("friends_title", "Friends"))},
+                {NewNode::of(gNodeKind::paragraph, std::move(links))});
   }
   void add_condition(std::string const & condition) {
     gNode code = NewNode::of(gNodeKind::tt, {NewNode::text(condition)});
@@ -89,9 +100,30 @@ private:
   gUnitRecord const & record(int unit) const {
     return document_.units[static_cast<std::size_t>(unit)];
   }
+  // Several of one name are told once.
+  gNodeList short_links(std::span<int const> units) const {
+    gNodeList links;
+    std::string last;
+    for (int const unit : units) {
+      std::string const & title = record(unit).title;
+      std::string const & name = record(unit).name;
+      if (!name.empty() && name == last)
+        continue;
+      last = name;
+      if (!links.empty())
+        links.push_back(NewNode::text(", "));
+      gNode link = link_to(unit);
+      link.children = {NewNode::text(
+          title == name ? name.substr(name.size() - record(unit).facts.last_part) : title)};
+      links.push_back(std::move(link));
+    }
+    return links;
+  }
   gNode link_to(int unit) const {
-    gNode link = NewNode::of(gNodeKind::reference, {NewNode::text(record(unit).name)});
-    link.params = {record(unit).wintype, record(unit).label, ""};
+    gUnitRecord const & other = record(unit);
+    gNode link = NewNode::of(gNodeKind::reference,
+                             {NewNode::text(other.name.empty() ? other.title : other.name)});
+    link.params = {other.wintype, other.label, ""};
     return link;
   }
   void add_entry(gNodeList title, gNodeList blocks) {
@@ -119,8 +151,9 @@ gNodeList RelationText::explanation(gUnitText const & text) {
   return blocks;
 }
 
-void RelationText::set_into(gDocument const & document, gInheritance const & inheritance,
+void RelationText::set_into(gDocument const & document, gBookRelations const & relations,
                             gVltRules const & rules, int unit, gNodeList & body) {
+  gInheritance const & inheritance = relations.inheritance;
   gAppender appender(document, rules, body);
   gUnitRecord const & own = document.units[static_cast<std::size_t>(unit)];
   bool const same =
@@ -141,6 +174,9 @@ void RelationText::set_into(gDocument const & document, gInheritance const & inh
                most_methods);
   for (gInherited const & part : inheritance.inherited(unit))
     appender.add_part(part);
+  appender.add_friends(relations.friends, unit);
+  appender.add_held(relations.holdings.of(unit));
+  appender.add("topics_title", "Topic", relations.holdings.topics_of(unit), most_methods);
   if (!same && !own.facts.condition.empty())
     appender.add_condition(own.facts.condition);
 }

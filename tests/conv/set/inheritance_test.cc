@@ -9,6 +9,8 @@
 #include "conv/set/base_list.h"
 #include "conv/set/hierarchy_graph.h"
 #include "conv/set/inheritance.h"
+#include "conv/set/macro_variants.h"
+#include "conv/set/relation_text.h"
 #include "support/case_file.h"
 #include "support/test_outside.h"
 
@@ -120,6 +122,47 @@ TEST(Inheritance, OddShapesEnd) {
   }
   std::string const all = relations(chain);
   EXPECT_NE(all.find("C499::f() replaces C498::f()\n"), std::string::npos);
+}
+
+// What is appended to the text of each unit, as "title: text".
+std::string book_of(std::string const & text) {
+  TestOutside outside;
+  gDocument document;
+  gAtcReader().read(text, "m.atc", nullptr, nullptr, document);
+  gBookRelations const relations(document);
+  std::string out;
+  for (int i = 0; i < static_cast<int>(document.units.size()); ++i) {
+    gNodeList body;
+    RelationText::set_into(document, relations, gVltRules(), i, body);
+    MacroVariants::set_into(document.units[static_cast<std::size_t>(i)], gVltRules(), body);
+    for (gNode const & part : body)
+      out += std::to_string(i) + " " + plain_text(std::span(&part.children[0], 1)) + ": " +
+             plain_text(std::span(part.children).subspan(1)) + '\n';
+  }
+  return out + outside.report_text();
+}
+
+// A printed book has no lists that a page would show beside it.
+TEST(RelationText, TellsWhatBelongsTogether) {
+  std::string text = document_of("1|topic|||||\n"
+                                 "1|namespace|n|||||\n"
+                                 "1|class|n::A|||||\n"
+                                 "2|method|n::A::f||()|||\n"
+                                 "1|class|n::B|||||\n"
+                                 "1|function|n::g||()|||\n"
+                                 "1|function|n::g||(int)|||\n"
+                                 "1|macro|M|||||\n");
+  auto const add = [&](std::string const & label, std::string const & line) {
+    text.insert(text.find("@bkmk<" + label + ">"), line + "\n");
+  };
+  text.replace(text.find("@hdline{}"), 9, "@hdline{Things}");
+  add("L3", "@_topic<L1>\n@_friend<class B>\n@_friend<x::C>");
+  add("L8", "@_variant<W><#define M 1>\n@_variant<><#define M 2>");
+  EXPECT_EQ(book_of(text), "0 Contents: A\n"
+                           "1 Contents: A, B, g\n"
+                           "2 Friends: B, x::C\n"
+                           "2 Topic: Things\n"
+                           "7 Definitions: Definition Where #define M 1 W #define M 2 anywhere\n");
 }
 
 // Steps "role level name"; edges as "above>below", layers behind the names.
