@@ -7,6 +7,7 @@
 
 #include "ana/anadat/tables.h"
 #include "ana/file_loop.h"
+#include "ana/include_tree.h"
 #include "ana/included_members.h"
 #include "ana/modern_input.h"
 #include "ana/read/enter.h"
@@ -51,7 +52,7 @@ private:
   };
   std::vector<Include> choose_includes(std::vector<gIncludeRequest> const & requests);
   std::optional<gModernFile> read_include(gModernReader & reader, Include const & include) const;
-  gPathstring find_include(gIncludeRequest const & request) const;
+  gPathstring find_include(gIncludeRequest const & request);
 
   std::list<gSrcFile> const & files_;
   gModernInput input_;
@@ -70,6 +71,7 @@ private:
   Words missing_;                           // files that would be shown
   std::set<std::string> taken_;             // paths that are read
   std::map<std::string, gSrcFile> by_name_; // inputs by their name in lower case
+  gIncludeTree include_tree_{files_};
 };
 
 void SourceReading::collect_macros() {
@@ -140,8 +142,8 @@ void SourceReading::read_all() {
       });
 }
 
-// Beside the file that names it, else among the inputs.
-gPathstring SourceReading::find_include(gIncludeRequest const & request) const {
+// Beside the file that names it, else among the inputs, else below their folders.
+gPathstring SourceReading::find_include(gIncludeRequest const & request) {
   std::string name = request.name;
   std::replace(name.begin(), name.end(), '\\', '/');
   if (name.empty())
@@ -154,7 +156,8 @@ gPathstring SourceReading::find_include(gIncludeRequest const & request) const {
       return path;
   }
   auto const input = by_name_.find(Vlb::to_lower(gPathstring(name).file_name()));
-  return input == by_name_.end() ? gPathstring() : input->second.path();
+  return input == by_name_.end() ? include_tree_.find(name, request.by.opath())
+                                 : input->second.path();
 }
 
 // The first one that takes a file in gives it its scope, those first that let others see it. What
