@@ -79,7 +79,7 @@ void SourceReading::collect_macros() {
   for (gSrcFile const & file : files_)
     by_name_.emplace(Vlb::to_lower(file.opath().file_name()), file);
   input_ = {collect_all_macros(files_, threads_), unit_words(), comment_options(),
-            gExampleFiles(gInput->comments.examples)};
+            gExampleFiles(gInput->comments.examples), gExampleFiles(gInput->comments.pictures)};
   if (!gInput->facts.empty())
     facts_.emplace(gInput->facts, gInput->facts_key, input_.macros);
 }

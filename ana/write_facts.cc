@@ -60,7 +60,8 @@ std::string write_facts(gRunInput input, std::list<gSrcFile> const & sources) {
   }
   ana_take_input(std::move(input));
   gModernInput const modern = {macros ? std::move(*macros) : Decl::gMacroTable(), unit_words(),
-                               comment_options(), gExampleFiles(gInput->comments.examples)};
+                               comment_options(), gExampleFiles(gInput->comments.examples),
+                               gExampleFiles(gInput->comments.pictures)};
   gTableTemplates const tables = gVLAttributes.tables();
   gFactsFolder const folder(gInput->facts, gInput->facts_key, modern.macros);
   std::vector<gSrcFile const *> wanted;

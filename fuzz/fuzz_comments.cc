@@ -16,6 +16,9 @@ public:
   std::optional<std::string> read(std::string_view name) override {
     return name.size() % 5 == 0 ? std::nullopt : std::optional(std::string(text_));
   }
+  std::string picture(std::string_view name) override {
+    return name.size() % 3 == 0 ? std::string() : "/" + std::string(text_.substr(0, 200));
+  }
 
 private:
   std::string_view text_;

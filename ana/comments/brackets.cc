@@ -170,7 +170,10 @@ bool Brackets::with_text(gCommand const & command, std::size_t inner) {
   case anchor:
     return whole({gToken::anchor, std::string(trimmed(words)), {}, {}}, last);
   case image:
-    return whole({gToken::image, std::string(trimmed(words)), {}, {}}, last);
+    begin_line("@image", trimmed(words));
+    out_ += '\n';
+    at_ = last + 1;
+    return true;
   case gCommandKind::heading:
   case title:
     this->heading(command, words);

@@ -285,8 +285,9 @@ bool gInlineCommands::known(gCommand const & command, std::size_t behind) {
     return true;
   case gCommandKind::copy:
     return ends_word(at(behind)) && this->copy(command, behind);
-  case line:
   case image:
+    return (ends_word(at(behind)) || at(behind) == '{') && picture(command, behind);
+  case line:
   case group:
   case file:
     if (!ends_word(at(behind)))

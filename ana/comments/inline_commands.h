@@ -1,11 +1,13 @@
 // Commands, references and elements in running text become tokens; what is left is Markdown.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 
 #include "ana/comments/commands.h"
+#include "ana/comments/picture_command.h"
 #include "ana/comments/tokens.h"
 #include "ana/comments/translate.h"
 
@@ -17,6 +19,12 @@ public:
         hints_(hints),
         unknown_(unknown) {}
 
+  // `find` answers where the file of a picture lies; empty if there is none.
+  void find_pictures(std::function<std::string(std::string_view)> find) {
+    find_picture_ = std::move(find);
+  }
+  // The picture, or the words that stand for it.
+  gToken picture_token(gPictureCommand const & image) const;
   // Markdown with tokens.
   std::string read(std::string_view text);
   // The pages that were said to stand below this one.
@@ -43,6 +51,7 @@ private:
   bool closed(gCommand const & command, std::size_t end);
   bool reference(gCommand const & command, std::size_t end);
   bool copy(gCommand const & command, std::size_t end);
+  bool picture(gCommand const & command, std::size_t end);
   bool parameter();
   bool braced_command();
   bool element();
@@ -50,6 +59,7 @@ private:
   bool name();
   bool star() const;
 
+  std::function<std::string(std::string_view)> find_picture_;
   gTokens & tokens_;
   gCommentHints const * hints_;
   std::map<std::string, std::size_t> & unknown_;

@@ -6,6 +6,7 @@
 
 #include "ana/comments/html_elements.h"
 #include "ana/comments/words.h"
+#include "vlb/gstring.h"
 
 namespace {
 
@@ -82,6 +83,29 @@ bool gInlineCommands::braced_command() {
   return true;
 }
 
+gToken gInlineCommands::picture_token(gPictureCommand const & image) const {
+  std::string const file(image.file), shown(image.shown);
+  std::string path = find_picture_ ? find_picture_(image.file) : std::string();
+  if (path.empty())
+    return {gToken::image, file, shown, {}};
+  return {image.in_line ? gToken::picture_in_line : gToken::picture,
+          std::move(path),
+          shown,
+          {},
+          std::string(image.width)};
+}
+
+// "\inlineimage a.png" and "\image{inline} html a.png "words"" within a line.
+bool gInlineCommands::picture(gCommand const & command, std::size_t end) {
+  std::size_t const from = at_;
+  gPictureCommand image = picture_command(text_.substr(end, farthest), false);
+  image.in_line = image.in_line || command.name == "inlineimage";
+  at_ = end + image.length;
+  if (!image.elsewhere && !image.file.empty())
+    put(picture_token(image), from);
+  return true;
+}
+
 // A run of backticks up to one as long; as it stands.
 bool gInlineCommands::program_text() {
   std::size_t const count = std::min(text_.find_first_not_of('`', at_), text_.size()) - at_;
@@ -137,6 +161,15 @@ bool gInlineCommands::element() {
     std::size_t length = 0;
     if (!tag.closing)
       put({gToken::copy_all, overload_target(name, length), {}, {}}, from);
+    return true;
+  }
+  if (tag.name == "img") {
+    std::string const file = Html::attribute(tag.attributes, "src");
+    std::string const shown = Html::attribute(tag.attributes, "alt");
+    std::string width = Html::attribute(tag.attributes, "width");
+    if (!width.empty() && Vlb::is_digit(width.back()))
+      width += "px";
+    put(picture_token({file, shown, picture_width(width), true, false, 0}), from);
     return true;
   }
   put({gToken::element, std::string(text_.substr(from, tag.length)), {}, {}}, from);

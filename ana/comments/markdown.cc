@@ -194,7 +194,10 @@ void Markdown::leave(MD_SPANTYPE type) {
   case MD_SPAN_IMG:
     if (--pictures_ > 0)
       return;
-    out_.image(address_, gathered_);
+    if (std::string const path = options_.picture ? options_.picture(address_) : ""; !path.empty())
+      out_.picture(path, gathered_, true, {});
+    else
+      out_.image(address_, gathered_);
     return gathered_.clear();
   case MD_SPAN_CODE:
     in_code_ = false;

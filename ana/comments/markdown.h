@@ -11,6 +11,8 @@ struct gMarkdownOptions {
   bool bare_links = false; // an address is a link without any mark
   // Sets running text; without it text is set as it stands.
   std::function<void(std::string_view, gRichText &)> set_text;
+  // Where the file of a picture lies; empty if there is none.
+  std::function<std::string(std::string_view)> picture;
   // Program text is shown as this makes it of what stands there.
   std::function<std::string(std::string_view)> plain;
 };

@@ -218,8 +218,8 @@ void gRichText::open_reference(std::string_view name) {
 }
 
 void gRichText::image(std::string_view address, std::string_view shown) {
-  if (shown.empty() && !is_web_address(address))
-    return;
+  if (!is_web_address(address)) // a file that isn't there
+    return text(shown);
   begin_inline();
   exact_ = exact_ || !formats_.empty();
   put("@image");
@@ -227,6 +227,23 @@ void gRichText::image(std::string_view address, std::string_view shown) {
   put("{");
   put_escaped(shown.empty() ? address : shown, true);
   put("} ");
+}
+
+void gRichText::picture(std::string_view path, std::string_view shown, bool in_line,
+                        std::string_view width) {
+  if (!in_line)
+    end_paragraph();
+  begin_inline();
+  exact_ = true;
+  put("@picture");
+  put_param(path);
+  put_param(in_line ? "inline" : "block");
+  put_param(width);
+  put("{");
+  put_escaped(shown, true);
+  put("} ");
+  if (!in_line)
+    end_paragraph();
 }
 
 void gRichText::formula(std::string_view source, bool display) {

@@ -44,6 +44,8 @@ public:
   void reference(std::string_view target, std::string_view shown, Sure sure = Sure::yes);
   void open_reference(std::string_view target);
   void image(std::string_view address, std::string_view shown);
+  // A file of this machine that goes with the pages. `width` as style sheets have it, or empty.
+  void picture(std::string_view path, std::string_view shown, bool in_line, std::string_view width);
   // In TeX.
   void formula(std::string_view source, bool display);
   // A place that references lead to.

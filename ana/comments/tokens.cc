@@ -42,6 +42,9 @@ void gTokens::play_alone(gToken const & token, gRichText & out) {
     return out.end_paragraph();
   case gToken::image:
     return out.image(token.a, token.b);
+  case gToken::picture:
+  case gToken::picture_in_line:
+    return out.picture(token.a, token.b, token.does == gToken::picture_in_line, token.width);
   case gToken::anchor:
     return out.anchor(token.a);
   case gToken::copy_all:

@@ -24,6 +24,8 @@ struct gToken {
     element, // a tag of HTML
     html,    // a text in HTML
     image,
+    picture, // `a` its file, `b` the text below it
+    picture_in_line,
     anchor,
     copy_all,
     copy_brief,
@@ -43,7 +45,8 @@ struct gToken {
   };
   Does does = text;
   std::string a, b;
-  std::string raw; // what stood there, for program text
+  std::string raw;        // what stood there, for program text
+  std::string width = {}; // of a picture
 };
 
 // Without the bytes that stand around tokens, and without carriage returns.

@@ -28,6 +28,8 @@ public:
   virtual ~gCommentFiles() = default;
   // UTF-8 with line feeds; nothing where there is no such file, or it may not be read.
   virtual std::optional<std::string> read(std::string_view name) = 0;
+  // Where a picture that may be shown lies; empty if there is none.
+  virtual std::string picture(std::string_view name) = 0;
 };
 
 // What the project says about comments.

@@ -79,6 +79,7 @@ gCommentTranslator::gCommentTranslator(std::string_view comment, gCommentHints c
       hints_(hints),
       options_(options),
       inline_(tokens_, hints, result_.unknown) {
+  inline_.find_pictures([this](std::string_view name) { return picture(name); });
   comment_ = without_xml_blocks(comment_, tokens_);
   if (hints && hints->pascal)
     comment_ = without_brackets(comment_, *hints, tokens_);

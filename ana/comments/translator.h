@@ -70,7 +70,8 @@ private:
   std::string read_file(std::string_view name);
   std::string next_lines(std::string_view how, std::string_view rest);
   void add_text(std::string_view text, std::size_t indent);
-  void take_image(std::string_view rest, std::size_t indent);
+  void take_image(gCommand const & command, std::string_view rest, std::size_t indent);
+  std::string picture(std::string_view name);
   void take_heading(std::string_view level, std::string_view rest);
   void begin_or_end(gCommand const & command, std::string_view rest, std::size_t indent);
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "ana/comments/picture_command.h"
 #include "ana/comments/translator.h"
 #include "ana/comments/words.h"
 #include "vlb/gstring.h"
@@ -205,21 +206,32 @@ void gCommentTranslator::put_heading(int level, std::string_view words) {
   part().text.close_heading();
 }
 
-// "\image html file.png "text"", "@inlineimage file.png text"
-void gCommentTranslator::take_image(std::string_view rest, std::size_t indent) {
-  std::string_view file = take_word(rest);
-  static constexpr std::string_view formats[] = {"html", "latex", "rtf", "docbook", "xml"};
-  if (std::ranges::find(formats, file) != std::end(formats)) {
-    if (file != "html")
-      return;
-    file = take_word(rest);
+void gCommentTranslator::take_image(gCommand const & command, std::string_view rest,
+                                    std::size_t indent) {
+  gPictureCommand const image = picture_command(rest, true);
+  if (image.elsewhere)
+    return;
+  gToken token = inline_.picture_token(image);
+  if (image.in_line || command.name == "inlineimage") {
+    if (token.does == gToken::picture)
+      token.does = gToken::picture_in_line;
+    add(tokens_.add(std::move(token)) + " " + std::string(trimmed(rest.substr(image.length))),
+        indent);
+    return;
   }
-  if (file.starts_with('{'))
-    file = without_braces(file);
-  std::size_t const quote = rest.find('"');
-  std::string_view shown = quote == npos ? rest : rest.substr(quote + 1);
-  shown = shown.substr(0, shown.find('"'));
-  add_token({gToken::image, std::string(file), std::string(trimmed(shown)), {}}, indent);
+  body_ += "\n\n";
+  add_token(std::move(token), indent);
+  body_ += "\n\n";
+}
+
+// Empty where it isn't to be had.
+std::string gCommentTranslator::picture(std::string_view name) {
+  if (!options_.files || name.empty() || is_web_address(name))
+    return {};
+  std::string path = options_.files->picture(name);
+  if (path.empty())
+    ++result_.missing[std::string(name)];
+  return path;
 }
 
 void gCommentTranslator::begin_or_end(gCommand const & command, std::string_view rest,
@@ -358,7 +370,7 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
     begin_or_end(command, rest, indent);
     break;
   case image:
-    take_image(rest, indent);
+    take_image(command, rest, indent);
     break;
   case copy:
     add("@" + std::string(command.name) + " " + std::string(rest), indent);

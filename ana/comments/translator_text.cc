@@ -37,6 +37,7 @@ void gCommentTranslator::flush() {
     gMarkdownOptions options;
     options.html = false;
     options.plain = [this](std::string_view text) { return tokens_.plain(text); };
+    options.picture = [this](std::string_view name) { return picture(name); };
     options.set_text = [this](std::string_view text, gRichText & out) {
       tokens_.set(text, out,
                   [this](std::string_view words, gRichText & to) { set_running(words, to); });

@@ -37,6 +37,17 @@ gPathstring file_in(gPathstring const & place, std::string_view name) {
 
 } // namespace
 
+gPathstring gExampleFiles::find(std::string_view name) const {
+  if (name.empty() || name.find('\0') != name.npos)
+    return {};
+  for (gPathstring const & place : places_) {
+    if (gPathstring path = file_in(place, name); !path.empty())
+      return path;
+    gFileSystem::file_exists(gPathstring(place).append(gString(name)));
+  }
+  return {};
+}
+
 std::optional<std::string> gExampleFiles::read(std::string_view name) const {
   if (name.empty() || name.find('\0') != name.npos)
     return {};

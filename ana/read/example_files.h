@@ -19,6 +19,8 @@ public:
   // can't be read, is longer than a comment could sensibly show, or a link or ".." leads out of the
   // places.
   std::optional<std::string> read(std::string_view name) const;
+  // Where that file lies; empty under the same conditions.
+  gPathstring find(std::string_view name) const;
 
 private:
   std::vector<gPathstring> places_;

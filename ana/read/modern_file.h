@@ -42,6 +42,7 @@ private:
   };
 
   std::optional<std::string> read(std::string_view name) override;
+  std::string picture(std::string_view name) override;
 
   void read_declarations(Decl::gPascalContext const & context);
   void take_comments();

@@ -239,6 +239,15 @@ bool gModernReader::File::is_excluded(std::int32_t declaration) const {
   return false;
 }
 
+std::string gModernReader::File::picture(std::string_view name) {
+  static constexpr std::string_view kinds[] = {".png", ".jpg", ".jpeg", ".gif", ".svg", ".webp"};
+  std::string const kind = Vlb::to_lower(name.substr(std::min(name.rfind('.'), name.size())));
+  if (std::ranges::find(kinds, kind) == std::end(kinds))
+    return {};
+  result_.shows_files = result_.shows_files || !reader_.input_.pictures.empty();
+  return reader_.input_.pictures.find(name);
+}
+
 void gModernReader::File::make_units() {
   hand_down_fields();
   for (auto & [declaration, words] : words_) {

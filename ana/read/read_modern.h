@@ -19,7 +19,7 @@ struct gModernInput {
   // The keywords that begin a comment in own mark-up, with the type of unit that each opens.
   std::map<std::string, gString, std::less<>> unit_words;
   gCommentOptions comments;
-  gExampleFiles examples;
+  gExampleFiles examples, pictures;
 };
 
 // A file that a Pascal source takes in, to be read as if it stood there; or that a class of C++

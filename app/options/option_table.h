@@ -188,6 +188,10 @@ inline constexpr gOptionRow option_table[] = {
          text("ana/example_path", "", "Folders of examples",
               "folders and files that `\\include`, `\\snippet` and the like may show, separated by "
               "`;`. Nothing else is read for them")),
+    from(gOptionOrigin::user,
+         text("ana/image_path", "", "Folders of pictures",
+              "folders and files whose pictures comments may show, separated by `;`. Those that "
+              "they name are copied beside the pages")),
     from(
         gOptionOrigin::user,
         text("ana/aliases", "", "Own commands",

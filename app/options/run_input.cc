@@ -75,6 +75,7 @@ gCommentInput comment_input(Reader const & read) {
           .sections = read.text("ana/sections"),
           .internal = read.flag("ana/internal_docs"),
           .examples = paths_of(read.text("ana/example_path")),
+          .pictures = paths_of(read.text("ana/image_path")),
           .predefined = read.text("ana/predefined")};
 }
 

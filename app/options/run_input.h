@@ -61,6 +61,7 @@ struct gCommentInput {
   gString aliases, sections;         // as in the options
   bool internal;                     // private text is shown
   std::vector<gPathstring> examples; // folders and files, absolute
+  std::vector<gPathstring> pictures; // the same
   gString predefined;                // macros, as in the option
 };
 

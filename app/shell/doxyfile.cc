@@ -17,12 +17,25 @@ constexpr int deepest_include = 8;
 constexpr std::size_t most_bytes = 1u << 20, most_words = 100'000;
 constexpr std::size_t most_includes = 100;
 
-constexpr char const * known[] = {"ALIASES",        "ENABLED_SECTIONS", "EXAMPLE_PATH",
-                                  "EXCLUDE",        "EXCLUDE_PATTERNS", "EXTRACT_PRIVATE",
-                                  "EXTRACT_STATIC", "FILE_PATTERNS",    "INPUT",
-                                  "INTERNAL_DOCS",  "OUTPUT_DIRECTORY", "PREDEFINED",
-                                  "PROJECT_BRIEF",  "PROJECT_NAME",     "PROJECT_NUMBER",
-                                  "RECURSIVE",      "TAGFILES",         "USE_MDFILE_AS_MAINPAGE"};
+constexpr char const * known[] = {"ALIASES",
+                                  "ENABLED_SECTIONS",
+                                  "EXAMPLE_PATH",
+                                  "EXCLUDE",
+                                  "EXCLUDE_PATTERNS",
+                                  "EXTRACT_PRIVATE",
+                                  "EXTRACT_STATIC",
+                                  "FILE_PATTERNS",
+                                  "IMAGE_PATH",
+                                  "INPUT",
+                                  "INTERNAL_DOCS",
+                                  "OUTPUT_DIRECTORY",
+                                  "PREDEFINED",
+                                  "PROJECT_BRIEF",
+                                  "PROJECT_NAME",
+                                  "PROJECT_NUMBER",
+                                  "RECURSIVE",
+                                  "TAGFILES",
+                                  "USE_MDFILE_AS_MAINPAGE"};
 
 std::string_view trimmed(std::string_view text) {
   std::size_t const begin = std::min(text.find_first_not_of(" \t\r"), text.size());

@@ -79,6 +79,7 @@ void Shell::take_doxyfile_options(gDoxyfile const & file) {
   set("ana", "predefined", joined(file.list("PREDEFINED")));
   set("ana", "sections", joined(file.list("ENABLED_SECTIONS")));
   set("ana", "example_path", joined(file.paths("EXAMPLE_PATH")));
+  set("ana", "image_path", joined(file.paths("IMAGE_PATH")));
   set_flag(Vapp::options.submap("ana"), "internal_docs", file, "INTERNAL_DOCS");
   cMapObj & generated = Vapp::options.submap("ana").submap("alloc");
   set_flag(generated, "gen_private", file, "EXTRACT_PRIVATE");

@@ -80,6 +80,7 @@ constexpr gAtcCommandInfo commands[] = {
     {"marnote", C::note, 0, 0, true, '\n', K::margin_note},
     {"numbering", C::item, 0, 0, false, ' ', K::numbering},
     {"outfile", C::outfile, 1, 1, false, '\n'},
+    {"picture", C::format, 3, 3, true, ' ', K::picture},
     {"plain", C::format, 0, 0, true, ' ', K::plain},
     {"row", C::row, 0, 0, false, ' '},
     {"rtab", C::tab, 1, 1, false, ' ', K::right_tab},

@@ -29,6 +29,7 @@ enum class gNodeKind : unsigned char {
   name_ref,    // window type, name as its author wrote it; children
   web_link,    // address outside of the document, "here" if it is a place on the page; children
   image,       // its address; children: the text that stands for it
+  picture,     // path of its file, "inline" or "block", width or empty; children: the text below it
   formula,     // "inline" or "display", its source in TeX
   bookmark,    // name, "hid" or empty
   hid_alias,   // name

@@ -8,6 +8,7 @@
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"
+#include "conv/htm/pictures.h"
 #include "conv/htm/slug.h"
 #include "conv/set/block_text.h"
 #include "conv/set/declaration.h"
@@ -283,4 +284,9 @@ void gHtmSetter::set_note(gNode const & node, std::string & out) {
   bool const foot = node.kind == gNodeKind::footnote;
   rules().apply(foot ? gVltRule::footnote : gVltRule::endnote, values, out);
   rules().apply(gVltRule::note, foot ? "footnote" : "endnote", values, notes_);
+}
+
+std::string gHtmSetter::picture_href(std::string const & path) {
+  std::string const href = site_.pictures ? site_.pictures->href_of(path) : std::string();
+  return href.empty() ? href : std::string(root_) + href;
 }

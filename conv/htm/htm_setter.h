@@ -65,6 +65,7 @@ protected:
   std::string formula_text(gFormula const & formula) const override {
     return Html::mathml(formula);
   }
+  std::string picture_href(std::string const & path) override;
   std::string headline_anchor(gNode const & node) override;
   std::string headline_level(gNode const & node) const override;
   std::string macro_text(std::string_view name) override;

@@ -8,6 +8,7 @@
 #include "conv/htm/index_page.h"
 #include "conv/htm/link_lists.h"
 #include "conv/htm/page_pool.h"
+#include "conv/htm/pictures.h"
 #include "vlb/folder.h"
 #include "vlb/gfilesystem.h"
 #include "vlb/gmsghandler.h"
@@ -89,6 +90,8 @@ bool write_site(gConversion & conversion) {
   site.externals = &externals;
   gRepository repository(input.repository, input.commit);
   site.repository = &repository;
+  gPictures pictures(conversion);
+  site.pictures = &pictures;
   gLinkCheck link_check;
   site.link_check = &link_check;
   gColours const colours(conversion.rules());

@@ -12,6 +12,8 @@
 #include "conv/set/kinds.h"
 #include "conv/set/repository.h"
 
+class gPictures;
+
 struct gSite {
   gSite(gDocument const & document, gVltRules const & rules, std::string title, int split_level);
   gSite(gSite const &) = delete;
@@ -39,6 +41,7 @@ struct gSite {
   std::string address; // where the pages will stand, with a "/" at its end; empty if not known
   gExternals const * externals = nullptr;
   gRepository * repository = nullptr;
+  gPictures * pictures = nullptr;
   gLinkCheck * link_check = nullptr; // of all pages
   gPages pages;
   gKinds kinds;

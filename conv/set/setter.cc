@@ -85,6 +85,8 @@ void gSetter::set_inline(gNode const & node, std::string & out) {
     return set_web_link(gVltRule::weblink, node, out);
   case image:
     return set_web_link(gVltRule::image, node, out);
+  case picture:
+    return set_picture(node, out);
   case formula:
     return set_formula(node, out);
   case bookmark:
@@ -148,6 +150,24 @@ void gSetter::set_web_link(gVltRule rule, gNode const & node, std::string & out)
   }
   std::string const href = escaped(node.param(0));
   rules_.apply(rule, gVltValues().set(gVltValue::text, text).set(gVltValue::href, href), out);
+}
+
+// Without a place for the file, or without a rule, its words stand for it.
+void gSetter::set_picture(gNode const & node, std::string & out) {
+  std::string const text = set(node.children);
+  std::string const href =
+      rules_.has(gVltRule::picture) ? picture_href(node.param(0)) : std::string();
+  if (href.empty()) {
+    out += text;
+    return;
+  }
+  std::string const file = node.param(0).substr(node.param(0).rfind('/') + 1);
+  std::string const name = escaped(file.substr(0, file.rfind('.'))), address = escaped(href);
+  std::string const width = escaped(node.param(2));
+  gVltValues values;
+  values.set(gVltValue::text, text).set(gVltValue::href, address);
+  values.set(gVltValue::name, name).set(gVltValue::width, width);
+  rules_.apply(gVltRule::picture, node.param(1), values, out);
 }
 
 void gSetter::set_formula(gNode const & node, std::string & out) {

@@ -72,6 +72,9 @@ protected:
   virtual void set_verbatim(gNode const & node, bool declaration, std::string & out);
   virtual void set_note(gNode const & node, std::string & out);
   virtual void set_table(gNode const & node, std::string & out);
+  void set_picture(gNode const & node, std::string & out);
+  // Where the file of a picture is in the result; empty if the target shows none.
+  virtual std::string picture_href(std::string const &) { return {}; }
   void set_formula(gNode const & node, std::string & out);
   // A formula that is understood, as finished text of the target.
   virtual std::string formula_text(gFormula const & formula) const {

@@ -35,6 +35,7 @@ static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
 constexpr gVltValue formula_values[] = {text, name, mark};
+constexpr gVltValue picture_values[] = {text, href, name, width};
 constexpr gVltValue tab_values[] = {width};
 constexpr gVltValue reference_values[] = {text, href, target, kind, wintype, context};
 constexpr gVltValue anchor_values[] = {id};
@@ -124,6 +125,7 @@ constexpr Row rows[] = {
     {"endl", false, no_values},
     {"weblink", false, reference_values},
     {"image", false, reference_values},
+    {"picture", true, picture_values},
     {"formula", true, formula_values},
     {"p", true, block_values},
     {"sub", true, block_values},

@@ -129,6 +129,7 @@ enum class gVltRule : unsigned char {
   endl,
   weblink,
   image,
+  picture, // by style: inline, block
   formula, // by style: inline, display
   // Blocks
   p, // by place: item for all but the first paragraph of a list item

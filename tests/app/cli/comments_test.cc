@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <map>
+#include <set>
 
 #include "program.h"
 
@@ -181,6 +182,35 @@ TEST(comments, files_are_shown_from_the_named_folders_alone) {
   box.write("parts/make.cpp", "//! [body]\nint other_body;\n//! [body]\n");
   EXPECT_EQ(box.run("quick tree -o doc --set ana/example_path=" + box.path("parts")).status, 0);
   EXPECT_NE(box.read("doc/quick.atc").find("int other_body;"), page.npos) << "an old result";
+}
+
+TEST(comments, pictures_come_from_the_named_folders_alone) {
+  Sandbox box;
+  box.write("tree/a.h",
+            "/** Shows one.\n * @image html wheel.png \"A wheel\" width=10cm\n"
+            " * @image latex wheel.eps \"never\"\n"
+            " * @image html wheel.png \"Again\" width=1;color:red\n"
+            " * Words ![mark](sub/mark.svg) and @image{inline} html wheel.png \"small\" behind.\n"
+            " * @image html ../secret.png \"No secret\"\n * @image html link.png\n"
+            " * ![no](file:///etc/x.png) @image html gone.png @image html gone.png */\nint f();\n");
+  box.write("pics/wheel.png", "PNG");
+  box.write("pics/sub/mark.svg", "<svg/>");
+  box.write("secret.png", "SECRET");
+  std::filesystem::create_symlink("../secret.png", box.path("pics/link.png").c_str());
+  EXPECT_EQ(box.run("quick tree -o doc --set ana/image_path=" + box.path("pics")).status, 0);
+  std::string const page = box.read("doc/htm/a.h.htm");
+  for (char const * text : {"<span class=\"caption\">A wheel</span>", "style=\"width: 10cm\"",
+                            "alt=\"mark\"", "alt=\"small\"", "behind.", "No secret"})
+    EXPECT_NE(page.find(text), page.npos) << text << page;
+  for (char const * text : {"never", "color:red", "etc/x", "src=\"http", "secret.png"})
+    EXPECT_EQ(page.find(text), page.npos) << text;
+  std::multiset<std::string> copied;
+  for (auto const & one : std::filesystem::directory_iterator(box.path("doc/htm/_images").c_str()))
+    copied.insert(one.path().extension().string());
+  EXPECT_EQ(copied, (std::multiset<std::string>{".png", ".svg"}));
+  std::string const log = box.read("doc/ana.log");
+  EXPECT_NE(log.find("isn't there: gone.png, 2 times ("), log.npos) << log;
+  EXPECT_NE(log.find("isn't there: ../secret.png ("), log.npos) << log;
 }
 
 TEST(comments, a_doxyfile_says_what_counts_and_how) {

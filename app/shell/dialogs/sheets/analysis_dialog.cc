@@ -22,6 +22,7 @@ public:
     option("ana/predefined", "sources");
     frame("comments", "Comments");
     option("ana/example_path", "comments");
+    option("ana/image_path", "comments");
     option("ana/aliases", "comments");
     option("ana/sections", "comments");
     option("ana/internal_docs", "comments");
