@@ -129,6 +129,8 @@ private:
     gWord const word = source_.word(at_);
     if (word == gWord::operator_) {
       at_ = behind_operator(source_, at_);
+      if (!equals_ && type(at_) == '<' && type(at_ - 1) != token_word)
+        angles_.push_back(at_++); // "operator==<T>(...)"
       return;
     }
     if (word == gWord::requires_ && group_ == no_token && key_ == no_token)
@@ -445,6 +447,11 @@ std::uint32_t behind_operator(gSource const & source, std::uint32_t at) {
     std::uint8_t const sign = source.type(at);
     if (sign == token_word || sign == '(' || sign == '{' || sign == ';' || sign == token_scope ||
         sign == token_end || sign == token_string || sign == token_number)
+      break;
+    bool const arguments =
+        signs > 0 && sign == '<' &&
+        (signs > 1 || source.type(at - 1) != '<' || source[at - 1].end != source[at].begin);
+    if (arguments)
       break;
   }
   return at;
