@@ -18,7 +18,7 @@ int depth_of(gNodeList const & nodes) {
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t size) {
   fuzz_one([&] {
-    if (depth_of(read_markdown(fuzz_text(data, size)).body) > 100)
+    if (depth_of(read_markdown(fuzz_text(data, size)).body) > 120)
       std::abort();
   });
   return 0;

@@ -26,7 +26,7 @@ LIBRARIES = {
     "conv/atc": ["vlb"],
     "conv/vlt": ["conv/atc", "app/options"],
     "conv": ["conv/vlt"],
-    "conv/set": ["conv"],
+    "conv/set": ["conv", "ana/comments"],
     "conv/htm": ["conv/set"],
     "conv/rtf": ["conv/set"],
     "app/shell": ["ana", "conv/htm", "conv/rtf"],

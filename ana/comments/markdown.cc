@@ -278,6 +278,7 @@ void set_markdown(std::string_view text, gMarkdownOptions const & options, gRich
 
 gRichPieces markdown_page(std::string_view text) {
   gRichText out(true);
+  out.keep_places();
   gMarkdownOptions options;
   options.bare_links = true;
   set_markdown(text, options, out);

@@ -172,7 +172,8 @@ void gRichText::close_formats(std::size_t left) {
 }
 
 void gRichText::open_link(std::string_view address) {
-  if (!is_web_address(address) || formats_.size() >= deepest_formats) {
+  bool const place = places_ && !address.empty() && address.find(':') == address.npos;
+  if ((!is_web_address(address) && !place) || formats_.size() >= deepest_formats) {
     formats_.size() >= deepest_formats ? void(++lost_formats_) : open_format("plain");
     return;
   }
@@ -218,6 +219,8 @@ void gRichText::open_reference(std::string_view name) {
 }
 
 void gRichText::image(std::string_view address, std::string_view shown) {
+  if (places_)
+    return;
   if (!is_web_address(address)) // a file that isn't there
     return text(shown);
   begin_inline();

@@ -82,6 +82,10 @@ public:
   // gets no more than that, a headline nothing.
   void copy(std::string_view target, gRichPiece::Kind kind);
 
+  // For the text of a file of its own: links to places in it and to files beside it are links, too,
+  // and pictures, which lie elsewhere, are left out.
+  void keep_places() { places_ = true; }
+
   // Nothing that would be seen was put in.
   bool empty() const { return !shows_; }
   // Whether the next text would begin a block.
@@ -123,6 +127,7 @@ private:
   void finish_table(Open const & table);
 
   bool sections_;
+  bool places_ = false;
   gRichPieces pieces_;
   std::string out_; // behind the last piece
   std::vector<Open> blocks_;

@@ -130,6 +130,7 @@ constexpr gWord words[] = {
     {"gtrsim", gFormula::sign, "≳"},
     {"hat", gFormula::over, "^"},
     {"hbar", gFormula::identifier, "ℏ"},
+    {"hdots", gFormula::sign, "…"},
     {"hom", gFormula::identifier, "hom"},
     {"hookrightarrow", gFormula::sign, "↪"},
     {"hslash", gFormula::identifier, "ℏ"},

@@ -11,6 +11,6 @@ struct gMarkdownText {
   gNodeList body;    // without that headline
 };
 
-// Total on any bytes. HTML and pictures in the text are left out; of links the words stay where
-// they lead to files beside the text.
+// Total on any bytes. Pictures are left out; HTML counts as far as comments have it. Links that
+// lead to files beside the text, or to places in it, keep their addresses as they are written.
 gMarkdownText read_markdown(std::string_view text);
