@@ -2,6 +2,7 @@
 
 #include "ana/join_tags.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -77,10 +78,13 @@ std::string_view named_tag(gCodeElem const & type) {
   for (std::string_view const head : {"typedef struct ", "typedef union "})
     if (text.starts_with(head)) {
       text.remove_prefix(head.size());
-      std::string_view const tag = text.substr(0, text.find(' '));
-      std::string_view const rest = text.substr(tag.size());
-      bool const body = rest.starts_with(" {") && rest.ends_with("} ");
-      return body || rest == " " ? tag : std::string_view();
+      // Macros may stand in front of a tag.
+      std::size_t const open = text.find(" {");
+      bool const body = open != text.npos && text.ends_with("} ");
+      std::string_view const words = text.substr(0, body ? open : text.find(' '));
+      std::string_view const tag = words.substr(words.rfind(' ') + 1); // from 0 if there is none
+      bool const whole = std::ranges::all_of(tag, Vlb::is_word);
+      return whole && (body || text.size() == words.size() + 1) ? tag : std::string_view();
     }
   return {};
 }
