@@ -2,6 +2,8 @@
 // there was a "=", a parameter list, the word of a class; that tells what a "{" opens.
 #include "ana/decl/cpp_extents.h"
 
+#include "ana/decl/cpp_names.h"
+
 namespace Decl {
 
 namespace {
@@ -428,33 +430,6 @@ private:
 gExtent cut_extent(gSource const & source, std::uint32_t first, std::uint32_t end,
                    gPlace const & place) {
   return Cutter(source, first, end, place).run();
-}
-
-std::uint32_t behind_operator(gSource const & source, std::uint32_t at) {
-  ++at;
-  std::uint8_t const kind = source.type(at);
-  if (kind == '(' || kind == '[')
-    return source.partner(at) == at + 1 ? at + 2 : at;
-  if (kind == token_string) {
-    bool const apart = source[at].end - source[at].begin == 2 && source.is_name(at + 1);
-    return apart ? at + 2 : at + 1;
-  }
-  if (source.is_word(at, gWord::statement) || source.is_word(at, gWord::delete_)) {
-    ++at; // new, delete
-    return source.type(at) == '[' && source.partner(at) == at + 1 ? at + 2 : at;
-  }
-  for (int signs = 0; signs < 3; ++signs, ++at) {
-    std::uint8_t const sign = source.type(at);
-    if (sign == token_word || sign == '(' || sign == '{' || sign == ';' || sign == token_scope ||
-        sign == token_end || sign == token_string || sign == token_number)
-      break;
-    bool const arguments =
-        signs > 0 && sign == '<' &&
-        (signs > 1 || source.type(at - 1) != '<' || source[at - 1].end != source[at].begin);
-    if (arguments)
-      break;
-  }
-  return at;
 }
 
 } // namespace Decl

@@ -33,8 +33,4 @@ struct gPlace {
 gExtent cut_extent(gSource const & source, std::uint32_t first, std::uint32_t end,
                    gPlace const & place);
 
-// Behind the name of an operator whose "operator" stands at `at`; of a conversion behind
-// "operator".
-std::uint32_t behind_operator(gSource const & source, std::uint32_t at);
-
 } // namespace Decl

@@ -21,5 +21,8 @@ struct gChain {
 gChain read_chain(gSource const & source, std::uint32_t at, std::uint32_t last);
 // A::A, or a destructor or what else needs no type in front.
 bool names_constructor(gSource const & source, gChain const & chain);
+// Behind the name of an operator whose "operator" stands at `at`; of a conversion behind
+// "operator".
+std::uint32_t behind_operator(gSource const & source, std::uint32_t at);
 
 } // namespace Decl
