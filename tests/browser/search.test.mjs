@@ -1,7 +1,8 @@
 // The search in a real browser: what is asked, and what is found first.
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { address, axe, example, odd, on_page } from "./browser.mjs";
+import { address, example, odd, on_page } from "./browser.mjs";
+import { axe } from "./page_faults.mjs";
 
 const field = (page) => page.locator(".search input");
 const ask = async (page, text) => {
