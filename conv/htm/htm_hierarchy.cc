@@ -1,5 +1,6 @@
 // Class hierarchies: a drawing among other things, and a page of its own for a long one.
 
+#include "conv/htm/class_tree.h"
 #include "conv/htm/hierarchy_drawing.h"
 #include "conv/htm/htm_setter.h"
 #include "conv/htm/slug.h"
@@ -26,6 +27,10 @@ std::string gHtmSetter::hierarchy_place(gNode const & node) {
   made.shown = std::min(made.all, long_hierarchy);
   hierarchies_.push_back(std::move(made));
   return hierarchies_.back().file;
+}
+
+std::string gHtmSetter::class_tree_place() {
+  return site_.class_tree && unit() >= 0 ? site_.class_tree->href(unit()) : std::string();
 }
 
 std::string gHtmSetter::hierarchy_drawing(gNodeList const & steps) {

@@ -72,6 +72,7 @@ protected:
   void set_verbatim(gNode const & node, bool declaration, std::string & out) override;
   void set_note(gNode const & node, std::string & out) override;
   std::string hierarchy_place(gNode const & node) override;
+  std::string class_tree_place() override;
   std::string hierarchy_drawing(gNodeList const & steps) override;
 
 private:

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 
+#include "conv/htm/class_tree.h"
 #include "conv/htm/former_addresses.h"
 #include "conv/htm/index_page.h"
 #include "conv/htm/link_lists.h"
@@ -97,6 +98,8 @@ bool write_site(gConversion & conversion) {
   gColours const colours(conversion.rules());
   gContents const contents(site);
   gScopes const scopes(site);
+  gClassTree const class_tree(site, scopes);
+  site.class_tree = &class_tree;
   gIncludes const includes(site);
   gNavigation const navigation(site, contents, scopes);
   gPageWriter writer(conversion, site);
@@ -106,6 +109,7 @@ bool write_site(gConversion & conversion) {
   Pages::write_start(writer, site, colours, input.start_text, navigation, contents, scopes);
   Pages::write_for_servers(conversion, writer, site);
   Pages::write_contents(writer, site, navigation, contents);
+  class_tree.write(writer, navigation);
   Pages::write_similar(writer, site, navigation);
   Pages::write_skipped(writer, site, navigation);
   Index::write(writer, site, navigation, Index::keys_of(site.document, input.index_place_holder),

@@ -347,12 +347,28 @@ std::string gOverview::counts_of(std::map<std::size_t, std::size_t> const & coun
   return out;
 }
 
+// Units of Pascal have names that others in the same list may have, too.
+std::string gOverview::folder_of(int unit) const {
+  gUnitRecord const & record = site_.unit(unit);
+  if (record.facts.kind != "unit")
+    return {};
+  std::string_view const path = site_.sources.shown(record.path);
+  std::size_t const end = path.rfind('/');
+  return end == path.npos ? std::string() : Html::escaped(path.substr(0, end));
+}
+
 std::string gOverview::items(std::span<gRow const> rows, int page, bool kinds) const {
   std::string out;
   std::set<std::string> former;
+  std::map<std::string_view, int> names;
+  for (gRow const & row : rows)
+    ++names[Site::contents_title(site_.unit(row.unit))];
   for (gRow const & row : rows) {
     std::string id = site_.addresses.former_anchor(row.unit);
-    add_item(row, page, kinds, former.insert(id).second ? id : std::string(), out);
+    gMemberRow shown;
+    if (names[Site::contents_title(site_.unit(row.unit))] > 1)
+      shown.folder = folder_of(row.unit);
+    add_item(row, page, kinds, former.insert(id).second ? id : std::string(), out, shown);
   }
   return out;
 }
@@ -399,7 +415,7 @@ void gOverview::add_item(gRow const & row, int page, bool kinds, std::string con
     line = counts_within(row.unit);
   gVltValues values;
   values.set(V::href, to).set(V::title, text).set(V::summary, line).set(V::name, full);
-  values.set(V::scope, within).set(V::aliases, shown.places);
+  values.set(V::scope, within).set(V::aliases, shown.places).set(V::text, shown.folder);
   if (kinds)
     values.set(V::kind, what.word).set(V::kind_class, what.css);
   values.set(V::number, number).set(V::count, same).set(V::id, id);

@@ -17,6 +17,7 @@ struct gMemberRow {
   std::string details;   // link to its text, if that stands on another page
   std::string places;    // where that text could be reached on the page of the row
   std::string id;        // the first of these, which the row itself has
+  std::string folder;    // of the source, where that tells it from its namesakes
   bool is_brief = false; // one of so many that each tag counts
   std::string source;    // link to its source
 };
@@ -68,6 +69,7 @@ public:
   std::string counts_of(std::map<std::size_t, std::size_t> const & counts) const;
 
 private:
+  std::string folder_of(int unit) const;
   std::string counts_below(int unit) const;
   std::string counts_within(int scope) const;
   using gParts = std::map<std::string, std::vector<gRow>>; // by their titles

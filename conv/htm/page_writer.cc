@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "conv/htm/class_tree.h"
 #include "conv/htm/html_text.h"
 
 namespace {
@@ -33,6 +34,8 @@ void gPageWriter::write(gPageFrame const & frame) {
   values.set(V::style, frame.style).set(V::href, frame.file);
   values.set(V::kind, frame.kind).set(V::kind_class, frame.kind_class);
   values.set(V::path, frame.leads_to);
+  if (site_.class_tree)
+    values.set(V::class_tree, site_.class_tree->file());
   text_.clear();
   site_.rules.apply(gVltRule::page, values, text_);
   conversion_.write(frame.file, text_);

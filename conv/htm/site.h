@@ -13,6 +13,7 @@
 #include "conv/set/repository.h"
 
 class gPictures;
+class gClassTree;
 
 struct gSite {
   gSite(gDocument const & document, gVltRules const & rules, std::string title, int split_level);
@@ -43,6 +44,7 @@ struct gSite {
   gRepository * repository = nullptr;
   gPictures * pictures = nullptr;
   gLinkCheck * link_check = nullptr; // of all pages
+  gClassTree const * class_tree = nullptr;
   gPages pages;
   gKinds kinds;
   gInheritance inheritance;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "conv/htm/class_tree.h"
 #include "conv/htm/htm_setter.h"
 #include "conv/htm/html_text.h"
 #include "conv/htm/includes.h"
@@ -80,7 +81,8 @@ private:
     weight += builders_on(unit);
     auto const said = [&](int one) { return !site_.unit(one).summary.empty(); };
     for (auto const units : {site_.pages.units().children(unit), scopes_.of(unit)})
-      weight += static_cast<std::size_t>(std::ranges::count_if(units, said)) + units.size() / 4;
+      weight += static_cast<std::size_t>(std::ranges::count_if(units, said)) +
+                std::min<std::size_t>(units.size() / 4, 50); // thousands may be generated
     for (int const one : scopes_.of(unit))
       weight += builders_on(one);
     return weight;
@@ -228,6 +230,8 @@ void Pages::write_start(gPageWriter & writer, gSite & site, gColours const & col
   std::string const note = skipped_note(site, site.document.skipped.size());
   std::string const intro = text_of(site, colours, text), share = share_of(site);
   values.set(V::text, note).set(V::body, intro).set(V::share, share);
+  if (site.class_tree)
+    values.set(V::class_tree, site.class_tree->file());
   gPageFrame frame;
   frame.style = "start";
   frame.file = "index.htm";

@@ -51,6 +51,19 @@ bool is_pascal(gUnitRecord const & unit) {
          extension == ".inc" || extension == ".lpr";
 }
 
+// A base that is a parameter of the template is another class each time.
+bool is_bound(gUnitRecord const & unit, std::string_view name) {
+  std::string_view const head = unit.facts.template_head.of(unit.declaration);
+  auto const ends = [head](std::size_t at) {
+    return at >= head.size() ||
+           (!Vlb::is_letter(head[at]) && !Vlb::is_digit(head[at]) && head[at] != '_');
+  };
+  for (std::size_t at = head.find(name); at != head.npos; at = head.find(name, at + 1))
+    if (at > 0 && ends(at - 1) && ends(at + name.size()))
+      return true;
+  return false;
+}
+
 std::span<int const> all_of(auto const & table, int unit) {
   auto const found = table.find(unit);
   return found == table.end() ? std::span<int const>() : std::span<int const>(found->second);
@@ -111,12 +124,19 @@ void gInheritance::add_bases(int number, Class & one) {
     int const found = document_.find_word(number, base.name);
     bool const known = found >= 0 && classes_.contains(found) && found != number;
     one.complete = one.complete && known;
+    if (!known && found < 0 && !is_bound(record, base.name))
+      one.foreign_bases.emplace_back(base.name);
     if (!known || std::ranges::find(one.bases, found) != one.bases.end())
       continue;
     one.bases.push_back(found);
     if (base.access.empty() ? open : base.access != "private")
       one.shown_bases.push_back(found);
   }
+}
+
+std::span<std::string const> gInheritance::foreign_bases(int unit) const {
+  Class const * const one = find(unit);
+  return one ? std::span<std::string const>(one->foreign_bases) : std::span<std::string const>();
 }
 
 std::string gInheritance::name_of(int number) const {

@@ -24,6 +24,9 @@ public:
   std::span<int const> bases(int unit) const;
   std::span<int const> derived(int unit) const;
 
+  // The names of the others right above it: those of classes that the document hasn't got.
+  std::span<std::string const> foreign_bases(int unit) const;
+
   // The methods that a method replaces, in the nearest class above on each way; and those that
   // replace it in the classes below.
   std::span<int const> overridden(int method) const;
@@ -42,7 +45,8 @@ private:
   struct Class {
     std::vector<int> bases, derived; // units
     std::vector<int> shown_bases;    // those whose members the class passes on
-    bool complete = true;            // all of its bases are known
+    std::vector<std::string> foreign_bases;
+    bool complete = true; // all of its bases are known
     // Methods with a signature, by their names with it and by their names alone.
     std::unordered_multimap<std::string, int> methods, namesakes;
   };

@@ -164,7 +164,8 @@ void gSetter::set_hierarchy(gNode const & node, std::string & out) {
   values.set(gVltValue::items, steps).set(gVltValue::href, place);
   std::string const whole = std::to_string(all);
   values.set(gVltValue::number, count).set(gVltValue::count, whole);
-  values.set(gVltValue::drawing, shapes);
+  std::string const tree = class_tree_place();
+  values.set(gVltValue::drawing, shapes).set(gVltValue::class_tree, tree);
   values.set(gVltValue::mark, all >= folded_hierarchy ? "1" : "");
   rules_.apply(gVltRule::hierarchy, values, out);
 }

@@ -84,6 +84,8 @@ protected:
   // The address of a page with more of a large hierarchy than fits among other things; empty if the
   // target has no such pages.
   virtual std::string hierarchy_place(gNode const & node);
+  // Where the class of the unit stands among all others; empty if the target has no such place.
+  virtual std::string class_tree_place() { return {}; }
   // The same steps as a picture; empty if the target has none.
   virtual std::string hierarchy_drawing(gNodeList const & steps);
   virtual void set_index_entry(gNode const & node, std::string & out);

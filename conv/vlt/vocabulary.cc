@@ -11,26 +11,26 @@ using enum gVltValue;
 using Values = std::span<gVltValue const>;
 
 constexpr std::string_view value_names[] = {
-    "text",         "title",      "items",      "name",
-    "style",        "href",       "target",     "id",
-    "aliases",      "path",       "line",       "editor",
-    "level",        "number",     "count",      "width",
-    "columns",      "mark",       "current",    "open",
-    "member",       "named",      "virtual",    "access",
-    "label",        "kind",       "kind_class", "subject",
-    "links",        "body",       "notes",      "overview",
-    "summary",      "signature",  "relations",  "scope",
-    "source",       "include",    "condition",  "deprecated",
-    "since",        "x",          "y",          "height",
-    "to_x",         "to_y",       "middle",     "drawing",
-    "doc_title",    "page_title", "root",       "crumbs",
-    "contents",     "on_page",    "previous",   "previous_title",
-    "next",         "next_title", "content",    "head_left",
-    "head_right",   "foot_left",  "foot_right", "version",
-    "address",      "share",      "key",        "second_key",
-    "before",       "between",    "after",      "context",
-    "keywords",     "browse",     "wintype",    "repository",
-    "template_head"};
+    "text",          "title",      "items",      "name",
+    "style",         "href",       "target",     "id",
+    "aliases",       "path",       "line",       "editor",
+    "level",         "number",     "count",      "width",
+    "columns",       "mark",       "current",    "open",
+    "member",        "named",      "virtual",    "access",
+    "label",         "kind",       "kind_class", "subject",
+    "links",         "body",       "notes",      "overview",
+    "summary",       "signature",  "relations",  "scope",
+    "source",        "include",    "condition",  "deprecated",
+    "since",         "x",          "y",          "height",
+    "to_x",          "to_y",       "middle",     "drawing",
+    "doc_title",     "page_title", "root",       "crumbs",
+    "contents",      "on_page",    "previous",   "previous_title",
+    "next",          "next_title", "content",    "head_left",
+    "head_right",    "foot_left",  "foot_right", "version",
+    "address",       "share",      "key",        "second_key",
+    "before",        "between",    "after",      "context",
+    "keywords",      "browse",     "wintype",    "repository",
+    "template_head", "class_tree"};
 static_assert(std::size(value_names) == vlt_value_count);
 
 constexpr gVltValue inline_values[] = {text, name, style, width};
@@ -69,18 +69,20 @@ constexpr gVltValue drawing_values[] = {x,
                                         href,
                                         access,
                                         gVltValue::is_virtual};
-constexpr gVltValue hierarchy_values[] = {items, href, number, count, drawing, mark, text, context};
+constexpr gVltValue hierarchy_values[] = {
+    items, href, number, count, drawing, mark, text, context, gVltValue::class_tree};
 constexpr gVltValue unit_values[] = {
     relations,  include, condition, deprecated, since,   id,    aliases, level,     kind,
     kind_class, style,   name,      title,      subject, links, body,    notes,     overview,
     source,     member,  path,      line,       href,    scope, summary, editor,    wintype,
     number,     context, keywords,  browse,     content, named, target,  repository};
 constexpr gVltValue page_values[] = {
-    doc_title,      page_title, root,       crumbs,     contents,  on_page,    previous,
-    previous_title, next,       next_title, content,    head_left, head_right, foot_left,
-    foot_right,     title,      kind,       kind_class, id,        style,      number,
-    count,          text,       items,      name,       path,      href,       columns,
-    mark,           subject,    version,    address,    share,     summary,    body};
+    doc_title,  page_title,     root,       crumbs,     contents, on_page,
+    previous,   previous_title, next,       next_title, content,  head_left,
+    head_right, foot_left,      foot_right, title,      kind,     kind_class,
+    id,         style,          number,     count,      text,     items,
+    name,       path,           href,       columns,    mark,     subject,
+    version,    address,        share,      summary,    body,     gVltValue::class_tree};
 constexpr gVltValue place_values[] = {
     href,    title, text,   items,     kind,   kind_class, level,   current,      open,    count,
     summary, scope, number, id,        path,   line,       name,    source,       context, target,
@@ -189,6 +191,8 @@ constexpr Row rows[] = {
     {"own_name", false, place_values},
     {"sitemap", false, page_values},
     {"sitemap_item", false, place_values},
+    {"class_page", false, page_values},
+    {"class_item", false, place_values},
     {"lost_page", false, page_values},
     {"part_page", false, page_values},
     {"similar_page", false, page_values},

@@ -94,6 +94,8 @@ enum class gVltValue : unsigned char {
   repository, // a link to the source where its project keeps it; empty if that isn't known
   // Rows of lists
   template_head, // of a declaration, with links
+  // Pages
+  class_tree, // the page with all class hierarchies, or the place of a class in it
   last_value
 };
 constexpr std::size_t vlt_value_count = static_cast<std::size_t>(gVltValue::last_value);
@@ -196,6 +198,8 @@ enum class gVltRule : unsigned char {
   own_name,  // in a signature: the name of what is declared
   sitemap,
   sitemap_item,
+  class_page, // all classes that are derived from each other
+  class_item,
   lost_page, // for addresses that aren't there
   part_page, // texts of members that had no room on their page
   similar_page,

@@ -723,6 +723,45 @@ TEST_F(HtmSite, LargeHierarchiesAreFoldedAndBounded) {
   EXPECT_LT(markup_of(whole), 60000u);
 }
 
+// All classes that are derived from each other: each has one home, also in a circle or far below.
+TEST_F(HtmSite, ClassesStandInOneTree) {
+  std::string units = known(2, "namespace", "n", "n", "", "namespace n");
+  units += known(2, "class", "Base", "Base", "", "class Base",
+                 "\n\n@b_hierarchy\n@thisclass\n@cref<main><L2><><0>{Base}\n@cref<main><L3><><1>{n:"
+                 ":D}\n@e_hierarchy\n");
+  units += known(2, "class", "n::D", "D", "", "class D : Base, std::mutex");
+  units += known(2, "class", "n::E", "E", "", "class E : n::D, Lone");
+  units += known(2, "class", "Alone", "Alone", "", "class Alone");
+  units += known(2, "class", "P", "P", "", "template<class B> class P : B");
+  units += known(2, "class", "X", "X", "", "class X : Y") +
+           known(2, "class", "Y", "Y", "", "class Y : X");
+  for (int i = 0; i < 600; ++i) {
+    std::string const name = "C" + std::to_string(i);
+    units += known(2, "class", name, name, "", "class " + name + " : C" + std::to_string(i - 1));
+  }
+  convert(units);
+  EXPECT_EQ(outside_.report_text().find("532:"), std::string::npos) << outside_.report_text();
+  std::string const tree = file("_hierarchy/_classes.htm");
+  expect_in_order(tree,
+                  {"id=\"c-Base\"><a href=\"../Base.htm\">Base</a><ul>",
+                   "<a class=\"scope\" href=\"../n.htm\">n::</a><a href=\"../n.D.htm\">D</a><ul>",
+                   "id=\"c-n.E\"><a href=\"../n.E.htm\">E</a></li>", "id=\"c-C\">C<ul>",
+                   "600 more</a>", "id=\"c-Lone\">Lone<ul>", "std::</span>mutex<ul>",
+                   "<small>more below Base</small>", "../Y.htm", "../X.htm", "../Y.htm"});
+  for (char const * none : {"../Alone.htm", "../P.htm"})
+    EXPECT_EQ(tree.find(none), std::string::npos) << none;
+  expect_in_order(file("Base.htm"),
+                  {"_hierarchy/_classes.htm\">Hierarchy", "_hierarchy/_classes.htm#c-Base"});
+  EXPECT_NE(file("index.htm").find("the <a href=\"_hierarchy/_classes.htm\""), std::string::npos);
+  std::size_t pages = 0;
+  for (auto const & one : std::filesystem::directory_iterator(folder_.path("out/htm/_hierarchy"))) {
+    ++pages;
+    EXPECT_LT(markup_of(folder_.read("out/htm/_hierarchy/" + one.path().filename().string())),
+              102400U);
+  }
+  EXPECT_GT(pages, 20U);
+}
+
 // Every link of a site with all sorts of places leads to a file and an anchor that are there.
 TEST_F(HtmSite, DeadLinksAreTold) {
   convert(unit(1, "one", "/x/a.h", 1, "@b{x}"),
