@@ -132,6 +132,8 @@ gLeftOut Attaching::noise(std::size_t block) const {
   if (comment.line_start && is_caption(whole))
     return gLeftOut::heading;
   std::string const text = words(block);
+  if (comment.line_start && is_group_title(text))
+    return gLeftOut::heading;
   if (is_tool_switch(text, pascal_))
     return gLeftOut::tool_switch;
   return is_dead_code(text, pascal_) ? gLeftOut::dead_code : gLeftOut::taken;

@@ -115,6 +115,37 @@ bool is_caption(std::string_view comment) {
          (front >= both_sides && rule_behind(words) >= both_sides);
 }
 
+// Says of what kind the declarations below are: "Forward declarations", "Data members:".
+bool is_group_title(std::string_view words) {
+  static constexpr std::array<std::string_view, 36> kinds = {
+      "accessors", "constants",    "constructors", "declarations", "defines",    "destructors",
+      "enums",     "enumerations", "events",       "fields",       "functions",  "getters",
+      "globals",   "handlers",     "helpers",      "includes",     "interfaces", "iterators",
+      "macros",    "members",      "methods",      "modifiers",    "mutators",   "observers",
+      "operators", "overrides",    "properties",   "prototypes",   "routines",   "setters",
+      "signals",   "slots",        "structs",      "structures",   "typedefs",   "variables"};
+  static constexpr std::array<std::string_view, 18> qualities = {
+      "access", "class",    "common",    "data",   "exported", "forward",
+      "free",   "function", "global",    "helper", "local",    "member",
+      "other",  "private",  "protected", "public", "static",   "virtual"};
+  auto const is_one_of = [](auto const & list, std::string_view word) {
+    return std::ranges::find(list, Vlb::to_lower(word)) != list.end();
+  };
+  words = trimmed(words);
+  while (words.ends_with(':') || words.ends_with('.'))
+    words.remove_suffix(1);
+  std::size_t const last = words.find_last_of(' ') + 1;
+  if (!is_one_of(kinds, words.substr(last)))
+    return false;
+  for (std::string_view rest = trimmed(words.substr(0, last)); !rest.empty();) {
+    std::string_view const word = first_word(rest);
+    if (!is_one_of(qualities, word) && !(word == "and" || is_one_of(kinds, word)))
+      return false;
+    rest = trimmed(rest.substr(word.size()));
+  }
+  return true;
+}
+
 bool is_tool_switch(std::string_view words, bool pascal) {
   static constexpr std::array<std::string_view, 15> heads = {
       "NOLINT", "clang-format o", "cppcheck-", "IWYU pragma", "LINT.",

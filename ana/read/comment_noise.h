@@ -11,6 +11,8 @@ bool is_licence(std::string_view words);
 bool may_be_licence(std::string_view words);
 // A heading for a stretch of the file. `comment` is whole, with opener and closer.
 bool is_caption(std::string_view comment);
+// The same in words alone.
+bool is_group_title(std::string_view words);
 bool has_words(std::string_view text);
 // "//! [name]" with its opener: where a part of an example begins or ends.
 bool is_part_mark(std::string_view comment);

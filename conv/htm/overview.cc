@@ -224,24 +224,41 @@ void gOverview::add_member(int unit, gMemberRow const & row, bool kinds, bool ag
 }
 
 std::string gOverview::group(std::string_view selector, std::span<int const> units, int page,
-                             int level, std::span<std::string const> named) const {
+                             int level) const {
   std::vector<gRow> rows = Site::rows_of(site_, units);
   std::string out;
-  if (rows.empty() && named.empty())
+  if (rows.empty())
     return out;
-  std::string const count = site_.number(rows.size() + named.size());
+  std::string const count = site_.number(rows.size());
   std::size_t const left = rows.size() - std::min(rows.size(), most_of_group);
   rows.resize(rows.size() - left);
-  std::string inner = links(rows, page);
-  for (std::string const & one : named)
-    site_.rules.apply(gVltRule::overview_item, selector, gVltValues().set(V::signature, one),
-                      inner);
+  std::string const inner = links(rows, page);
   std::string const depth = std::to_string(level);
   gVltValues values;
   values.set(V::items, inner).set(V::level, depth).set(V::count, count).set(V::title, count);
   site_.rules.apply(gVltRule::overview, selector, values, out);
   if (std::string const more = site_.number(left); left > 0)
     site_.rules.apply(gVltRule::overview, "more", gVltValues().set(V::count, more), out);
+  return out;
+}
+
+std::string gOverview::friends(std::span<int const> units, std::span<std::string const> named,
+                               int page, int level, gMemberRows const & signatures) const {
+  constexpr std::string_view selector = "friends_of";
+  gMemberGroup routines{"friend", {}};
+  std::vector<int> others;
+  for (int const unit : units)
+    (is_routine(site_.kinds.of(unit).selector) ? routines.units : others).push_back(unit);
+  std::string inner = member_items(routines, {}, false, page, signatures) +
+                      links(Site::rows_of(site_, others), page);
+  for (std::string const & one : named)
+    site_.rules.apply(gVltRule::overview_item, selector, gVltValues().set(V::signature, one),
+                      inner);
+  std::string out;
+  std::string const depth = std::to_string(level);
+  if (!inner.empty())
+    site_.rules.apply(gVltRule::overview, selector,
+                      gVltValues().set(V::items, inner).set(V::level, depth), out);
   return out;
 }
 

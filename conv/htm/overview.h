@@ -55,10 +55,13 @@ public:
   // For the page of a namespace: what it holds. Of very many those with a text come first, and how
   // many are left out is told.
   gListed within(std::span<int const> units, int page, int level, gMemberRows const & rows) const;
-  // One list under the rule for `selector`, at whose end things stand that are only named, as
-  // finished texts; empty without any.
-  std::string group(std::string_view selector, std::span<int const> units, int page, int level,
-                    std::span<std::string const> named = {}) const;
+  // One list under the rule for `selector`; empty without any.
+  std::string group(std::string_view selector, std::span<int const> units, int page,
+                    int level) const;
+  // The friends of a class: functions with their signatures, other units by name, and what is only
+  // named, as finished texts.
+  std::string friends(std::span<int const> units, std::span<std::string const> named, int page,
+                      int level, gMemberRows const & rows) const;
   // The rows as lists, one for each kind, as they stand on a page; -1 for the start page.
   std::string lists(std::vector<gRow> const & rows, int page, int level, bool titled = false) const;
   // The rows one behind the other; without `kinds` they say only what things are called.

@@ -193,12 +193,11 @@ void gUnitPages::add_place(int unit) {
       places_.add_headline(headline.anchor, headline.title, headline.level + (begins_page ? 0 : 1));
 }
 
-std::string gUnitPages::friends_of(int unit, int level) const {
+std::string gUnitPages::friends_of(int unit, int level, gOverview::gMemberRows const & rows) const {
   std::vector<std::string> named;
   for (std::string_view const one : scopes_.friends().strange(unit))
     named.push_back(Html::escaped(one));
-  return overview_.group("friends_of", scopes_.friends().of(unit), setter_.link_page(), level,
-                         named);
+  return overview_.friends(scopes_.friends().of(unit), named, setter_.link_page(), level, rows);
 }
 
 // What stands below the unit on its page, or what its namespace holds.
@@ -209,7 +208,7 @@ gListed gUnitPages::overview_of(int unit, int level) {
     return overview_.within(within, site_.pages.of(unit), level, rows);
   gListed listed = overview_.of(unit, level, rows);
   listed.text +=
-      friends_of(unit, level) + relations_.inherited(unit, level) +
+      friends_of(unit, level, rows) + relations_.inherited(unit, level) +
       overview_.group("specialisation", scopes_.specialisations(unit), setter_.link_page(), level);
   if (auto const members = scopes_.members(unit); !members.empty()) {
     gListed more = overview_.within(members, site_.pages.of(unit), level, rows);

@@ -52,7 +52,7 @@ private:
   void add_members(std::string & out);
   gMemberRow row_of(int unit, gRowPlace const & place);
   bool is_told(int unit) const;
-  std::string friends_of(int unit, int level) const;
+  std::string friends_of(int unit, int level, gOverview::gMemberRows const & rows) const;
   gListed overview_of(int unit, int level);
   void write_hierarchies(int unit);
   void set_parts(int number, gUnitText const & text, gParts & parts);

@@ -60,13 +60,13 @@ constexpr gOpening coarser[] = {
     {"constructor", "method"},
     {"destructor", "method"},
     {"operator", "function"},
-    {"conversion", "method"},
+    {"conversion", "operator"},
     {"friend", "function"},
     {"variable", "var"},
     {"bit field", "member"},
     {"typedef", "type"},
     {"alias", "type"},
-    {"alias template", "type"},
+    {"alias template", "alias"},
     {"using", "type"},
     {"deduction guide", "function"},
     {"function macro", "macro"},
@@ -99,7 +99,8 @@ std::string selector_of_kind(std::string const & kind, gVltRules const & rules) 
   if (std::string own = selector_of(kind, rules); !own.empty())
     return own;
   auto const * const found = std::ranges::find(coarser, kind, &gOpening::word);
-  return found == std::end(coarser) ? std::string() : selector_of(std::string(found->kind), rules);
+  return found == std::end(coarser) ? std::string()
+                                    : selector_of_kind(std::string(found->kind), rules);
 }
 
 // A style that is named after a type of units says less than the kind does.
