@@ -205,7 +205,9 @@ void gCommentTranslator::read_piece(std::string_view text, std::size_t indent) {
   if (text.starts_with("-# ")) // a numbered item
     return add("1. " + std::string(trimmed(text.substr(3))), indent);
   bool const title = text[0] == '#' && hints_ && !hints_->titles;
-  std::string const shown = (title ? "\\" : "") + std::string(text);
+  std::string shown = (title ? "\\" : "") + std::string(text);
+  if (headed_ && shown.ends_with("::")) // program text comes next
+    shown.pop_back();
   if (is_item(text) && break_pending_ && part().entry != description && !in_item_ &&
       indent <= part_indent_)
     open_part(description, indent);

@@ -31,6 +31,11 @@ bool gCommentTranslator::read_described(std::string_view text, std::size_t inden
   std::string_view const name = described_name(text);
   if (name.empty())
     return false;
+  // "@open: opens it" at the field of that name.
+  if (name == hints_->name && !headed_ && part_ == 0 && !has_text()) {
+    add(trimmed(text.substr(name.size() + 2)), indent);
+    return headed_ = true;
+  }
   switch (hints_->declared) {
   case gCommentHints::routine: {
     std::string_view const words = trimmed(text.substr(name.size() + 2));
@@ -63,8 +68,10 @@ std::size_t gCommentTranslator::behind_dash(std::string_view text) const {
   rest.remove_prefix(hints_->name.size());
   if (rest.starts_with("()"))
     rest.remove_prefix(2);
-  constexpr std::string_view dash = " - ";
-  return rest.starts_with(dash) ? text.size() - rest.size() + dash.size() : 0;
+  std::size_t const dash = rest.find_first_not_of(" \t");
+  bool const parted = dash != rest.npos && dash > 0 && rest[dash] == '-' && dash + 1 < rest.size();
+  std::size_t const words = parted ? rest.find_first_not_of(" \t", dash + 1) : rest.npos;
+  return words != rest.npos && words > dash + 1 ? text.size() - rest.size() + words : 0;
 }
 
 // A comment that is headed by the name of what it describes has labels for commands.

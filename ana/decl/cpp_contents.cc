@@ -172,9 +172,23 @@ gChain gCppReader::name_in_tail(gExtent const & extent) const {
 }
 
 // The declarators behind a class that was just left.
+// "} __packed __aligned(8);": words of the compiler alone say what the type is like.
+bool gCppReader::is_reserved_tail(gExtent const & extent) const {
+  for (std::uint32_t at = extent.tail; at + 1 < extent.last;) {
+    if (!source_.is_name(at) || !source_.spelling(at).starts_with("__"))
+      return false;
+    ++at;
+    if (source_.type(at) == '(')
+      at = source_.behind(at);
+  }
+  return true;
+}
+
 void gCppReader::tail(Scope const & closed) {
   gExtent const & extent = closed.extent;
-  if (closed.opener < 0 || closed.kind == Scope::name_space || extent.tail + 1 >= extent.last)
+  bool const ends =
+      closed.opener < 0 || closed.kind == Scope::name_space || extent.tail + 1 >= extent.last;
+  if (ends || (!(closed.head.marks & mark_typedef) && is_reserved_tail(extent)))
     return;
   Statement statement{extent, closed.head, closed.opener};
   gDeclaratorPlace place;

@@ -103,6 +103,7 @@ private:
   gChain class_name(std::uint32_t first, std::uint32_t last, std::uint32_t & name_end) const;
   gChain name_in_tail(gExtent const & extent) const;
   gChain name_in_call(gExtent const & extent, std::uint32_t & bases) const;
+  bool is_reserved_tail(gExtent const & extent) const;
   void tail(Scope const & closed);
   void enumerator();
   bool names_value(std::uint32_t angle) const;

@@ -165,7 +165,10 @@ gCommentHints gModernReader::File::hints_for(std::int32_t declaration, Words con
   hints.titles = words.titles;
   for (std::uint32_t i = 0; i < one.params; ++i)
     hints.parameters.emplace(found_.parameters[one.first_param + i].name.of(text_));
-  hints.declared = one.params > 0 || !one.parameter_list.empty() ? gCommentHints::routine
+  // "int (*f)(int)": what it points to has parameters.
+  bool const points = !pascal_ && one.parameter_list.empty() && !is_class_like(one.kind) &&
+                      one.whole.of(text_).substr(0, 400).find("(*") != std::string_view::npos;
+  hints.declared = one.params > 0 || !one.parameter_list.empty() || points ? gCommentHints::routine
                    : one.kind == gKind::enum_ || one.kind == gKind::enum_class
                        ? gCommentHints::enumeration
                        : gCommentHints::other;
