@@ -16,14 +16,14 @@ bool open_included(void * context, std::string const &, std::string & text) {
   return true;
 }
 
-void check(gDocument const & document, gInheritance const & inheritance, int unit) {
+void check(gDocument const & document, gBookRelations const & relations, int unit) {
   gUnitRecord const & record = document.units[unit];
   gUnitText text = document.text_of(unit);
   if (record.parent >= unit || !Atc::is_clean(plain_text(text.body) + record.summary))
     std::abort();
   static gVltRules const rules;
   EnumTable::set_into(record, rules, true, text.body);
-  RelationText::set_into(document, inheritance, rules, unit, text.body);
+  RelationText::set_into(document, relations, rules, unit, text.body);
   gTarget const target = document.find_name(unit, record.name);
   document.find_word(unit, record.declaration.substr(0, 20));
   if (!record.name.empty() && !target)
@@ -39,9 +39,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
     std::string included = text.substr(cut);
     gDocument document;
     gAtcReader().read(text.substr(0, cut), "fuzz.atc", open_included, &included, document);
-    gInheritance const inheritance(document);
+    gBookRelations const relations(document);
     for (std::size_t i = 0; i < document.units.size(); ++i)
-      check(document, inheritance, static_cast<int>(i));
+      check(document, relations, static_cast<int>(i));
   });
   return 0;
 }

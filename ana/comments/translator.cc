@@ -199,8 +199,8 @@ bool gCommentTranslator::read_command(std::string_view text, std::size_t indent)
 }
 
 void gCommentTranslator::read_piece(std::string_view text, std::size_t indent) {
-  if (text.empty() || read_described(text, indent) || read_label(text, indent) ||
-      read_command(text, indent))
+  if (text.empty() || read_form(text, indent) || read_described(text, indent) ||
+      read_label(text, indent) || read_command(text, indent))
     return;
   if (text.starts_with("-# ")) // a numbered item
     return add("1. " + std::string(trimmed(text.substr(3))), indent);

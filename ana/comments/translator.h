@@ -43,6 +43,11 @@ private:
   bool read_described(std::string_view text, std::size_t indent);
   std::string_view described_name(std::string_view text) const;
   std::size_t behind_dash(std::string_view text) const;
+  // translator_forms.cc
+  bool read_form(std::string_view text, std::size_t indent);
+  bool read_form_head(std::string_view text);
+  bool read_form_parameter(std::string_view text, std::size_t indent);
+
   bool read_label(std::string_view text, std::size_t indent);
   std::string from_xml(std::string_view text) const;
 
@@ -104,8 +109,10 @@ private:
   std::vector<Condition> conditions_;           // that are open
   bool other_language_ = false;                 // what comes isn't English
   std::deque<std::string> kept_;                // texts of lines that aren't shown wholly
-  bool headed_ = false;                         // by "name:", so that "Since:" is an entry
-  bool break_pending_ = false;                  // an empty line came
+  enum class gForm : unsigned char { none, heading, parts };
+  gForm form_ = gForm::none;   // what of a form was read
+  bool headed_ = false;        // by "name:", so that "Since:" is an entry
+  bool break_pending_ = false; // an empty line came
   bool in_item_ = false;
   std::size_t part_indent_ = 0, item_indent_ = 0;
   std::vector<bool> opened_;  // lists and tables that commands opened; true for a table

@@ -4,6 +4,7 @@
 #include "conv/htm/member_groups.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "conv/atc/qualified_name.h"
 #include "conv/htm/html_text.h"

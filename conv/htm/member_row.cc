@@ -115,10 +115,18 @@ gMemberRow gHtmSetter::row_of(int unit, gRowPlace const & place, std::string con
   for (gStretch const one : place.differing)
     if (one.begin >= head)
       differing.push_back(moved(one, head));
-  row.signature = linked_signature(unit, text.substr(head), own, differing);
-  row.template_head = linked_head(unit, in_front.of(whole));
+  if (place.is_plain) {
+    std::string_view const shown = text.substr(head);
+    row.signature = Html::escaped(shown.substr(0, own.place.begin)) + own.shown +
+                    Html::escaped(shown.substr(own.place.end));
+    row.template_head = Html::escaped(in_front.of(whole));
+  } else {
+    row.signature = linked_signature(unit, text.substr(head), own, differing);
+    row.template_head = linked_head(unit, in_front.of(whole));
+  }
   row.is_all = !row.signature.empty() && text.size() == full &&
                row.template_head.empty() == in_front.empty();
-  row.source = source_href(record.path, std::to_string(record.source_line));
+  if (!place.is_plain)
+    row.source = source_href(record.path, std::to_string(record.source_line));
   return row;
 }

@@ -153,7 +153,7 @@ std::string gOverview::member_items(gMemberGroup const & group, std::string_view
     for (std::size_t i = 0; i < namesakes.size(); ++i) {
       int const unit = namesakes[i];
       bool const elsewhere = !scope.empty() && Atc::scope_of(site_.unit(unit)) != scope;
-      gMemberRow const shown = signatures(unit, {elsewhere, differing[i]});
+      gMemberRow const shown = signatures(unit, {elsewhere, differing[i], false});
       if (!shown.signature.empty()) {
         add_member(unit, shown, mixed, i > 0, out);
       } else {

@@ -25,6 +25,7 @@ struct gMemberRow {
 struct gRowPlace {
   bool names_scope = false;        // most of the others stand elsewhere
   std::vector<gStretch> differing; // parameters that tell it from its overloads
+  bool is_plain = false;           // there is no room for links of types
 };
 
 // Lists with the headings above them.

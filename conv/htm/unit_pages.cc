@@ -54,6 +54,7 @@ gUnitPages::gUnitPages(gConversion & conversion, gSite & site, gColours const & 
 gMadePage gUnitPages::make(int page) {
   page_ = page;
   parts_.clear();
+  plain_rows_.clear();
   short_rows_.clear();
   rows_are_brief_ = false;
   gPageFrame frame = set_page();
@@ -232,7 +233,8 @@ bool gUnitPages::is_told(int unit) const {
          Declaration::enumerators_of(record).empty() && scopes_.specialisations(unit).empty();
 }
 
-gMemberRow gUnitPages::row_of(int unit, gRowPlace const & place) {
+gMemberRow gUnitPages::row_of(int unit, gRowPlace place) {
+  place.is_plain = plain_rows_.contains(unit);
   if (short_rows_.contains(unit) || parts_.of(unit))
     return row_of_part(unit, place);
   gMemberRow row = setter_.row_of(unit, place);

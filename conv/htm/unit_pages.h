@@ -43,6 +43,7 @@ private:
   gPageFrame set_in_parts(gPageFrame frame);
   void add_parts(gPageFrame const & main);
   bool shorten_rows(std::size_t excess);
+  bool shorten_rows(std::size_t excess, std::size_t saved, std::set<int> & rows) const;
   gMemberRow row_of_part(int unit, gRowPlace const & place);
   void add_with_below(int unit, std::string & out);
   void add_unit(int unit, std::string & out);
@@ -50,7 +51,7 @@ private:
   void enter_search(int unit, std::string text);
   void add_groups(gListed listed);
   void add_members(std::string & out);
-  gMemberRow row_of(int unit, gRowPlace const & place);
+  gMemberRow row_of(int unit, gRowPlace place);
   bool is_told(int unit) const;
   std::string friends_of(int unit, int level, gOverview::gMemberRows const & rows) const;
   gListed overview_of(int unit, int level);
@@ -73,7 +74,8 @@ private:
   std::map<int, gMemberText> texts_; // of members that stand in lists
   gPageParts parts_;                 // empty if all texts stand on the page itself
   bool has_members_ = false;         // in lists on the page at work
-  std::set<int> short_rows_;         // members with names alone, where signatures are too much
+  std::set<int> plain_rows_;         // members whose types aren't linked, where that is too much
+  std::set<int> short_rows_;         // of them those with names alone
   bool rows_are_brief_ = false;      // and with as few tags as can be
   std::vector<gPageFrame> beside_;   // further pages that belong to the page at work
   int page_ = -1;

@@ -35,23 +35,30 @@ gPageFrame gUnitPages::set_in_parts(gPageFrame frame) {
   return frame;
 }
 
-// The largest groups first: of a few constructors a reader wants to see the parameters. Rows that
-// are short already have nothing left but their tags. False if there is no more to save.
+// The largest groups first: of a few constructors a reader wants to see the parameters. Links of
+// types go before whole signatures do; rows that are short already have nothing left but their
+// tags. False if there is no more to save.
 bool gUnitPages::shorten_rows(std::size_t excess) {
-  constexpr std::size_t saved = 100; // bytes of a signature
+  constexpr std::size_t saved_links = 80, saved_signature = 100; // bytes a row
+  return shorten_rows(excess, saved_links, plain_rows_) ||
+         shorten_rows(excess, saved_signature, short_rows_) ||
+         !std::exchange(rows_are_brief_, true);
+}
+
+bool gUnitPages::shorten_rows(std::size_t excess, std::size_t saved, std::set<int> & rows) const {
   std::vector<gListed::Group const *> groups;
   for (gListed::Group const & group : listed_.groups)
-    if (!group.units.empty() && !short_rows_.contains(group.units.front()))
+    if (!group.units.empty() && !rows.contains(group.units.front()))
       groups.push_back(&group);
   std::ranges::stable_sort(groups, std::ranges::greater(),
                            [](gListed::Group const * one) { return one->units.size(); });
   for (gListed::Group const * const group : groups) {
     if (excess == 0)
       break;
-    short_rows_.insert(group->units.begin(), group->units.end());
+    rows.insert(group->units.begin(), group->units.end());
     excess -= std::min(excess, saved * group->units.size());
   }
-  return !groups.empty() || !std::exchange(rows_are_brief_, true);
+  return !groups.empty();
 }
 
 // The row has all places of the text, which stay what links from elsewhere lead to.

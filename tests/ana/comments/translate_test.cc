@@ -57,6 +57,7 @@ TEST(translate, brackets) {
   hints.pascal = true;
   hints.name = "Grow";
   hints.scope = "TBox";
+  hints.parameters = {"Width", "Depth"};
   check_cases(CASE_DIR "/brackets.cases",
               [&](std::string const & comment) { return translated(comment, &hints); });
 }
