@@ -75,8 +75,14 @@ std::vector<gMemberGroup> Members::groups_of(gSite const & site, std::span<int c
       groups.push_back({name, {}});
     groups[group->second].units.push_back(unit);
   }
+  // What only heirs see stands last, also under a heading.
   std::ranges::stable_sort(groups, {}, [&](gMemberGroup const & one) {
-    return rank_of_group(one.name, site.kinds.of(one.units.front()).selector);
+    bool const is_headed = one.name.starts_with(headed);
+    bool const hidden = is_headed && std::ranges::all_of(one.units, [&](int unit) {
+                          return rank_of_access(site.unit(unit).facts.access) > 0;
+                        });
+    std::string_view const kind = site.kinds.of(one.units.front()).selector;
+    return std::tuple(hidden, rank_of_group(one.name, kind), is_headed);
   });
   for (gMemberGroup & group : groups)
     sort_members(site, group.units);
