@@ -105,6 +105,7 @@ private:
   std::string body_;                            // Markdown of the part so far
   std::size_t body_indent_ = 0;                 // that its lines lose
   bool indent_known_ = false;                   // by the first line that goes on
+  bool behind_brief_ = false;                   // in its paragraph: other lines may stand deeper
   std::set<std::string, std::less<>> unclosed_; // ends of blocks that don't come any more
   std::vector<Condition> conditions_;           // that are open
   bool other_language_ = false;                 // what comes isn't English

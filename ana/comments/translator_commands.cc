@@ -349,8 +349,11 @@ void gCommentTranslator::take_command(gCommand const & command, std::string_view
       open_part("@description", indent);
     if (command.name == "details")
       body_ += "\n\n";
-    if (!rest.empty())
+    if (!rest.empty()) {
       read_piece(rest, indent);
+      behind_brief_ = true;
+      indent_known_ = false;
+    }
     break;
   case switch_:
     if (command.name == "endcond")

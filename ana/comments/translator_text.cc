@@ -1,5 +1,6 @@
 // How the lines of a part become its text.
 #include <algorithm>
+#include <utility>
 
 #include "ana/comments/html_elements.h"
 #include "ana/comments/markdown.h"
@@ -105,8 +106,13 @@ void gCommentTranslator::open_named(std::string_view entry, std::string_view res
 // A line of text. Behind an empty line it is another paragraph, or the part has ended.
 void gCommentTranslator::add(std::string_view text, std::size_t indent) {
   if (break_pending_) {
-    bool const goes_on =
-        indent > (in_item_ ? item_indent_ : part_indent_) || !opened_.empty() || parblocks_ > 0;
+    bool const begins = !has_text() && (part().entry == "@warning" || part().entry == "@note");
+    bool const goes_on = indent > (in_item_ ? item_indent_ : part_indent_) || begins ||
+                         !opened_.empty() || parblocks_ > 0;
+    if (std::exchange(behind_brief_, false)) {
+      body_indent_ = 0;
+      indent_known_ = true;
+    }
     if (part().entry != description && !goes_on)
       open_part(description, indent);
     else if (!body_.empty())
@@ -117,7 +123,8 @@ void gCommentTranslator::add(std::string_view text, std::size_t indent) {
     body_ += '\n';
   // What goes on behind a command stands under its text.
   if (!indent_known_) {
-    body_indent_ = part().entry == description && !in_item_ ? 0 : indent;
+    bool const flush_left = part().entry == description && !in_item_ && !behind_brief_;
+    body_indent_ = flush_left ? 0 : indent;
     indent_known_ = true;
   }
   std::size_t blanks = indent - std::min(indent, body_indent_);
