@@ -81,13 +81,14 @@
         if (cut) target.tabIndex = 0;
         else target.removeAttribute("tabindex");
         // What takes the focus has to say which one it is.
-        if (cut && target.matches("div")) {
+        if (cut && target.matches("div, p")) {
+          const [word, all] = target.matches("p") ? ["Formulas", "p:has(> math)"] : ["Table", "div.scroll"];
           target.role = "region";
-          target.ariaLabel = `Table ${$$("div.scroll").indexOf(target) + 1}`;
+          target.ariaLabel = `${word} ${$$(all).indexOf(target) + 1}`;
         }
       }
     });
-    for (const block of $$("pre, .scroll, .tree-lines")) observer.observe(block);
+    for (const block of $$("pre, .scroll, .tree-lines, p:has(> math)")) observer.observe(block);
   };
 
   const start_copying = () => {
