@@ -132,8 +132,6 @@ gLeftOut Attaching::noise(std::size_t block) const {
   if (comment.line_start && is_caption(whole))
     return gLeftOut::heading;
   std::string const text = words(block);
-  if (comment.line_start && is_group_title(text))
-    return gLeftOut::heading;
   if (is_tool_switch(text, pascal_))
     return gLeftOut::tool_switch;
   return is_dead_code(text, pascal_) ? gLeftOut::dead_code : gLeftOut::taken;
@@ -420,6 +418,11 @@ std::vector<gAttachment> Attaching::run() {
     found.push_back(decide(i));
   choose_attachments(found, blocks_, places_);
   find_headings(text_, file_, blocks_, pascal_, places_, found);
+  // Where it heads nothing, a title is no text all the same.
+  for (std::size_t i = 0; i < found.size(); ++i)
+    if (found[i].rule == gAttachRule::plain_before && head(i).line_start &&
+        is_group_title(words(i)))
+      found[i] = {gAttachRule::none, gLeftOut::heading, -1, -1};
   return found;
 }
 
