@@ -56,16 +56,6 @@ std::vector<std::string> words_of(std::string_view line) {
   return words;
 }
 
-// What declarations are called when there are several.
-bool is_kind_word(std::string_view word) {
-  static constexpr std::array<std::string_view, 26> kinds = {
-      "functions", "procedures", "methods",   "routines",     "properties", "events",  "fields",
-      "types",     "constants",  "variables", "operators",    "setters",    "getters", "utilities",
-      "helpers",   "accessors",  "members",   "constructors", "overrides",  "utils",   "callbacks",
-      "handlers",  "flags",      "macros",    "api",          "messages"};
-  return std::ranges::find(kinds, word) != kinds.end();
-}
-
 // "Opens the file": what one routine does.
 bool begins_with_verb(std::vector<std::string> const & words) {
   static constexpr std::array<std::string_view, 14> verbs = {

@@ -115,31 +115,36 @@ bool is_caption(std::string_view comment) {
          (front >= both_sides && rule_behind(words) >= both_sides);
 }
 
+bool is_kind_word(std::string_view word) {
+  static constexpr std::array<std::string_view, 44> kinds = {
+      "accessors",  "api",         "callbacks",    "constants", "constructors", "declarations",
+      "defines",    "destructors", "enumerations", "enums",     "events",       "fields",
+      "flags",      "functions",   "getters",      "globals",   "handlers",     "helpers",
+      "includes",   "interfaces",  "iterators",    "macros",    "members",      "messages",
+      "methods",    "modifiers",   "mutators",     "observers", "operators",    "overrides",
+      "procedures", "properties",  "prototypes",   "routines",  "setters",      "signals",
+      "slots",      "structs",     "structures",   "typedefs",  "types",        "utilities",
+      "utils",      "variables"};
+  return std::ranges::binary_search(kinds, word);
+}
+
 // Says of what kind the declarations below are: "Forward declarations", "Data members:".
 bool is_group_title(std::string_view words) {
-  static constexpr std::array<std::string_view, 36> kinds = {
-      "accessors", "constants",    "constructors", "declarations", "defines",    "destructors",
-      "enums",     "enumerations", "events",       "fields",       "functions",  "getters",
-      "globals",   "handlers",     "helpers",      "includes",     "interfaces", "iterators",
-      "macros",    "members",      "methods",      "modifiers",    "mutators",   "observers",
-      "operators", "overrides",    "properties",   "prototypes",   "routines",   "setters",
-      "signals",   "slots",        "structs",      "structures",   "typedefs",   "variables"};
   static constexpr std::array<std::string_view, 18> qualities = {
       "access", "class",    "common",    "data",   "exported", "forward",
       "free",   "function", "global",    "helper", "local",    "member",
       "other",  "private",  "protected", "public", "static",   "virtual"};
-  auto const is_one_of = [](auto const & list, std::string_view word) {
-    return std::ranges::find(list, Vlb::to_lower(word)) != list.end();
-  };
-  words = trimmed(words);
+  std::string const lower = Vlb::to_lower(words);
+  words = trimmed(lower);
   while (words.ends_with(':') || words.ends_with('.'))
     words.remove_suffix(1);
   std::size_t const last = words.find_last_of(' ') + 1;
-  if (!is_one_of(kinds, words.substr(last)))
+  if (!is_kind_word(words.substr(last)))
     return false;
   for (std::string_view rest = trimmed(words.substr(0, last)); !rest.empty();) {
     std::string_view const word = first_word(rest);
-    if (!is_one_of(qualities, word) && !(word == "and" || is_one_of(kinds, word)))
+    if (word != "and" && !is_kind_word(word) &&
+        std::ranges::find(qualities, word) == qualities.end())
       return false;
     rest = trimmed(rest.substr(word.size()));
   }

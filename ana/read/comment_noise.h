@@ -13,6 +13,8 @@ bool may_be_licence(std::string_view words);
 bool is_caption(std::string_view comment);
 // The same in words alone.
 bool is_group_title(std::string_view words);
+// What declarations are called when there are several, such as "getters"; in lower case.
+bool is_kind_word(std::string_view word);
 bool has_words(std::string_view text);
 // "//! [name]" with its opener: where a part of an example begins or ends.
 bool is_part_mark(std::string_view comment);
