@@ -3,20 +3,37 @@
 #include "vlb/folder_snapshot.h"
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "vlb/file_state.h"
 #include "vlb/folder.h"
-#include "vlb/gfilesystem.h"
 
 namespace {
 
 constexpr std::int64_t margin = 50'000'000; // nanoseconds
 
+// Block by block: results may be larger than what fits into memory beside all else. A file that
+// can't be read is like an empty one.
 gContentHash hash_of_bytes(std::string const & path) {
-  std::string bytes;
-  gFileSystem::read_file(gPathstring(path), bytes);
-  return Vlb::content_hash(bytes);
+  gContentHash hash;
+  std::array<char, 1 << 16> block;
+  int const file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (file < 0)
+    return hash;
+  for (;;) {
+    ssize_t const size = ::read(file, block.data(), block.size());
+    if (size > 0)
+      hash = Vlb::content_hash({block.data(), static_cast<std::size_t>(size)}, hash);
+    else if (size == 0 || errno != EINTR)
+      break;
+  }
+  ::close(file);
+  return hash;
 }
 
 class Walk {

@@ -72,12 +72,15 @@ std::optional<gKeptRun> gRunStamp::find() const try {
   if (!run || run->key != key_)
     return {};
   gOutputFolder folder;
-  if (!folder.exists() || !folder.lock() || !run->left.holds(out_dir_))
+  if (!folder.exists() || !folder.lock())
     return {};
+  // First what is likely to have changed: a result has more files than there are sources.
   gWitness const witness(out_dir_);
   for (auto const & [place, sight] : run->sights)
     if (!witness.holds(place, sight))
       return {};
+  if (!run->left.holds(out_dir_))
+    return {};
   return run;
 } catch (std::bad_alloc const &) {
   return {};

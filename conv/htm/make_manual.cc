@@ -112,10 +112,13 @@ bool write_site(gConversion & conversion) {
   class_tree.write(writer, navigation);
   Pages::write_similar(writer, site, navigation);
   Pages::write_skipped(writer, site, navigation);
-  Index::write(writer, site, navigation, Index::keys_of(site.document, input.index_place_holder),
-               input.simple_index);
-  search.write(conversion);
-  Pages::write_sources(conversion, site, colours, navigation, includes);
+  auto const write_index = [&] {
+    gPageWriter own(conversion, site);
+    Index::write(own, site, navigation, Index::keys_of(site.document, input.index_place_holder),
+                 input.simple_index);
+  };
+  Pages::write_sources(conversion, site, colours, navigation, includes,
+                       {write_index, [&] { search.write(conversion); }});
   write_lists(conversion, site);
   std::optional<gFormerAddresses> former;
   if (!input.addresses.empty()) {

@@ -34,7 +34,8 @@ void Pages::write_units(gConversion & conversion, gSite & site, gColours const &
 }
 
 void Pages::write_sources(gConversion & conversion, gSite const & site, gColours const & colours,
-                          gNavigation const & navigation, gIncludes const & includes) {
+                          gNavigation const & navigation, gIncludes const & includes,
+                          std::vector<std::function<void()>> const & others) {
   gKnownWords const words(site);
   auto const linked = site.source_addresses.linked();
   gSourcePages::gUnits const units = gSourcePages::units_of(site);
@@ -43,15 +44,20 @@ void Pages::write_sources(gConversion & conversion, gSite const & site, gColours
     return std::make_unique<gSourcePages>(conversion, site, colours, navigation, units, words,
                                           includes);
   });
-  Vlb::gOrdered<bool> pages(threads, linked.size(), [&](unsigned worker, std::size_t source) {
+  std::size_t const count = others.size() + linked.size();
+  // The others come first: they take longer than any page.
+  Vlb::gOrdered<bool> pages(threads, count, [&](unsigned worker, std::size_t item) {
     Vapp::poll_break();
-    makers[worker].write(*linked[source]);
+    if (item < others.size())
+      others[item]();
+    else
+      makers[worker].write(*linked[item - others.size()]);
     return true;
   });
   // The pages of units are already done.
   std::size_t const before = site.document.units.size();
-  for (std::size_t i = 0; i < linked.size(); ++i) {
-    conversion.progress(before + i, before + linked.size());
+  for (std::size_t i = 0; i < count; ++i) {
+    conversion.progress(before + i, before + count);
     pages.next();
   }
 }
